@@ -1,0 +1,19 @@
+// The subcommands of vesmo-cli. Each takes its arguments (after the subcommand's name) and
+// writes its answer to `out`; a bad argument throws ErroreArgomenti.
+#pragma once
+
+#include <ostream>
+#include <string>
+#include <vector>
+
+namespace vesmo::cli {
+
+using Parole = std::vector<std::string>;
+
+int ComandoJd(const Parole& parole, std::ostream& out);
+int ComandoData(const Parole& parole, std::ostream& out);
+
+// Runs a whole command line (without the program's name); returns the exit status.
+int Esegui(const Parole& parole, std::ostream& out, std::ostream& err);
+
+} // namespace vesmo::cli

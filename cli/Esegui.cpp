@@ -1,0 +1,49 @@
+#include <exception>
+#include <functional>
+#include <map>
+
+#include "cli/Argomenti.h"
+#include "cli/Comandi.h"
+#include "core/Aritmetica.h"
+
+namespace vesmo::cli {
+
+namespace {
+
+const char* const Uso =
+    "uso: vesmo-cli COMANDO [OPZIONI]\n"
+    "  jd GG/MM/AAAA [HH:MM[:SS]]   giorno giuliano di una data e ora\n"
+    "  data JD                      data e ora di un giorno giuliano\n"
+    "Ogni comando accetta --json.\n";
+
+} // namespace
+
+int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
+    static const std::map<std::string, std::function<int(const Parole&, std::ostream&)>> comandi{
+        {"jd", ComandoJd},
+        {"data", ComandoData},
+    };
+    if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
+        (parole.empty() ? err : out) << Uso;
+        return parole.empty() ? 2 : 0;
+    }
+    auto it = comandi.find(parole[0]);
+    if (it == comandi.end()) {
+        err << "vesmo-cli: comando sconosciuto: " << parole[0] << '\n';
+        return 2;
+    }
+    try {
+        return it->second(Parole(parole.begin() + 1, parole.end()), out);
+    } catch (const ErroreArgomenti& e) {
+        err << "vesmo-cli " << parole[0] << ": " << e.what() << '\n';
+        return 2;
+    } catch (const ErroreAritmetico& e) {
+        err << "vesmo-cli " << parole[0] << ": errore di calcolo: " << e.what() << '\n';
+        return 1;
+    } catch (const std::exception& e) {
+        err << "vesmo-cli " << parole[0] << ": " << e.what() << '\n';
+        return 1;
+    }
+}
+
+} // namespace vesmo::cli

@@ -1,0 +1,46 @@
+// Small text helpers: widths counted in characters (UTF-8 code points), Latin-1 conversion,
+// case-insensitive search, and the number texts of the Italian locale.
+#pragma once
+
+#include <cstddef>
+#include <string>
+#include <string_view>
+
+namespace vesmo {
+
+// Number of characters (code points) in a UTF-8 text.
+std::size_t LunghezzaCaratteri(std::string_view utf8);
+
+// The first n characters of a UTF-8 text (all of it when shorter).
+std::string PrimiCaratteri(std::string_view utf8, std::size_t n);
+
+// Cut to n characters, or pad with blanks on the right to n characters.
+std::string TagliaOAllunga(std::string_view utf8, std::size_t n);
+
+// Without surrounding blanks (spaces only, as a fixed-width field is padded).
+std::string SenzaSpazi(std::string_view s);
+std::string SenzaSpaziDestra(std::string_view s);
+
+// Latin-1 bytes to UTF-8, and back (characters outside Latin-1 become '?').
+std::string DaLatin1(std::string_view latin1);
+std::string ALatin1(std::string_view utf8);
+
+// Position of `ago` in `pagliaio` ignoring the case of ASCII letters, or npos.
+std::size_t CercaSenzaCaso(std::string_view pagliaio, std::string_view ago);
+bool UgualeSenzaCaso(std::string_view a, std::string_view b);
+
+// The decimal separator of the workstation: the Italian comma.
+inline constexpr char SeparatoreDecimale = ',';
+inline constexpr char SeparatoreMigliaia = '.';
+
+// A number as the platform's plain conversion writes it: up to 15 significant digits,
+// no trailing zeros, the locale's decimal separator ("0,5", "-1", "2451545").
+std::string TestoNumero(double x, char separatore = SeparatoreDecimale);
+
+// A number through a picture of digit placeholders: "0" a digit always shown, "#" a digit shown
+// when significant, "." the decimal point and "," the thousands grouping of the locale; any other
+// character stands as it is ("##0.0#°", "000", "#####,###.##").
+std::string FormatoNumero(double x, std::string_view figura, char decimale = SeparatoreDecimale,
+                          char migliaia = SeparatoreMigliaia);
+
+} // namespace vesmo
