@@ -7,7 +7,8 @@
 
 namespace vesmo::cli {
 
-Argomenti::Argomenti(const std::vector<std::string>& parole, const std::vector<std::string>& flags) {
+Argomenti::Argomenti(const std::vector<std::string>& parole,
+                     const std::vector<std::string>& flags) {
     for (std::size_t i = 0; i < parole.size(); ++i) {
         const std::string& p = parole[i];
         if (p.size() > 2 && p.rfind("--", 0) == 0) {
@@ -18,9 +19,11 @@ Argomenti::Argomenti(const std::vector<std::string>& parole, const std::vector<s
             } else if (std::find(flags.begin(), flags.end(), nome) != flags.end()) {
                 flag_.push_back(nome);
             } else {
+                // A missing value is told once the option is known to be one of the command's.
                 if (i + 1 >= parole.size())
-                    throw ErroreArgomenti("manca il valore di --" + nome);
-                opzioni_[nome] = parole[++i];
+                    senzaValore_.push_back(nome);
+                else
+                    opzioni_[nome] = parole[++i];
             }
         } else {
             posizionali_.push_back(p);
@@ -33,6 +36,8 @@ bool Argomenti::Flag(const std::string& nome) const {
 }
 
 std::optional<std::string> Argomenti::Opzione(const std::string& nome) const {
+    if (std::find(senzaValore_.begin(), senzaValore_.end(), nome) != senzaValore_.end())
+        throw ErroreArgomenti("manca il valore di --" + nome);
     auto it = opzioni_.find(nome);
     if (it == opzioni_.end()) return std::nullopt;
     return it->second;
@@ -52,6 +57,10 @@ void Argomenti::Consenti(const std::vector<std::string>& nomi) const {
         if (!ammesso(nome)) throw ErroreArgomenti("opzione sconosciuta: --" + nome);
     for (const auto& nome : flag_)
         if (!ammesso(nome)) throw ErroreArgomenti("opzione sconosciuta: --" + nome);
+    for (const auto& nome : senzaValore_) {
+        if (!ammesso(nome)) throw ErroreArgomenti("opzione sconosciuta: --" + nome);
+        throw ErroreArgomenti("manca il valore di --" + nome);
+    }
 }
 
 namespace {

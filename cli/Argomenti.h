@@ -32,6 +32,7 @@ private:
     std::vector<std::string> posizionali_;
     std::map<std::string, std::string> opzioni_;
     std::vector<std::string> flag_;
+    std::vector<std::string> senzaValore_; // options given last, without their value
 };
 
 struct Data {

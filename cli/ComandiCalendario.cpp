@@ -73,7 +73,8 @@ int ComandoData(const Parole& parole, std::ostream& out) {
     double g = std::floor(static_cast<double>(giorno));
     double giornoSecondi = std::fmod(secondi, 86400.0);
     if (giornoSecondi < 0) giornoSecondi += 86400.0;
-    std::string data = TestoData(static_cast<int>(g), static_cast<int>(mese), static_cast<long>(anno));
+    std::string data =
+        TestoData(static_cast<int>(g), static_cast<int>(mese), static_cast<long>(anno));
     std::string ora = TestoOra(static_cast<long>(giornoSecondi));
     if (a.Flag("json")) {
         JsonOggetto j;

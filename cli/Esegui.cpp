@@ -10,11 +10,10 @@ namespace vesmo::cli {
 
 namespace {
 
-const char* const Uso =
-    "uso: vesmo-cli COMANDO [OPZIONI]\n"
-    "  jd GG/MM/AAAA [HH:MM[:SS]]   giorno giuliano di una data e ora\n"
-    "  data JD                      data e ora di un giorno giuliano\n"
-    "Ogni comando accetta --json.\n";
+const char* const Uso = "uso: vesmo-cli COMANDO [OPZIONI]\n"
+                        "  jd GG/MM/AAAA [HH:MM[:SS]]   giorno giuliano di una data e ora\n"
+                        "  data JD                      data e ora di un giorno giuliano\n"
+                        "Ogni comando accetta --json.\n";
 
 } // namespace
 

@@ -10,11 +10,21 @@ std::string JsonTesto(std::string_view s) {
     std::string r = "\"";
     for (char c : s) {
         switch (c) {
-        case '"': r += "\\\""; break;
-        case '\\': r += "\\\\"; break;
-        case '\n': r += "\\n"; break;
-        case '\r': r += "\\r"; break;
-        case '\t': r += "\\t"; break;
+        case '"':
+            r += "\\\"";
+            break;
+        case '\\':
+            r += "\\\\";
+            break;
+        case '\n':
+            r += "\\n";
+            break;
+        case '\r':
+            r += "\\r";
+            break;
+        case '\t':
+            r += "\\t";
+            break;
         default:
             if (static_cast<unsigned char>(c) < 0x20) {
                 char buf[8];
@@ -32,7 +42,12 @@ std::string JsonNumero(double v) {
     if (!std::isfinite(v)) return "null";
     char buf[40];
     std::snprintf(buf, sizeof buf, "%.17g", v);
-    // Prefer the shortest text that reads back the same value.
+    // Whole numbers are written whole; others with the shortest text that reads back the same
+    // value, without an exponent where the plain form is short.
+    if (v == std::floor(v) && std::fabs(v) < 1e15) {
+        std::snprintf(buf, sizeof buf, "%.0f", v);
+        return buf;
+    }
     for (int p = 1; p <= 17; ++p) {
         char prova[40];
         std::snprintf(prova, sizeof prova, "%.*g", p, v);

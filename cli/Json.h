@@ -16,7 +16,9 @@ class JsonOggetto {
 public:
     JsonOggetto& Campo(std::string_view nome, const std::string& valoreJson);
     JsonOggetto& Numero(std::string_view nome, double v) { return Campo(nome, JsonNumero(v)); }
-    JsonOggetto& Testo(std::string_view nome, std::string_view t) { return Campo(nome, JsonTesto(t)); }
+    JsonOggetto& Testo(std::string_view nome, std::string_view t) {
+        return Campo(nome, JsonTesto(t));
+    }
     std::string str() const { return "{" + corpo_ + "}"; }
 
 private:

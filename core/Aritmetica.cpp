@@ -15,9 +15,15 @@ std::int16_t PlacidoNonDefinito = 0;
 const char* const NomiSegni[12] = {"Ariete", "Toro",  "Gemell", "Cancro", "Leone", "Vergin",
                                    "Bilan",  "Scorp", "Sagit",  "Capri",  "Acqua", "Pesci"};
 
-double Fix(double x) { return std::trunc(x); }
-double Int(double x) { return std::floor(x); }
-int Segno(double x) { return x > 0 ? 1 : (x < 0 ? -1 : 0); }
+double Fix(double x) {
+    return std::trunc(x);
+}
+double Int(double x) {
+    return std::floor(x);
+}
+int Segno(double x) {
+    return x > 0 ? 1 : (x < 0 ? -1 : 0);
+}
 
 double GiornoGiuliano(double anno, double mese, double giorno) {
     double y, m;
@@ -30,8 +36,8 @@ double GiornoGiuliano(double anno, double mese, double giorno) {
     }
     // The Gregorian correction is read from the date as given, not from y and m.
     double b = 0;
-    bool giuliano = anno < 1582 || (anno == 1582 && mese < 10) ||
-                    (anno == 1582 && mese == 10 && giorno < 15);
+    bool giuliano =
+        anno < 1582 || (anno == 1582 && mese < 10) || (anno == 1582 && mese == 10 && giorno < 15);
     if (!giuliano) {
         double a = Int(y / 100);
         b = Int(a / 4) + 2 - a;
@@ -61,10 +67,16 @@ void DataDaGiuliano(double jd, float& anno, float& mese, float& giorno) {
     anno = static_cast<float>(m > 2.5 ? k - 4716 : k - 4715);
 }
 
-double SecoliGiuliani(double jd) { return (jd - 2415020.0) / 36525.0; }
+double SecoliGiuliani(double jd) {
+    return (jd - 2415020.0) / 36525.0;
+}
 
-double Radianti(double gradi) { return gradi * PI / 180; }
-double Gradi(double radianti) { return radianti * 180 / PI; }
+double Radianti(double gradi) {
+    return gradi * PI / 180;
+}
+double Gradi(double radianti) {
+    return radianti * 180 / PI;
+}
 
 double Norma360(double angolo, int flag) {
     if (angolo == 0 || angolo == 360.0) return 0;
@@ -324,7 +336,8 @@ double CoordDaTesto(std::string_view testo, int correzione, char lNeg, char lPos
     double primi = ValNumero(resto.substr(0, std::min<std::size_t>(2, resto.size())));
     // The seconds follow the two digits of the minutes, after any mark (' or a blank).
     std::string_view dopo = resto.size() > 2 ? resto.substr(2) : std::string_view{};
-    while (!dopo.empty() && !(dopo.front() >= '0' && dopo.front() <= '9')) dopo.remove_prefix(1);
+    while (!dopo.empty() && !(dopo.front() >= '0' && dopo.front() <= '9'))
+        dopo.remove_prefix(1);
     double secondi = ValNumero(dopo);
     if (correzione == -1)
         primi -= 1;
@@ -343,8 +356,12 @@ double LatDaTesto(std::string_view testo, int correzione) {
     return CoordDaTesto(testo, correzione, 'S', 'N');
 }
 
-double PolareX(double cx, double r, double a) { return cx + r * std::cos(a + PI); }
-double PolareY(double cy, double r, double a) { return cy - r * std::sin(a + PI); }
+double PolareX(double cx, double r, double a) {
+    return cx + r * std::cos(a + PI);
+}
+double PolareY(double cy, double r, double a) {
+    return cy - r * std::sin(a + PI);
+}
 
 double MedioArco(double a, double b, int k) {
     if (k <= 2) return b >= a ? (a + b) / 2 : (a + b + 360) / 2;

@@ -113,7 +113,9 @@ bool NomeAstrologPresente(const std::string& pathExe) {
     return UgualeSenzaCaso(nome, "astrolog") || UgualeSenzaCaso(nome, "astrolog.exe");
 }
 
-bool ServePrimaConfigurazione(const ConfigIni& cfg) { return !NomeDBPresente(cfg.PathDB.str()); }
+bool ServePrimaConfigurazione(const ConfigIni& cfg) {
+    return !NomeDBPresente(cfg.PathDB.str());
+}
 
 std::string DirDiComando(const std::string& cmdAstrolog) {
     std::size_t barra = cmdAstrolog.find_last_of('/');

@@ -37,7 +37,9 @@ std::optional<std::string> MessaggiRegistrati::Chiedi(const std::string& titolo,
     return r;
 }
 
-void MessaggiRegistrati::Beep() { registro.push_back({Voce::Beep, {}, {}, Pulsanti::Ok, Icona::Nessuna}); }
+void MessaggiRegistrati::Beep() {
+    registro.push_back({Voce::Beep, {}, {}, Pulsanti::Ok, Icona::Nessuna});
+}
 
 std::vector<std::string> MessaggiRegistrati::Testi() const {
     std::vector<std::string> t;

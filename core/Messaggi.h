@@ -52,8 +52,8 @@ public:
     void Occupato(bool acceso) override { occupato = acceso; }
 
     std::vector<Voce> registro;
-    std::deque<Risposta> risposte;                 // answers to the next boxes
-    std::deque<std::optional<std::string>> input;  // answers to the next input boxes
+    std::deque<Risposta> risposte;                // answers to the next boxes
+    std::deque<std::optional<std::string>> input; // answers to the next input boxes
     bool occupato = false;
 
     // The texts of the boxes shown, in order.

@@ -17,8 +17,8 @@ struct Sessione {
     Tema TemaCorrente;
 
     // Flags that steer the calculation (16-bit flags hold -1 for true).
-    std::int16_t LunaGeo = 1;       // 1 geocentric Moon, 0 topocentric
-    std::int32_t LunaNeraVera = 1;  // 0 mean Lilith shown, 1 true Lilith shown
+    std::int16_t LunaGeo = 1;      // 1 geocentric Moon, 0 topocentric
+    std::int32_t LunaNeraVera = 1; // 0 mean Lilith shown, 1 true Lilith shown
 
     // Revolutions: Julian days of the return found, -1 for none.
     double JDRivoluzione = -1.0;

@@ -65,10 +65,10 @@ struct Tema {
     TestoFisso<30> Nome;
     TestoFisso<38> Stato;
     TestoFisso<30> City;
-    double Day = 0;    // Julian day of the civil date at 0h (n + 0.5)
-    double OraL = 0;   // clock time at the place, decimal hours
-    double Lon = 0;    // hours, west positive
-    double Lat = 0;    // degrees, north positive
+    double Day = 0;  // Julian day of the civil date at 0h (n + 0.5)
+    double OraL = 0; // clock time at the place, decimal hours
+    double Lon = 0;  // hours, west positive
+    double Lat = 0;  // degrees, north positive
     TestoFisso<7> ZonaSF;
     double Fuso = 0;   // hours, west positive: Greenwich minus standard time
     double Estiva = 0; // summer-time shift, hours
@@ -84,12 +84,12 @@ struct Tema {
 };
 
 struct Posizione {
-    double Lo = 0;   // ecliptic longitude, degrees
-    double LaEc = 0; // ecliptic latitude, degrees
-    Variante AR;     // right ascension, hours, or "NonDefinita"
-    double De = 0;   // declination, radians
-    Variante AOb;    // oblique ascension, hours, or "Indefinita"
-    double LNd = 0;  // longitude of the planet's ascending node, degrees
+    double Lo = 0;       // ecliptic longitude, degrees
+    double LaEc = 0;     // ecliptic latitude, degrees
+    Variante AR;         // right ascension, hours, or "NonDefinita"
+    double De = 0;       // declination, radians
+    Variante AOb;        // oblique ascension, hours, or "Indefinita"
+    double LNd = 0;      // longitude of the planet's ascending node, degrees
     std::int16_t Mv = 0; // -1 retrograde, 0 direct
     std::int16_t Ca = 0; // house 1..12
 

@@ -9,9 +9,13 @@ namespace vesmo {
 
 namespace {
 
-bool InizioCarattere(unsigned char c) { return (c & 0xC0) != 0x80; }
+bool InizioCarattere(unsigned char c) {
+    return (c & 0xC0) != 0x80;
+}
 
-char Minuscola(char c) { return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c; }
+char Minuscola(char c) {
+    return (c >= 'A' && c <= 'Z') ? static_cast<char>(c - 'A' + 'a') : c;
+}
 
 } // namespace
 
@@ -94,7 +98,8 @@ std::size_t CercaSenzaCaso(std::string_view pagliaio, std::string_view ago) {
     if (ago.size() > pagliaio.size()) return std::string_view::npos;
     for (std::size_t i = 0; i + ago.size() <= pagliaio.size(); ++i) {
         std::size_t j = 0;
-        while (j < ago.size() && Minuscola(pagliaio[i + j]) == Minuscola(ago[j])) ++j;
+        while (j < ago.size() && Minuscola(pagliaio[i + j]) == Minuscola(ago[j]))
+            ++j;
         if (j == ago.size()) return i;
     }
     return std::string_view::npos;
@@ -122,7 +127,8 @@ std::string FormatoNumero(double x, std::string_view figura, char decimale, char
     std::size_t inizio = figura.find_first_of("#0.,");
     if (inizio == std::string_view::npos) return std::string(figura);
     std::size_t fine = inizio;
-    while (fine < figura.size() && std::string_view("#0.,").find(figura[fine]) != std::string_view::npos)
+    while (fine < figura.size() &&
+           std::string_view("#0.,").find(figura[fine]) != std::string_view::npos)
         ++fine;
     std::string_view prima = figura.substr(0, inizio);
     std::string_view numero = figura.substr(inizio, fine - inizio);
@@ -143,8 +149,12 @@ std::string FormatoNumero(double x, std::string_view figura, char decimale, char
     }
 
     bool negativo = std::signbit(x) && x != 0;
+    // Halves round away from zero, as the platform's formatter does.
+    double a = std::fabs(x);
+    double scala = std::pow(10.0, cifreFrazione);
+    if (a * scala < 1e15) a = std::round(a * scala) / scala;
     char buf[512];
-    std::snprintf(buf, sizeof buf, "%.*f", cifreFrazione, std::fabs(x));
+    std::snprintf(buf, sizeof buf, "%.*f", cifreFrazione, a);
     std::string s = buf;
     std::size_t p = s.find('.');
     std::string parteIntera = p == std::string::npos ? s : s.substr(0, p);
@@ -154,7 +164,8 @@ std::string FormatoNumero(double x, std::string_view figura, char decimale, char
            parteFraz.back() == '0')
         parteFraz.pop_back();
     if (parteIntera == "0" && zeriInteri == 0) parteIntera.clear();
-    while (static_cast<int>(parteIntera.size()) < zeriInteri) parteIntera.insert(0, "0");
+    while (static_cast<int>(parteIntera.size()) < zeriInteri)
+        parteIntera.insert(0, "0");
     if (raggruppa && parteIntera.size() > 3) {
         std::string g;
         int conta = 0;

@@ -1,1 +1,82 @@
+// vesmo-cli as a script sees it: the answer on stdout, one line on stderr and status 2 for bad
+// arguments.
 #include <gtest/gtest.h>
+
+#include <sstream>
+
+#include "cli/Comandi.h"
+
+using vesmo::cli::Esegui;
+
+namespace {
+
+struct Esito {
+    int stato;
+    std::string out, err;
+};
+
+Esito Lancia(std::vector<std::string> parole) {
+    std::ostringstream out, err;
+    int stato = Esegui(parole, out, err);
+    return {stato, out.str(), err.str()};
+}
+
+} // namespace
+
+TEST(CliCalendario, GiornoGiuliano) {
+    EXPECT_EQ(Lancia({"jd", "15/10/1582"}).out, "2299160.500000\n");
+    EXPECT_EQ(Lancia({"jd", "4/10/1582"}).out, "2299159.500000\n");
+    EXPECT_EQ(Lancia({"jd", "01/01/2000", "12:00"}).out, "2451545.000000\n");
+    EXPECT_EQ(Lancia({"jd", "01/01/2000", "18:00:00"}).out, "2451545.250000\n");
+    EXPECT_EQ(Lancia({"jd", "01/01/-4712", "12:00"}).out, "0.000000\n");
+    EXPECT_EQ(Lancia({"jd", "29/02/1500"}).stato, 0); // Julian leap year
+    Esito j = Lancia({"jd", "01/01/2000", "12:00", "--json"});
+    EXPECT_EQ(j.stato, 0);
+    EXPECT_EQ(j.out, "{\"Data\": \"01/01/2000\", \"Ora\": \"12:00:00\", \"JD\": 2451545}\n");
+}
+
+TEST(CliCalendario, DataDaGiornoGiuliano) {
+    EXPECT_EQ(Lancia({"data", "2451545"}).out, "01/01/2000 12:00:00\n");
+    EXPECT_EQ(Lancia({"data", "2299160.5"}).out, "15/10/1582 00:00:00\n");
+    EXPECT_EQ(Lancia({"data", "2299160.49999"}).out, "04/10/1582 23:59:59\n");
+    EXPECT_EQ(Lancia({"data", "2436116.31"}).out, "04/10/1957 19:26:24\n");
+    // A whole second just before midnight does not round into the next day's date.
+    EXPECT_EQ(Lancia({"data", "2451545.4999942"}).out, "01/01/2000 23:59:59\n");
+    EXPECT_EQ(Lancia({"data", "0"}).out, "01/01/-4712 12:00:00\n");
+    Esito j = Lancia({"data", "2451545.25", "--json"});
+    EXPECT_EQ(j.out, "{\"JD\": 2451545.25, \"Data\": \"01/01/2000\", \"Ora\": \"18:00:00\", "
+                     "\"Anno\": 2000, \"Mese\": 1, \"Giorno\": 1.75}\n");
+}
+
+TEST(CliCalendario, ArgomentiSbagliati) {
+    struct Caso {
+        std::vector<std::string> parole;
+        std::string err;
+    };
+    const Caso casi[] = {
+        {{"jd", "31/02/2000"},
+         "vesmo-cli jd: data non valida: '31/02/2000' (giorno inesistente nel mese)\n"},
+        {{"jd", "29/02/1900"},
+         "vesmo-cli jd: data non valida: '29/02/1900' (giorno inesistente nel mese)\n"},
+        {{"jd", "1/13/2000"}, "vesmo-cli jd: data non valida: '1/13/2000' (mese fuori da 1-12)\n"},
+        {{"jd", "2000-01-01"}, "vesmo-cli jd: data non valida: '2000-01-01' (atteso GG/MM/AAAA)\n"},
+        {{"jd", "01/01/2000", "24:00"},
+         "vesmo-cli jd: ora non valida: '24:00' (fuori da 00:00:00-23:59:59)\n"},
+        {{"jd", "01/01/2000", "12h"}, "vesmo-cli jd: ora non valida: '12h' (atteso HH:MM[:SS])\n"},
+        {{"jd"}, "vesmo-cli jd: uso: vesmo-cli jd GG/MM/AAAA [HH:MM[:SS]] [--json]\n"},
+        {{"jd", "01/01/2000", "--xml"}, "vesmo-cli jd: opzione sconosciuta: --xml\n"},
+        {{"data", "abc"}, "vesmo-cli data: giorno giuliano non valido: 'abc'\n"},
+        {{"data", "2451545,5"}, "vesmo-cli data: giorno giuliano non valido: '2451545,5'\n"},
+        {{"data", "1e300"}, "vesmo-cli data: giorno giuliano fuori dal calendario: 1e300\n"},
+        {{"oroscopo"}, "vesmo-cli: comando sconosciuto: oroscopo\n"},
+    };
+    for (const auto& c : casi) {
+        Esito e = Lancia(c.parole);
+        EXPECT_EQ(e.stato, 2) << c.parole[0];
+        EXPECT_EQ(e.err, c.err);
+        EXPECT_EQ(e.out, "");
+    }
+    Esito vuoto = Lancia({});
+    EXPECT_EQ(vuoto.stato, 2);
+    EXPECT_NE(vuoto.err.find("uso: vesmo-cli"), std::string::npos);
+}
