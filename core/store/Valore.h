@@ -18,26 +18,26 @@ public:
     ErroreDB(int numero, const std::string& testo);
     int Numero() const { return numero_; }
 
-    static constexpr int ArgomentoNonValido = 3001;    // bad seek operator, too many keys
-    static constexpr int TabellaEsistente = 3010;      // create a table that exists
-    static constexpr int IndiceNonValido = 3015;       // not an index of this table
-    static constexpr int NessunIndiceCorrente = 3019;  // seek without an index set
-    static constexpr int UpdateSenzaAddNew = 3020;     // Update or a field set without AddNew/Edit
-    static constexpr int NessunRecordCorrente = 3021;  // no current record
-    static constexpr int ChiaveDuplicata = 3022;       // a unique index would hold a key twice
-    static constexpr int FileNonTrovato = 3024;        // the database file does not exist
-    static constexpr int SolaLettura = 3027;           // write through a read-only cursor
-    static constexpr int TabellaNonTrovata = 3078;     // no table of that name
-    static constexpr int CampoTroppoPiccolo = 3163;    // text longer than the field's size
-    static constexpr int RecordEliminato = 3167;       // the record was deleted
-    static constexpr int DatabaseEsistente = 3204;     // create or compact onto an existing file
+    static constexpr int ArgomentoNonValido = 3001;   // bad seek operator, too many keys
+    static constexpr int TabellaEsistente = 3010;     // create a table that exists
+    static constexpr int IndiceNonValido = 3015;      // not an index of this table
+    static constexpr int NessunIndiceCorrente = 3019; // seek without an index set
+    static constexpr int UpdateSenzaAddNew = 3020;    // Update or a field set without AddNew/Edit
+    static constexpr int NessunRecordCorrente = 3021; // no current record
+    static constexpr int ChiaveDuplicata = 3022;      // a unique index would hold a key twice
+    static constexpr int FileNonTrovato = 3024;       // the database file does not exist
+    static constexpr int SolaLettura = 3027;          // write through a read-only cursor
+    static constexpr int TabellaNonTrovata = 3078;    // no table of that name
+    static constexpr int CampoTroppoPiccolo = 3163;   // text longer than the field's size
+    static constexpr int RecordEliminato = 3167;      // the record was deleted
+    static constexpr int DatabaseEsistente = 3204;    // create or compact onto an existing file
     static constexpr int OperazioneNonSupportata = 3251; // seek or index on an SQL cursor
-    static constexpr int ElementoNonTrovato = 3265;    // no field or index of that name
-    static constexpr int IndiceEsistente = 3284;       // create an index whose name exists
-    static constexpr int LunghezzaZero = 3315;         // "" into a field that does not allow it
-    static constexpr int OverflowNumerico = 3349;      // number out of the field's range
-    static constexpr int ConversioneNonValida = 3421;  // text that is not a number, into a number
-    static constexpr int ErroreMotore = 3000;          // any other failure of the engine
+    static constexpr int ElementoNonTrovato = 3265;      // no field or index of that name
+    static constexpr int IndiceEsistente = 3284;         // create an index whose name exists
+    static constexpr int LunghezzaZero = 3315;           // "" into a field that does not allow it
+    static constexpr int OverflowNumerico = 3349;        // number out of the field's range
+    static constexpr int ConversioneNonValida = 3421;    // text that is not a number, into a number
+    static constexpr int ErroreMotore = 3000;            // any other failure of the engine
 
 private:
     int numero_;
@@ -51,8 +51,7 @@ public:
     Valore() = default; // null
     Valore(std::nullptr_t) {}
     template <std::integral T>
-        requires(!std::same_as<T, bool>)
-    Valore(T n) : v_(static_cast<std::int64_t>(n)) {}
+    requires(!std::same_as<T, bool>) Valore(T n) : v_(static_cast<std::int64_t>(n)) {}
     Valore(double x) : v_(x) {}
     Valore(const char* s) : v_(std::string(s)) {}
     Valore(std::string s) : v_(std::move(s)) {}
@@ -95,7 +94,7 @@ enum class TipoCampo {
 struct DefCampo {
     std::string nome;
     TipoCampo tipo = TipoCampo::Testo;
-    int dimensione = 0; // characters, for Testo only; 0 means no limit
+    int dimensione = 0;                 // characters, for Testo only; 0 means no limit
     bool consentiLunghezzaZero = false; // AllowZeroLength: may hold "" (texts only)
     bool operator==(const DefCampo&) const = default;
 };
