@@ -1,0 +1,147 @@
+// Casting a whole chart: every body gets its house, motion flag and equatorial coordinates;
+// the Moon follows LunaGeo; the selector fills only what it names.
+#include <gtest/gtest.h>
+
+#include <swephexp.h>
+
+#include <cmath>
+#include <cstdio>
+
+#include "chart/CalcolaTema.h"
+#include "chart/Case.h"
+#include "core/Aritmetica.h"
+
+using namespace vesmo;
+
+namespace {
+
+double Scarto(double a, double b) {
+    double d = std::fmod(std::fabs(a - b), 360.0);
+    return d > 180 ? 360 - d : d;
+}
+
+Tema Padova(double anno, double mese, double giorno, double ora) {
+    Tema t;
+    t.Nome = "Prova";
+    t.Day = GiornoGiuliano(anno, mese, giorno);
+    t.OraL = ora;
+    t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    t.Lat = GradiDecimali(45, 24, 0);
+    t.Fuso = -1;
+    return t;
+}
+
+} // namespace
+
+TEST(CalcolaTema, OgniCorpoHaCasaECoordinate) {
+    Tema t = Padova(1987, 4, 10, 19.5);
+    Case c;
+    Posizioni p;
+    MessaggiRegistrati m;
+    CastaTema(t, c, p, 1, m);
+    EXPECT_TRUE(m.registro.empty());
+    const double e = Radianti(23.44);
+    for (const auto& v : CorpiInOrdine) {
+        const Posizione& q = p.*v.campo;
+        SCOPED_TRACE(v.nome);
+        EXPECT_GE(q.Lo, 0);
+        EXPECT_LT(q.Lo, 360);
+        EXPECT_EQ(q.Ca, CasaDi(q.Lo, c));
+        EXPECT_GE(q.Ca, 1);
+        EXPECT_LE(q.Ca, 12);
+        // Right ascension and declination belong to the longitude and latitude.
+        double ar, de;
+        EclitticaEquatore(Radianti(q.Lo), Radianti(q.LaEc), e, ar, de);
+        EXPECT_LT(Scarto(ar, q.AR.Numero() * 15), 0.05);
+        EXPECT_NEAR(Gradi(de), Gradi(q.De), 0.05);
+        Variante aob;
+        AscensioneObliqua(aob, q.AR, q.De, Radianti(t.Lat));
+        EXPECT_EQ(aob, q.AOb);
+    }
+    EXPECT_EQ(p.Sole.LaEc, 0.0);
+    EXPECT_EQ(p.NodoLuna.LaEc, 0.0);
+    EXPECT_EQ(p.Sole.Mv, 0);
+    EXPECT_EQ(p.Luna.Mv, 0);
+    EXPECT_EQ(p.Plutone.LNd, 0.0);
+    EXPECT_NE(p.Marte.LNd, 0.0);
+    EXPECT_EQ(p.LilithMedia.Ca, CasaDi(p.LilithMedia.Lo, c));
+    EXPECT_EQ(p.LilithVera.Ca, CasaDi(p.LilithVera.Lo, c));
+    // A body at the Ascendant's exact longitude is in house 1.
+    EXPECT_EQ(CasaDi(p.Asce.Lo, c), 1);
+    // The mean node moves backwards.
+    EXPECT_EQ(p.NodoLuna.Mv, -1);
+}
+
+TEST(CalcolaTema, MotoRetrogradoComeLeEffemeridi) {
+    // Over ten years, each planet's motion flag agrees with the sign of its speed in the Swiss
+    // Ephemeris, except within a day of a station.
+    const int numeri[] = {NumMercurio, NumVenere, NumMarte, NumGiove, NumSaturno,
+                          NumUrano,    NumNettuno, NumPlutone};
+    const int swe[] = {SE_MERCURY, SE_VENUS, SE_MARS, SE_JUPITER, SE_SATURN, SE_URANUS, SE_NEPTUNE, SE_PLUTO};
+    const Posizione Posizioni::*campi[] = {&Posizioni::Mercurio, &Posizioni::Venere,
+                                           &Posizioni::Marte,    &Posizioni::Giove,
+                                           &Posizioni::Saturno,  &Posizioni::Urano,
+                                           &Posizioni::Nettuno,  &Posizioni::Plutone};
+    int retrogradi = 0;
+    for (double jd = 2447000.5; jd < 2450650; jd += 9.7) {
+        Tema t = Padova(2000, 1, 1, 0);
+        t.Day = std::floor(jd) + 0.5;
+        t.OraL = 13;
+        Case c;
+        Posizioni p;
+        MessaggiRegistrati m;
+        CalcoloCase(t, c, p, 1, m);
+        CalcolaTema(t, c, p, 1, 0, m, false);
+        for (int k = 0; k < 8; ++k) {
+            double xx[6], xx1[6];
+            char err[256];
+            swe_calc(t.JD() - 0.5, swe[k], SEFLG_MOSEPH | SEFLG_SPEED, xx, err);
+            swe_calc(t.JD() + 1.5, swe[k], SEFLG_MOSEPH | SEFLG_SPEED, xx1, err);
+            if ((xx[3] < 0) != (xx1[3] < 0)) continue; // a station nearby
+            const Posizione& q = p.*campi[k];
+            EXPECT_EQ(q.Mv, xx[3] < 0 ? -1 : 0) << "pianeta " << numeri[k] << " jd " << t.JD();
+            retrogradi += q.Mv != 0;
+        }
+    }
+    EXPECT_GT(retrogradi, 100);
+}
+
+TEST(CalcolaTema, LunaGeocentricaOTopocentrica) {
+    Tema t = Padova(1999, 8, 11, 12.5);
+    Case c;
+    Posizioni geo, topo;
+    MessaggiRegistrati m;
+    CastaTema(t, c, geo, 1, m);
+    CastaTema(t, c, topo, 0, m);
+    // The parallax moves the Moon by up to about a degree; the Sun does not move.
+    double d = Scarto(geo.Luna.Lo, topo.Luna.Lo);
+    EXPECT_GT(d, 0.01);
+    EXPECT_LT(d, 1.1);
+    EXPECT_NE(geo.Luna.LaEc, topo.Luna.LaEc);
+    EXPECT_NE(geo.Luna.De, topo.Luna.De);
+    EXPECT_EQ(geo.Sole.Lo, topo.Sole.Lo);
+    // Any other value leaves the Moon as it was.
+    Posizioni altro = topo;
+    altro.Luna.Lo = 77;
+    CalcolaTema(t, c, altro, 5, 0, m, false);
+    EXPECT_EQ(altro.Luna.Lo, 77);
+}
+
+TEST(CalcolaTema, SelettoreRiempieSoloIlPianetaScelto) {
+    Tema t = Padova(2010, 5, 5, 10);
+    Case c;
+    Posizioni tutto;
+    MessaggiRegistrati m;
+    CastaTema(t, c, tutto, 1, m, false);
+    Posizioni p = tutto;
+    CalcolaTema(t, c, p, 1, NumMarte, m, false);
+    EXPECT_EQ(p.Marte, tutto.Marte);
+    EXPECT_EQ(p.Sole, tutto.Sole);
+    EXPECT_EQ(p.Giove, Posizione{});
+    EXPECT_EQ(p.Mercurio, Posizione{});
+    EXPECT_EQ(p.Luna, tutto.Luna); // the Moon is left alone
+    Posizioni n = tutto;
+    CalcolaTema(t, c, n, 1, NumNodoLuna, m, false);
+    EXPECT_EQ(n.NodoLuna, tutto.NodoLuna);
+    EXPECT_EQ(n.Venere, Posizione{});
+}
