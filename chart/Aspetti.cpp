@@ -11,19 +11,21 @@ const std::array<const char*, NumeroAspetti> NomiAspetti{
     "CONGIUNZIONE      ", "SESTILE          ", "QUADRATURA       ", "TRIGONO         ",
     "OPPOSIZIONE     ",   "SemiSestile      ", "Novile           ", "SemiQuadratura   ",
     "Settile        ",    "Quintile         ", "BiNovile         ", "BiSettile     ",
-    "TriDecile       ",   "SesquiQuadratura", "BiQuintile      ", "Quinconce       ",
+    "TriDecile       ",   "SesquiQuadratura",  "BiQuintile      ",  "Quinconce       ",
     "TetraNovile     "};
 
 const std::array<double, NumeroAspetti> AngoliAspetti{0,  60, 90,    120, 180, 30,  40,  45, 51.4,
                                                       72, 80, 102.9, 108, 135, 144, 150, 160};
 
 TabellaAspetti::TabellaAspetti() {
-    for (int k = 0; k < 5; ++k) AspettoAttivo[static_cast<std::size_t>(k)] = -1;
+    for (int k = 0; k < 5; ++k)
+        AspettoAttivo[static_cast<std::size_t>(k)] = -1;
 }
 
 void TabellaAspetti::EntraInLyx() {
     if (Orbita == 0) Orbita = 2.5f;
-    for (int k = 0; k < 5; ++k) AspettoAttivo[static_cast<std::size_t>(k)] = -1;
+    for (int k = 0; k < 5; ++k)
+        AspettoAttivo[static_cast<std::size_t>(k)] = -1;
 }
 
 double DistanzaAspetto(double a, double b, double arcoSolare) {
@@ -54,9 +56,9 @@ std::string MarcaParallelo(double d1, double d2, double& differenza) {
 }
 
 std::vector<const Posizione*> PuntiGriglia(const Posizioni& p) {
-    return {&p.Sole,    &p.Luna,   &p.Mercurio, &p.Venere,      &p.Marte,
-            &p.Giove,   &p.Saturno, &p.Urano,   &p.Nettuno,     &p.Plutone,
-            &p.NodoLuna, &p.LilithMedia, &p.LilithVera, &p.Asce, &p.MC};
+    return {&p.Sole,     &p.Luna,        &p.Mercurio,   &p.Venere,  &p.Marte,
+            &p.Giove,    &p.Saturno,     &p.Urano,      &p.Nettuno, &p.Plutone,
+            &p.NodoLuna, &p.LilithMedia, &p.LilithVera, &p.Asce,    &p.MC};
 }
 
 const std::array<const char*, 14> NomiPuntiRuota{
@@ -64,9 +66,9 @@ const std::array<const char*, 14> NomiPuntiRuota{
     "Urano", "Nettuno", "Plutone",  "NodoLuna", "LunaNera", "Asce",  "MC"};
 
 std::vector<const Posizione*> PuntiRuota(const Posizioni& p, std::int32_t lunaNeraVera) {
-    return {&p.Sole,    &p.Luna,   &p.Mercurio, &p.Venere,  &p.Marte,
-            &p.Giove,   &p.Saturno, &p.Urano,   &p.Nettuno, &p.Plutone,
-            &p.NodoLuna, lunaNeraVera == 0 ? &p.LilithMedia : &p.LilithVera,
+    return {&p.Sole,    &p.Luna,    &p.Mercurio, &p.Venere,
+            &p.Marte,   &p.Giove,   &p.Saturno,  &p.Urano,
+            &p.Nettuno, &p.Plutone, &p.NodoLuna, lunaNeraVera == 0 ? &p.LilithMedia : &p.LilithVera,
             &p.Asce,    &p.MC};
 }
 
@@ -101,11 +103,13 @@ GrigliaAspetti CostruisciGriglia(const Posizioni& righe, const Posizioni& colonn
                                  float orbita, float arcoSolare) {
     GrigliaAspetti g; // every cell starts empty
     auto testa = Pezzi(TestataColonne);
-    for (std::size_t j = 0; j < testa.size() && j < 16; ++j) g.celle[0][j] = testa[j];
+    for (std::size_t j = 0; j < testa.size() && j < 16; ++j)
+        g.celle[0][j] = testa[j];
     // The row heads: the text before ";" is the corner, then one piece a row.
     std::string r = TestataRighe;
     auto pezziRighe = Pezzi(r.substr(r.find(';') + 1));
-    for (std::size_t i = 1; i < pezziRighe.size() && i < 31; ++i) g.celle[i][0] = pezziRighe[i];
+    for (std::size_t i = 1; i < pezziRighe.size() && i < 31; ++i)
+        g.celle[i][0] = pezziRighe[i];
 
     auto pr = PuntiGriglia(righe);
     auto pc = PuntiGriglia(colonne);
@@ -145,8 +149,7 @@ std::string TestoAiutoAspetti() {
          "Se i pianeti sono entrambi a nord o a sud dell'Equatore e",
          "la differenza di declinazione è minore di 1,2 gradi si considerano in",
          "'P'arallelo. Se sono da parti opposte dell'Equatore, ma la differenza",
-         "dei loro valori assoluti è minore di 1 grado, si considerano in ",
-         "'C'ontroparallelo."},
+         "dei loro valori assoluti è minore di 1 grado, si considerano in ", "'C'ontroparallelo."},
         {"Ad esempio l'8/11/2000 il Sole e Urano sono in aspetto di",
          "QUADRATURA. La differenza tra le loro longitudini è 90,378, ossia ",
          "arrotondando mancano 0,4 gradi alla quadratura perfetta.",
@@ -156,7 +159,8 @@ std::string TestoAiutoAspetti() {
     std::string t = "           SELEZIONE ASPETTI e ORBITE  \r\n\r\n";
     for (std::size_t p = 0; p < paragrafi.size(); ++p) {
         if (p > 0) t += "\r\n";
-        for (const char* riga : paragrafi[p]) t += std::string(riga) + "\r\n";
+        for (const char* riga : paragrafi[p])
+            t += std::string(riga) + "\r\n";
     }
     return t;
 }
@@ -170,7 +174,8 @@ std::vector<AspettoTrovato> AspettiDelTema(const Posizioni& p, std::int32_t luna
             double d = DistanzaAspetto(punti[static_cast<std::size_t>(a)]->Lo,
                                        punti[static_cast<std::size_t>(b)]->Lo);
             for (int k : ProvaAspetto(d, orbita))
-                r.push_back({a, b, k, d, std::fabs(AngoliAspetti[static_cast<std::size_t>(k)] - d)});
+                r.push_back(
+                    {a, b, k, d, std::fabs(AngoliAspetti[static_cast<std::size_t>(k)] - d)});
         }
     }
     return r;

@@ -58,9 +58,9 @@ std::string TestoAiutoAspetti();
 
 // One aspect between two of the 14 wheel points.
 struct AspettoTrovato {
-    int a, b;   // indices into NomiPuntiRuota
-    int k;      // aspect index
-    double d;   // distance tested
+    int a, b;      // indices into NomiPuntiRuota
+    int k;         // aspect index
+    double d;      // distance tested
     double scarto; // |angle - d|
 };
 std::vector<AspettoTrovato> AspettiDelTema(const Posizioni& p, std::int32_t lunaNeraVera,

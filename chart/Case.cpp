@@ -11,12 +11,23 @@ namespace vesmo {
 double CuspidePlacido(double ramc, double phi, double e, int casa, Messaggi& messaggi) {
     double f, aggiunto, s;
     switch (casa) {
-    case 1: f = 1, aggiunto = 0, s = 1; break;
-    case 2: f = 1.5, aggiunto = 180, s = -1; break;
-    case 3: f = 3, aggiunto = 180, s = -1; break;
-    case 11: f = 3, aggiunto = 0, s = 1; break;
-    case 12: f = 1.5, aggiunto = 0, s = 1; break;
-    default: return 0;
+    case 1:
+        f = 1, aggiunto = 0, s = 1;
+        break;
+    case 2:
+        f = 1.5, aggiunto = 180, s = -1;
+        break;
+    case 3:
+        f = 3, aggiunto = 180, s = -1;
+        break;
+    case 11:
+        f = 3, aggiunto = 0, s = 1;
+        break;
+    case 12:
+        f = 1.5, aggiunto = 0, s = 1;
+        break;
+    default:
+        return 0;
     }
     double k = -std::tan(phi) * std::tan(e);
     double r = ramc;
@@ -28,7 +39,8 @@ double CuspidePlacido(double ramc, double phi, double e, int casa, Messaggi& mes
         if (std::fabs(r2 - r) <= 1e-11) return r2;
         r = r2;
     }
-    messaggi.Mostra("Lyx - Condizione Critica", "Loop in Calcolo Case.", Pulsanti::Ok, Icona::Critico);
+    messaggi.Mostra("Lyx - Condizione Critica", "Loop in Calcolo Case.", Pulsanti::Ok,
+                    Icona::Critico);
     throw ErroreLoopCase();
 }
 

@@ -10,10 +10,13 @@ namespace vesmo::cli {
 
 namespace {
 
-const char* const Uso = "uso: vesmo-cli COMANDO [OPZIONI]\n"
-                        "  jd GG/MM/AAAA [HH:MM[:SS]]   giorno giuliano di una data e ora\n"
-                        "  data JD                      data e ora di un giorno giuliano\n"
-                        "Ogni comando accetta --json.\n";
+const char* const Uso =
+    "uso: vesmo-cli COMANDO [OPZIONI]\n"
+    "  jd GG/MM/AAAA [HH:MM[:SS]]   giorno giuliano di una data e ora\n"
+    "  data JD                      data e ora di un giorno giuliano\n"
+    "  tema --data GG/MM/AAAA --ora HH:MM[:SS] --lon LON --lat LAT --fuso H [--estiva H]\n"
+    "       [--nome TESTO] [--luna geo|topo]   tema natale (LON 11E53 o 11.88E, LAT 45N24)\n"
+    "Ogni comando accetta --json.\n";
 
 } // namespace
 
@@ -21,6 +24,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
     static const std::map<std::string, std::function<int(const Parole&, std::ostream&)>> comandi{
         {"jd", ComandoJd},
         {"data", ComandoData},
+        {"tema", ComandoTema},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

@@ -141,12 +141,13 @@ TEST(Aspetti, AspettiDelleRuoteETestoDiAiuto) {
             if (v.a == x && v.b == y && v.k == k) return true;
         return false;
     };
-    EXPECT_TRUE(trova(0, 1, 3));   // Sun trine Moon
-    EXPECT_TRUE(trova(0, 12, 4));  // Sun opposite Ascendant (179 apart)
-    EXPECT_TRUE(trova(1, 11, 3));  // Moon trine true Lilith, shown by LunaNeraVera 1
+    EXPECT_TRUE(trova(0, 1, 3));  // Sun trine Moon
+    EXPECT_TRUE(trova(0, 12, 4)); // Sun opposite Ascendant (179 apart)
+    EXPECT_TRUE(trova(1, 11, 3)); // Moon trine true Lilith, shown by LunaNeraVera 1
     EXPECT_FALSE(trova(1, 11, 4));
     auto media = AspettiDelTema(p, 0, 2.5);
-    for (const auto& v : media) EXPECT_FALSE(v.a == 1 && v.b == 11 && v.k == 3);
+    for (const auto& v : media)
+        EXPECT_FALSE(v.a == 1 && v.b == 11 && v.k == 3);
 
     std::string aiuto = TestoAiutoAspetti();
     EXPECT_EQ(std::string(TitoloAiutoAspetti), "Lyx - Aiuto Aspetti");
@@ -155,6 +156,7 @@ TEST(Aspetti, AspettiDelleRuoteETestoDiAiuto) {
                           0),
               0u);
     EXPECT_NE(aiuto.find("è (-16g 46p) - (-16g 25p) = 0,4g arrotondando.\r\n"), std::string::npos);
-    EXPECT_NE(aiuto.find("la differenza di declinazione è minore di 1,2 gradi si considerano in\r\n"),
-              std::string::npos);
+    EXPECT_NE(
+        aiuto.find("la differenza di declinazione è minore di 1,2 gradi si considerano in\r\n"),
+        std::string::npos);
 }

@@ -75,13 +75,13 @@ TEST(CalcolaTema, OgniCorpoHaCasaECoordinate) {
 TEST(CalcolaTema, MotoRetrogradoComeLeEffemeridi) {
     // Over ten years, each planet's motion flag agrees with the sign of its speed in the Swiss
     // Ephemeris, except within a day of a station.
-    const int numeri[] = {NumMercurio, NumVenere, NumMarte, NumGiove, NumSaturno,
-                          NumUrano,    NumNettuno, NumPlutone};
-    const int swe[] = {SE_MERCURY, SE_VENUS, SE_MARS, SE_JUPITER, SE_SATURN, SE_URANUS, SE_NEPTUNE, SE_PLUTO};
-    const Posizione Posizioni::*campi[] = {&Posizioni::Mercurio, &Posizioni::Venere,
-                                           &Posizioni::Marte,    &Posizioni::Giove,
-                                           &Posizioni::Saturno,  &Posizioni::Urano,
-                                           &Posizioni::Nettuno,  &Posizioni::Plutone};
+    const int numeri[] = {NumMercurio, NumVenere, NumMarte,   NumGiove,
+                          NumSaturno,  NumUrano,  NumNettuno, NumPlutone};
+    const int swe[] = {SE_MERCURY, SE_VENUS,  SE_MARS,    SE_JUPITER,
+                       SE_SATURN,  SE_URANUS, SE_NEPTUNE, SE_PLUTO};
+    const Posizione Posizioni::*campi[] = {
+        &Posizioni::Mercurio, &Posizioni::Venere, &Posizioni::Marte,   &Posizioni::Giove,
+        &Posizioni::Saturno,  &Posizioni::Urano,  &Posizioni::Nettuno, &Posizioni::Plutone};
     int retrogradi = 0;
     for (double jd = 2447000.5; jd < 2450650; jd += 9.7) {
         Tema t = Padova(2000, 1, 1, 0);

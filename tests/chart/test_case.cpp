@@ -73,7 +73,8 @@ TEST(Case, AllEquatoreOgniCuspideConvergeSubito) {
     EXPECT_NEAR(c[2].AR.Numero() * 15, std::fmod(ramc + 120, 360), 1e-9);
     EXPECT_NEAR(c[3].AR.Numero() * 15, std::fmod(ramc + 150, 360), 1e-9);
     // At the equator the oblique ascension is the right ascension.
-    for (int i = 1; i <= 12; ++i) EXPECT_NEAR(c[i].AOb.Numero(), c[i].AR.Numero(), 1e-12) << i;
+    for (int i = 1; i <= 12; ++i)
+        EXPECT_NEAR(c[i].AOb.Numero(), c[i].AR.Numero(), 1e-12) << i;
 }
 
 TEST(Case, CuspidiOpposteEAssi) {
@@ -138,9 +139,11 @@ TEST(Case, LatitudineEstremaSenzaSemiarco) {
 TEST(Case, CasaDiAlleCuspidi) {
     Case c;
     const double cuspidi[] = {0, 200, 230, 260, 290, 320, 350, 20, 50, 80, 110, 140, 170};
-    for (int i = 1; i <= 12; ++i) c[i].Lo = cuspidi[i];
+    for (int i = 1; i <= 12; ++i)
+        c[i].Lo = cuspidi[i];
     // A longitude on a cusp is in the house that begins there.
-    for (int i = 1; i <= 12; ++i) EXPECT_EQ(CasaDi(cuspidi[i], c), i) << i;
+    for (int i = 1; i <= 12; ++i)
+        EXPECT_EQ(CasaDi(cuspidi[i], c), i) << i;
     EXPECT_EQ(CasaDi(215, c), 1);
     EXPECT_EQ(CasaDi(169.999, c), 11);
     EXPECT_EQ(CasaDi(199.999, c), 12);
@@ -151,7 +154,8 @@ TEST(Case, CasaDiAlleCuspidi) {
     EXPECT_EQ(CasaDi(20, c), 7);
     // With the Ascendant at 0° the wrap falls on cusp 12.
     const double altre[] = {0, 0, 30, 60, 90, 120, 150, 180, 210, 240, 270, 300, 330};
-    for (int i = 1; i <= 12; ++i) c[i].Lo = altre[i];
+    for (int i = 1; i <= 12; ++i)
+        c[i].Lo = altre[i];
     EXPECT_EQ(CasaDi(0, c), 1);
     EXPECT_EQ(CasaDi(345, c), 12);
     EXPECT_EQ(CasaDi(329.9, c), 11);

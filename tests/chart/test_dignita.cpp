@@ -41,7 +41,8 @@ TEST(Dignita, CasiDellaTabella) {
     Domicili d = CalcolaDomicili(p);
     EXPECT_NE(d.Dignita[2].find("  Venere"), std::string::npos);
     EXPECT_EQ(d.Dignita[2].find("  Venere("), std::string::npos);
-    for (const auto& testo : d.Dignita) EXPECT_EQ(testo.find("Plutone"), std::string::npos);
+    for (const auto& testo : d.Dignita)
+        EXPECT_EQ(testo.find("Plutone"), std::string::npos);
     // In Bilancia: Sun fall, Saturn exaltation, Mars exile by night, Venus domicile by day
     // (but Venus was moved), Giove nothing.
     EXPECT_NE(d.Dignita[3].find("  Sole"), std::string::npos);

@@ -80,3 +80,66 @@ TEST(CliCalendario, ArgomentiSbagliati) {
     EXPECT_EQ(vuoto.stato, 2);
     EXPECT_NE(vuoto.err.find("uso: vesmo-cli"), std::string::npos);
 }
+
+TEST(CliTema, TabellaEJson) {
+    const std::vector<std::string> padova{
+        "tema",  "--data", "10/04/1987", "--ora",    "19:30", "--lon",  "11E53",       "--lat",
+        "45N24", "--fuso", "-1",         "--estiva", "1",     "--nome", "Prova Padova"};
+    Esito e = Lancia(padova);
+    ASSERT_EQ(e.stato, 0) << e.err;
+    EXPECT_EQ(e.out.rfind("Prova Padova\n10/4/1987", 0), 0u);
+    EXPECT_NE(e.out.find("\nSole       Ariete    20°  18' 49''"), std::string::npos) << e.out;
+    auto json = padova;
+    json.push_back("--json");
+    Esito j = Lancia(json);
+    ASSERT_EQ(j.stato, 0);
+    EXPECT_EQ(j.out.rfind("{\"Tema\": {\"cNaz\": 0, \"Nome\": \"Prova Padova\"", 0), 0u);
+    EXPECT_NE(j.out.find("\"TU\": 17.5, \"JD\": 2446896.2291666665"), std::string::npos) << j.out;
+    EXPECT_NE(j.out.find("\"Posizioni\": {\"Sole\": {\"Lo\": 20.3"), std::string::npos);
+    EXPECT_NE(j.out.find("\"Aspetti\": [{\"a\": \"Sole\""), std::string::npos);
+    EXPECT_NE(j.out.find("\"Nome\": \"TRIGONO         \""), std::string::npos);
+    // Decimal coordinates give the same chart as the sexagesimal ones.
+    auto decimali = padova;
+    decimali[6] = "11.883333E";
+    decimali[8] = "45.4N";
+    Esito d = Lancia(decimali);
+    EXPECT_EQ(d.out.substr(d.out.find("\nSole")), e.out.substr(e.out.find("\nSole")));
+}
+
+TEST(CliTema, ArgomentiSbagliati) {
+    std::vector<std::string> base{"tema",  "--data", "21/12/2001", "--ora",  "12:00", "--lon",
+                                  "11E53", "--lat",  "45N24",      "--fuso", "0"};
+    struct Caso {
+        std::size_t indice;
+        std::string valore, err;
+    };
+    const Caso casi[] = {
+        {6, "11X53",
+         "vesmo-cli tema: longitudine non valida: '11X53' (attesa come 11E53, 11E53'30 o "
+         "11.8818E, al massimo 180 gradi)\n"},
+        {6, "190E00",
+         "vesmo-cli tema: longitudine non valida: '190E00' (attesa come 11E53, 11E53'30 o "
+         "11.8818E, al massimo 180 gradi)\n"},
+        {6, "11E75",
+         "vesmo-cli tema: longitudine non valida: '11E75' (attesa come 11E53, 11E53'30 o "
+         "11.8818E, al massimo 180 gradi)\n"},
+        {8, "91N00",
+         "vesmo-cli tema: latitudine non valida: '91N00' (attesa come 45N24, 45N24'30 o "
+         "45.4152N, al massimo 90 gradi)\n"},
+        {10, "uno", "vesmo-cli tema: fuso non valido: 'uno'\n"},
+        {10, "20", "vesmo-cli tema: fuso fuori da -15..15 ore: 20\n"},
+        {4, "25:00", "vesmo-cli tema: ora non valida: '25:00' (fuori da 00:00:00-23:59:59)\n"},
+    };
+    for (const auto& c : casi) {
+        auto parole = base;
+        parole[c.indice] = c.valore;
+        Esito e = Lancia(parole);
+        EXPECT_EQ(e.stato, 2) << c.valore;
+        EXPECT_EQ(e.err, c.err);
+    }
+    Esito manca = Lancia({"tema", "--data", "21/12/2001", "--ora", "12:00"});
+    EXPECT_EQ(manca.err, "vesmo-cli tema: manca l'opzione --lon\n");
+    Esito luna = Lancia({"tema", "--data", "21/12/2001", "--ora", "12:00", "--lon", "1E00", "--lat",
+                         "1N00", "--fuso", "0", "--luna", "marte"});
+    EXPECT_EQ(luna.err, "vesmo-cli tema: luna non valida: 'marte' (geo o topo)\n");
+}

@@ -1,0 +1,101 @@
+// The positions table: heads, the texts of each kind of row, and the literal texts that stand in
+// cells without a value.
+#include <gtest/gtest.h>
+
+#include "chart/CalcolaTema.h"
+#include "core/Aritmetica.h"
+#include "presentation/TabellaPosizioni.h"
+
+using namespace vesmo;
+
+namespace {
+
+struct Calcolato {
+    Case c;
+    Posizioni p;
+};
+
+Calcolato Casta(double lat) {
+    Tema t;
+    t.Day = GiornoGiuliano(1987, 4, 10);
+    t.OraL = 19.5;
+    t.Fuso = -1;
+    t.Estiva = 1;
+    t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    t.Lat = lat;
+    Calcolato r;
+    MessaggiRegistrati m;
+    CastaTema(t, r.c, r.p, 1, m);
+    return r;
+}
+
+} // namespace
+
+TEST(TabellaPosizioni, Testate) {
+    Calcolato k = Casta(45.4);
+    TabellaPosizioni t = RiempiTabella(k.c, k.p);
+    EXPECT_EQ(t.celle[0][1], "Segno ");
+    EXPECT_EQ(t.celle[0][5], "<Declinazione   ");
+    EXPECT_EQ(t.celle[0][10], " A.R. (Dec.)");
+    EXPECT_EQ(t.celle[1][0], "Asce.");
+    EXPECT_EQ(t.celle[4][0], "FC");
+    EXPECT_EQ(t.celle[7][0], "Disce.");
+    EXPECT_EQ(t.celle[13][0], "Sole");
+    EXPECT_EQ(t.celle[23][0], "Nodo L.");
+    EXPECT_EQ(t.celle[25][0], "Lil.Vera");
+}
+
+TEST(TabellaPosizioni, RigheDiCuspidiECorpi) {
+    Calcolato k = Casta(45.4);
+    TabellaPosizioni t = RiempiTabella(k.c, k.p);
+    // Cusps: no motion, no house, no right ascension in decimals.
+    for (int i = 1; i <= 12; ++i) {
+        EXPECT_EQ(t.celle[static_cast<std::size_t>(i)][3], "***");
+        EXPECT_EQ(t.celle[static_cast<std::size_t>(i)][4], "******");
+        EXPECT_EQ(t.celle[static_cast<std::size_t>(i)][10], "");
+    }
+    // The Sun on 10 April 1987 at 20°18'49" of Aries, with seconds; no latitude.
+    EXPECT_EQ(t.celle[13][1], "Ariete");
+    EXPECT_EQ(t.celle[13][2], " 20°  18' 49''");
+    EXPECT_EQ(t.celle[13][3], "***");
+    EXPECT_EQ(t.celle[13][9], "******");
+    EXPECT_EQ(t.celle[13][4], " " + std::to_string(k.p.Sole.Ca));
+    // Saturn was retrograde that day, Jupiter direct.
+    EXPECT_EQ(t.celle[19][3], "R");
+    EXPECT_EQ(t.celle[18][3], "");
+    // Mean Lilith has no declination or ascensions to show.
+    EXPECT_EQ(t.celle[24][3], "**");
+    EXPECT_EQ(t.celle[24][5], "******");
+    EXPECT_EQ(t.celle[24][6], "******");
+    EXPECT_EQ(t.celle[24][7], "******");
+    EXPECT_EQ(t.celle[24][9], "******");
+    EXPECT_EQ(t.celle[25][3], "**");
+    // Decimal longitude with six decimals and the comma.
+    EXPECT_EQ(t.celle[13][8], FormatoNumero(k.p.Sole.Lo, "###.#####0"));
+    EXPECT_NE(t.celle[13][8].find(','), std::string::npos);
+    EXPECT_EQ(t.celle[13][8].size() - t.celle[13][8].find(','), 7u);
+}
+
+TEST(TabellaPosizioni, TestiAlPostoDeiNumeri) {
+    // At 70° with no semi-arc the Ascendant's ascensions are texts, shown as they stand.
+    Tema t;
+    t.Day = GiornoGiuliano(2001, 12, 21);
+    t.OraL = 12;
+    t.Lat = 70;
+    t.Lon = 0.5 / 15;
+    Case c;
+    Posizioni p;
+    MessaggiRegistrati m;
+    CastaTema(t, c, p, 1, m, false);
+    ASSERT_EQ(p.CaseNonDefinite, -1);
+    TabellaPosizioni tab = RiempiTabella(c, p);
+    EXPECT_EQ(tab.celle[1][6], "NonDefinita");
+    EXPECT_EQ(tab.celle[1][7], "Indefinita");
+}
+
+TEST(TabellaPosizioni, StrConIlPostoDelSegno) {
+    EXPECT_EQ(Str(5), " 5");
+    EXPECT_EQ(Str(-5), "-5");
+    EXPECT_EQ(Str(0), " 0");
+    EXPECT_EQ(Str(12.5), " 12.5");
+}
