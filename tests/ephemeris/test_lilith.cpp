@@ -1,0 +1,170 @@
+// The two Black Moons and the mean node: the linear mean apogee, the apogee search, the
+// interpolation between two apogees (also across 0 degrees), the retries with their change of
+// tolerance, and the two error boxes the user sees when the apogees cannot be found.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "core/Aritmetica.h"
+#include "core/Messaggi.h"
+#include "ephemeris/Lilith.h"
+#include "ephemeris/Luna.h"
+#include "tests/ephemeris/Riferimenti.h"
+
+using namespace vesmo;
+using vesmo::test::Scarto;
+
+TEST(LilithMedia, FormulaLineare) {
+    EXPECT_DOUBLE_EQ(LilithMedia(2415020.0), 154.383);
+    // One anomalistic turn of the apogee, 3232.6 days, is nearly a full circle.
+    EXPECT_NEAR(LilithMedia(2451545.0), Norma360(36525 * 6144.03 / 55151 + 154.383, 1), 1e-9);
+    EXPECT_GE(LilithMedia(2415020.0 - 1000), 0);
+}
+
+TEST(CercaApogeo, TrovaIlMassimoDellaDistanza) {
+    double jq = CercaApogeo(2451545.0 + 5);
+    double d = DistanzaLuna(jq);
+    EXPECT_GT(d, 404000); // an apogee, not a perigee
+    EXPECT_GT(d, DistanzaLuna(jq - 0.05));
+    EXPECT_GT(d, DistanzaLuna(jq + 0.05));
+    EXPECT_LE(std::fabs(jq - (2451545.0 + 5)), 2);
+}
+
+namespace {
+
+// A scripted apogee search: each call answers the next day of the script, in turn.
+double copione[2];
+int chiamate = 0;
+double ApogeoScritto(double) {
+    double t = copione[chiamate % 2];
+    ++chiamate;
+    return t;
+}
+
+// The day after `da` on which the Moon's longitude reaches `lon`.
+double GiornoLongitudine(double da, double lon) {
+    double t = da;
+    for (int i = 0; i < 60; ++i) {
+        double l, b, p;
+        PosizioneLuna(t, l, b, p);
+        double d = Scarto(lon, l);
+        if (i == 0 && d < 0) d += 360;
+        if (std::fabs(d) < 1e-9) break;
+        t += d / 13.176397;
+    }
+    return t;
+}
+
+double LongitudineLuna(double t) {
+    double l, b, p;
+    PosizioneLuna(t, l, b, p);
+    return l;
+}
+
+const std::string TestoErrore =
+    "Lilith Vera del\r\nGiul = 2451545,25\r\nNON è compresa nei giusti Apogei\r\n"
+    "Impossibile Calcolo. Rivedere il sorgente.";
+
+} // namespace
+
+TEST(LilithVera, InterpolaTraDueApogeiAttraversoLoZero) {
+    MessaggiRegistrati msg;
+    double ts = GiornoLongitudine(2451545.0, 359);
+    double tq = GiornoLongitudine(ts, 1); // 0.15 days later, 2 degrees on
+    double jd = (ts + tq) / 2;
+    copione[0] = tq;
+    copione[1] = ts;
+    chiamate = 0;
+    double lon = -1, lat = -1;
+    LilithVera(jd, 0, 0, lon, lat, msg, ApogeoScritto);
+    // LS near 359 and LQ near 1: halfway is near 0, not near 180.
+    EXPECT_NEAR(Scarto(lon, 0), 0, 0.05);
+    EXPECT_TRUE(msg.registro.empty());
+
+    // LS near 1 and LQ near 359 a turn later: the short way goes back by 2 degrees.
+    double ts2 = GiornoLongitudine(2451545.0, 1);
+    double tq2 = GiornoLongitudine(ts2 + 1, 359);
+    copione[0] = tq2;
+    copione[1] = ts2;
+    chiamate = 0;
+    double jd2 = ts2 + 0.25 * (tq2 - ts2);
+    LilithVera(jd2, 0, 0, lon, lat, msg, ApogeoScritto);
+    EXPECT_NEAR(Scarto(lon, 0.5), 0, 0.05);
+}
+
+TEST(LilithVera, LatitudineRidottaDalFattore0104) {
+    MessaggiRegistrati msg;
+    double ts = 2451545.0, tq = 2451545.0 + 27.5;
+    copione[0] = tq;
+    copione[1] = ts;
+    chiamate = 0;
+    double lon, lat;
+    LilithVera(ts + 10, 0, 0, lon, lat, msg, ApogeoScritto);
+    double ls, bs, lq, bq, p;
+    PosizioneLuna(ts, ls, bs, p);
+    PosizioneLuna(tq, lq, bq, p);
+    double f = 10 / 27.5;
+    EXPECT_NEAR(lat, (bs + f * (bq - bs)) * 0.104, 1e-12);
+    EXPECT_LT(std::fabs(Gradi(lat)), 0.6);
+}
+
+TEST(LilithVera, AllApogeoStessoDaLaLunaDiQuelGiorno) {
+    MessaggiRegistrati msg;
+    double jq = CercaApogeo(2451545.0 + 5);
+    double lon, lat;
+    LilithVera(jq, LilithMedia(jq), LongitudineLuna(jq), lon, lat, msg);
+    EXPECT_TRUE(msg.registro.empty());
+    EXPECT_NEAR(Scarto(lon, LongitudineLuna(jq)), 0, 0.001);
+}
+
+TEST(LilithVera, DopoCinquePassiLaTolleranzaSaleA005Giorni) {
+    // The last apogee always 0.03 days after the instant: refused while the tolerance is 1e-6,
+    // accepted on the sixth round, when it has become 0.05 days.
+    MessaggiRegistrati msg;
+    double jd = 2451545.25;
+    copione[0] = jd + 27.5;
+    copione[1] = jd + 0.03;
+    chiamate = 0;
+    double lon = -1, lat = -1;
+    LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
+    EXPECT_EQ(chiamate, 12);
+    EXPECT_TRUE(msg.registro.empty());
+    double l, b, p;
+    PosizioneLuna(jd + 0.03, l, b, p);
+    EXPECT_DOUBLE_EQ(lon, l);
+    EXPECT_DOUBLE_EQ(lat, b * 0.104);
+}
+
+TEST(LilithVera, ApogeiTuttiDopoLIstanteErroreJDxScorso) {
+    MessaggiRegistrati msg;
+    double jd = 2451545.25;
+    copione[0] = jd + 28;
+    copione[1] = jd + 1;
+    chiamate = 0;
+    double lon = 123.5, lat = 0.25;
+    LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
+    ASSERT_EQ(msg.registro.size(), 1u);
+    EXPECT_EQ(msg.registro[0].titolo, "Lyx - errore 'JDxScorso' LilithVera.Modulo1");
+    EXPECT_EQ(msg.registro[0].testo, TestoErrore);
+    EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
+    EXPECT_EQ(chiamate, 20); // ten rounds
+    EXPECT_EQ(lon, 123.5);   // the out-arguments stay as they came in
+    EXPECT_EQ(lat, 0.25);
+}
+
+TEST(LilithVera, ApogeiTuttiPrimaDellIstanteErroreJDxQuesto) {
+    MessaggiRegistrati msg;
+    double jd = 2451545.25;
+    copione[0] = jd - 1;
+    copione[1] = jd - 28;
+    chiamate = 0;
+    double lon = 7, lat = -0.125;
+    LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
+    ASSERT_EQ(msg.registro.size(), 1u);
+    EXPECT_EQ(msg.registro[0].titolo, "LilithVera - errore 'JDxQuesto' LilithVera.Modulo1");
+    EXPECT_EQ(msg.registro[0].testo, TestoErrore);
+    EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
+    EXPECT_EQ(lon, 7);
+    EXPECT_EQ(lat, -0.125);
+}

@@ -1,0 +1,234 @@
+// The Moon, the topocentric correction, the planets and Pluto: Meeus' worked examples, the
+// numbers that pin the perturbation series, and the geometry of the reduction to the Earth.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "core/Aritmetica.h"
+#include "core/Tema.h"
+#include "ephemeris/Luna.h"
+#include "ephemeris/Pianeti.h"
+#include "ephemeris/Plutone.h"
+#include "ephemeris/Sole.h"
+#include "tests/ephemeris/Riferimenti.h"
+
+using namespace vesmo;
+using vesmo::test::Esempio;
+using vesmo::test::Scarto;
+
+TEST(Luna, EsempioMeeus1979) {
+    double lon, lat, par;
+    PosizioneLuna(Esempio("luna_1979_jd"), lon, lat, par);
+    EXPECT_NEAR(lon, Esempio("luna_1979_longitudine"), 0.0001);
+    EXPECT_NEAR(par, Esempio("luna_1979_parallasse"), 0.000001);
+    EXPECT_DOUBLE_EQ(ParallasseLuna(Esempio("luna_1979_jd")), par);
+    // The latitude comes out in radians.
+    EXPECT_GT(lat, -0.06);
+    EXPECT_LT(lat, -0.05);
+}
+
+TEST(Luna, LongitudineNormalizzataAncheATZero) {
+    for (double jd : {2415020.0, 2415020.5, 2451545.0, 2470000.25}) {
+        double lon, lat, par;
+        PosizioneLuna(jd, lon, lat, par);
+        EXPECT_GE(lon, 0);
+        EXPECT_LT(lon, 360);
+        EXPECT_LT(std::fabs(Gradi(lat)), 5.4);
+        EXPECT_GT(par, 0.89);
+        EXPECT_LT(par, 1.03);
+    }
+}
+
+namespace {
+
+struct Topo {
+    double dLon, dLat; // topocentric minus geocentric, degrees
+};
+
+Topo Topocentrica(double day, double tu, double lonOre, double latGradi) {
+    double jd = day + tu / 24;
+    double lon, lat, par;
+    PosizioneLuna(jd, lon, lat, par);
+    double lt, bt;
+    LunaTopocentrica(day, tu, lonOre, latGradi, lon, lat, 0, par, lt, bt);
+    return {Scarto(lt, lon), Gradi(bt - lat)};
+}
+
+} // namespace
+
+TEST(LunaTopocentrica, SpostamentoEntroLaParallasse) {
+    // Over a day at Milan (11E53 45N24) the Moon moves by up to about a degree, never more than
+    // its parallax, and rises with a longitude behind the geocentric one.
+    double massimo = 0;
+    for (double tu = 0; tu < 24; tu += 0.5) {
+        Topo t = Topocentrica(2446895.5, tu, -(11 + 53.0 / 60) / 15, 45.4);
+        massimo = std::max(massimo, std::hypot(t.dLon, t.dLat));
+        EXPECT_LT(std::hypot(t.dLon, t.dLat), 1.03);
+    }
+    EXPECT_GT(massimo, 0.5);
+}
+
+TEST(LunaTopocentrica, LatitudineSudCambiaIlSegnoDellaCorrezione) {
+    // Same instant, same meridian: the observer north pushes the Moon south, the observer south
+    // pushes it north.
+    double day = 2446895.5, tu = 3, lon = 0;
+    Topo nord = Topocentrica(day, tu, lon, 45);
+    Topo sud = Topocentrica(day, tu, lon, -45);
+    EXPECT_LT(nord.dLat, 0);
+    EXPECT_GT(sud.dLat, 0);
+    // At the equator the latitude shift is only the Moon's own declination effect: smaller.
+    Topo equatore = Topocentrica(day, tu, lon, 0);
+    EXPECT_LT(std::fabs(equatore.dLat), std::fabs(nord.dLat) + std::fabs(sud.dLat));
+}
+
+TEST(LunaTopocentrica, SoleEDistanzaDanParallassiPiccole) {
+    // 8.794 means the Sun's parallax in seconds of arc; 0 derives it from the distance. Both
+    // move a body by a few seconds at most.
+    double day = 2446895.5, tu = 12;
+    double lt, bt;
+    LunaTopocentrica(day, tu, 0, 45, 20, 0, 1, 8.794, lt, bt);
+    EXPECT_LT(std::fabs(Scarto(lt, 20)) * 3600, 10);
+    LunaTopocentrica(day, tu, 0, 45, 20, 0, 0.5, 0, lt, bt);
+    EXPECT_LT(std::fabs(Scarto(lt, 20)) * 3600, 20);
+    EXPECT_GT(std::fabs(Scarto(lt, 20)) * 3600 + std::fabs(Gradi(bt)) * 3600, 0.5);
+}
+
+TEST(Pianeti, EsempioMeeusMercurio1978) {
+    double jd = Esempio("sole_1978_jd");
+    Elementi el;
+    double M;
+    ElementiPianeta(jd, NumMercurio, 1, el, M); // Mercury has no corrections
+    EXPECT_NEAR(el.L, Esempio("mercurio_1978_L"), 0.0001);
+    EXPECT_NEAR(el.e, Esempio("mercurio_1978_e"), 1e-8);
+    EXPECT_NEAR(el.i, Esempio("mercurio_1978_i"), 0.000001);
+    EXPECT_NEAR(el.O, Esempio("mercurio_1978_O"), 0.000001);
+    EXPECT_NEAR(M, Esempio("mercurio_1978_M"), 0.0001);
+
+    PosEliocentrica h;
+    PianetaEliocentrico(jd, NumMercurio, 1, el, M, h);
+    EXPECT_NEAR(h.lon, Esempio("mercurio_1978_l"), 0.0001);
+    EXPECT_NEAR(Gradi(h.lat), Esempio("mercurio_1978_b"), 0.0001);
+    EXPECT_NEAR(h.dist, Esempio("mercurio_1978_r"), 0.00001);
+
+    // Through our own true Sun (0.0012 degrees from the book's) the geocentric place follows.
+    PosGeocentrica g;
+    double elong;
+    PianetaGeocentrico(jd, NumMercurio, 0, h, g, elong);
+    EXPECT_NEAR(g.lon, Esempio("mercurio_1978_lambda"), 0.002);
+    EXPECT_NEAR(Gradi(g.lat), Esempio("mercurio_1978_beta"), 0.001);
+    EXPECT_NEAR(g.dist, Esempio("mercurio_1978_delta"), 0.00002);
+    EXPECT_NEAR(Gradi(elong), 22.17, 0.01); // the book's elongation
+}
+
+TEST(Pianeti, LaTerraDaZeri) {
+    Elementi el{1, 2, 3, 4, 5, 6};
+    double M = 99;
+    ElementiPianeta(2451545.0, NumTerra, 1, el, M);
+    EXPECT_EQ(el.L, 0);
+    EXPECT_EQ(el.a, 0);
+    EXPECT_EQ(el.e, 0);
+    EXPECT_EQ(el.i, 0);
+    EXPECT_EQ(el.w, 0);
+    EXPECT_EQ(el.O, 0);
+    EXPECT_EQ(M, 99); // no anomaly is given
+}
+
+TEST(Pianeti, SommeDellePerturbazioniDiUranoENettuno) {
+    // The sums of the longitude at two instants pin the terms and the scale of Neptune's five
+    // numbers (hundredths of a degree: +0.0166 and -0.0030 here, of the size of Uranus' sums).
+    struct Caso {
+        int n;
+        double jd, dl;
+    } casi[] = {{NumUrano, 2451545.0, -0.05},
+                {NumUrano, 2433282.5, 0.02},
+                {NumNettuno, 2451545.0, 0.0166},
+                {NumNettuno, 2433282.5, -0.0030}};
+    for (const Caso& c : casi) {
+        double dl = 0, db = 0, dr = 0;
+        PerturbazioniPianeta(c.jd, c.n, dl, db, dr);
+        EXPECT_NEAR(dl, c.dl, c.n == NumUrano ? 0.005 : 0.00005) << c.n << " " << c.jd;
+        // The latitude sums, hundredths of a degree at most, arrive in radians.
+        EXPECT_LT(std::fabs(db), Radianti(0.01));
+    }
+}
+
+TEST(Pianeti, PerturbazioniSoloPerMarteEGiganti) {
+    for (int n : {NumMercurio, NumVenere, NumGiove}) {
+        double dl = 0, db = 0, dr = 0;
+        PerturbazioniPianeta(2451545.0, n, dl, db, dr);
+        EXPECT_EQ(dl, 0);
+        EXPECT_EQ(db, 0);
+        EXPECT_EQ(dr, 0);
+    }
+    double dl = 0, db = 0, dr = 0;
+    PerturbazioniPianeta(2451545.0, NumMarte, dl, db, dr);
+    EXPECT_NE(dl, 0);
+    EXPECT_EQ(db, 0);
+    EXPECT_NE(dr, 0);
+}
+
+TEST(Pianeti, OpposizioneECongiunzione) {
+    // A planet straight behind the Earth from the Sun stands at the Sun's longitude + 180; one
+    // behind the Sun at the Sun's longitude.
+    double jd = 2451545.0;
+    double s, R, ar, de;
+    PosizioneSole(jd, 1, s, R, ar, de);
+    PosGeocentrica g;
+    double elong;
+    PianetaGeocentrico(jd, NumMarte, 1, PosEliocentrica{s + 180, 0, 1.5}, g, elong);
+    EXPECT_NEAR(Scarto(g.lon, s + 180), 0, 1e-9);
+    EXPECT_NEAR(g.dist, 1.5 - R, 1e-12);
+    EXPECT_NEAR(Gradi(elong), 180, 1e-6);
+    PianetaGeocentrico(jd, NumMarte, 1, PosEliocentrica{s, 0, 1.5}, g, elong);
+    EXPECT_NEAR(Scarto(g.lon, s), 0, 1e-9);
+    EXPECT_NEAR(g.dist, 1.5 + R, 1e-12);
+}
+
+TEST(Pianeti, LontanoDal1900IPolinomiValgonoComeSono) {
+    // No range limit on T: a date of the 25th century still gives a position.
+    Elementi el;
+    double M;
+    ElementiPianeta(2600000.5, NumSaturno, 1, el, M);
+    PosEliocentrica h;
+    PianetaEliocentrico(2600000.5, NumSaturno, 1, el, M, h);
+    EXPECT_GT(h.dist, 9);
+    EXPECT_LT(h.dist, 10.2);
+}
+
+TEST(Plutone, VicinoATZero) {
+    // At T = 0 the arguments stand at their constants; the leading rows in P (sine and cosine
+    // coefficients in this order) give nearly all of the sums.
+    PosEliocentrica p;
+    Plutone(2415020.0, p);
+    double P = Radianti(93.48);
+    auto righe = [P](double a1, double b1, double a2, double b2, double a3, double b3) {
+        return a1 * std::sin(P) + b1 * std::cos(P) + a2 * std::sin(2 * P) + b2 * std::cos(2 * P) +
+               a3 * std::sin(3 * P) + b3 * std::cos(3 * P);
+    };
+    EXPECT_NEAR(p.dist,
+                40.724725 + righe(6.623876, 6.95599, -1.181808, -0.054836, 0.163227, -0.139603),
+                0.06);
+    // The longitude constant is 93.297471, not the 93.48 of P; on the equinox of 1900 it is
+    // 0.70 degrees less than on that of 1950.
+    EXPECT_NEAR(p.lon,
+                93.297471 - 0.6985 +
+                    righe(-19.977972, 19.667536, 0.987114, -4.93935, 0.577978, 1.226898),
+                0.45);
+    EXPECT_NEAR(Gradi(p.lat),
+                -3.909434 + righe(-5.323113, -15.024245, 3.497557, 1.73457, -1.059559, 0.299464),
+                0.35);
+}
+
+TEST(Plutone, LongitudineNonNormalizzata) {
+    // In 2100 (T = 2) the longitude has passed 360 without being reduced; the geocentric
+    // reduction brings it back.
+    PosEliocentrica p;
+    Plutone(2488070.0, p);
+    EXPECT_GT(p.lon, 360);
+    PosGeocentrica g;
+    double elong;
+    PianetaGeocentrico(2488070.0, NumPlutone, 1, p, g, elong);
+    EXPECT_GE(g.lon, 0);
+    EXPECT_LT(g.lon, 360);
+    EXPECT_NEAR(Scarto(g.lon, p.lon), 0, 2.5); // seen from 1 AU at 40 AU
+}

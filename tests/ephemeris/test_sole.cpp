@@ -1,0 +1,122 @@
+// Sun, nutation, obliquity, sidereal time and Kepler's equation: Meeus' worked examples and the
+// values of the polynomials at T = 0, where a transcribed constant shows by itself.
+#include <gtest/gtest.h>
+
+#include <cmath>
+
+#include "core/Aritmetica.h"
+#include "ephemeris/Sole.h"
+#include "tests/ephemeris/Riferimenti.h"
+
+using namespace vesmo;
+using vesmo::test::Esempio;
+using vesmo::test::Scarto;
+
+TEST(Sole, EsempioMeeus1978SoleVeroERaggio) {
+    double lon, r, ar, de;
+    PosizioneSole(Esempio("sole_1978_jd"), 0, lon, r, ar, de);
+    // The book's longitude leaves out the small perturbations of the Sun (0.0012 degrees that
+    // day); the radius vector keeps them.
+    EXPECT_NEAR(Scarto(lon, Esempio("sole_1978_longitudine")), 0, 0.002);
+    EXPECT_NEAR(r, Esempio("sole_1978_raggio"), 0.00001);
+}
+
+TEST(Sole, ApparenteSpostaLongitudineDiAberrazioneENutazione) {
+    // With the flag the longitude moves by -0.00569 - 0.00479 sin(Omega), and the equator is
+    // the true one: the right ascension follows the longitude.
+    double jd = 2451545.0;
+    double l0, r0, ar0, de0, l1, r1, ar1, de1;
+    PosizioneSole(jd, 0, l0, r0, ar0, de0);
+    PosizioneSole(jd, 1, l1, r1, ar1, de1);
+    double omega = Radianti(Norma360(NodoMedio(jd), 1));
+    EXPECT_NEAR(Scarto(l1, l0), -0.00569 - 0.00479 * std::sin(omega), 1e-9);
+    EXPECT_DOUBLE_EQ(r0, r1);
+    EXPECT_NEAR(Scarto(ar1, ar0), Scarto(l1, l0) * 1.09, 0.002); // dRA/dl near the solstice
+}
+
+TEST(Sole, PolinomiATZero) {
+    const double jd0 = 2415020.0; // 1900 January 0.5, T = 0
+    EXPECT_DOUBLE_EQ(Obliquita(jd0), 23.452294);
+    EXPECT_DOUBLE_EQ(LongMediaSole(0), 279.69668);
+    EXPECT_DOUBLE_EQ(AnomaliaSole(0), 358.475833);
+    EXPECT_DOUBLE_EQ(EccTerra(0), 0.01675104);
+    EXPECT_DOUBLE_EQ(LongMediaLuna(jd0), 270.434164);
+    EXPECT_DOUBLE_EQ(AnomaliaLuna(jd0), 296.104608);
+    EXPECT_DOUBLE_EQ(NodoMedio(jd0), 259.183275);
+    // The node is not normalised: a century later it is far below zero.
+    EXPECT_LT(NodoMedio(jd0 + 36525), -1600);
+}
+
+TEST(Sole, NutazioneEsempio1987) {
+    // The book's figures come from the full theory; 13 and 9 terms come within 0.1".
+    double dPsi, dEps;
+    Nutazione(Esempio("nutazione_1987_jd"), dPsi, dEps);
+    EXPECT_NEAR(dPsi, Esempio("nutazione_1987_dpsi"), 0.1);
+    EXPECT_NEAR(dEps, Esempio("nutazione_1987_deps"), 0.1);
+}
+
+TEST(TempoSiderale, EsempiMeeus1987) {
+    // Allowance 0.1 s of time: the 1982 definition of the book against the older polynomial.
+    const double secondo = 1.0 / 3600;
+    double day = Esempio("siderale_1987_day");
+    EXPECT_NEAR(TempoSiderale(day, 0, 0), Esempio("siderale_1987_media_0h"), 0.1 * secondo);
+    EXPECT_NEAR(TempoSiderale(day, 0, 1), Esempio("siderale_1987_apparente_0h"), 0.1 * secondo);
+    // The equation of the equinoxes itself, -0.2317 s that day, to a hundredth of a second.
+    EXPECT_NEAR((TempoSiderale(day, 0, 1) - TempoSiderale(day, 0, 0)) * 3600, -0.2317, 0.01);
+    // 19h21m later: the value is left above 24 for the caller to reduce.
+    double s = TempoSiderale(day, 19 + 21.0 / 60, 0);
+    EXPECT_GT(s, 24);
+    EXPECT_NEAR(s - 24, Esempio("siderale_1987_media_19h21"), 0.1 * secondo);
+}
+
+TEST(TempoSiderale, InizioDel1900EDateAnteriori) {
+    // Day 2415020.5 at 0h: the polynomial at T = 0.5 / 36525.
+    double T = 0.5 / 36525;
+    EXPECT_NEAR(TempoSiderale(2415020.5, 0, 0), 6.6460656 + 2400.051262 * T + 0.00002581 * T * T,
+                1e-12);
+    EXPECT_NEAR(TempoSiderale(2415020.5, 0, 0), 6.6789, 0.0001);
+    // From about a hundred days before 1900 January 0.5 on, the reduced value is negative; the
+    // caller's step of +24 brings it back, and the day after still gains 3m56.555s.
+    double prima = TempoSiderale(2414000.5, 0, 0);
+    EXPECT_LT(prima, 0);
+    EXPECT_GT(prima, -24);
+    double locale = TempoSideraleLocale(0, 0, 2414000.5, 0, 0);
+    EXPECT_DOUBLE_EQ(locale, prima + 24);
+    double dopo = TempoSideraleLocale(0, 0, 2414001.5, 0, 0);
+    EXPECT_NEAR(std::remainder(dopo - locale, 24.0) * 3600, 3 * 60 + 56.555, 0.001);
+}
+
+TEST(TempoSiderale, LocaleSottraeLaLongitudineOvest) {
+    double day = 2446895.5;
+    double greenwich = TempoSideraleLocale(10, 0, day, 1, 0);
+    // 11E53 (east negative, hours) adds 47.5 minutes; 75W subtracts 5 hours, once round.
+    double est = TempoSideraleLocale(6, 4, day, 1, -(11 + 53.0 / 60) / 15);
+    EXPECT_NEAR(est - greenwich, (11 + 53.0 / 60) / 15, 1e-12);
+    double ovest = TempoSideraleLocale(10, 0, day, 1, 5 + greenwich);
+    EXPECT_NEAR(ovest, 19, 1e-9);
+}
+
+TEST(Keplero, EsempioMeeus) {
+    double E = Keplero(Esempio("keplero_e"), Radianti(Esempio("keplero_M")));
+    EXPECT_NEAR(Gradi(E), Esempio("keplero_E"), 0.000001);
+    // The solution satisfies the equation to the stopping step.
+    EXPECT_NEAR(E - 0.1 * std::sin(E), Radianti(5), 1e-11);
+}
+
+TEST(Keplero, EccentricitaZeroRestituisceLAnomalia) {
+    for (double m : {0.0, 0.3, 2.5, -1.0, 6.2}) {
+        EXPECT_EQ(Keplero(0, m), m);
+        EXPECT_NEAR(AnomaliaVera(0, m), Norma360(m, 0), 1e-9);
+    }
+}
+
+TEST(Keplero, AnomaliaVeraEllisseAllungata) {
+    // e = 0.99, M = 2 degrees: Newton's steps still converge, and the true anomaly runs far
+    // ahead of the eccentric one.
+    double E = Keplero(Esempio("keplero2_e"), Radianti(Esempio("keplero2_M")));
+    EXPECT_NEAR(Gradi(E), Esempio("keplero2_E"), 0.000001);
+    double v = AnomaliaVera(0.99, E);
+    double atteso = 2 * std::atan(std::sqrt(1.99 / 0.01) * std::tan(E / 2));
+    EXPECT_NEAR(v, Gradi(atteso), 1e-9);
+    EXPECT_GT(v, 150);
+}
