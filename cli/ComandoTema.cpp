@@ -8,6 +8,7 @@
 #include "cli/Comandi.h"
 #include "cli/Json.h"
 #include "cli/OpzioniTema.h"
+#include "cli/UscitaTema.h"
 #include "core/Testo.h"
 #include "ephemeris/TestoDatiTema.h"
 #include "presentation/TabellaPosizioni.h"
