@@ -13,6 +13,7 @@ using Parole = std::vector<std::string>;
 int ComandoJd(const Parole& parole, std::ostream& out);
 int ComandoData(const Parole& parole, std::ostream& out);
 int ComandoTema(const Parole& parole, std::ostream& out);
+int ComandoEffemeridi(const Parole& parole, std::ostream& out);
 
 // Runs a whole command line (without the program's name); returns the exit status.
 int Esegui(const Parole& parole, std::ostream& out, std::ostream& err);

@@ -16,6 +16,7 @@ const char* const Uso =
     "  data JD                      data e ora di un giorno giuliano\n"
     "  tema --data GG/MM/AAAA --ora HH:MM[:SS] --lon LON --lat LAT --fuso H [--estiva H]\n"
     "       [--nome TESTO] [--luna geo|topo]   tema natale (LON 11E53 o 11.88E, LAT 45N24)\n"
+    "  effemeridi --jd JD           posizioni geocentriche all'istante JD (TU)\n"
     "Ogni comando accetta --json.\n";
 
 } // namespace
@@ -25,6 +26,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"jd", ComandoJd},
         {"data", ComandoData},
         {"tema", ComandoTema},
+        {"effemeridi", ComandoEffemeridi},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

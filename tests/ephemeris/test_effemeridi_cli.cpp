@@ -1,0 +1,81 @@
+// vesmo-cli effemeridi: the table and the JSON the user reads, and the one-line refusals.
+#include <gtest/gtest.h>
+
+#include <sstream>
+#include <string>
+
+#include "cli/Comandi.h"
+
+using namespace vesmo::cli;
+
+namespace {
+
+struct Esito {
+    int codice;
+    std::string out, err;
+};
+
+Esito Esegui(const Parole& parole) {
+    std::ostringstream out, err;
+    int c = vesmo::cli::Esegui(parole, out, err);
+    return {c, out.str(), err.str()};
+}
+
+} // namespace
+
+TEST(Effemeridi, TabellaUnaRigaPerCorpoConSegnoGradiPrimiSecondi) {
+    Esito e = Esegui({"effemeridi", "--jd", "2451545.0"});
+    ASSERT_EQ(e.codice, 0) << e.err;
+    EXPECT_TRUE(e.err.empty());
+    // 2000 January 1.5: the apparent Sun at 280 degrees 22 minutes, ten degrees of Capricorn.
+    EXPECT_NE(e.out.find("\nSole        Capri  10°22'03\"    0,0000°    0,983318\n"),
+              std::string::npos)
+        << e.out;
+    for (const char* nome :
+         {"Luna", "Mercurio", "Venere", "Marte", "Giove", "Saturno", "Urano", "Nettuno", "Plutone",
+          "NodoLuna", "LilithMedia", "LilithVera", "TSL0", "Obliquita"})
+        EXPECT_NE(e.out.find(std::string("\n") + nome + " "), std::string::npos) << nome;
+    EXPECT_NE(e.out.find("\nTSL0        18:41:49\n"), std::string::npos);
+}
+
+TEST(Effemeridi, JsonConINomiDelRecord) {
+    Esito e = Esegui({"effemeridi", "--jd", "2451545.0", "--json"});
+    ASSERT_EQ(e.codice, 0) << e.err;
+    const std::string& j = e.out;
+    for (const char* chiave :
+         {"\"Sole\": {\"Lo\": 280.3",
+          "\"Mercurio\": {\"Lo\": ", "\"Plutone\": {\"Lo\": ", "\"NodoLuna\": {\"Lo\": 125.04",
+          "\"LilithMedia\": {\"Lo\": ", "\"LilithVera\": {\"Lo\": ", "\"TSL0\": 18.69",
+          "\"Obliquita\": 23.439"})
+        EXPECT_NE(j.find(chiave), std::string::npos) << chiave << "\n" << j;
+    // The Moon has longitude and latitude, no distance.
+    std::size_t luna = j.find("\"Luna\": {");
+    ASSERT_NE(luna, std::string::npos);
+    std::string oggettoLuna = j.substr(luna, j.find('}', luna) - luna);
+    EXPECT_NE(oggettoLuna.find("\"LaEc\""), std::string::npos);
+    EXPECT_EQ(oggettoLuna.find("\"R\""), std::string::npos);
+    EXPECT_EQ(j.back(), '\n');
+}
+
+TEST(Effemeridi, GiornoGiulianoErratoUnaRigaEUscita2) {
+    struct Caso {
+        Parole parole;
+        std::string errore;
+    } casi[] = {
+        {{"effemeridi", "--jd", "abc"},
+         "vesmo-cli effemeridi: giorno giuliano non valido: 'abc'\n"},
+        {{"effemeridi", "--jd", "-5"},
+         "vesmo-cli effemeridi: giorno giuliano fuori dall'intervallo 0-5373484.5: -5\n"},
+        {{"effemeridi", "--jd", "1e300"},
+         "vesmo-cli effemeridi: giorno giuliano fuori dall'intervallo 0-5373484.5: 1e300\n"},
+    };
+    for (const Caso& c : casi) {
+        Esito e = Esegui(c.parole);
+        EXPECT_EQ(e.codice, 2);
+        EXPECT_EQ(e.err, c.errore);
+        EXPECT_TRUE(e.out.empty());
+    }
+    Esito senza = Esegui({"effemeridi"});
+    EXPECT_EQ(senza.codice, 2);
+    EXPECT_EQ(senza.err.find('\n'), senza.err.size() - 1); // one line
+}
