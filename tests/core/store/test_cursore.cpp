@@ -1,0 +1,444 @@
+// The table cursor: seeks at the ends of an index and between codes, moves, bookmarks,
+// changes, and what one cursor sees of another's writes.
+#include "core/store/Cursore.h"
+#include "tests/core/store/Cartella.h"
+
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <tuple>
+#include <vector>
+
+namespace vesmo {
+namespace {
+
+int NumeroErrore(auto&& f) {
+    try {
+        f();
+    } catch (const ErroreDB& e) {
+        return e.Numero();
+    }
+    return 0;
+}
+
+// A dated list table shaped like the zone lists: code, year, month, day, value.
+class Liste : public ::testing::Test {
+protected:
+    void SetUp() override {
+        db.Crea(dir / "Vesmodat.Mdb");
+        db.CreaTabella("Fusi",
+                       {{"cFusi", TipoCampo::Intero32},
+                        {"Day", TipoCampo::Intero16},
+                        {"Mese", TipoCampo::Intero16},
+                        {"Anno", TipoCampo::Intero16},
+                        {"fH_h", TipoCampo::Testo, 4}},
+                       {{"iFusi", {"cFusi", "Anno", "Mese", "Day"}}});
+    }
+    void Aggiungi(int codice, int anno, int mese, int giorno, const char* ore) {
+        Cursore c(db, "Fusi");
+        c.AddNew();
+        c.Imposta("cFusi", codice);
+        c.Imposta("Anno", anno);
+        c.Imposta("Mese", mese);
+        c.Imposta("Day", giorno);
+        c.Imposta("fH_h", ore);
+        c.Update();
+    }
+    // Code 10: three rows; code 20: two rows in one month; code 30: one row.
+    void Riempi() {
+        Aggiungi(20, 1950, 4, 20, "b2");
+        Aggiungi(10, 1900, 1, 1, "a1");
+        Aggiungi(30, 2000, 1, 1, "c1");
+        Aggiungi(10, 1940, 6, 15, "a2");
+        Aggiungi(20, 1950, 4, 5, "b1");
+        Aggiungi(10, 1980, 3, 1, "a3");
+    }
+    std::string Su(const Cursore& c) { return c.Campo("fH_h").Testo(); }
+
+    test::Cartella dir;
+    Database db;
+};
+
+TEST_F(Liste, SeekAtTheEndsOfTheIndex) {
+    Riempi();
+    Cursore c(db, "Fusi");
+    c.Index("iFusi");
+    EXPECT_EQ(Su(c), "a1"); // setting the index goes to its first row
+
+    c.Seek("<=", 5, 2000, 1); // before the first row
+    EXPECT_TRUE(c.NoMatch());
+    EXPECT_TRUE(c.BOF());
+    EXPECT_FALSE(c.Eof());
+    EXPECT_EQ(NumeroErrore([&] { c.Campo("fH_h"); }), ErroreDB::NessunRecordCorrente);
+    c.MoveNext();
+    EXPECT_EQ(Su(c), "a1");
+
+    c.Seek(">=", 31); // after the last row
+    EXPECT_TRUE(c.NoMatch());
+    EXPECT_TRUE(c.Eof());
+    EXPECT_EQ(NumeroErrore([&] { c.Bookmark(); }), ErroreDB::NessunRecordCorrente);
+    EXPECT_EQ(NumeroErrore([&] { c.MoveNext(); }), ErroreDB::NessunRecordCorrente);
+    c.MovePrevious();
+    EXPECT_EQ(Su(c), "c1");
+
+    c.Seek(">=", 10); // the first row itself
+    EXPECT_FALSE(c.NoMatch());
+    EXPECT_EQ(Su(c), "a1");
+    c.MovePrevious();
+    EXPECT_TRUE(c.BOF());
+    EXPECT_EQ(NumeroErrore([&] { c.MovePrevious(); }), ErroreDB::NessunRecordCorrente);
+
+    c.Seek("<=", 99, 9999, 12); // the last row itself
+    EXPECT_EQ(Su(c), "c1");
+    c.MoveNext();
+    EXPECT_TRUE(c.Eof());
+}
+
+TEST_F(Liste, SeekLandsOnTheNearestRowEvenOfAnotherCode) {
+    Riempi();
+    Cursore c(db, "Fusi");
+    c.Index("iFusi");
+    // "<=" on three keys of a four-field index: the last row of that month or before it.
+    c.Seek("<=", 20, 1950, 4);
+    EXPECT_EQ(Su(c), "b2");
+    c.Seek("<=", 10, 1960, 12);
+    EXPECT_EQ(Su(c), "a2");
+    // Before the first row of code 20: the last row of code 10, found without NoMatch.
+    c.Seek("<=", 20, 1900, 1);
+    EXPECT_FALSE(c.NoMatch());
+    EXPECT_EQ(c.Campo("cFusi").Intero(), 10);
+    EXPECT_EQ(Su(c), "a3");
+    // ">=" between codes: the first row of the next code.
+    c.Seek(">=", 15);
+    EXPECT_EQ(Su(c), "b1");
+    // "=" on leading keys stands on the first row of the tie, in index order.
+    c.Seek("=", 20);
+    EXPECT_EQ(Su(c), "b1");
+    c.Seek("=", 20, 1950, 4);
+    EXPECT_EQ(Su(c), "b1");
+    c.Seek("=", 20, 1950, 5);
+    EXPECT_TRUE(c.NoMatch());
+    EXPECT_FALSE(c.BOF());
+    EXPECT_FALSE(c.Eof());
+    EXPECT_EQ(NumeroErrore([&] { c.Campo("fH_h"); }), ErroreDB::NessunRecordCorrente);
+    EXPECT_EQ(NumeroErrore([&] { c.MoveNext(); }), ErroreDB::NessunRecordCorrente);
+    // Strict comparisons step over the whole tie.
+    c.Seek(">", 10);
+    EXPECT_EQ(Su(c), "b1");
+    c.Seek("<", 20);
+    EXPECT_EQ(Su(c), "a3");
+    c.Seek(">", 20, 1950);
+    EXPECT_EQ(Su(c), "c1");
+    // Keys are converted to the fields' types.
+    c.Seek("=", "20", 1950.0, "4");
+    EXPECT_EQ(Su(c), "b1");
+}
+
+TEST_F(Liste, SeekRefusesWhatItCannotDo) {
+    Riempi();
+    Cursore c(db, "Fusi");
+    EXPECT_EQ(NumeroErrore([&] { c.Seek("=", 10); }), ErroreDB::NessunIndiceCorrente);
+    EXPECT_EQ(NumeroErrore([&] { c.Index("IndEstiTbEstive"); }), ErroreDB::IndiceNonValido);
+    c.Index("IFUSI"); // index names ignore case
+    EXPECT_EQ(c.Index(), "iFusi");
+    EXPECT_EQ(NumeroErrore([&] { c.Seek("=>", 10); }), ErroreDB::ArgomentoNonValido);
+    EXPECT_EQ(NumeroErrore([&] { c.Seek("=", {10, 1, 2, 3, 4}); }), ErroreDB::ArgomentoNonValido);
+    EXPECT_EQ(NumeroErrore([&] { c.Seek("=", "12a"); }), ErroreDB::ConversioneNonValida);
+}
+
+TEST_F(Liste, WalksTheIndexOrderBothWaysAcrossManyRows) {
+    // Enough rows for several read-ahead windows, with ties on the first key and on the whole
+    // key (these follow the order of insertion).
+    std::vector<std::tuple<int, int, int, int>> attese; // code, year, month, order added
+    db.IniziaTransazione();
+    for (int i = 0; i < 150; ++i) {
+        int codice = (i * 7) % 5, anno = 1900 + (i * 13) % 11, mese = 1 + i % 2;
+        Aggiungi(codice, anno, mese, 1, std::to_string(i).c_str());
+        attese.emplace_back(codice, anno, mese, i);
+    }
+    db.ConfermaTransazione();
+    std::sort(attese.begin(), attese.end());
+    Cursore c(db, "Fusi");
+    c.Index("iFusi");
+    EXPECT_EQ(c.RecordCount(), 150);
+    std::vector<int> avanti, indietro;
+    for (c.MoveFirst(); !c.Eof(); c.MoveNext())
+        avanti.push_back(c.Campo("fH_h").Intero());
+    for (c.MoveLast(); !c.BOF(); c.MovePrevious())
+        indietro.push_back(c.Campo("fH_h").Intero());
+    ASSERT_EQ(avanti.size(), attese.size());
+    for (std::size_t i = 0; i < attese.size(); ++i)
+        EXPECT_EQ(avanti[i], std::get<3>(attese[i])) << i;
+    std::reverse(indietro.begin(), indietro.end());
+    EXPECT_EQ(indietro, avanti);
+    // Turning back and forth in the middle stays on the neighbours.
+    c.Seek(">=", 2);
+    int qui = c.Campo("fH_h").Intero();
+    for (int k = 0; k < 40; ++k)
+        c.MoveNext();
+    for (int k = 0; k < 40; ++k)
+        c.MovePrevious();
+    EXPECT_EQ(c.Campo("fH_h").Intero(), qui);
+}
+
+TEST_F(Liste, EmptyTableAndNoIndexOrder) {
+    Cursore c(db, "Fusi");
+    EXPECT_TRUE(c.BOF());
+    EXPECT_TRUE(c.Eof());
+    EXPECT_EQ(c.RecordCount(), 0);
+    EXPECT_EQ(NumeroErrore([&] { c.MoveFirst(); }), ErroreDB::NessunRecordCorrente);
+    EXPECT_EQ(NumeroErrore([&] { c.MoveNext(); }), ErroreDB::NessunRecordCorrente);
+    EXPECT_EQ(NumeroErrore([&] { c.Delete(); }), ErroreDB::NessunRecordCorrente);
+    Riempi();
+    Cursore d(db, "Fusi"); // no index: the order rows were added
+    std::string ordine;
+    for (; !d.Eof(); d.MoveNext())
+        ordine += Su(d);
+    EXPECT_EQ(ordine, "b2a1c1a2b1a3");
+}
+
+TEST_F(Liste, BookmarksAndDeletedRows) {
+    Riempi();
+    Cursore c(db, "Fusi");
+    c.Index("iFusi");
+    c.Seek("=", 10, 1940);
+    Segnalibro a2 = c.Bookmark();
+    c.MoveLast();
+    c.VaiA(a2);
+    EXPECT_EQ(Su(c), "a2");
+    c.MoveNext(); // the bookmark put the cursor back in the index order too
+    EXPECT_EQ(Su(c), "a3");
+
+    // Deleting the current row leaves the cursor where it stood.
+    c.VaiA(a2);
+    c.Delete();
+    EXPECT_EQ(NumeroErrore([&] { c.Campo("fH_h"); }), ErroreDB::RecordEliminato);
+    EXPECT_EQ(NumeroErrore([&] { c.Bookmark(); }), ErroreDB::RecordEliminato);
+    EXPECT_EQ(NumeroErrore([&] { c.Delete(); }), ErroreDB::RecordEliminato);
+    EXPECT_EQ(NumeroErrore([&] { c.VaiA(a2); }), ErroreDB::RecordEliminato);
+    c.MoveNext();
+    EXPECT_EQ(Su(c), "a3");
+    c.Delete();
+    c.MovePrevious();
+    EXPECT_EQ(Su(c), "a1");
+    EXPECT_EQ(c.RecordCount(), 4);
+
+    // A row deleted through another cursor of the same file reads as deleted.
+    EXPECT_EQ(Su(c), "a1");
+    Cursore altro(db, "Fusi");
+    altro.Index("iFusi");
+    altro.Seek("=", 10, 1900);
+    altro.Delete();
+    EXPECT_EQ(NumeroErrore([&] { c.Campo("fH_h"); }), ErroreDB::RecordEliminato);
+    c.MoveNext();
+    EXPECT_EQ(Su(c), "b1");
+}
+
+TEST_F(Liste, AddNewEditUpdate) {
+    Riempi();
+    Cursore c(db, "Fusi");
+    c.Index("iFusi");
+    c.Seek("=", 20);
+    EXPECT_EQ(NumeroErrore([&] { c.Imposta("fH_h", "x"); }), ErroreDB::UpdateSenzaAddNew);
+    EXPECT_EQ(NumeroErrore([&] { c.Update(); }), ErroreDB::UpdateSenzaAddNew);
+
+    // After AddNew and Update the cursor stays where it was; the new row is the last modified.
+    c.AddNew();
+    EXPECT_EQ(c.Modo(), ModoModifica::Aggiunta);
+    c.Imposta("cFusi", 20);
+    c.Imposta("Anno", 1950);
+    c.Imposta("Mese", 4);
+    c.Imposta("Day", 10);
+    c.Imposta("fH_h", "bN");
+    EXPECT_EQ(c.Campo("fH_h").Testo(), "bN"); // reads the row being written
+    c.Update();
+    EXPECT_EQ(Su(c), "b1");
+    EXPECT_EQ(c.RecordCount(), 7);
+    c.MoveNext();
+    EXPECT_EQ(Su(c), "bN");
+    c.VaiA(c.UltimoModificato());
+    EXPECT_EQ(Su(c), "bN");
+
+    // An Edit that changes the key moves the row in the index order, and the cursor with it.
+    c.Edit();
+    c.Imposta("cFusi", 5);
+    c.Update();
+    EXPECT_EQ(Su(c), "bN");
+    c.MoveNext();
+    EXPECT_EQ(Su(c), "a1");
+
+    // A cancelled change writes nothing; a move abandons a pending one.
+    c.Edit();
+    c.Imposta("fH_h", "zz");
+    c.CancelUpdate();
+    EXPECT_EQ(Su(c), "a1");
+    c.AddNew();
+    c.MoveFirst();
+    EXPECT_EQ(c.Modo(), ModoModifica::Nessuno);
+    EXPECT_EQ(c.RecordCount(), 7);
+}
+
+TEST_F(Liste, FieldRulesOnWrite) {
+    Cursore c(db, "Fusi");
+    EXPECT_EQ(NumeroErrore([&] { c.Campo("Nessuno"); }), ErroreDB::ElementoNonTrovato);
+    c.AddNew();
+    EXPECT_EQ(NumeroErrore([&] { c.Imposta("Anno", "19x0"); }), ErroreDB::ConversioneNonValida);
+    EXPECT_EQ(NumeroErrore([&] { c.Imposta("Anno", 40000); }), ErroreDB::OverflowNumerico);
+    c.Imposta("Anno", "1950,4"); // a number written as text, with the decimal comma
+    EXPECT_EQ(c.Campo("anno").Intero(), 1950);
+    c.Imposta("fH_h", "");
+    EXPECT_EQ(NumeroErrore([&] { c.Update(); }), ErroreDB::LunghezzaZero);
+    c.Imposta("fH_h", "-10:30");
+    EXPECT_EQ(NumeroErrore([&] { c.Update(); }), ErroreDB::CampoTroppoPiccolo);
+    c.Imposta("fH_h", "-1è"); // the size counts characters
+    c.Update();
+    c.MoveFirst();
+    EXPECT_EQ(c.Campo("fH_h").Testo(), "-1è");
+    EXPECT_TRUE(c.Campo("cFusi").Nullo()); // a field never set is null, read as empty or 0
+    EXPECT_EQ(c.Campo("cFusi").Testo(), "");
+    EXPECT_EQ(c.Campo("cFusi").Numero(), 0);
+}
+
+TEST_F(Liste, UniqueIndexRefusesADuplicateKey) {
+    db.CreaIndice("Fusi", "Unico", {"cFusi"}, true);
+    Aggiungi(1, 1900, 1, 1, "a");
+    EXPECT_EQ(NumeroErrore([&] { Aggiungi(1, 1950, 1, 1, "b"); }), ErroreDB::ChiaveDuplicata);
+    Cursore c(db, "Fusi");
+    EXPECT_EQ(c.RecordCount(), 1);
+}
+
+TEST_F(Liste, OtherCursorsWritesShow) {
+    Riempi();
+    Cursore a(db, "Fusi");
+    a.Index("iFusi");
+    a.Seek("=", 10); // on a1, with a2 and a3 read ahead after the first move
+    a.MoveNext();
+    EXPECT_EQ(Su(a), "a2");
+    // Through the same Database: shown at the next move.
+    Aggiungi(10, 1945, 1, 1, "aX");
+    a.MoveNext();
+    EXPECT_EQ(Su(a), "aX");
+
+    // Through another connection to the file: shown after Refresh.
+    Database altro(db.Percorso());
+    Cursore b(altro, "Fusi");
+    b.AddNew();
+    b.Imposta("cFusi", 10);
+    b.Imposta("Anno", 1960);
+    b.Imposta("fH_h", "aY");
+    b.Update();
+    a.Refresh();
+    EXPECT_EQ(a.RecordCount(), 8);
+    a.MoveNext();
+    EXPECT_EQ(Su(a), "aY");
+    // A current row deleted elsewhere reads as deleted after Refresh.
+    b.Index("iFusi");
+    b.Seek("=", 10, 1960);
+    b.Delete();
+    a.Refresh();
+    EXPECT_EQ(NumeroErrore([&] { a.Campo("fH_h"); }), ErroreDB::RecordEliminato);
+    a.MoveNext();
+    EXPECT_EQ(Su(a), "a3");
+}
+
+TEST_F(Liste, TransactionUndoesWrites) {
+    Riempi();
+    db.IniziaTransazione();
+    Aggiungi(40, 2001, 1, 1, "d1");
+    Cursore c(db, "Fusi");
+    EXPECT_EQ(c.RecordCount(), 7);
+    db.AnnullaTransazione();
+    EXPECT_EQ(c.RecordCount(), 6);
+}
+
+// Place names: the type-ahead ignores case and accents, never blanks.
+class Nomi : public ::testing::Test {
+protected:
+    void SetUp() override {
+        db.Crea(dir / "nomi.mdb");
+        db.CreaTabella("AllCity", {{"cCity", TipoCampo::Intero32}, {"City", TipoCampo::Testo, 30}},
+                       {{"indCity", {"City"}}, {"IcCityCity", {"cCity", "City"}}});
+        Cursore c(db, "AllCity");
+        for (auto [naz, nome] : std::vector<std::pair<int, const char*>>{{1, "Città di Castello"},
+                                                                         {1, "Cittadella"},
+                                                                         {2, "Zürich"},
+                                                                         {2, "zug"},
+                                                                         {3, "München"},
+                                                                         {1, "Roma "},
+                                                                         {4, "Ålesund"},
+                                                                         {5, "Aachen"},
+                                                                         {1, "Città"},
+                                                                         {6, "STRASSE"},
+                                                                         {6, "Straße"}}) {
+            c.AddNew();
+            c.Imposta("cCity", naz);
+            c.Imposta("City", nome);
+            c.Update();
+        }
+    }
+    test::Cartella dir;
+    Database db;
+};
+
+TEST_F(Nomi, TypeAheadIgnoresCaseAndAccents) {
+    Cursore c(db, "AllCity");
+    c.Index("indCity");
+    c.Seek(">=", "citta");
+    EXPECT_EQ(c.Campo("City").Testo(), "Città");
+    c.Seek(">=", "CITTA D");
+    EXPECT_EQ(c.Campo("City").Testo(), "Città di Castello");
+    c.Seek("=", "munchen");
+    EXPECT_EQ(c.Campo("City").Testo(), "München");
+    c.Seek("=", "Citta\xCC\x80"); // the accent as a combining mark
+    EXPECT_EQ(c.Campo("City").Testo(), "Città");
+    c.Seek(">=", "zu");
+    EXPECT_EQ(c.Campo("City").Testo(), "zug");
+    c.Seek("=", "strasse"); // "ß" counts as "ss": both spellings tie, in the order added
+    EXPECT_EQ(c.Campo("City").Testo(), "STRASSE");
+    c.MoveNext();
+    EXPECT_EQ(c.Campo("City").Testo(), "Straße");
+    // Blanks count: a padded name is another key.
+    c.Seek("=", "Roma");
+    EXPECT_TRUE(c.NoMatch());
+    c.Seek("=", "roma ");
+    EXPECT_FALSE(c.NoMatch());
+    // Two keys: nation, then the name's beginning.
+    c.Index("IcCityCity");
+    c.Seek(">=", 2, "ZUR");
+    EXPECT_EQ(c.Campo("City").Testo(), "Zürich");
+    c.Seek(">=", 1, "");
+    EXPECT_EQ(c.Campo("City").Testo(), "Città");
+}
+
+TEST_F(Nomi, OrderIsAlphabeticalWithoutCaseOrAccents) {
+    Cursore c(db, "AllCity");
+    c.Index("indCity");
+    std::vector<std::string> nomi;
+    for (; !c.Eof(); c.MoveNext())
+        nomi.push_back(c.Campo("City").Testo());
+    std::vector<std::string> attesi{"Aachen",     "Ålesund", "Città", "Città di Castello",
+                                    "Cittadella", "München", "Roma ", "STRASSE",
+                                    "Straße",     "zug",     "Zürich"};
+    EXPECT_EQ(nomi, attesi);
+}
+
+TEST_F(Nomi, SqlCursorIsASnapshot) {
+    Cursore q = Cursore::Sql(db, "SELECT City, cCity FROM AllCity WHERE City = 'citta' OR "
+                                 "cCity = 6 ORDER BY City");
+    EXPECT_EQ(q.RecordCount(), 3);
+    EXPECT_EQ(q.Campi(), (std::vector<std::string>{"City", "cCity"}));
+    EXPECT_EQ(q.Campo("City").Testo(), "Città");
+    q.MoveNext();
+    Segnalibro s = q.Bookmark();
+    q.MoveNext();
+    q.MoveNext();
+    EXPECT_TRUE(q.Eof());
+    q.VaiA(s);
+    EXPECT_EQ(q.Campo("cCity").Intero(), 6);
+    EXPECT_EQ(NumeroErrore([&] { q.Index("indCity"); }), ErroreDB::OperazioneNonSupportata);
+    EXPECT_EQ(NumeroErrore([&] { q.Seek("=", 1); }), ErroreDB::OperazioneNonSupportata);
+    EXPECT_EQ(NumeroErrore([&] { q.AddNew(); }), ErroreDB::SolaLettura);
+}
+
+} // namespace
+} // namespace vesmo

@@ -1,0 +1,219 @@
+// The database file: tables and indexes by name, statements, copying a table from another
+// file, compaction, and the text folding behind the indexes.
+#include "core/store/Chiave.h"
+#include "core/store/Cursore.h"
+#include "tests/core/store/Cartella.h"
+
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <iterator>
+
+namespace vesmo {
+namespace {
+
+namespace fs = std::filesystem;
+
+int NumeroErrore(auto&& f) {
+    try {
+        f();
+    } catch (const ErroreDB& e) {
+        return e.Numero();
+    }
+    return 0;
+}
+
+std::string Contenuto(const fs::path& file) {
+    std::ifstream in(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(in), std::istreambuf_iterator<char>()};
+}
+
+const std::vector<DefCampo> CampiArchivio{
+    {"Nome", TipoCampo::Testo, 30},    {"City", TipoCampo::Testo, 30},
+    {"Nazione", TipoCampo::Testo, 38}, {"Day", TipoCampo::Doppio},
+    {"OraL", TipoCampo::Doppio},       {"Cmto", TipoCampo::Memo, 0, true},
+    {"Anno", TipoCampo::Intero16},     {"Vivo", TipoCampo::Booleano},
+    {"Quando", TipoCampo::DataOra},    {"Piccolo", TipoCampo::Byte},
+    {"Codice", TipoCampo::Intero32},   {"Peso", TipoCampo::Singolo},
+};
+
+void Scrivi(Database& db, const std::string& tabella, const std::string& nome, double giorno) {
+    Cursore c(db, tabella);
+    c.AddNew();
+    c.Imposta("Nome", nome);
+    c.Imposta("Day", giorno);
+    c.Imposta("Cmto", "");
+    c.Update();
+}
+
+class File : public ::testing::Test {
+protected:
+    void SetUp() override {
+        db.Crea(dir / "Vesmodat.Mdb");
+        db.CreaTabella("Amici", CampiArchivio, {{"indNome", {"Nome"}}});
+        Scrivi(db, "Amici", "Anna", 2451545);
+        Scrivi(db, "Amici", "bruno", 2451546.5);
+        Scrivi(db, "Amici", "Carla", 2451547);
+    }
+    test::Cartella dir;
+    Database db;
+};
+
+TEST_F(File, OpenAndCreate) {
+    Database altro;
+    EXPECT_EQ(NumeroErrore([&] { altro.Apri(dir / "manca.mdb"); }), ErroreDB::FileNonTrovato);
+    EXPECT_FALSE(fs::exists(dir / "manca.mdb"));
+    EXPECT_EQ(NumeroErrore([&] { altro.Crea(db.Percorso()); }), ErroreDB::DatabaseEsistente);
+    altro.Apri(db.Percorso());
+    EXPECT_EQ(Cursore(altro, "amici").RecordCount(), 3);
+    altro.Chiudi();
+    EXPECT_FALSE(altro.Aperto());
+    EXPECT_EQ(NumeroErrore([&] { Cursore(db, "Nemici"); }), ErroreDB::TabellaNonTrovata);
+}
+
+TEST_F(File, TablesFieldsAndIndexesByName) {
+    db.CreaTabella("zeta", {{"x", TipoCampo::Intero32}});
+    db.CreaTabella("Beta", CampiArchivio,
+                   {{"indNome", {"Nome"}}, {"Chiave", {"Codice"}, true, true}});
+    EXPECT_EQ(db.Tabelle(), (std::vector<std::string>{"Amici", "Beta", "zeta"}));
+    EXPECT_TRUE(db.EsisteTabella("BETA"));
+    EXPECT_EQ(db.Campi("Beta"), CampiArchivio);
+    // The same index name on two tables; names of indexes ignore case.
+    EXPECT_EQ(db.Indici("Beta"),
+              (std::vector<DefIndice>{{"Chiave", {"Codice"}, true, true}, {"indNome", {"Nome"}}}));
+    EXPECT_TRUE(db.EsisteIndice("Amici", "INDNOME"));
+    EXPECT_EQ(NumeroErrore([&] {
+                  db.CreaTabella("ZETA", {{"y", TipoCampo::Doppio}});
+              }),
+              ErroreDB::TabellaEsistente);
+    EXPECT_EQ(NumeroErrore([&] { db.CreaIndice("Beta", "INDNOME", {"City"}); }),
+              ErroreDB::IndiceEsistente);
+    EXPECT_EQ(NumeroErrore([&] { db.CreaIndice("Beta", "iX", {"Manca"}); }),
+              ErroreDB::ElementoNonTrovato);
+
+    db.EliminaIndice("Amici", "indNome");
+    Cursore c(db, "Amici");
+    EXPECT_EQ(NumeroErrore([&] { c.Index("indNome"); }), ErroreDB::IndiceNonValido);
+    EXPECT_EQ(NumeroErrore([&] { db.EliminaIndice("Amici", "indNome"); }),
+              ErroreDB::ElementoNonTrovato);
+    db.EliminaTabella("zeta");
+    EXPECT_FALSE(db.EsisteTabella("zeta"));
+    EXPECT_EQ(NumeroErrore([&] { db.EliminaTabella("zeta"); }), ErroreDB::TabellaNonTrovata);
+    // A table with a failing index is not created at all.
+    db.CreaTabella("Doppi", {{"n", TipoCampo::Intero32}});
+    EXPECT_EQ(NumeroErrore([&] {
+                  db.CreaTabella("Tripli", {{"n", TipoCampo::Intero32}}, {{"i", {"manca"}}});
+              }),
+              ErroreDB::ElementoNonTrovato);
+    EXPECT_FALSE(db.EsisteTabella("Tripli"));
+}
+
+TEST_F(File, StatementsReturnRecordsAffected) {
+    EXPECT_EQ(db.Esegui("UPDATE Amici SET Anno = 1990 WHERE Day > 2451545"), 2);
+    EXPECT_EQ(db.Esegui("DELETE FROM Amici WHERE Nome = 'BRUNO'"), 1); // text ignores case
+    EXPECT_EQ(Cursore(db, "Amici").RecordCount(), 2);
+    EXPECT_EQ(NumeroErrore([&] { db.Esegui("SELEC nonsense"); }), ErroreDB::ErroreMotore);
+}
+
+TEST_F(File, SelectIntoFromAnotherFile) {
+    Database altro;
+    altro.Crea(dir / "AstDbTmp.mdb");
+    altro.CreaTabella("Compleanni", CampiArchivio, {{"indNome", {"Nome"}}});
+    Scrivi(altro, "Compleanni", "Dario", 2440000);
+    Scrivi(altro, "Compleanni", "Elena", 2440001);
+    altro.Chiudi();
+
+    std::string sql =
+        "select * into Compleanni from [;database=" + (dir / "AstDbTmp.mdb").string() +
+        "].Compleanni";
+    EXPECT_EQ(db.Esegui(sql), 2);
+    EXPECT_EQ(db.Campi("Compleanni"), CampiArchivio);
+    EXPECT_TRUE(db.Indici("Compleanni").empty()); // indexes are the caller's to copy
+    Cursore c(db, "Compleanni");
+    EXPECT_EQ(c.Campo("Nome").Testo(), "Dario");
+    EXPECT_EQ(c.Campo("Day").Numero(), 2440000);
+    EXPECT_EQ(NumeroErrore([&] { db.Esegui(sql); }), ErroreDB::TabellaEsistente);
+    EXPECT_EQ(
+        NumeroErrore([&] { db.SelectIntoDaAltroFile("Nuova", dir / "AstDbTmp.mdb", "Manca"); }),
+        ErroreDB::TabellaNonTrovata);
+    EXPECT_EQ(NumeroErrore([&] { db.SelectIntoDaAltroFile("Nuova", dir / "manca.mdb", "X"); }),
+              ErroreDB::FileNonTrovato);
+    EXPECT_FALSE(fs::exists(dir / "manca.mdb"));
+    EXPECT_FALSE(db.EsisteTabella("Nuova"));
+}
+
+TEST_F(File, CompactionCopiesTablesAndIndexes) {
+    db.Esegui("DELETE FROM Amici WHERE Nome = 'Anna'");
+    db.Chiudi();
+    fs::path neo = dir / "Neo_Vesmodat.mdb";
+    Database::Compatta(dir / "Vesmodat.Mdb", neo);
+    Database copia(neo);
+    Cursore c(copia, "Amici");
+    c.Index("indNome");
+    c.Seek("=", "BRUNO");
+    EXPECT_EQ(c.Campo("Nome").Testo(), "bruno");
+    EXPECT_EQ(c.RecordCount(), 2);
+    c.Chiudi();
+    copia.Chiudi();
+
+    Database::CompattaSulPosto(dir / "Vesmodat.Mdb", dir / "lavoro.mdb");
+    EXPECT_FALSE(fs::exists(dir / "lavoro.mdb"));
+    Database dopo(dir / "Vesmodat.Mdb");
+    EXPECT_EQ(Cursore(dopo, "Amici").RecordCount(), 2);
+}
+
+TEST_F(File, FailedCompactionKeepsTheSourceWhole) {
+    db.Chiudi();
+    fs::path sorgente = dir / "Vesmodat.Mdb";
+    std::string prima = Contenuto(sorgente);
+    // A target that exists is left alone.
+    std::ofstream(dir / "Neo_Vesmodat.mdb") << "non toccare";
+    EXPECT_EQ(NumeroErrore([&] { Database::Compatta(sorgente, dir / "Neo_Vesmodat.mdb"); }),
+              ErroreDB::DatabaseEsistente);
+    EXPECT_EQ(Contenuto(dir / "Neo_Vesmodat.mdb"), "non toccare");
+    // A target in a folder that does not exist cannot be written.
+    fs::path irraggiungibile = dir / "manca" / "Neo_Vesmodat.mdb";
+    EXPECT_NE(NumeroErrore([&] { Database::Compatta(sorgente, irraggiungibile); }), 0);
+    EXPECT_NE(NumeroErrore([&] { Database::CompattaSulPosto(sorgente, irraggiungibile); }), 0);
+    EXPECT_FALSE(fs::exists(irraggiungibile));
+    EXPECT_EQ(Contenuto(sorgente), prima);
+    Database ancora(sorgente);
+    EXPECT_EQ(Cursore(ancora, "Amici").RecordCount(), 3);
+}
+
+TEST(Chiave, FoldsCaseAndAccentsOnly) {
+    using store_detail::PiegaTesto;
+    EXPECT_EQ(PiegaTesto("Città"), "citta");
+    EXPECT_EQ(PiegaTesto("ÀÉÎÕÜ àéîõü Ç ñ"), "aeiou aeiou c n");
+    EXPECT_EQ(PiegaTesto("Straße Œuvre Æbeltoft Łódź Ștefănești"),
+              "strasse oeuvre aebeltoft lodz stefanesti");
+    EXPECT_EQ(PiegaTesto("Αθήνα МОСКВА"), "αθήνα москва");
+    EXPECT_EQ(PiegaTesto("Roma  (RM) 1-2"), "roma  (rm) 1-2");
+    EXPECT_EQ(PiegaTesto("Citt\xE0"), "citta"); // a Latin-1 byte outside UTF-8
+    EXPECT_EQ(PiegaTesto("e\xCC\x81"), "e");    // a combining accent
+}
+
+TEST(Chiave, EncodedKeysKeepTheOrderOfValues) {
+    using namespace store_detail;
+    auto k = [](std::vector<Valore> v) {
+        std::string s;
+        for (const Valore& x : v)
+            CodificaValore(s, x);
+        return s;
+    };
+    // Null first, then numbers (whole and decimal together), then texts.
+    std::vector<std::vector<Valore>> ordine{{Valore()}, {-1e300}, {-2},     {-1.5}, {0},
+                                            {0.25},     {1},      {1.5},    {2},    {1e300},
+                                            {""},       {"a"},    {"a", 5}, {"ab"}, {"b"}};
+    for (std::size_t i = 0; i + 1 < ordine.size(); ++i)
+        EXPECT_LT(k(ordine[i]), k(ordine[i + 1])) << i;
+    EXPECT_EQ(k({-0.0}), k({0}));
+    EXPECT_EQ(k({2}), k({2.0}));
+    // Leading fields compare first whatever follows them.
+    EXPECT_LT(k({"a", 9}), k({"a\x01", 1}));
+    EXPECT_LT(k({1, "zzz"}), k({2, ""}));
+    EXPECT_EQ(SuccessorePrefisso("ab\xFF\xFF"), "ac");
+}
+
+} // namespace
+} // namespace vesmo
