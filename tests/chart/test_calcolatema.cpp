@@ -145,3 +145,36 @@ TEST(CalcolaTema, SelettoreRiempieSoloIlPianetaScelto) {
     EXPECT_EQ(n.NodoLuna, tutto.NodoLuna);
     EXPECT_EQ(n.Venere, Posizione{});
 }
+
+TEST(CalcolaTema, MotoAttraversoZeroGradi) {
+    // Days on which Mercury, Venus or Mars pass 0° Aries: forward they stay direct, and a body
+    // going back across 0° is retrograde.
+    int avanti = 0, indietro = 0;
+    for (double jd = 2440000.5; jd < 2455000.5 && (avanti < 3 || indietro < 1); jd += 1) {
+        for (int n : {NumMercurio, NumVenere, NumMarte}) {
+            Tema t = Padova(2000, 1, 1, 0);
+            t.Day = jd;
+            t.OraL = 1; // 0h at Greenwich
+            Case c;
+            Posizioni p, domani;
+            MessaggiRegistrati m;
+            CalcoloCase(t, c, p, 1, m);
+            CalcolaTema(t, c, p, 1, static_cast<std::int16_t>(n), m, false);
+            t.Day += 1;
+            CalcolaTema(t, c, domani, 1, static_cast<std::int16_t>(n), m, false);
+            const Posizione Posizioni::*campo = n == NumMercurio ? &Posizioni::Mercurio
+                                                : n == NumVenere ? &Posizioni::Venere
+                                                                 : &Posizioni::Marte;
+            double l0 = (p.*campo).Lo, l1 = (domani.*campo).Lo;
+            if (l0 >= 358 && l1 <= 2) {
+                EXPECT_EQ((p.*campo).Mv, 0) << "jd " << jd << " pianeta " << n;
+                ++avanti;
+            } else if (l0 <= 2 && l1 >= 358) {
+                EXPECT_EQ((p.*campo).Mv, -1) << "jd " << jd << " pianeta " << n;
+                ++indietro;
+            }
+        }
+    }
+    EXPECT_GE(avanti, 3);
+    EXPECT_GE(indietro, 1);
+}
