@@ -263,7 +263,7 @@ ZonaTzif LeggiTzif(std::string_view b, int annoFine) {
             std::int64_t annoUltimo = 1970;
             if (ultimo != Periodo::Sempre) {
                 int m, g;
-                CivileDaGiorni(ultimo / 86400, annoUltimo, m, g);
+                CivileDaGiorni(ultimo / 86400 - (ultimo % 86400 < 0), annoUltimo, m, g);
             }
             for (std::int64_t a = annoUltimo - 1; a <= annoFine; ++a)
                 for (const Periodo& c : CambiDellAnno(r, static_cast<int>(a)))

@@ -1,0 +1,148 @@
+#include "places/CostruzioneLuoghi.h"
+
+#include <algorithm>
+#include <numeric>
+#include <set>
+
+#include "core/Testo.h"
+#include "core/store/Cursore.h"
+#include "places/Schema.h"
+#include "places/Tzif.h"
+
+namespace vesmo {
+
+std::map<std::string, std::int32_t> CodiciZone(const std::vector<LuogoGeo>& luoghi) {
+    std::set<std::string> nomi;
+    for (const LuogoGeo& l : luoghi)
+        nomi.insert(l.zona);
+    std::map<std::string, std::int32_t> codici;
+    std::int32_t codice = 0;
+    for (const std::string& z : nomi)
+        codici[z] = ++codice;
+    return codici;
+}
+
+void ScriviNazioni(Database& db, const std::vector<NazioneIso>& nazioni) {
+    Cursore c(db, "Nazioni");
+    for (const NazioneIso& n : nazioni) {
+        c.AddNew();
+        c.Imposta("cNaz", n.cNaz);
+        c.Imposta("Nazione", PrimiCaratteri(n.nome, LarghezzaNazione));
+        c.Imposta("Spec", n.alpha2.empty() ? std::string(" ") : n.alpha2);
+        c.Update();
+    }
+}
+
+void ScriviStoria(Database& db, const StoriaZona& storia) {
+    Cursore f(db, "Fusi");
+    for (const RigaFusi& r : storia.fusi) {
+        f.AddNew();
+        f.Imposta("cFusi", r.cFusi);
+        f.Imposta("Day", r.Day);
+        f.Imposta("Mese", r.Mese);
+        f.Imposta("Anno", r.Anno);
+        f.Imposta("fH_h", r.fH_h);
+        f.Imposta("fH_m", r.fH_m);
+        f.Update();
+    }
+    Cursore e(db, "Estive");
+    for (const RigaEstive& r : storia.estive) {
+        e.AddNew();
+        e.Imposta("cEst", r.cEst);
+        e.Imposta("Day", r.Day);
+        e.Imposta("Mese", r.Mese);
+        e.Imposta("Anno", r.Anno);
+        e.Imposta("h", r.h);
+        e.Imposta("min", r.min);
+        e.Imposta("HE_h", r.HE_h);
+        e.Imposta("HE_m", r.HE_m);
+        e.Update();
+    }
+}
+
+std::size_t ScriviLuoghi(Database& db, const std::vector<LuogoGeo>& luoghi,
+                         const std::vector<std::string>& nomi,
+                         const std::map<std::string, std::int32_t>& codici,
+                         const std::map<std::string, std::int32_t>& cNaz) {
+    // Rows go in by nation and name, so that the file does not depend on the order of the dump.
+    std::vector<std::size_t> ordine(luoghi.size());
+    std::iota(ordine.begin(), ordine.end(), std::size_t{0});
+    std::sort(ordine.begin(), ordine.end(), [&](std::size_t a, std::size_t b) {
+        if (luoghi[a].paese != luoghi[b].paese) return luoghi[a].paese < luoghi[b].paese;
+        if (nomi[a] != nomi[b]) return nomi[a] < nomi[b];
+        return luoghi[a].id < luoghi[b].id;
+    });
+    Cursore c(db, "AllCity");
+    std::size_t scartati = 0;
+    for (std::size_t i : ordine) {
+        const LuogoGeo& l = luoghi[i];
+        auto naz = cNaz.find(l.paese);
+        auto zona = codici.find(l.zona);
+        if (naz == cNaz.end() || zona == codici.end()) {
+            ++scartati;
+            continue;
+        }
+        c.AddNew();
+        c.Imposta("cCity", naz->second);
+        c.Imposta("City", nomi[i]);
+        c.Imposta("Lon", -l.lon / 15.0); // hours, west positive
+        c.Imposta("Lat", l.lat);
+        c.Imposta("cFusi", zona->second);
+        c.Imposta("cEst", zona->second);
+        c.Update();
+    }
+    return scartati;
+}
+
+RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
+                                              const std::filesystem::path& destinazione) {
+    RiepilogoCostruzione r;
+    std::vector<NazioneIso> nazioni = LeggiFileNazioniIso(fonti.nazioni.string());
+    for (const NazioneIso& n : NazioniFuoriIso())
+        nazioni.push_back(n);
+    std::sort(nazioni.begin(), nazioni.end(),
+              [](const NazioneIso& a, const NazioneIso& b) { return a.cNaz < b.cNaz; });
+    std::map<std::string, std::int32_t> cNaz;
+    for (const NazioneIso& n : nazioni)
+        cNaz[n.alpha2] = n.cNaz;
+
+    std::size_t illeggibili = 0;
+    const std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(fonti.cities.string(), &illeggibili);
+    const std::vector<std::string> nomi = NomiLuoghi(luoghi);
+    const std::map<std::string, std::int32_t> codici = CodiciZone(luoghi);
+
+    // The zone histories first: a zone that cannot be read stops the build.
+    std::vector<StoriaZona> storie;
+    for (const auto& [zona, codice] : codici) {
+        const ZonaTzif z = LeggiFileTzif((fonti.zoneinfo / zona).string(), fonti.annoFine);
+        storie.push_back(StoriaDaPeriodi(z.periodi, codice));
+    }
+
+    std::filesystem::path lavoro = destinazione;
+    lavoro += ".nuovo";
+    std::filesystem::remove(lavoro);
+    if (!destinazione.parent_path().empty())
+        std::filesystem::create_directories(destinazione.parent_path());
+    {
+        Database db;
+        db.Crea(lavoro);
+        CreaSchemaLuoghi(db);
+        db.IniziaTransazione();
+        ScriviNazioni(db, nazioni);
+        for (const StoriaZona& s : storie) {
+            ScriviStoria(db, s);
+            r.righeFusi += s.fusi.size();
+            r.righeEstive += s.estive.size();
+        }
+        r.scartati = ScriviLuoghi(db, luoghi, nomi, codici, cNaz) + illeggibili;
+        db.ConfermaTransazione();
+        db.Chiudi();
+    }
+    std::filesystem::rename(lavoro, destinazione);
+    r.nazioni = nazioni.size();
+    r.luoghi = luoghi.size() + illeggibili - r.scartati;
+    r.zone = codici.size();
+    return r;
+}
+
+} // namespace vesmo

@@ -1,0 +1,49 @@
+// Building the place tables of Vesmodat.Mdb from the raw data: nations from ISO 3166-1,
+// places from GeoNames, and for each IANA zone that a place uses one Fusi list and one Estive
+// list with the same code.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <filesystem>
+#include <map>
+#include <string>
+#include <vector>
+
+#include "core/store/Database.h"
+#include "places/FontiLuoghi.h"
+#include "places/StoriaZona.h"
+
+namespace vesmo {
+
+struct FontiCostruzione {
+    std::filesystem::path cities;  // GeoNames cities1000.txt
+    std::filesystem::path nazioni; // iso-codes' iso_3166-1.json
+    std::filesystem::path zoneinfo = "/usr/share/zoneinfo";
+    int annoFine = 2100; // summer-time rules are carried on to the end of this year
+};
+
+struct RiepilogoCostruzione {
+    std::size_t nazioni = 0, luoghi = 0, zone = 0, righeFusi = 0, righeEstive = 0;
+    std::size_t scartati = 0; // GeoNames lines unread, or of a nation without an ISO code
+};
+
+// The code of each zone: the zones in name order, numbered from 1.
+std::map<std::string, std::int32_t> CodiciZone(const std::vector<LuogoGeo>& luoghi);
+
+// Writes rows into the tables of an open database (the schema must exist).
+void ScriviNazioni(Database& db, const std::vector<NazioneIso>& nazioni);
+void ScriviStoria(Database& db, const StoriaZona& storia);
+// Places with their table names; `codici` gives each zone's code, `cNaz` each nation's code by
+// its alpha-2 letters. Returns the places left out for want of a nation.
+std::size_t ScriviLuoghi(Database& db, const std::vector<LuogoGeo>& luoghi,
+                         const std::vector<std::string>& nomi,
+                         const std::map<std::string, std::int32_t>& codici,
+                         const std::map<std::string, std::int32_t>& cNaz);
+
+// Builds the whole file `destinazione` (replaced if it exists): the work is done in a file
+// beside it, which takes its place only when complete. The same sources give the same file.
+RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
+                                              const std::filesystem::path& destinazione);
+
+} // namespace vesmo

@@ -1,0 +1,443 @@
+#include "places/ModelloLuoghi.h"
+
+#include <cctype>
+#include <cmath>
+#include <cstdio>
+
+#include "core/Aritmetica.h"
+#include "core/Testo.h"
+
+namespace vesmo {
+
+namespace {
+
+// A change counts as in force when its moment, less this part of a day, is not later than the
+// wanted moment.
+constexpr double Tolleranza = 0.00001;
+// Date serial of Julian day 0h: serial = JD - 2415018.5.
+constexpr double OrigineSeriale = 2415018.5;
+constexpr double UnOra = 1.0 / 24.0;
+
+std::string Maiuscole(std::string s) {
+    for (char& c : s)
+        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
+    return s;
+}
+
+// The wanted moment of the fields as a Julian day.
+double MomentoVoluto(const Tema& tema) {
+    return tema.Day + tema.OraL / 24.0;
+}
+
+bool NonAncoraInVigore(double momentoRiga, double voluto) {
+    return momentoRiga - Tolleranza > voluto;
+}
+
+std::int32_t Intero(const Cursore& c, std::string_view campo) {
+    return static_cast<std::int32_t>(c.Campo(campo).Intero());
+}
+
+} // namespace
+
+double ValoreTesto(std::string_view s) {
+    std::size_t i = 0;
+    while (i < s.size() && (s[i] == ' ' || s[i] == '\t'))
+        ++i;
+    std::string numero;
+    if (i < s.size() && (s[i] == '-' || s[i] == '+')) numero += s[i++];
+    bool cifre = false, punto = false;
+    for (; i < s.size(); ++i) {
+        const char c = s[i];
+        if (c >= '0' && c <= '9') {
+            numero += c;
+            cifre = true;
+        } else if (c == '.' && !punto) {
+            numero += c;
+            punto = true;
+        } else {
+            break;
+        }
+    }
+    if (!cifre) return 0;
+    return std::strtod(numero.c_str(), nullptr);
+}
+
+std::string TestoDataOra(double seriale) {
+    const double giorni = Fix(seriale);
+    const double frazione = std::fabs(seriale - giorni);
+    long secondi = std::lround(frazione * 86400.0);
+    double giorno = giorni;
+    if (secondi >= 86400) {
+        secondi -= 86400;
+        giorno += seriale < 0 ? -1 : 1;
+    }
+    char ora[32];
+    std::snprintf(ora, sizeof ora, "%02ld:%02ld:%02ld", secondi / 3600, (secondi / 60) % 60,
+                  secondi % 60);
+    if (giorno == 0) return ora;
+    float a, m, g;
+    DataDaGiuliano(giorno + OrigineSeriale, a, m, g);
+    char data[48];
+    std::snprintf(data, sizeof data, "%02d/%02d/%04d", static_cast<int>(g), static_cast<int>(m),
+                  static_cast<int>(a));
+    if (secondi == 0) return data;
+    return std::string(data) + " " + ora;
+}
+
+ModelloLuoghi::ModelloLuoghi(Database& d, Messaggi& m, char ord, FormIngresso f)
+    : db(d), messaggi(m), ordinamento(ord), form(f), Data1(d, "AllCity"), Data2(d, "Nazioni"),
+      Data3(d, "Fusi"), Data4(d, "Estive"), Data5(d, "Nazioni") {
+    const bool perCity = ordinamento != 'N';
+    Data1.Index(perCity ? "indCity" : "IcCityCity");
+    Data2.Index(perCity ? "IndCoNazi" : "IndNazioni");
+    Data3.Index("iFusi");
+    Data4.Index("IndEstiTbEstive");
+    Data5.Index("IndCoNazi");
+}
+
+void ModelloLuoghi::SeekFuso(std::int32_t cFusi, std::int32_t anno, std::int32_t mese) {
+    Data3.Seek("<=", cFusi, anno, mese);
+    fusiNoMatch_ = Data3.NoMatch();
+    if (!fusiNoMatch_) segnalibroFusi = Data3.Bookmark();
+}
+
+void ModelloLuoghi::CercaEstive(std::int32_t cEst, std::int32_t anno, std::int32_t mese) {
+    Data4.Seek("=", cEst, anno, mese);
+    estiveNoMatch_ = Data4.NoMatch();
+    if (!estiveNoMatch_) {
+        segnalibroEstive = Data4.Bookmark();
+        return; // the first row of that month
+    }
+    Data4.Seek("<=", cEst, anno, mese);
+    estiveNoMatch_ = Data4.NoMatch();
+    if (estiveNoMatch_) {
+        if (Data4.RecordCount() > 0) Data4.MoveFirst();
+        return;
+    }
+    const Segnalibro trovata = Data4.Bookmark();
+    Data4.MoveNext();
+    if (Data4.Eof()) {
+        Data4.MovePrevious();
+    } else if (Intero(Data4, "Anno") != anno) {
+        // No later change in the wanted year: the last change before it holds.
+        Data4.VaiA(trovata);
+    }
+    // Otherwise the first change later in the wanted year: CaricaTemaDaDB steps back over it.
+    segnalibroEstive = Data4.Bookmark();
+}
+
+void ModelloLuoghi::RiempiDati(Tema& tema) {
+    const double giorno = ValoreTesto(campi.Text3);
+    const double mese = ValoreTesto(campi.Text4);
+    const double anno = ValoreTesto(campi.Text5);
+    const double ora = ValoreTesto(campi.Text6);
+    const double minuti = ValoreTesto(campi.Text7);
+    tema.Nome = campi.Text1;
+    tema.City = Data1.Campo("City").Testo();
+    tema.cNaz = Intero(Data2, "cNaz");
+    tema.Stato = Data2.Campo("Nazione").Testo(); // null reads as ""
+    tema.Day = GiornoGiuliano(anno, mese, giorno);
+    tema.OraL = GradiDecimali(ora, minuti, 0);
+    tema.Lon = Data1.Campo("Lon").Numero();
+    tema.Lat = Data1.Campo("Lat").Numero();
+}
+
+void ModelloLuoghi::ImportaCity(Tema& tema) {
+    const auto anno = static_cast<std::int32_t>(ValoreTesto(campi.Text5));
+    const auto mese = static_cast<std::int32_t>(ValoreTesto(campi.Text4));
+    SeekFuso(Intero(Data1, "cFusi"), anno, mese);
+    CercaEstive(Intero(Data1, "cEst"), anno, mese);
+    CaricaTemaDaDB(tema);
+}
+
+void ModelloLuoghi::CaricaTemaDaDB(Tema& tema) {
+    const std::int32_t cFusi = Intero(Data1, "cFusi");
+    const std::int32_t cEst = Intero(Data1, "cEst");
+    if (cFusi > 10000 || cEst > 10000) {
+        if (cFusi == cEst) {
+            CaricaTemaDaUniti(tema);
+            return;
+        }
+        // Codes that differ: the ordinary tables, the status bar as it stands.
+    } else {
+        campi.Pannello2.clear();
+    }
+    campi.Label1Visibile = false;
+    campi.Text22Visibile = campi.Text23Visibile = true;
+
+    RiempiDati(tema);
+    const auto anno = static_cast<std::int32_t>(ValoreTesto(campi.Text5));
+    const auto mese = static_cast<std::int32_t>(ValoreTesto(campi.Text4));
+    const double voluto = MomentoVoluto(tema);
+
+    // Summer time.
+    if (estiveNoMatch_ && Data4.RecordCount() > 0) Data4.MoveFirst();
+    const bool suRiga = Data4.RecordCount() > 0 && !Data4.BOF() && !Data4.Eof();
+    if (!suRiga || Intero(Data4, "cEst") != cEst) {
+        // No list for this place, or one that begins later.
+        tema.Estiva = 0;
+        campi.Pannello2 = "Estive di  " + Maiuscole(SenzaSpazi(tema.Stato.Valore())) +
+                          " non disponibili" + " o con inizio posteriore al " + campi.Text3 + "/" +
+                          campi.Text4 + "/" + campi.Text5 + " ";
+    } else {
+        if (Intero(Data4, "Anno") != anno) {
+            campi.Pannello2 = " Anno " + campi.Text5 + " Estive Vuoto ";
+        } else {
+            const double momento =
+                GiornoGiuliano(Intero(Data4, "Anno"), Intero(Data4, "Mese"), Intero(Data4, "Day")) +
+                GradiDecimali(Intero(Data4, "h"), Intero(Data4, "min"), 0) / 24;
+            if (NonAncoraInVigore(momento, voluto)) Data4.MovePrevious();
+        }
+        // Before the first row of the table there is nothing: no summer time.
+        tema.Estiva =
+            Data4.BOF() ? 0.0 : GradiDecimali(Intero(Data4, "HE_h"), Intero(Data4, "HE_m"), 0);
+    }
+
+    tema.Lon = Data1.Campo("Lon").Numero();
+    tema.Lat = Data1.Campo("Lat").Numero();
+
+    // Zone.
+    if (fusiNoMatch_ && Data3.RecordCount() > 0) Data3.MoveFirst();
+    const bool suFuso = Data3.RecordCount() > 0 && !Data3.BOF() && !Data3.Eof();
+    if (!suFuso || Intero(Data3, "cFusi") != cFusi) {
+        const std::string nazione = SenzaSpazi(tema.Stato.Valore());
+        const Risposta r = messaggi.Mostra(
+            "Vesmo - Aggiornamenti",
+            "Non ci sono Fusi disponibili per la\nCity " + SenzaSpazi(tema.City.Valore()) + " di " +
+                nazione + "\n\nLMT impostata\n\nControllo / Aggiunta alla Tabella Fusi?\n",
+            Pulsanti::SiNo, Icona::Domanda);
+        if (r == Risposta::Si && ApriFusiEstive)
+            ApriFusiEstive(cFusi, "Vesmo - Fuso di   " + nazione);
+        tema.Fuso = tema.Lon;
+        campi.TagChkSolare = "Ok";
+    } else {
+        bool lmt = false;
+        const std::int32_t annoRiga = Intero(Data3, "Anno");
+        if (annoRiga > anno) {
+            lmt = true;
+        } else if (annoRiga == anno && Intero(Data3, "Mese") == mese) {
+            const double momento =
+                GiornoGiuliano(annoRiga, Intero(Data3, "Mese"), Intero(Data3, "Day"));
+            if (NonAncoraInVigore(momento, voluto)) {
+                Data3.MovePrevious();
+                if (Data3.BOF() || Intero(Data3, "cFusi") != cFusi) lmt = true;
+            }
+        }
+        if (lmt) {
+            tema.Fuso = tema.Lon;
+            campi.TagChkSolare = "Ok";
+        } else {
+            const std::string ore = Data3.Campo("fH_h").Testo();
+            const std::string minuti = Data3.Campo("fH_m").Testo();
+            tema.Fuso = GradiDecimali(ValoreTesto(ore), ValoreTesto(minuti), 0);
+            if (SenzaSpazi(ore) == "-" && ValoreTesto(minuti) > 0) tema.Fuso = -tema.Fuso;
+        }
+    }
+
+    // The nation cursor may have run away from the place.
+    if (Intero(Data1, "cCity") != tema.cNaz) {
+        if (segnalibroNazione) {
+            Data2.VaiA(*segnalibroNazione);
+            tema.cNaz = Intero(Data2, "cNaz");
+        }
+        if (Intero(Data1, "cCity") != tema.cNaz) ErroreNazione(tema);
+    }
+    tema.cFusi = cFusi;
+    tema.cEst = cEst;
+}
+
+void ModelloLuoghi::ErroreNazione(const Tema& tema) {
+    const bool lyx = form == FormIngresso::InDatiLyx;
+    if (ordinamento != 'N') {
+        messaggi.Mostra(lyx ? "Vesmo - Errori [frmInDatiLyx.CaricaTemaDaDB]" : "Vesmo - Errori",
+                        "Errore Importa City \n\nCNaz <> cCity \nvesmo@example.org\n", Pulsanti::Ok,
+                        Icona::Critico);
+        return;
+    }
+    std::string testo;
+    if (lyx) {
+        testo = "Tema.City = \n" + tema.City.str() + "\nTema.Stato = \n" + tema.Stato.str() +
+                "\nDb City = \n" + Data1.Campo("City").Testo() + "\nDB Stato = \n" +
+                Data2.Campo("Nazione").Testo() + "\nTemaX.cNaz = " + std::to_string(tema.cNaz) +
+                " <> " + "Data1.Recordset!cCity = " + std::to_string(Intero(Data1, "cCity")) + "\n";
+    }
+    testo += "Errore Importa Città\n\nCNaz <> cCity\n\nOrdinamento per Nazioni\nImpostare PRIMA "
+             "la Nazione\n--------------------------\nError: Import City\n\nCNaz <> cCity\n\nSet "
+             "Order by nation\nSet Nation, please\n";
+    messaggi.Mostra(lyx ? "Vesmo - Errori  [frmInDatiLyx.CaricaTemaDaDB]" : "Vesmo - Errori", testo,
+                    Pulsanti::Ok, Icona::Critico);
+}
+
+void ModelloLuoghi::CaricaTemaDaUniti(Tema& tema) {
+    messaggi.Occupato(true);
+    RiempiDati(tema);
+    tema.Fuso = 0;
+    tema.Estiva = 0;
+
+    Cursore uniti(db, "FusiEstiveUniti");
+    uniti.Index("indFusiEstUniti");
+    Cursore zone(db, "ZoneOrarie");
+    zone.Index("PrimaryKey");
+
+    const auto codice = static_cast<std::int16_t>(Intero(Data1, "cFusi"));
+    const double D = GiornoGiuliano(ValoreTesto(campi.Text5), ValoreTesto(campi.Text4),
+                                    ValoreTesto(campi.Text3)) -
+                     OrigineSeriale +
+                     (ValoreTesto(campi.Text6) * 60 + ValoreTesto(campi.Text7)) / 1440.0;
+
+    std::optional<double> precData;
+    std::int32_t precZona = 0;
+    double precDiff = 0, diff = 0;
+    std::string segno;
+    int colpi = 0;
+    bool fine = false, unaVolta = false;
+    const std::string city = SenzaSpazi(tema.City.Valore());
+
+    auto finito = [&uniti](std::int32_t lista) {
+        return uniti.Eof() || Intero(uniti, "TTN") != lista;
+    };
+
+    // Evaluates the current row of the list.
+    auto rigaUnita = [&]() {
+        const std::int32_t zzo = Intero(uniti, "ZZo");
+        zone.Seek("=", zzo);
+        segno = zone.Campo("plusmin").Testo().find('+') != std::string::npos ? " - " : " + ";
+        if (zzo != 138 && zzo != 139 && zzo != 140) {
+            const double z = zone.Campo("ZUnterschied").Numero();
+            diff = z - Fix(z);
+        } else {
+            const Segnalibro qui = zone.Bookmark();
+            zone.Seek("=", precZona);
+            if (zone.NoMatch()) {
+                diff = zzo == 139 ? UnOra : 0.0;
+            } else {
+                const std::string testo = zone.Campo("ZZonenText").Testo();
+                if (CercaSenzaCaso(testo, "Standard") != std::string::npos) {
+                    diff = zzo == 139 ? precDiff : precDiff - UnOra;
+                } else if (testo.find("Daylight") != std::string::npos ||
+                           testo.find("War") != std::string::npos) {
+                    diff = zzo == 139 ? precDiff + UnOra : precDiff;
+                }
+            }
+            zone.VaiA(qui);
+        }
+        const double wdata = uniti.Campo("wdata").Numero();
+        if (!precData && D < wdata) {
+            // The date lies before the list.
+            campi.Pannello2 = "Fusi/Estive di  " + city + "   " + "Posteriori al " +
+                              TestoDataOra(D) + "     " + "LMT Impostata";
+            ++colpi;
+            fine = true;
+            campi.TagChkSolare = "Ok";
+            return;
+        }
+        if (precData && *precData <= D && D < wdata) {
+            // The previous row holds.
+            tema.Fuso = precDiff * 24 * (segno == " - " ? -1 : 1);
+            ++colpi;
+        }
+        precData = wdata;
+        precZona = zzo;
+        precDiff = diff;
+    };
+
+    std::int32_t ttvTenuto = 0;
+    double wdataTenuta = 0;
+    Segnalibro segnalibro;
+
+    // Walks the referenced list up to the row that names it.
+    auto ramoPrima = [&]() {
+        uniti.Seek(">=", ttvTenuto);
+        while (!uniti.NoMatch() && !finito(ttvTenuto)) {
+            if (uniti.Campo("wdata").Numero() <= wdataTenuta) {
+                rigaUnita();
+                if (fine) return;
+                uniti.MoveNext();
+                if (finito(ttvTenuto)) {
+                    uniti.VaiA(segnalibro);
+                    return;
+                }
+            } else {
+                uniti.VaiA(segnalibro);
+                rigaUnita();
+                if (fine) return;
+                unaVolta = true;
+                return;
+            }
+        }
+        uniti.VaiA(segnalibro);
+    };
+
+    // Walks the referenced list after that row; true when a further list is to be followed.
+    auto ramoDopo = [&]() {
+        const std::int32_t lista = ttvTenuto;
+        uniti.Seek(">=", lista);
+        while (!uniti.NoMatch() && !finito(lista) && uniti.Campo("wdata").Numero() <= wdataTenuta)
+            uniti.MoveNext();
+        if (uniti.NoMatch() || finito(lista)) {
+            uniti.VaiA(segnalibro);
+            unaVolta = false;
+            return false;
+        }
+        while (true) {
+            if (Intero(uniti, "TTV") == 0) {
+                rigaUnita();
+                if (fine) return false;
+                uniti.MoveNext();
+                if (finito(lista)) {
+                    uniti.VaiA(segnalibro);
+                    unaVolta = false;
+                    return false;
+                }
+            } else {
+                rigaUnita();
+                if (fine) return false;
+                ttvTenuto = Intero(uniti, "TTV");
+                wdataTenuta = uniti.Campo("wdata").Numero();
+                return true;
+            }
+        }
+    };
+
+    uniti.Seek(">=", codice);
+    while (!uniti.NoMatch() && !finito(codice)) {
+        if (Intero(uniti, "TTV") == 0) {
+            rigaUnita();
+            if (fine) break;
+        } else {
+            segnalibro = uniti.Bookmark();
+            ttvTenuto = Intero(uniti, "TTV");
+            wdataTenuta = uniti.Campo("wdata").Numero();
+            if (!unaVolta) {
+                uniti.MoveNext();
+                if (finito(codice)) unaVolta = true;
+                uniti.VaiA(segnalibro);
+            }
+            if (unaVolta) {
+                rigaUnita();
+                if (fine) break;
+                while (ramoDopo()) {
+                }
+            } else {
+                ramoPrima();
+            }
+            if (fine) break;
+            uniti.VaiA(segnalibro);
+        }
+        uniti.MoveNext();
+    }
+    uniti.Chiudi();
+    zone.Chiudi();
+
+    if (colpi != 1) {
+        campi.Pannello2 = city + "  -  " + SenzaSpazi(tema.Stato.Valore()) +
+                          ".  Ultimo dato in DB: " + (precData ? TestoDataOra(*precData) : "") +
+                          ". [ Zona Oraria " + segno + TestoDataOra(precDiff) + "]  ";
+        tema.Fuso = precDiff * 24 * (segno == " - " ? -1 : 1);
+    }
+    messaggi.Occupato(false);
+    campi.Text22Visibile = campi.Text23Visibile = false;
+    campi.Label1Visibile = true;
+}
+
+} // namespace vesmo

@@ -1,0 +1,94 @@
+// The model of the two birth data entry forms (frmMainVesmo and frmInDatiLyx) as far as the
+// places go: the five cursors, the field texts that the zone and summer-time resolution reads
+// and writes, and the resolution itself (SeekFuso, CercaEstive, CaricaTemaDaDB,
+// CaricaTemaDaUniti). A form shows these fields in its controls; the tests and the command line
+// use them without windows.
+#pragma once
+
+#include <cstdint>
+#include <functional>
+#include <optional>
+#include <string>
+
+#include "core/Messaggi.h"
+#include "core/Tema.h"
+#include "core/store/Cursore.h"
+#include "core/store/Database.h"
+
+namespace vesmo {
+
+// The form whose model this is: the error boxes carry its name.
+enum class FormIngresso { MainVesmo, InDatiLyx };
+
+// The texts and states of the form's controls that the resolution touches.
+struct CampiIngresso {
+    std::string Text1;        // Nome
+    std::string Text3;        // day
+    std::string Text4;        // month
+    std::string Text5;        // year
+    std::string Text6;        // hour
+    std::string Text7;        // minute
+    std::string Pannello2;    // second panel of the status bar
+    std::string TagChkSolare; // "Ok" when local mean time was set
+    bool Label1Visibile = false;
+    bool Text22Visibile = true;
+    bool Text23Visibile = true;
+};
+
+class ModelloLuoghi {
+public:
+    // Opens the five cursors on the place tables of `db` with the indexes of the sort order:
+    // 'C' by city, 'N' by nation.
+    ModelloLuoghi(Database& db, Messaggi& messaggi, char ordinamento,
+                  FormIngresso form = FormIngresso::MainVesmo);
+
+    Database& db;
+    Messaggi& messaggi;
+    char ordinamento;
+    FormIngresso form;
+    CampiIngresso campi;
+
+    Cursore Data1; // AllCity
+    Cursore Data2; // Nazioni, the grid of nations
+    Cursore Data3; // Fusi
+    Cursore Data4; // Estive
+    Cursore Data5; // Nazioni by code
+
+    // The bookmarks the form keeps: the nation row, the Fusi row, the Estive row.
+    std::optional<Segnalibro> segnalibroNazione, segnalibroFusi, segnalibroEstive;
+
+    // Opens the table editor (frmFusiEstive) modally for a code, in zone mode, with a caption.
+    // Without a window it is left empty and nothing opens.
+    std::function<void(std::int32_t cFusi, const std::string& didascalia)> ApriFusiEstive;
+
+    // Seeks Fusi "<=" with the place's code, year and month, and keeps the row's bookmark.
+    void SeekFuso(std::int32_t cFusi, std::int32_t anno, std::int32_t mese);
+    // Places the Estive cursor for a code, year and month.
+    void CercaEstive(std::int32_t cEst, std::int32_t anno, std::int32_t mese);
+    // Reads the fields and the four cursors into the record: zone, summer time, coordinates.
+    void CaricaTemaDaDB(Tema& tema);
+    // The resolution on a combined list (FusiEstiveUniti with ZoneOrarie).
+    void CaricaTemaDaUniti(Tema& tema);
+
+    // The steps of Command4 before the display: SeekFuso and CercaEstive with the place's
+    // codes and the year and month of the fields, then CaricaTemaDaDB.
+    void ImportaCity(Tema& tema);
+
+private:
+    bool fusiNoMatch_ = true;
+    bool estiveNoMatch_ = true;
+
+    // The fields common to both resolutions (step 3 of CaricaTemaDaDB).
+    void RiempiDati(Tema& tema);
+    void ErroreNazione(const Tema& tema);
+};
+
+// The number at the start of a text, as a form box is read by value: blanks before it are
+// passed over, a sign and digits with a dot are read, the rest ignored ("12abc" 12, "-" 0).
+double ValoreTesto(std::string_view testo);
+
+// A date serial (days from 30 December 1899, the time of day as the fraction) as the system's
+// texts write it: "15/03/1950", "15/03/1950 10:30:00", or "01:00:00" for a bare time.
+std::string TestoDataOra(double seriale);
+
+} // namespace vesmo

@@ -1,0 +1,152 @@
+// Helpers of the places tests: a temporary folder, a TZif file written from a few periods, and
+// a small places database filled row by row.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <cstdint>
+#include <filesystem>
+#include <string>
+#include <unistd.h>
+#include <vector>
+
+#include "core/store/Cursore.h"
+#include "core/store/Database.h"
+#include "places/Schema.h"
+#include "places/Tzif.h"
+
+namespace vesmo::test {
+
+class CartellaLuoghi {
+public:
+    CartellaLuoghi() {
+        const auto* info = ::testing::UnitTest::GetInstance()->current_test_info();
+        percorso_ = std::filesystem::temp_directory_path() /
+                    (std::string("vesmo_luoghi_") + info->test_suite_name() + "_" + info->name() +
+                     "_" + std::to_string(::getpid()));
+        std::filesystem::remove_all(percorso_);
+        std::filesystem::create_directories(percorso_);
+    }
+    ~CartellaLuoghi() {
+        std::error_code ec;
+        std::filesystem::remove_all(percorso_, ec);
+    }
+    std::filesystem::path operator/(const std::string& file) const { return percorso_ / file; }
+
+private:
+    std::filesystem::path percorso_;
+};
+
+// Seconds from 1970 of a UTC date and time.
+inline std::int64_t Utc(int anno, int mese, int giorno, int ora = 0, int minuto = 0) {
+    return GiorniDaCivile(anno, mese, giorno) * 86400 + ora * 3600 + minuto * 60;
+}
+
+// The bytes of a TZif file of version 2: an empty 32-bit block, then the 64-bit data of the
+// given types and changes, then the footer rule.
+inline std::string ScriviTzif(const std::vector<TipoOra>& tipi,
+                              const std::vector<std::pair<std::int64_t, int>>& cambi,
+                              const std::string& regola, char versione = '2') {
+    auto u32 = [](std::string& s, std::uint32_t v) {
+        for (int k = 3; k >= 0; --k)
+            s += static_cast<char>((v >> (8 * k)) & 0xFF);
+    };
+    auto intestazione = [&](std::string& s, std::uint32_t timecnt, std::uint32_t typecnt,
+                            std::uint32_t charcnt) {
+        s += "TZif";
+        s += versione;
+        s += std::string(15, '\0');
+        u32(s, 0); // isutcnt
+        u32(s, 0); // isstdcnt
+        u32(s, 0); // leapcnt
+        u32(s, timecnt);
+        u32(s, typecnt);
+        u32(s, charcnt);
+    };
+    std::string abbr;
+    std::vector<std::uint32_t> indici;
+    for (const TipoOra& t : tipi) {
+        indici.push_back(static_cast<std::uint32_t>(abbr.size()));
+        abbr += t.abbr + '\0';
+    }
+    std::string s;
+    intestazione(s, 0, 1, 1);
+    s += std::string(6, '\0') + '\0'; // one type, one character
+    if (versione == '1') return s;
+    intestazione(s, static_cast<std::uint32_t>(cambi.size()),
+                 static_cast<std::uint32_t>(tipi.size()), static_cast<std::uint32_t>(abbr.size()));
+    for (const auto& c : cambi) {
+        const auto v = static_cast<std::uint64_t>(c.first);
+        u32(s, static_cast<std::uint32_t>(v >> 32));
+        u32(s, static_cast<std::uint32_t>(v & 0xFFFFFFFF));
+    }
+    for (const auto& c : cambi)
+        s += static_cast<char>(c.second);
+    for (std::size_t i = 0; i < tipi.size(); ++i) {
+        u32(s, static_cast<std::uint32_t>(tipi[i].utoff));
+        s += static_cast<char>(tipi[i].isdst ? 1 : 0);
+        s += static_cast<char>(indici[i]);
+    }
+    s += abbr;
+    s += "\n" + regola + "\n";
+    return s;
+}
+
+// A new database with the place tables and two nations (380 Italy, 124 Canada).
+inline Database DatabaseLuoghi(const std::filesystem::path& file) {
+    Database db;
+    db.Crea(file);
+    CreaSchemaLuoghi(db);
+    Cursore n(db, "Nazioni");
+    for (auto [codice, nome] : {std::pair{380, "Italy"}, std::pair{124, "Canada"}}) {
+        n.AddNew();
+        n.Imposta("cNaz", codice);
+        n.Imposta("Nazione", nome);
+        n.Imposta("Spec", " ");
+        n.Update();
+    }
+    return db;
+}
+
+inline void AggiungiCity(Database& db, int cNaz, const std::string& city, double lon, double lat,
+                         int cFusi, int cEst) {
+    Cursore c(db, "AllCity");
+    c.AddNew();
+    c.Imposta("cCity", cNaz);
+    c.Imposta("City", city);
+    c.Imposta("Lon", lon);
+    c.Imposta("Lat", lat);
+    c.Imposta("cFusi", cFusi);
+    c.Imposta("cEst", cEst);
+    c.Update();
+}
+
+inline void AggiungiFuso(Database& db, int codice, int g, int m, int a, const std::string& h,
+                         const std::string& min) {
+    Cursore c(db, "Fusi");
+    c.AddNew();
+    c.Imposta("cFusi", codice);
+    c.Imposta("Day", g);
+    c.Imposta("Mese", m);
+    c.Imposta("Anno", a);
+    c.Imposta("fH_h", h);
+    c.Imposta("fH_m", min);
+    c.Update();
+}
+
+inline void AggiungiEstiva(Database& db, int codice, int g, int m, int a, int h, int min, int heH,
+                           int heM) {
+    Cursore c(db, "Estive");
+    c.AddNew();
+    c.Imposta("cEst", codice);
+    c.Imposta("Day", g);
+    c.Imposta("Mese", m);
+    c.Imposta("Anno", a);
+    c.Imposta("h", h);
+    c.Imposta("min", min);
+    c.Imposta("HE_h", heH);
+    c.Imposta("HE_m", heM);
+    c.Update();
+}
+
+} // namespace vesmo::test

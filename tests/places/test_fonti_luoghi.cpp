@@ -1,0 +1,134 @@
+// The raw data of the places: GeoNames lines, the names the table gives them, the ISO nation
+// names, and the province marks that the entry form explains.
+#include <gtest/gtest.h>
+
+#include <map>
+#include <sstream>
+
+#include "core/Testo.h"
+#include "places/FontiLuoghi.h"
+#include "places/Province.h"
+
+namespace vesmo {
+namespace {
+
+const std::string Campione = std::string(VESMO_DATI_TEST) + "/places/cities-campione.txt";
+
+std::map<std::string, std::vector<std::string>> NomiPerGeoNames() {
+    const auto luoghi = LeggiFileLuoghiGeo(Campione);
+    const auto nomi = NomiLuoghi(luoghi);
+    std::map<std::string, std::vector<std::string>> m;
+    for (std::size_t i = 0; i < luoghi.size(); ++i)
+        m[luoghi[i].nome].push_back(nomi[i]);
+    return m;
+}
+
+TEST(FontiLuoghi, ReadsGeoNamesLinesAndSkipsBadOnes) {
+    std::size_t scartate = 0;
+    const auto luoghi = LeggiFileLuoghiGeo(Campione, &scartate);
+    EXPECT_EQ(luoghi.size(), 17u);
+    EXPECT_EQ(scartate, 2u);
+    const LuogoGeo& roma = *std::find_if(luoghi.begin(), luoghi.end(),
+                                         [](const LuogoGeo& l) { return l.nome == "Rome"; });
+    EXPECT_EQ(roma.id, 3169070);
+    EXPECT_DOUBLE_EQ(roma.lat, 41.89474);
+    EXPECT_DOUBLE_EQ(roma.lon, 12.4839);
+    EXPECT_EQ(roma.paese, "IT");
+    EXPECT_EQ(roma.admin1, "07");
+    EXPECT_EQ(roma.admin2, "RM");
+    EXPECT_EQ(roma.zona, "Europe/Rome");
+    EXPECT_THROW(LeggiFileLuoghiGeo("/nessun/file.txt"), ErroreFonte);
+}
+
+TEST(FontiLuoghi, SameNamesOfOneNationAreToldApart) {
+    auto m = NomiPerGeoNames();
+    // Italy: by province.
+    EXPECT_EQ(m["Vigonovo"], (std::vector<std::string>{"Vigonovo (PN)", "Vigonovo (VE)"}));
+    EXPECT_EQ(m["Solaro"], (std::vector<std::string>{"Solaro (MI)", "Solaro (PV)"}));
+    // China: two in one region, told apart by the latitude as well.
+    EXPECT_EQ(m["Zongzhai"], (std::vector<std::string>{"Zongzhai (15) 39N37", "Zongzhai (06)",
+                                                       "Zongzhai (15) 34N33"}));
+    // A name alone in its nation stays as it is; a long one is cut to 30 characters.
+    EXPECT_EQ(m["Rome"], (std::vector<std::string>{"Rome"}));
+    EXPECT_EQ(m["Sant'Andrea Apostolo dello Ionio"],
+              (std::vector<std::string>{"Sant'Andrea Apostolo dello Ion"}));
+    EXPECT_EQ(m["Pristina"], (std::vector<std::string>{"Pristina"}));
+}
+
+TEST(FontiLuoghi, CanadianAndAustralianPlacesCarryTheirProvince) {
+    auto m = NomiPerGeoNames();
+    EXPECT_EQ(m["Toronto"][0], "Toronto (ON)");
+    EXPECT_EQ(m["Vancouver"][0], "Vancouver (BC)");
+    EXPECT_EQ(m["Labrador City"][0], "Labrador City (L)");
+    EXPECT_EQ(m["Iqaluit"][0], "Iqaluit (NU)");
+    EXPECT_EQ(m["Sydney"][0], "Sydney (NS)");
+    EXPECT_EQ(m["Hobart"][0], "Hobart (T)");
+    EXPECT_EQ(m["Darwin"][0], "Darwin (NT)");
+    // And the entry form explains them.
+    EXPECT_EQ(TestoProvincia("Canada", m["Toronto"][0]), "(ON) = Ontario ");
+    EXPECT_EQ(TestoProvincia("Canada", m["Labrador City"][0]), "(L) = Labrador ");
+    EXPECT_EQ(TestoProvincia("Australia", m["Sydney"][0]), "(NS) = New South Wales ");
+    EXPECT_EQ(TestoProvincia("Australia", m["Darwin"][0]), "(NT) = Northern Territory ");
+}
+
+TEST(FontiLuoghi, AMarkSurvivesTheCutOfALongName) {
+    LuogoGeo l;
+    l.id = 1;
+    l.nome = "Saint-Jean-de-la-Lande-des-Ormeaux-Est";
+    l.paese = "CA";
+    l.admin1 = "10";
+    l.zona = "America/Toronto";
+    const auto nomi = NomiLuoghi({l});
+    EXPECT_EQ(nomi[0], "Saint-Jean-de-la-Lande-de (PQ)");
+    EXPECT_EQ(LunghezzaCaratteri(nomi[0]), 30u);
+}
+
+TEST(FontiLuoghi, ReadsIsoNations) {
+    const std::string json = R"({"3166-1": [
+        {"alpha_2": "IT", "alpha_3": "ITA", "name": "Italy", "numeric": "380",
+         "official_name": "Italian Republic"},
+        {"alpha_2": "CI", "name": "C\u00f4te d'Ivoire \"CI\"", "numeric": "384"},
+        {"alpha_2": "XX", "name": "No number"}
+    ]})";
+    const auto n = LeggiNazioniIso(json);
+    ASSERT_EQ(n.size(), 2u);
+    EXPECT_EQ(n[0].cNaz, 380);
+    EXPECT_EQ(n[0].nome, "Italy");
+    EXPECT_EQ(n[0].alpha2, "IT");
+    EXPECT_EQ(n[1].nome, "Côte d'Ivoire \"CI\"");
+    EXPECT_THROW(LeggiNazioniIso("{\"3166-1\": [ {\"name\": \"x\""), ErroreFonte);
+}
+
+TEST(FontiLuoghi, ReadsTheSystemIsoCodes) {
+    const auto n = LeggiFileNazioniIso("/usr/share/iso-codes/json/iso_3166-1.json");
+    std::map<std::string, std::pair<int, std::string>> per;
+    for (const auto& x : n)
+        per[x.alpha2] = {x.cNaz, x.nome};
+    EXPECT_EQ(per["IT"], (std::pair<int, std::string>{380, "Italy"}));
+    EXPECT_EQ(per["CA"], (std::pair<int, std::string>{124, "Canada"}));
+    EXPECT_EQ(per["AU"], (std::pair<int, std::string>{36, "Australia"}));
+    EXPECT_EQ(per["RU"], (std::pair<int, std::string>{643, "Russian Federation"}));
+    EXPECT_EQ(per.count("XK"), 0u);
+    EXPECT_EQ(NazioniFuoriIso()[0].alpha2, "XK");
+}
+
+TEST(Province, MarksOfCanadaAndAustralia) {
+    EXPECT_EQ(TestoProvincia("Canada", "Victoria (BC)"), "(BC) = British Columbia ");
+    EXPECT_EQ(TestoProvincia("Italy", "Victoria (BC)"), "");
+    EXPECT_EQ(TestoProvincia("CANADA", "Hull (PQ)"), "(PQ) = Quebec ");
+    // Bare letters anywhere in a Canadian name, case counting, first in the table's order.
+    EXPECT_EQ(TestoProvincia("Canada", "BONAVISTA (NF)"), "(ON) = Ontario ");
+    EXPECT_EQ(TestoProvincia("Canada", "Halifax (ns)"), "");
+    EXPECT_EQ(TestoProvincia("Canada", "Dawson (YK)"), "(YK) = Yukon ");
+    // Australia: brackets, case counting except for (NT).
+    EXPECT_EQ(TestoProvincia("Australia", "Albury (ns)"), "");
+    EXPECT_EQ(TestoProvincia("Australia", "Alice Springs (nt)"), "(NT) = Northern Territory ");
+    EXPECT_EQ(TestoProvincia("Australia", "Perth (W)"), "(W) = Western ");
+    EXPECT_EQ(TestoProvincia("Australia", "Flying Fish Cove (CI)"), "(CI) = Christmas Island ");
+    EXPECT_EQ(TestoProvincia("Australia", "Canberra (CT)"), "(CT) = Capital Territory ");
+    EXPECT_EQ(TestoProvincia("Australia", "Perth"), "");
+    EXPECT_EQ(TestoProvincia("", "Toronto (ON)"), "");
+}
+
+} // namespace
+} // namespace vesmo

@@ -1,0 +1,156 @@
+// Reading zone files: the TZif format, the footer rule carried on to later years, and the
+// calendar of the rules, checked against the C library reading the same rule.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <ctime>
+
+#include "places/Tzif.h"
+#include "tests/places/AiutoLuoghi.h"
+
+namespace vesmo {
+namespace {
+
+using test::ScriviTzif;
+using test::Utc;
+
+const TipoOra Lmt{2996, false, "LMT"};
+const TipoOra Cet{3600, false, "CET"};
+const TipoOra Cest{7200, true, "CEST"};
+
+TEST(Tzif, ReadsTypesChangesAndFooter) {
+    const std::string file = ScriviTzif(
+        {Lmt, Cet, Cest},
+        {{Utc(1893, 10, 31, 23, 10), 1}, {Utc(1916, 6, 3, 22), 2}, {Utc(1916, 9, 30, 23), 1}},
+        "CET-1");
+    const ZonaTzif z = LeggiTzif(file, 2030);
+    ASSERT_EQ(z.periodi.size(), 4u);
+    EXPECT_EQ(z.periodi[0].inizio, Periodo::Sempre);
+    EXPECT_EQ(z.periodi[0].tipo, Lmt);
+    EXPECT_EQ(z.periodi[1].inizio, Utc(1893, 10, 31, 23, 10));
+    EXPECT_EQ(z.periodi[2].tipo, Cest);
+    EXPECT_EQ(z.periodi[3].tipo, Cet);
+    EXPECT_EQ(z.regola, "CET-1");
+}
+
+TEST(Tzif, MergesChangesThatKeepTheSameTime) {
+    // A change of name only (RMT to CET at the same offset) is no change of the clock.
+    const TipoOra rmt{3600, false, "RMT"};
+    const ZonaTzif z = LeggiTzif(ScriviTzif({rmt, Cet}, {{Utc(1893, 11, 1), 1}}, "CET-1"), 2030);
+    ASSERT_EQ(z.periodi.size(), 1u);
+    EXPECT_EQ(z.periodi[0].tipo.abbr, "RMT");
+}
+
+TEST(Tzif, CarriesTheFooterRuleOnToTheLastYear) {
+    const std::string file =
+        ScriviTzif({Cet, Cest}, {{Utc(2000, 3, 26, 1), 1}, {Utc(2000, 10, 29, 1), 0}},
+                   "CET-1CEST,M3.5.0,M10.5.0/3");
+    const ZonaTzif z = LeggiTzif(file, 2002);
+    // Two changes of 2000 from the file, then two a year for 2001 and 2002.
+    ASSERT_EQ(z.periodi.size(), 7u);
+    EXPECT_EQ(z.periodi[3].inizio, Utc(2001, 3, 25, 1));
+    EXPECT_TRUE(z.periodi[3].tipo.isdst);
+    EXPECT_EQ(z.periodi[4].inizio, Utc(2001, 10, 28, 1));
+    EXPECT_EQ(z.periodi[6].inizio, Utc(2002, 10, 27, 1));
+}
+
+TEST(Tzif, RefusesVersionOneAndCutFiles) {
+    EXPECT_THROW(LeggiTzif(ScriviTzif({Cet}, {}, "CET-1", '1'), 2030), ErroreTzif);
+    const std::string intero = ScriviTzif({Cet, Cest}, {{Utc(2000, 3, 26, 1), 1}}, "CET-1");
+    EXPECT_THROW(LeggiTzif(intero.substr(0, intero.size() - 20), 2030), ErroreTzif);
+    EXPECT_THROW(LeggiTzif("TZxx", 2030), ErroreTzif);
+    EXPECT_THROW(LeggiFileTzif("/nessuna/zona", 2030), ErroreTzif);
+}
+
+TEST(Tzif, ReadsTheSystemFileOfRome) {
+    // The system's own file: Rome took Central European Time at the end of October 1893 and
+    // first used summer time on 3 June 1916.
+    const ZonaTzif z = LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2030);
+    ASSERT_GT(z.periodi.size(), 100u);
+    EXPECT_EQ(z.periodi[0].tipo.abbr, "LMT");
+    EXPECT_EQ(z.periodi[1].tipo.utoff, 3600);
+    EXPECT_EQ(z.periodi[1].inizio, Utc(1893, 10, 31, 23));
+    EXPECT_EQ(z.periodi[2].inizio, Utc(1916, 6, 3, 23));
+    EXPECT_TRUE(z.periodi[2].tipo.isdst);
+    EXPECT_EQ(z.regola, "CET-1CEST,M3.5.0,M10.5.0/3");
+    // Beyond the changes written in the file, the footer's rule.
+    const ZonaTzif lunga = LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2040);
+    EXPECT_EQ(lunga.periodi.back().inizio, Utc(2040, 10, 28, 1));
+}
+
+TEST(Tzif, CivilCalendarRoundTrip) {
+    EXPECT_EQ(GiorniDaCivile(1970, 1, 1), 0);
+    EXPECT_EQ(GiorniDaCivile(2000, 3, 1), 11017);
+    EXPECT_EQ(GiorniDaCivile(1900, 1, 1), -25567);
+    for (std::int64_t g = -80000; g < 80000; g += 7919) {
+        std::int64_t a;
+        int m, d;
+        CivileDaGiorni(g, a, m, d);
+        EXPECT_EQ(GiorniDaCivile(a, m, d), g);
+    }
+}
+
+// The changes of a year as the C library finds them for the same rule: the seconds at which
+// the offset differs from the second before.
+std::vector<std::int64_t> CambiSecondoLibreriaC(const std::string& regola, int anno) {
+    setenv("TZ", regola.c_str(), 1);
+    tzset();
+    std::vector<std::int64_t> cambi;
+    auto offset = [](std::int64_t t) {
+        std::time_t tt = static_cast<std::time_t>(t);
+        std::tm tm{};
+        localtime_r(&tt, &tm);
+        return tm.tm_gmtoff;
+    };
+    const std::int64_t fine = Utc(anno + 1, 1, 1);
+    for (std::int64_t ora = Utc(anno, 1, 1); ora < fine; ora += 3600) {
+        if (offset(ora) == offset(ora + 3600)) continue;
+        // Narrow down to the second.
+        std::int64_t a = ora, b = ora + 3600;
+        while (b - a > 1) {
+            const std::int64_t m = (a + b) / 2;
+            (offset(m) == offset(a) ? a : b) = m;
+        }
+        cambi.push_back(b);
+    }
+    return cambi;
+}
+
+TEST(RegolaPosix, ChangesAgreeWithTheCLibrary) {
+    const char* regole[] = {
+        "CET-1CEST,M3.5.0,M10.5.0/3",       // Europe
+        "EST5EDT,M3.2.0,M11.1.0",           // North America
+        "AEST-10AEDT,M10.1.0,M4.1.0/3",     // southern hemisphere: the end comes first
+        "<-03>3<-02>,M3.5.0/-2,M10.5.0/-1", // negative times of day
+        "NZST-12NZDT,M9.5.0,M4.1.0/3",
+        "IST-2IDT,M3.4.4/26,M10.5.0",           // a time beyond the day
+        "<+1030>-10:30<+11>-11,M10.1.0,M4.1.0", // half-hour summer time
+        "XXX3YYY,J60/1,J300/1",                 // Julian days without 29 February
+        "XXX3YYY,59/1,299/1",                   // days counted from 0 with 29 February
+    };
+    for (const char* r : regole)
+        for (int anno : {2023, 2024, 2037}) {
+            std::vector<std::int64_t> nostri;
+            for (const Periodo& p : CambiDellAnno(LeggiRegolaPosix(r), anno))
+                nostri.push_back(p.inizio);
+            EXPECT_EQ(nostri, CambiSecondoLibreriaC(r, anno)) << r << " " << anno;
+        }
+    unsetenv("TZ");
+    tzset();
+}
+
+TEST(RegolaPosix, ReadsNamesOffsetsAndDefaults) {
+    const RegolaPosix r = LeggiRegolaPosix("<+0530>-5:30");
+    EXPECT_EQ(r.normale.utoff, 19800);
+    EXPECT_EQ(r.normale.abbr, "+0530");
+    EXPECT_FALSE(r.conEstiva);
+    const RegolaPosix e = LeggiRegolaPosix("EST5EDT");
+    ASSERT_TRUE(e.conEstiva);
+    EXPECT_EQ(e.estiva.utoff, -4 * 3600); // one hour ahead of standard by default
+    EXPECT_EQ(e.inizio.mese, 3);
+    EXPECT_THROW(LeggiRegolaPosix("C1"), ErroreTzif);
+    EXPECT_THROW(LeggiRegolaPosix("CET-1CEST,M13.1.0,M10.5.0"), ErroreTzif);
+}
+
+} // namespace
+} // namespace vesmo
