@@ -190,6 +190,10 @@ Connessione::Connessione(const std::filesystem::path& file, bool crea, bool sola
     }
     sqlite3_extended_result_codes(db_, 1);
     sqlite3_busy_timeout(db_, 5000);
+    // A place table with its indexes is a few tens of megabytes: keep it mapped and cached so
+    // that a seek reads no file.
+    sqlite3_exec(db_, "PRAGMA mmap_size = 268435456; PRAGMA cache_size = -16384", nullptr, nullptr,
+                 nullptr);
     sqlite3_create_collation_v2(db_, NomeCollazione, SQLITE_UTF8, nullptr, Collazione, nullptr);
     sqlite3_create_function_v2(db_, NomeFunzioneChiave, -1,
                                SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,

@@ -12,8 +12,10 @@ namespace store_detail {
 
 namespace {
 
-// Rows read ahead by a move beyond what is already read.
-constexpr int RigheFinestra = 32;
+// Rows read ahead by a move beyond what is already read: few after a seek, more and more as
+// the walk goes on in one direction.
+constexpr int FinestraIniziale = 8;
+constexpr int FinestraMassima = 128;
 
 struct Riga {
     std::int64_t id = 0;
@@ -47,8 +49,9 @@ struct StatoCursore {
     std::vector<int> campiIndice;
 
     // Statements of the table and index in use; see Prepara.
-    Istruzione primi, ultimi, dopoUguale, dopo, primaUguale, prima, almeno, riga, conta, inserisci,
-        aggiorna, elimina;
+    Istruzione primi, ultimi, dopo, prima, almeno, minore, riga, conta, inserisci, aggiorna,
+        elimina;
+    int ampiezza = FinestraIniziale;
 
     // What has been read: a window of rows in index order, and the current row.
     std::vector<Riga> finestra;
@@ -90,13 +93,20 @@ struct StatoCursore {
         Connessione& c = *conn;
         primi = Istruzione(c, sel + su + " LIMIT ?1");
         ultimi = Istruzione(c, sel + giu + " LIMIT ?1");
-        dopoUguale =
-            Istruzione(c, sel + " WHERE " + k + " = ?1 AND rowid > ?2 ORDER BY rowid LIMIT ?3");
-        primaUguale = Istruzione(c, sel + " WHERE " + k +
-                                        " = ?1 AND rowid < ?2 ORDER BY rowid DESC LIMIT ?3");
-        dopo = Istruzione(c, sel + " WHERE " + k + " > ?1" + su + " LIMIT ?2");
-        almeno = Istruzione(c, sel + " WHERE " + k + " >= ?1" + su + " LIMIT ?2");
-        prima = Istruzione(c, sel + " WHERE " + k + " < ?1" + giu + " LIMIT ?2");
+        // The rows after a place (key, row): the rest of its tie, then the greater keys; one
+        // statement, so one read of the file.
+        auto vicine = [&](const char* cmp, const std::string& verso, const std::string& ordine) {
+            if (campiIndice.empty())
+                return sel + " WHERE rowid " + cmp + " ?2 AND ?1 = ?1 ORDER BY rowid" + verso +
+                       " LIMIT ?3";
+            return "SELECT * FROM (" + sel + " WHERE " + k + " = ?1 AND rowid " + cmp +
+                   " ?2 ORDER BY rowid" + verso + " LIMIT ?3) UNION ALL SELECT * FROM (" + sel +
+                   " WHERE " + k + " " + cmp + " ?1" + ordine + " LIMIT ?3) LIMIT ?3";
+        };
+        dopo = Istruzione(c, vicine(">", "", su));
+        prima = Istruzione(c, vicine("<", " DESC", giu));
+        almeno = Istruzione(c, sel + " WHERE " + k + " >= ?1" + su + " LIMIT 1");
+        minore = Istruzione(c, sel + " WHERE " + k + " < ?1" + giu + " LIMIT 1");
         riga = Istruzione(c, sel + " WHERE rowid = ?1");
         conta = Istruzione(c, "SELECT count(*) FROM " + Q(tabella));
     }
@@ -125,18 +135,11 @@ struct StatoCursore {
 
     // Up to n rows after (avanti) or before the place (chiave, id), nearest first.
     std::vector<Riga> Vicine(const std::string& chiave, std::int64_t id, bool avanti, int n) {
-        Istruzione& uguale = avanti ? dopoUguale : primaUguale;
-        uguale.LegaBlob(1, chiave);
-        uguale.LegaIntero(2, id);
-        uguale.LegaIntero(3, n);
-        std::vector<Riga> righe = Leggi(uguale);
-        if (static_cast<int>(righe.size()) < n) {
-            Istruzione& oltre = avanti ? dopo : prima;
-            oltre.LegaBlob(1, chiave);
-            oltre.LegaIntero(2, n - static_cast<int>(righe.size()));
-            for (Riga& r : Leggi(oltre))
-                righe.push_back(std::move(r));
-        }
+        Istruzione& st = avanti ? dopo : prima;
+        st.LegaBlob(1, chiave);
+        st.LegaIntero(2, id);
+        st.LegaIntero(3, n);
+        std::vector<Riga> righe = Leggi(st);
         return righe;
     }
 
@@ -180,7 +183,8 @@ struct StatoCursore {
             VaiRigaSql(primo ? 0 : tutte.size() - 1);
             return true;
         }
-        std::vector<Riga> righe = Estremi(primo, RigheFinestra);
+        ampiezza = FinestraIniziale;
+        std::vector<Riga> righe = Estremi(primo, ampiezza);
         if (righe.empty()) {
             Fuori(true, true);
             return false;
@@ -215,7 +219,8 @@ struct StatoCursore {
             versioneCorrente = versioneFinestra;
             return;
         }
-        std::vector<Riga> righe = Vicine(corrente.chiave, corrente.id, avanti, RigheFinestra);
+        std::vector<Riga> righe = Vicine(corrente.chiave, corrente.id, avanti, ampiezza);
+        ampiezza = std::min(2 * ampiezza, FinestraMassima);
         if (righe.empty()) {
             Fuori(!avanti, avanti);
             return;
@@ -417,9 +422,9 @@ void Cursore::Seek(std::string_view confronto, const std::vector<Valore>& chiavi
                        "Confronto non valido: \"" + std::string(confronto) + "\"");
     }
     s.modo = ModoModifica::Nessuno;
-    store_detail::Istruzione& st = avanti ? s.almeno : s.prima;
+    store_detail::Istruzione& st = avanti ? s.almeno : s.minore;
     st.LegaBlob(1, limite);
-    st.LegaIntero(2, 1);
+    s.ampiezza = store_detail::FinestraIniziale;
     std::vector<Riga> righe = s.Leggi(st);
     bool trovato = !righe.empty();
     if (trovato && confronto == "=") trovato = righe.front().chiave.starts_with(p);
@@ -484,6 +489,7 @@ void Cursore::VaiA(const Segnalibro& b) {
     std::vector<Riga> righe;
     righe.push_back(std::move(*r));
     s.SuRiga(std::move(righe), 0);
+    s.ampiezza = store_detail::FinestraIniziale;
 }
 
 Segnalibro Cursore::UltimoModificato() const {
