@@ -123,7 +123,8 @@ public:
     void Delete();
 
     // Forgets what the cursor has read, so that rows written by other connections show; the
-    // position is kept (a current row deleted meanwhile then reads as deleted, 3167).
+    // position is kept (a current row deleted meanwhile then reads as deleted, 3167). An SQL
+    // cursor runs its query again and stands on the first row.
     void Refresh();
 
 private:
