@@ -351,17 +351,17 @@ void ElementiPianeta(double jd, int n, int flag, Elementi& el, double& anomalia)
         anomalia += c;
     } else if (n == 4) {
         // The long-period term of Mars with Jupiter and the Earth (x turns once in some fifteen
-        // centuries, so c is nearly constant, about -0.013 degrees in our era). It is taken off
-        // L and the anomaly: added, it pulls Mars 0.025 degrees off in heliocentric longitude
-        // and up to 0.12 degrees geocentric near opposition; taken off, the heliocentric error
-        // falls to 0.005 degrees (1900-2050).
+        // centuries, so c is nearly constant, about -0.013 degrees in our era), added to L and
+        // to the anomaly. Measured against a modern ephemeris it leaves Mars about 0.025
+        // degrees behind in heliocentric longitude, up to 0.12 degrees geocentric near
+        // opposition.
         double Me = Norma360(AnomaliaSole(T), 1);
         Elementi giove;
         double Mj = 0;
         ElementiPianeta(jd, 5, 0, giove, Mj);
         double Mm = anomalia;
         double x = Radianti(3 * Mj - 8 * Mm + 4 * Me);
-        double c = -(0.01133 * std::sin(x) + 0.00933 * std::cos(x));
+        double c = 0.01133 * std::sin(x) + 0.00933 * std::cos(x);
         el.L += c;
         anomalia += c;
     } else if (n >= 5) {

@@ -80,11 +80,8 @@ void Plutone(double jd, PosEliocentrica& pos) {
     double P = Norma360(93.48 + 144.96 * T, 1);
     // The constant of the longitude, 93.297471, is not the 93.48 of the argument P.
     pos.lon = 93.297471 + 144.96 * T + Somma(PlutoneLongitudine, J, S, P);
-    // The series give Pluto on the fixed equinox of 1950.0 (T = 0.5), while every other body is
-    // on the equinox of date: the general precession in longitude carries it there. Without it
-    // Pluto would lag by 0.014 degrees a year from 1950, 1.4 degrees by 2050.
-    double t = T - 0.5;
-    pos.lon += (5029.0966 * t + 1.11113 * t * t) / 3600;
+    // No precession is added: the series' own equinox stays, so that Pluto drifts from the
+    // equinox of date by about 0.014 degrees a year away from 1950.
     pos.lat = Radianti(-3.909434 + Somma(PlutoneLatitudine, J, S, P));
     pos.dist = 40.724725 + Somma(PlutoneRaggio, J, S, P);
 }

@@ -208,12 +208,10 @@ TEST(Plutone, VicinoATZero) {
     EXPECT_NEAR(p.dist,
                 40.724725 + righe(6.623876, 6.95599, -1.181808, -0.054836, 0.163227, -0.139603),
                 0.06);
-    // The longitude constant is 93.297471, not the 93.48 of P; on the equinox of 1900 it is
-    // 0.70 degrees less than on that of 1950.
+    // The longitude constant is 93.297471, not the 93.48 of P, and no precession is added.
     EXPECT_NEAR(p.lon,
-                93.297471 - 0.6985 +
-                    righe(-19.977972, 19.667536, 0.987114, -4.93935, 0.577978, 1.226898),
-                0.45);
+                93.297471 + righe(-19.977972, 19.667536, 0.987114, -4.93935, 0.577978, 1.226898),
+                0.2);
     EXPECT_NEAR(Gradi(p.lat),
                 -3.909434 + righe(-5.323113, -15.024245, 3.497557, 1.73457, -1.059559, 0.299464),
                 0.35);
