@@ -38,3 +38,17 @@ function(vesmo_test name)
     vesmo_warnings(${name})
     gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60)
 endfunction()
+
+# vesmo_test_qt(name SOURCES ... [DEPENDS ...]): a test of windows, run on the offscreen platform
+# with a QApplication made by tests/QtMain.cpp.
+function(vesmo_test_qt name)
+    cmake_parse_arguments(ARG "" "" "SOURCES;DEPENDS" ${ARGN})
+    add_executable(${name} ${ARG_SOURCES} ${PROJECT_SOURCE_DIR}/tests/QtMain.cpp)
+    target_link_libraries(${name} PRIVATE ${ARG_DEPENDS} Qt6::Widgets Qt6::Test GTest::gtest)
+    target_compile_definitions(${name} PRIVATE
+                               VESMO_DATI_TEST="${PROJECT_SOURCE_DIR}/tests/data")
+    set_target_properties(${name} PROPERTIES AUTOMOC ON)
+    vesmo_warnings(${name})
+    gtest_discover_tests(${name} DISCOVERY_TIMEOUT 60
+                         PROPERTIES ENVIRONMENT "QT_QPA_PLATFORM=offscreen")
+endfunction()

@@ -1,0 +1,105 @@
+#include "core/qt/MessaggiQt.h"
+
+#include <QApplication>
+#include <QInputDialog>
+#include <QMessageBox>
+
+namespace vesmo {
+
+QWidget* MessaggiQt::Genitore() const {
+    return genitore_ ? genitore_ : QApplication::activeWindow();
+}
+
+Risposta MessaggiQt::Mostra(const std::string& titolo, const std::string& testo, Pulsanti pulsanti,
+                            Icona icona) {
+    QMessageBox box(Genitore());
+    box.setWindowTitle(QS(titolo));
+    // Texts written with CR LF keep one line break each.
+    QString t = QS(testo);
+    t.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    t.replace(QChar('\r'), QChar('\n'));
+    box.setText(t);
+    switch (icona) {
+    case Icona::Critico:
+        box.setIcon(QMessageBox::Critical);
+        break;
+    case Icona::Domanda:
+        box.setIcon(QMessageBox::Question);
+        break;
+    case Icona::Esclamativo:
+        box.setIcon(QMessageBox::Warning);
+        break;
+    case Icona::Informazione:
+        box.setIcon(QMessageBox::Information);
+        break;
+    case Icona::Nessuna:
+        break;
+    }
+    QMessageBox::StandardButtons b;
+    switch (pulsanti) {
+    case Pulsanti::Ok:
+        b = QMessageBox::Ok;
+        break;
+    case Pulsanti::OkAnnulla:
+        b = QMessageBox::Ok | QMessageBox::Cancel;
+        break;
+    case Pulsanti::InterrompiRiprovaIgnora:
+        b = QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+        break;
+    case Pulsanti::SiNoAnnulla:
+        b = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        break;
+    case Pulsanti::SiNo:
+        b = QMessageBox::Yes | QMessageBox::No;
+        break;
+    case Pulsanti::RiprovaAnnulla:
+        b = QMessageBox::Retry | QMessageBox::Cancel;
+        break;
+    }
+    box.setStandardButtons(b);
+    QApplication::restoreOverrideCursor();
+    switch (box.exec()) {
+    case QMessageBox::Cancel:
+        return Risposta::Annulla;
+    case QMessageBox::Abort:
+        return Risposta::Interrompi;
+    case QMessageBox::Retry:
+        return Risposta::Riprova;
+    case QMessageBox::Ignore:
+        return Risposta::Ignora;
+    case QMessageBox::Yes:
+        return Risposta::Si;
+    case QMessageBox::No:
+        return Risposta::No;
+    default:
+        break;
+    }
+    // A box closed by its window button counts as its cancel button, or its only one.
+    if (pulsanti == Pulsanti::SiNo) return Risposta::No;
+    if (pulsanti == Pulsanti::Ok) return Risposta::Ok;
+    return Risposta::Annulla;
+}
+
+std::optional<std::string> MessaggiQt::Chiedi(const std::string& titolo, const std::string& testo,
+                                              const std::string& predefinito) {
+    bool ok = false;
+    QString t = QS(testo);
+    t.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    QString r =
+        QInputDialog::getText(Genitore(), QS(titolo), t, QLineEdit::Normal, QS(predefinito), &ok);
+    if (!ok) return std::nullopt;
+    return SS(r);
+}
+
+void MessaggiQt::Beep() {
+    QApplication::beep();
+}
+
+void MessaggiQt::Occupato(bool acceso) {
+    if (acceso)
+        QApplication::setOverrideCursor(Qt::WaitCursor);
+    else
+        QApplication::restoreOverrideCursor();
+}
+
+} // namespace vesmo

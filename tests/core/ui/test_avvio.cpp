@@ -1,0 +1,155 @@
+// The start-up: the missing settings file, the first-time dialog preset to the prepared
+// database, leaving it, storing it, and the dialog reopened from the menu.
+#include <gtest/gtest.h>
+
+#include <QDir>
+#include <QFile>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTemporaryDir>
+
+#include "core/qt/MessaggiQt.h"
+#include "core/ui/Avvio.h"
+#include "core/ui/frmInputIni.h"
+
+using namespace vesmo;
+
+namespace {
+
+class AvvioTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        ASSERT_TRUE(cartella.isValid());
+        programma = cartella.filePath("bin");
+        QDir().mkpath(programma);
+        QDir().mkpath(cartella.filePath("data"));
+        db = cartella.filePath("data/Vesmodat.Mdb");
+        QFile f(db);
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("x");
+    }
+    QTemporaryDir cartella;
+    QString programma, db;
+    Sessione sessione;
+    MessaggiRegistrati messaggi;
+};
+
+} // namespace
+
+TEST_F(AvvioTest, PrimaVoltaBastaOk) {
+    bool aperto = false;
+    EsitoAvvio e = Avvia(programma, sessione, messaggi, [&](frmInputIni& f) {
+        aperto = true;
+        EXPECT_EQ(f.windowTitle(), "Vesmo - Confgurazione prima volta/First time");
+        EXPECT_TRUE(f.PrimaVolta);
+        EXPECT_EQ(f.TextDB->text(), QFileInfo(db).absoluteFilePath());
+        EXPECT_EQ(f.TextNaz->text(), "Italy");
+        EXPECT_EQ(f.TextCity->text(), "Padova");
+        EXPECT_TRUE(f.OptNazioni->isChecked());
+        f.CmdOk->click();
+        return f.Salvato;
+    });
+    EXPECT_TRUE(aperto);
+    ASSERT_TRUE(e.continua);
+    // The "Assente" box came first.
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvio");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n");
+    EXPECT_EQ(e.percorsi.FileDB, SS(QFileInfo(db).absoluteFilePath()));
+    EXPECT_EQ(e.cfg.Ordinamento.str(), "N");
+    EXPECT_EQ(QFileInfo(QDir(programma).filePath("Vesmodat.ini")).size(), 325);
+    EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Default Now");
+    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padova");
+    EXPECT_EQ(sessione.TemaCorrente.Lon, 0.1);
+
+    // The next start finds everything and asks nothing.
+    MessaggiRegistrati m2;
+    EsitoAvvio e2 = Avvia(programma, sessione, m2, [&](frmInputIni&) {
+        ADD_FAILURE() << "the dialog opened again";
+        return false;
+    });
+    EXPECT_TRUE(e2.continua);
+    EXPECT_TRUE(m2.registro.empty());
+}
+
+TEST_F(AvvioTest, EsciLasciaUnFileVuotoEIlDialogoTorna) {
+    EsitoAvvio e = Avvia(programma, sessione, messaggi, [&](frmInputIni& f) {
+        f.cmdEsci->click();
+        return f.Salvato;
+    });
+    EXPECT_FALSE(e.continua);
+    QString ini = QDir(programma).filePath("Vesmodat.ini");
+    ASSERT_TRUE(QFileInfo::exists(ini));
+    EXPECT_EQ(QFileInfo(ini).size(), 0);
+    // Next start: no "Assente" box, but the dialog again.
+    MessaggiRegistrati m2;
+    bool aperto = false;
+    Avvia(programma, sessione, m2, [&](frmInputIni&) {
+        aperto = true;
+        return false;
+    });
+    EXPECT_TRUE(aperto);
+    EXPECT_TRUE(m2.registro.empty());
+}
+
+TEST_F(AvvioTest, SfogliaCambiaIPercorsiEOrdinamentoPerCity) {
+    EsitoAvvio e = Avvia(programma, sessione, messaggi, [&](frmInputIni& f) {
+        QStringList titoli;
+        f.ScegliFile = [&](const QString& titolo, const QString&) -> std::optional<QString> {
+            titoli << titolo;
+            if (titolo.contains("DataBase")) return QString("/altrove/VESMODAT.MDB");
+            return QString("/opt/astro/astrolog");
+        };
+        f.CmdDB->click();
+        f.CmdExe->click();
+        EXPECT_EQ(titoli, QStringList({"Vesmo - Cerca DataBase", "Vesmo - Cerca Astrolog.Exe"}));
+        EXPECT_EQ(f.TextDB->text(), "/altrove/VESMODAT.MDB");
+        f.OptCity->setChecked(true);
+        f.TextNaz->setText("The United Kingdom of Great Britain and Northern Ireland");
+        f.CmdOk->click();
+        return f.Salvato;
+    });
+    ASSERT_TRUE(e.continua);
+    EXPECT_EQ(e.percorsi.FileDB, "/altrove/VESMODAT.MDB");
+    EXPECT_EQ(e.percorsi.CmdAstrolog, "/opt/astro/astrolog ");
+    EXPECT_EQ(e.percorsi.DirAstrolog, "/opt/astro");
+    EXPECT_EQ(e.cfg.Ordinamento.str(), "C");
+    EXPECT_EQ(e.cfg.NazioneDefault.str(), "The United Kingdom of Great Britain an");
+}
+
+TEST_F(AvvioTest, FileNonScrivibileTieneApertoIlDialogo) {
+    PercorsiVesmo p;
+    p.FileIni = SS(cartella.filePath("manca/Vesmodat.ini"));
+    frmInputIni f(p, messaggi);
+    f.PresetPrimaVolta("/x/Vesmodat.Mdb", "");
+    f.CmdOk->click();
+    EXPECT_FALSE(f.Salvato);
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Configurazione");
+    EXPECT_EQ(
+        messaggi.registro[0].testo.rfind("Impossibile leggere il file delle impostazioni:\n", 0),
+        0u);
+}
+
+TEST_F(AvvioTest, DialogoDalMenuMostraIlRecord) {
+    PercorsiVesmo p;
+    p.FileIni = SS(cartella.filePath("Vesmodat.ini"));
+    p.FileDB = "/dati/Vesmodat.Mdb";
+    p.CmdAstrolog = "/usr/bin/astrolog ";
+    ConfigIni c;
+    c.NazioneDefault = "Canada";
+    c.CityDefault = "Toronto";
+    c.Ordinamento = "C";
+    frmInputIni f(p, messaggi);
+    f.MostraConfig(c);
+    EXPECT_FALSE(f.PrimaVolta);
+    EXPECT_EQ(f.TextDB->text(), "/dati/Vesmodat.Mdb");
+    EXPECT_EQ(f.TextExe->text(), "/usr/bin/astrolog ");
+    EXPECT_EQ(f.TextCity->text(), "Toronto");
+    EXPECT_TRUE(f.OptCity->isChecked());
+    EXPECT_FALSE(f.OptNazioni->isChecked());
+    EXPECT_EQ(f.findChild<QPushButton*>("CmdOk")->text(), "&Ok");
+    EXPECT_EQ(f.findChild<QPushButton*>("CmdDB")->text(), "&Sfoglia/Search");
+}
