@@ -10,6 +10,7 @@
 
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
+#include "core/store/Chiave.h"
 
 namespace vesmo {
 
@@ -313,11 +314,14 @@ std::vector<std::string> NomiLuoghi(const std::vector<LuogoGeo>& luoghi) {
     const std::size_t n = luoghi.size();
     std::vector<std::string> nomi(n);
     std::vector<std::string> marche(n);
-    // Places grouped by nation and name as it would stand cut.
+    // Places grouped by nation and name as it would stand cut, compared as the index of the
+    // table compares them (case and accents ignored), so that a seek can tell them apart.
     std::map<std::pair<std::string, std::string>, std::vector<std::size_t>> gruppi;
     for (std::size_t i = 0; i < n; ++i) {
         marche[i] = MarcaProvincia(luoghi[i]);
-        gruppi[{luoghi[i].paese, PrimiCaratteri(luoghi[i].nome, LarghezzaNome)}].push_back(i);
+        gruppi[{luoghi[i].paese,
+                store_detail::PiegaTesto(PrimiCaratteri(luoghi[i].nome, LarghezzaNome))}]
+            .push_back(i);
     }
     auto latitudine = [&](std::size_t i) { return TestoCoordinata(luoghi[i].lat, 0, 1, false); };
     auto longitudine = [&](std::size_t i) {

@@ -55,10 +55,10 @@ std::string MarcaProvincia(const LuogoGeo& l);
 
 // The names of the places as the table holds them, in the order of `luoghi`: the GeoNames name,
 // cut to 30 characters. Canadian and Australian places end with their province mark in
-// brackets, "Toronto (ON)". Places of one nation that share a name are told apart by their
-// region ("Castello (BG)", the province for Italy and Spain, the state for the United States,
-// else GeoNames' region code); where that is not enough, by the latitude ("... (TX) 30N12"),
-// then the longitude, then the GeoNames number.
+// brackets, "Toronto (ON)". Places of one nation that share a name (case and accents ignored) are
+// told apart by their region ("Castello (BG)", the province for Italy and Spain, the state for the
+// United States, else GeoNames' region code); where that is not enough, by the latitude ("... (TX)
+// 30N12"), then the longitude, then the GeoNames number.
 std::vector<std::string> NomiLuoghi(const std::vector<LuogoGeo>& luoghi);
 
 } // namespace vesmo

@@ -1,0 +1,165 @@
+// The resolution against the time-zone database itself: for random moments from 1900 to 2030,
+// away from clock changes, Fuso - Estiva must be minus the UTC offset that the C library gives
+// for the zone (to the half minute, as the tables hold minutes).
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <cstdlib>
+#include <ctime>
+#include <filesystem>
+#include <iostream>
+#include <random>
+
+#include "places/CostruzioneLuoghi.h"
+#include "places/ModelloLuoghi.h"
+#include "places/Tzif.h"
+#include "tests/places/AiutoLuoghi.h"
+
+namespace vesmo {
+namespace {
+
+// The C library's offset (seconds east) at an instant, for the zone set in TZ.
+long OffsetLibreriaC(std::int64_t t, std::tm* locale = nullptr) {
+    std::time_t tt = static_cast<std::time_t>(t);
+    std::tm tm{};
+    localtime_r(&tt, &tm);
+    if (locale) *locale = tm;
+    return tm.tm_gmtoff;
+}
+
+void ImpostaZona(const std::string& zona) {
+    setenv("TZ", zona.c_str(), 1);
+    tzset();
+}
+
+struct Conteggio {
+    int casi = 0, uguali = 0;
+    std::vector<std::string> diversi;
+};
+
+// One moment of one place: resolves the local time that the C library gives and compares.
+void Confronta(ModelloLuoghi& m, const std::string& zona, std::int64_t t, Conteggio& c) {
+    std::tm tm{};
+    const long offset = OffsetLibreriaC(t, &tm);
+    // Away from clock changes: the same offset two days before and after.
+    if (OffsetLibreriaC(t - 2 * 86400) != offset || OffsetLibreriaC(t + 2 * 86400) != offset)
+        return;
+    if (tm.tm_year + 1900 < 1900) return;
+    m.campi.Text3 = std::to_string(tm.tm_mday);
+    m.campi.Text4 = std::to_string(tm.tm_mon + 1);
+    m.campi.Text5 = std::to_string(tm.tm_year + 1900);
+    m.campi.Text6 = std::to_string(tm.tm_hour);
+    m.campi.Text7 = std::to_string(tm.tm_min);
+    m.campi.TagChkSolare.clear();
+    Tema tema;
+    m.ImportaCity(tema);
+    ++c.casi;
+    const double nostro = (tema.Fuso - tema.Estiva) * 3600;
+    if (m.campi.TagChkSolare.empty() && std::fabs(nostro + offset) <= 30) {
+        ++c.uguali;
+    } else if (c.diversi.size() < 10) {
+        c.diversi.push_back(zona + " " + m.campi.Text3 + "/" + m.campi.Text4 + "/" + m.campi.Text5 +
+                            " " + m.campi.Text6 + ":" + m.campi.Text7 + ": Fuso " +
+                            std::to_string(tema.Fuso) + " Estiva " + std::to_string(tema.Estiva) +
+                            " offset " + std::to_string(offset));
+    }
+}
+
+std::int64_t CasualeTra1900e2030(std::mt19937_64& rng) {
+    const std::int64_t da = test::Utc(1900, 1, 2), a = test::Utc(2030, 12, 31);
+    return da + static_cast<std::int64_t>(rng() % static_cast<std::uint64_t>(a - da));
+}
+
+void Riporta(const char* cosa, const Conteggio& c) {
+    const double quota = c.casi ? 100.0 * c.uguali / c.casi : 0;
+    std::cout << cosa << ": " << c.uguali << " su " << c.casi << " uguali (" << quota << " %)\n";
+    for (const auto& d : c.diversi)
+        std::cout << "  diverso: " << d << "\n";
+}
+
+TEST(ConfrontoIana, ZonesBuiltHereAgreeWithTheCLibrary) {
+    // Zones with the hard cases: negative summer time (Dublin, Windhoek, Casablanca), half
+    // hours (St John's, Lord Howe, Kolkata), quarter hours (Kathmandu, Chatham), a changing
+    // standard time (Lisbon, Moscow), the southern hemisphere (Sydney, Sao Paulo), and negative
+    // times of day in the rule (Nuuk).
+    const std::vector<std::string> zone{
+        "Europe/Rome",         "Europe/Dublin",     "America/New_York", "Australia/Sydney",
+        "Asia/Kolkata",        "Europe/Lisbon",     "America/St_Johns", "Africa/Casablanca",
+        "Australia/Lord_Howe", "America/Sao_Paulo", "Asia/Kathmandu",   "Pacific/Chatham",
+        "Europe/Moscow",       "Africa/Windhoek",   "America/Nuuk",     "Europe/London"};
+    test::CartellaLuoghi cartella;
+    Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+    db.IniziaTransazione();
+    for (std::size_t i = 0; i < zone.size(); ++i) {
+        const auto codice = static_cast<std::int32_t>(i + 1);
+        const ZonaTzif z = LeggiFileTzif("/usr/share/zoneinfo/" + zone[i], 2100);
+        ScriviStoria(db, StoriaDaPeriodi(z.periodi, codice));
+        test::AggiungiCity(db, 380, zone[i], 0, 0, codice, codice);
+    }
+    db.ConfermaTransazione();
+    MessaggiRegistrati msg;
+    ModelloLuoghi m(db, msg, 'C');
+    std::mt19937_64 rng(19000101);
+    Conteggio c;
+    for (const std::string& z : zone) {
+        m.Data1.Seek("=", z);
+        m.Data2.Seek("=", m.Data1.Campo("cCity"));
+        ImpostaZona(z);
+        for (int k = 0; k < 300; ++k)
+            Confronta(m, z, CasualeTra1900e2030(rng), c);
+    }
+    unsetenv("TZ");
+    tzset();
+    Riporta("zone costruite nel test", c);
+    EXPECT_GT(c.casi, 4000);
+    EXPECT_GE(c.uguali, c.casi * 0.995);
+}
+
+TEST(ConfrontoIana, TheBuiltDatabaseAgreesWithTheCLibrary) {
+    const std::filesystem::path file = VESMO_DB_LUOGHI;
+    const std::filesystem::path cities = VESMO_CITIES;
+    if (!std::filesystem::exists(file) || !std::filesystem::exists(cities))
+        GTEST_SKIP() << "manca " << file << " o " << cities << ": scripts/prepara-dati li prepara";
+    // The places of the dump, their names in the table and their zone codes, as the builder
+    // makes them.
+    const std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(cities.string());
+    const std::vector<std::string> nomi = NomiLuoghi(luoghi);
+    const auto codici = CodiciZone(luoghi);
+    const auto nazioni = LeggiFileNazioniIso("/usr/share/iso-codes/json/iso_3166-1.json");
+    std::map<std::string, int> cNaz;
+    for (const auto& n : nazioni)
+        cNaz[n.alpha2] = n.cNaz;
+    for (const auto& n : NazioniFuoriIso())
+        cNaz[n.alpha2] = n.cNaz;
+
+    Database db(file);
+    MessaggiRegistrati msg;
+    ModelloLuoghi m(db, msg, 'N');
+    std::mt19937_64 rng(20300101);
+    Conteggio c;
+    int luoghiProvati = 0;
+    for (int k = 0; k < 3000; ++k) {
+        const std::size_t i = rng() % luoghi.size();
+        const LuogoGeo& l = luoghi[i];
+        m.Data2.Index("IndCoNazi");
+        m.Data2.Seek("=", cNaz.at(l.paese));
+        m.Data2.Index("IndNazioni");
+        m.Data1.Seek("=", cNaz.at(l.paese), nomi[i]);
+        ASSERT_FALSE(m.Data1.NoMatch()) << nomi[i];
+        ASSERT_EQ(m.Data1.Campo("cFusi").Intero(), codici.at(l.zona)) << nomi[i];
+        ASSERT_NEAR(m.Data1.Campo("Lon").Numero(), -l.lon / 15, 1e-12);
+        m.segnalibroNazione = m.Data2.Bookmark();
+        ImpostaZona(l.zona);
+        ++luoghiProvati;
+        for (int n = 0; n < 5; ++n)
+            Confronta(m, l.zona, CasualeTra1900e2030(rng), c);
+    }
+    unsetenv("TZ");
+    tzset();
+    Riporta("Vesmodat.Mdb", c);
+    EXPECT_EQ(luoghiProvati, 3000);
+    EXPECT_GE(c.uguali, c.casi * 0.995);
+}
+
+} // namespace
+} // namespace vesmo
