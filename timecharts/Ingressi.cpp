@@ -103,8 +103,16 @@ public:
                         {{"Tempi", {"Ges"}}});
         cur_.emplace(db_, "TabellaPinS");
         cur_->Index("Tempi");
+        // One transaction for the run: the file is scratch, and a commit a sample would spend
+        // the search's time waiting on the disk.
+        db_.IniziaTransazione();
     }
     ~TabellaPinS() {
+        try {
+            db_.ConfermaTransazione();
+        } catch (const std::exception&) {
+            // The table is left as the last statement wrote it; nothing reads it later.
+        }
         cur_.reset();
         db_.Chiudi();
     }

@@ -1,0 +1,223 @@
+// The ingress search: the help's Mercury example, a target past 360, a station short of the
+// target, the node moving backwards, the survey table in its temporary file and the messages.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+
+#include "core/Aritmetica.h"
+#include "core/store/Cursore.h"
+#include "core/store/Database.h"
+#include "timecharts/Ingressi.h"
+
+using namespace vesmo;
+
+namespace {
+
+class Ingressi : public ::testing::Test {
+protected:
+    void SetUp() override {
+        cartella_ =
+            std::filesystem::temp_directory_path() /
+            ("vesmo_ingressi_" +
+             std::to_string(::testing::UnitTest::GetInstance()->current_test_info()->line()));
+        std::filesystem::remove_all(cartella_);
+        s.TemaNat.Nome = "Mario Rossi";
+        s.TemaNat.City = "Padova";
+        s.TemaNat.Day = GiornoGiuliano(1960, 1, 10);
+        s.TemaNat.OraL = 12;
+        s.TemaNat.Lon = -GradiDecimali(11, 53, 0) / 15;
+        s.TemaNat.Lat = GradiDecimali(45, 24, 0);
+        s.TemaNat.Fuso = -1;
+    }
+    void TearDown() override { std::filesystem::remove_all(cartella_); }
+
+    EsitoIngresso Cerca(int pianeta, double bersaglio, double partenza) {
+        DatiIngresso d;
+        d.pianeta = pianeta;
+        d.bersaglio = bersaglio;
+        d.partenza = partenza;
+        d.cartella = cartella_;
+        return IngressiPinS(s, d, m,
+                            [this](const char* c, double v) { mostrati.emplace_back(c, v); });
+    }
+    // The survey table as the search left it, in time order.
+    std::vector<std::pair<double, double>> Tabella() {
+        Database db(cartella_ / "Exp_PinS_Tmp.mdb");
+        Cursore c(db, "TabellaPinS");
+        c.Index("Tempi");
+        std::vector<std::pair<double, double>> v;
+        for (c.MoveFirst(); !c.Eof(); c.MoveNext())
+            v.emplace_back(c.Campo("Ges").Numero(), c.Campo("Les").Numero());
+        return v;
+    }
+
+    std::filesystem::path cartella_;
+    Sessione s;
+    MessaggiRegistrati m;
+    std::vector<std::pair<std::string, double>> mostrati;
+};
+
+double Scarto(double a, double b) {
+    return std::fabs(Scostamento(a, b));
+}
+
+} // namespace
+
+TEST_F(Ingressi, MercurioEsempioDellAiuto) {
+    EsitoIngresso e = Cerca(NumMercurio, 240, 2451113);
+    ASSERT_TRUE(e.trovato);
+    EXPECT_TRUE(m.registro.empty());
+    EXPECT_FALSE(e.stazione.has_value());
+    EXPECT_LE(Scarto(LongitudineIngresso(e.jd, NumMercurio), 240), 1e-9);
+    // 1 November 1998 at 16:58 Italian time.
+    EXPECT_EQ(s.TemaX.Day, GiornoGiuliano(1998, 11, 1));
+    EXPECT_EQ(static_cast<int>(s.TemaX.OraL), 16);
+    EXPECT_EQ(static_cast<int>((s.TemaX.OraL - 16) * 60), 58);
+    EXPECT_NEAR(s.TemaX.JD(), e.jd, 1e-8);
+    EXPECT_EQ(s.TemaX.Nome.str(), "Mario Rossi              Tra  ");
+    EXPECT_EQ(s.TemaX.City, s.TemaNat.City);
+    // The progress went to the boxes of the form.
+    ASSERT_FALSE(mostrati.empty());
+    EXPECT_EQ(mostrati.front().first, "Text3");
+    bool stimaMostrata = false;
+    for (const auto& [c, v] : mostrati)
+        stimaMostrata |= c == "Text5" && v == e.jd;
+    EXPECT_TRUE(stimaMostrata);
+
+    // With a transit in its slot, the result takes the transit's place and zone.
+    s.TransitoCalcolato = -1;
+    s.TemaTra = s.TemaNat;
+    s.TemaTra.City = "Roma";
+    s.TemaTra.Fuso = 0;
+    EsitoIngresso t = Cerca(NumMercurio, 240, 2451113);
+    ASSERT_TRUE(t.trovato);
+    EXPECT_EQ(s.TemaX.City.Valore(), "Roma");
+    EXPECT_NEAR(s.TemaX.OraL, (t.jd - s.TemaX.Day) * 24, 1e-9);
+}
+
+TEST_F(Ingressi, BersaglioOltre360) {
+    // Mars at 355 degrees goes on to 5: the samples past 0 are counted past 360.
+    double partenza = 2451580;
+    ASSERT_GT(LongitudineIngresso(partenza, NumMarte), 354.5);
+    EsitoIngresso e = Cerca(NumMarte, 5, partenza);
+    ASSERT_TRUE(e.trovato);
+    EXPECT_TRUE(m.registro.empty());
+    EXPECT_GT(e.jd, partenza);
+    EXPECT_LT(e.jd, partenza + 20);
+    EXPECT_NEAR(e.longitudine, 5, 1e-9);
+    auto righe = Tabella();
+    ASSERT_GE(righe.size(), 3u);
+    bool oltre = false;
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+        oltre |= righe[i].second > 360;
+        if (i > 0) {
+            EXPECT_LT(righe[i - 1].first, righe[i].first); // time order
+        }
+    }
+    EXPECT_TRUE(oltre);
+
+    // And the other way round, 17 degrees back to 355.
+    EsitoIngresso indietro = Cerca(NumMarte, 355, partenza + 30);
+    ASSERT_TRUE(indietro.trovato);
+    EXPECT_NEAR(indietro.jd, partenza, 0.1);
+    EXPECT_LE(Scarto(indietro.longitudine, 355), 1e-9);
+}
+
+TEST_F(Ingressi, StazionePrimaDelBersaglio) {
+    // Mercury stands still at about 347.17 degrees on 21 February 2000 and turns back: a target
+    // 2 degrees beyond is out of reach.
+    double partenza = 2451590;
+    EsitoIngresso e = Cerca(NumMercurio, 349.17, partenza);
+    ASSERT_TRUE(e.trovato);
+    EXPECT_TRUE(m.registro.empty());
+    ASSERT_TRUE(e.stazione.has_value());
+    EXPECT_EQ(e.stazione->direzione, "RETROGRADO");
+    EXPECT_EQ(e.stazione->estremo, "MASSIMO");
+    EXPECT_EQ(e.stazione->label7(), "Attenzione, il movimento del Pianeta diventa  RETROGRADO");
+    EXPECT_EQ(e.stazione->label8(), "Intorno al JD di partenza si può solo trovare un MASSIMO");
+    // The instant is the maximum of the longitude.
+    double l = LongitudineIngresso(e.jd, NumMercurio);
+    for (double h : {0.5, 0.1, 0.02}) {
+        EXPECT_LT(LongitudineIngresso(e.jd - h, NumMercurio), l);
+        EXPECT_LT(LongitudineIngresso(e.jd + h, NumMercurio), l);
+    }
+    EXPECT_NEAR(e.jd, GiornoGiuliano(2000, 2, 21.5), 1);
+    EXPECT_NEAR(s.TemaX.JD(), e.jd, 1e-8);
+    // The dicotomic search showed its own boxes.
+    bool destra = false;
+    for (const auto& [c, v] : mostrati)
+        destra |= c == "Text6";
+    EXPECT_TRUE(destra);
+
+    // Jupiter in 2010 stops at 3.4 Aries before reaching 5, then turns direct in Pisces later:
+    // the first extreme is again a maximum.
+    EsitoIngresso g = Cerca(NumGiove, 5, 2455322);
+    ASSERT_TRUE(g.trovato);
+    ASSERT_TRUE(g.stazione.has_value());
+    EXPECT_EQ(g.stazione->estremo, "MASSIMO");
+    EXPECT_LT(g.longitudine, 5);
+    EXPECT_GT(g.longitudine, 3);
+}
+
+TEST_F(Ingressi, StazioneDirettaDaUnMinimo) {
+    // Going back towards a degree Mercury never reaches: the minimum after the retrograde arc.
+    double partenza = 2451605; // retrograde, some days before the station of 14 March 2000
+    double l0 = LongitudineIngresso(partenza, NumMercurio);
+    double minimo = l0;
+    for (double t = partenza; t < partenza + 30; t += 0.25)
+        minimo = std::min(minimo, LongitudineIngresso(t, NumMercurio));
+    EsitoIngresso e = Cerca(NumMercurio, minimo - 2, partenza);
+    ASSERT_TRUE(e.trovato);
+    ASSERT_TRUE(e.stazione.has_value());
+    EXPECT_EQ(e.stazione->direzione, "DIRETTO");
+    EXPECT_EQ(e.stazione->estremo, "MINIMO");
+    EXPECT_NEAR(e.longitudine, minimo, 0.01);
+}
+
+TEST_F(Ingressi, NodoCheArretra) {
+    double partenza = 2451545;
+    double l0 = LongitudineIngresso(partenza, NumNodoLuna);
+    // A degree ahead of the node was passed some 19 days before.
+    EsitoIngresso e = Cerca(NumNodoLuna, l0 + 1, partenza);
+    ASSERT_TRUE(e.trovato);
+    EXPECT_TRUE(m.registro.empty());
+    EXPECT_LT(e.jd, partenza - 15);
+    EXPECT_GT(e.jd, partenza - 25);
+    EXPECT_LE(Scarto(e.longitudine, l0 + 1), 1e-9);
+    EXPECT_LE(Scarto(s.TemaX.JD(), e.jd), 1e-8);
+}
+
+TEST_F(Ingressi, MessaggiEFileTemporaneo) {
+    EsitoIngresso e = Cerca(-1, 10, 2451545);
+    EXPECT_FALSE(e.trovato);
+    ASSERT_EQ(m.registro.size(), 1u);
+    EXPECT_EQ(m.registro[0].titolo, "Lyx - Manca il Pianeta");
+    EXPECT_EQ(m.registro[0].testo, "Attenzione!\r\n\r\nSelezionare un Pianeta");
+    EXPECT_FALSE(std::filesystem::exists(cartella_ / "Exp_PinS_Tmp.mdb"));
+
+    // The planet on the target at the start: no result, no box.
+    m.registro.clear();
+    Tema prima = s.TemaX;
+    e = Cerca(NumSaturno, LongitudineIngresso(2451545, NumSaturno), 2451545);
+    EXPECT_FALSE(e.trovato);
+    EXPECT_TRUE(e.giaSulBersaglio);
+    EXPECT_TRUE(m.registro.empty());
+    EXPECT_EQ(s.TemaX, prima);
+
+    // Each run makes the file anew: after a Venus run and a Saturn run only Saturn is there.
+    ASSERT_TRUE(Cerca(NumVenere, 100, 2451545).trovato);
+    ASSERT_TRUE(Cerca(NumSaturno, 45, 2451545).trovato);
+    auto righe = Tabella();
+    ASSERT_GE(righe.size(), 2u);
+    for (const auto& [ges, les] : righe)
+        EXPECT_EQ(les, LongitudineIngresso(ges, NumSaturno)) << ges;
+
+    // The list of the form and its body numbers.
+    EXPECT_EQ(PianetaDellaLista(0), NumMercurio);
+    EXPECT_EQ(PianetaDellaLista(2), NumMarte);
+    EXPECT_EQ(PianetaDellaLista(8), NumNodoLuna);
+    EXPECT_EQ(PianetaDellaLista(-1), -1);
+    EXPECT_STREQ(VociPianetiIngresso[8], " Nodo Luna Nord");
+    EXPECT_EQ(PeriodoMedio(NumGiove), 4331.865);
+}
