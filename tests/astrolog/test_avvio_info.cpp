@@ -1,0 +1,289 @@
+// Starting Astrolog through a recording starter (the retry with shortened names, the missing
+// program), and the chart-info file compared line by line with the reference.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "astrolog/Astrolog.h"
+#include "core/Aritmetica.h"
+#include "tests/core/store/Cartella.h"
+
+using namespace vesmo;
+using vesmo::test::Cartella;
+
+namespace {
+
+Tema Prova() {
+    Tema t;
+    t.Nome = "Prova";
+    t.City = "Padova";
+    t.Day = GiornoGiuliano(1980, 1, 15);
+    t.OraL = GradiDecimali(15, 5, 0);
+    t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    t.Lat = GradiDecimali(45, 24, 0);
+    t.Fuso = -1;
+    return t;
+}
+
+TestiInfo TestiProva() {
+    return {"15", "1", "1980", "15", "5", "0", "0"};
+}
+
+struct Partenza {
+    std::string programma;
+    std::vector<std::string> argomenti;
+    std::string cartella;
+};
+
+// Records every start and answers from a list (then Avviato).
+struct AvviatoreRegistrato {
+    std::vector<Partenza> partenze;
+    std::vector<EsitoPartenza> esiti;
+    Avviatore Funzione() {
+        return
+            [this](const std::string& p, const std::vector<std::string>& a, const std::string& c) {
+                partenze.push_back({p, a, c});
+                if (esiti.empty()) return EsitoPartenza::Avviato;
+                EsitoPartenza e = esiti.front();
+                esiti.erase(esiti.begin());
+                return e;
+            };
+    }
+};
+
+std::string Contenuto(const std::filesystem::path& f) {
+    std::ifstream in(f, std::ios::binary);
+    std::ostringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+std::vector<std::string> Righe(const std::string& testo) {
+    std::vector<std::string> r;
+    std::size_t da = 0, p;
+    while ((p = testo.find("\r\n", da)) != std::string::npos) {
+        r.push_back(testo.substr(da, p - da));
+        da = p + 2;
+    }
+    EXPECT_EQ(da, testo.size()) << "the last line has no CR LF";
+    return r;
+}
+
+class AvvioAstrolog : public ::testing::Test {
+protected:
+    void SetUp() override {
+        std::filesystem::create_directories(cartella / "Astrolog Dir");
+        std::ofstream(cartella / "Astrolog Dir/Astrolog.exe") << "#!/bin/sh\n";
+        percorsi.CmdAstrolog = (cartella / "Astrolog Dir/Astrolog.exe").string() + " ";
+        percorsi.DirAstrolog = DirDiComando(percorsi.CmdAstrolog);
+    }
+    Cartella cartella;
+    PercorsiVesmo percorsi;
+    MessaggiRegistrati messaggi;
+    AvviatoreRegistrato avviatore;
+    std::string pannello;
+};
+
+} // namespace
+
+TEST_F(AvvioAstrolog, AvviaConLaRigaIntera) {
+    Tema t = Prova();
+    SceltaAstrolog s;
+    s.Combo2 = 2;
+    ASSERT_TRUE(Avvia(t, s, percorsi, messaggi, avviatore.Funzione(), pannello));
+    EXPECT_TRUE(messaggi.registro.empty());
+    EXPECT_EQ(pannello, "=X -z -1:00:00 -z0 0:00 -zl 11E53 45N24 -zt 15:05 -zd 15 -zm 1 "
+                        "-zy 1980 -zi \"Prova\" \"Padova\" -c 2 ");
+    ASSERT_EQ(avviatore.partenze.size(), 1u);
+    const Partenza& p = avviatore.partenze[0];
+    // A folder with a blank in its name stays one path.
+    EXPECT_EQ(p.programma, (cartella / "Astrolog Dir/Astrolog.exe").string());
+    EXPECT_EQ(p.cartella, (cartella / "Astrolog Dir").string());
+    EXPECT_EQ(p.argomenti, ArgomentiRiga(pannello));
+    EXPECT_EQ(p.argomenti[17], "Prova");
+    EXPECT_EQ(t, Prova());
+}
+
+TEST_F(AvvioAstrolog, RigaTroppoLungaRiprovaConIniziali) {
+    Tema t = Prova();
+    t.Nome = "Bartolomeo";
+    avviatore.esiti = {EsitoPartenza::RigaTroppoLunga, EsitoPartenza::RigaTroppoLunga};
+    // The second start is not looked at beyond its own result: no third try.
+    EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
+    ASSERT_EQ(avviatore.partenze.size(), 2u);
+    const auto& a1 = avviatore.partenze[0].argomenti;
+    const auto& a2 = avviatore.partenze[1].argomenti;
+    EXPECT_EQ(std::vector<std::string>(a1.end() - 2, a1.end()),
+              (std::vector<std::string>{"Bartolomeo", "Padova"}));
+    EXPECT_EQ(std::vector<std::string>(a2.end() - 2, a2.end()),
+              (std::vector<std::string>{"B.", "P."}));
+    EXPECT_EQ(t.Nome.Valore(), "B.");
+    EXPECT_EQ(t.City.Valore(), "P.");
+    EXPECT_NE(pannello.find("-zi \"B.\" \"P.\" "), std::string::npos);
+    EXPECT_TRUE(messaggi.registro.empty());
+}
+
+TEST_F(AvvioAstrolog, AltroErroreNonMostraNienteENonRiprova) {
+    Tema t = Prova();
+    avviatore.esiti = {EsitoPartenza::Fallito};
+    EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
+    EXPECT_EQ(avviatore.partenze.size(), 1u);
+    EXPECT_TRUE(messaggi.registro.empty());
+    EXPECT_EQ(t, Prova());
+}
+
+TEST_F(AvvioAstrolog, SenzaProgrammaLoDice) {
+    Tema t = Prova();
+    const std::string attesoNessuno = "Nessun programma Astrolog impostato.\n"
+                                      "Indicarlo in  File -> Default  Vesmo\n" +
+                                      std::string(30, '-') + "\nNo Astrolog program set.\n";
+    for (const char* cmd : {"", " ", "/usr/bin/vim "}) {
+        SCOPED_TRACE(cmd);
+        messaggi.registro.clear();
+        percorsi.CmdAstrolog = cmd;
+        EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
+        ASSERT_EQ(messaggi.registro.size(), 1u);
+        EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvia Astrolog");
+        EXPECT_EQ(messaggi.registro[0].testo, attesoNessuno);
+    }
+    // The status panel still shows what would have gone out.
+    EXPECT_EQ(pannello.substr(0, 6), "=X -z ");
+
+    // Set, but not installed where the settings say.
+    messaggi.registro.clear();
+    const std::string assente = (cartella / "altrove/astrolog").string();
+    percorsi.CmdAstrolog = assente + " ";
+    EXPECT_FALSE(AvviaAstrolog(t, percorsi, messaggi, avviatore.Funzione()));
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].testo, "Astrolog non trovato:\n" + assente + "\n" +
+                                              std::string(30, '-') + "\nAstrolog not found.\n");
+    EXPECT_TRUE(avviatore.partenze.empty());
+}
+
+TEST_F(AvvioAstrolog, DallaMetaTemiSenzaSceltaEConRiprova) {
+    Tema t = Prova();
+    t.OraL = 24.25;
+    avviatore.esiti = {EsitoPartenza::RigaTroppoLunga};
+    EXPECT_TRUE(AvviaAstrolog(t, percorsi, messaggi, avviatore.Funzione()));
+    ASSERT_EQ(avviatore.partenze.size(), 2u);
+    EXPECT_EQ(avviatore.partenze[1].argomenti,
+              ArgomentiRiga("=X -z -1:00:00 -z0 0:00 -zl 11E53 45N24 -zt 0:15 -zd 16 -zm 1 "
+                            "-zy 1980 -zi \"P.\" \"P.\" "));
+    EXPECT_EQ(t.Day, GiornoGiuliano(1980, 1, 16));
+}
+
+TEST(ChartInfo, FileDiEsempioRigaPerRiga) {
+    Cartella cartella;
+    const auto file = cartella / "prova.dat";
+    MessaggiRegistrati m;
+    std::string pannello;
+    ASSERT_TRUE(SalvaInfo(
+        Prova(), TestiProva(), {}, m, [&] { return file.string(); }, pannello));
+    EXPECT_TRUE(m.registro.empty());
+    EXPECT_EQ(pannello.substr(0, 3), "=X ");
+    const auto scritte = Righe(Contenuto(file));
+    const auto attese =
+        Righe(Contenuto(std::string(VESMO_DATI_TEST) + "/astrolog/Prova_Padova.dat"));
+    ASSERT_EQ(scritte.size(), 3u);
+    ASSERT_EQ(attese.size(), 3u);
+    for (std::size_t i = 0; i < 3; ++i)
+        EXPECT_EQ(scritte[i], attese[i]) << "line " << i + 1;
+
+    // A second save replaces the file; names go out in Latin-1.
+    Tema t = Prova();
+    t.Nome = "Niccolò";
+    ASSERT_TRUE(SalvaInfo(
+        t, TestiProva(), {}, m, [&] { return file.string(); }, pannello));
+    const auto righe = Righe(Contenuto(file));
+    ASSERT_EQ(righe.size(), 3u);
+    EXPECT_EQ(righe[2], "/zi \"Niccol\xF2\" \"Padova\" ");
+}
+
+TEST(ChartInfo, OraParolaEstivaEFuso) {
+    struct Caso {
+        TestiInfo testi;
+        double fuso;
+        const char* riga2;
+    };
+    const Caso casi[] = {
+        {{"15", "1", "1980", "12", "0", "0", "0"},
+         -1,
+         "/qb Jan 15 1980 0:00pm ST -1:00:00  11E53 45N24 "},
+        {{"1", "7", "2001", "0", "30", "1", "0"},
+         -1,
+         "/qb Jul 1 2001 0:30am DT -1:00:00  11E53 45N24 "},
+        {{" 31 ", "12", " 1999 ", "23", "59", "0.5", "0"},
+         0,
+         "/qb Dec 31 1999 11:59pm  0:00:00  11E53 45N24 "},
+        {{"5", "3", "1850", "9", "7", "-1", "0"},
+         -GradiDecimali(0, 47, 15),
+         "/qb Mar 5 1850 9:07am  -0:47:15  11E53 45N24 "},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.riga2);
+        Tema t = Prova();
+        t.Fuso = c.fuso;
+        MessaggiRegistrati m;
+        auto righe = RigheInfo(c.testi, ComponiPezzi(t, {}), m);
+        ASSERT_TRUE(righe);
+        EXPECT_EQ((*righe)[0], "@0102 ;Astrolog chart info.");
+        EXPECT_EQ((*righe)[1], c.riga2);
+        EXPECT_TRUE(m.registro.empty());
+    }
+}
+
+TEST(ChartInfo, EstivaNonScrivibileEMeseFuoriScala) {
+    Cartella cartella;
+    const auto file = cartella / "no.dat";
+    const std::string testoEstiva = "Ora Estiva con minuti.\nOppure Ore Estive > 1\n"
+                                    "Salvataggio Info Impossibile\n" +
+                                    std::string(30, '-') +
+                                    "\nSorry: Not possible this Save Info :-(\n";
+    struct Caso {
+        const char *ore, *minuti, *mese, *testo;
+    };
+    const std::string testoMese = "Mese non valido:  13\nSalvataggio Info Impossibile\n" +
+                                  std::string(30, '-') + "\nMonth out of range 1 - 12\n";
+    const Caso casi[] = {{"1", "30", "1", testoEstiva.c_str()},
+                         {"2", "0", "1", testoEstiva.c_str()},
+                         {"0", "0", "13", testoMese.c_str()}};
+    for (const Caso& c : casi) {
+        MessaggiRegistrati m;
+        TestiInfo testi = TestiProva();
+        testi.Text22 = c.ore;
+        testi.Text23 = c.minuti;
+        testi.Text4 = c.mese;
+        bool chiesto = false;
+        std::string pannello;
+        EXPECT_FALSE(SalvaInfo(
+            Prova(), testi, {}, m,
+            [&]() -> std::optional<std::string> {
+                chiesto = true;
+                return file.string();
+            },
+            pannello));
+        EXPECT_FALSE(chiesto) << "the file dialog opened";
+        ASSERT_EQ(m.registro.size(), 1u);
+        EXPECT_EQ(m.registro[0].titolo, "Vesmo - Salva Info");
+        EXPECT_EQ(m.registro[0].testo, c.testo);
+        EXPECT_FALSE(std::filesystem::exists(file));
+    }
+}
+
+TEST(ChartInfo, AnnullatoOFileNonScrivibile) {
+    Cartella cartella;
+    MessaggiRegistrati m;
+    std::string pannello;
+    EXPECT_FALSE(SalvaInfo(
+        Prova(), TestiProva(), {}, m, [] { return std::nullopt; }, pannello));
+    EXPECT_TRUE(m.registro.empty());
+
+    const std::string dentroUnaCartella = (cartella / "manca/info.dat").string();
+    EXPECT_FALSE(SalvaInfo(
+        Prova(), TestiProva(), {}, m, [&] { return dentroUnaCartella; }, pannello));
+    ASSERT_EQ(m.registro.size(), 1u);
+    EXPECT_EQ(m.registro[0].titolo, "Vesmo - Salva Info");
+    EXPECT_EQ(m.registro[0].testo, "Impossibile scrivere il file\n" + dentroUnaCartella + "\n" +
+                                       std::string(30, '-') + "\nCannot write the file.\n");
+}

@@ -1,0 +1,171 @@
+// The Astrolog command line: the eleven pieces and their number forms, the zodiac and house
+// lists, the twin of the chart half, and the switches as the program receives them.
+#include <gtest/gtest.h>
+
+#include "astrolog/Astrolog.h"
+#include "core/Aritmetica.h"
+
+using namespace vesmo;
+
+namespace {
+
+// Prova, Padova, 15 January 1980 at 15:05, zone one hour east, no summer time.
+Tema Prova() {
+    Tema t;
+    t.Nome = "Prova";
+    t.City = "Padova";
+    t.Stato = "Italy";
+    t.Day = GiornoGiuliano(1980, 1, 15);
+    t.OraL = GradiDecimali(15, 5, 0);
+    t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    t.Lat = GradiDecimali(45, 24, 0);
+    t.Fuso = -1;
+    t.Estiva = 0;
+    return t;
+}
+
+} // namespace
+
+TEST(ComponiComando, EsempioPadovaTropicoPlacido) {
+    PezziComando p;
+    const std::string riga = ComponiComando(Prova(), {}, "/opt/Astrolog/astrolog ", &p);
+    EXPECT_EQ(riga, "/opt/Astrolog/astrolog =X -z -1:00:00 -z0 0:00 -zl 11E53 45N24 -zt 15:05 "
+                    "-zd 15 -zm 1 -zy 1980 -zi \"Prova\" \"Padova\" ");
+    // The status panel shows the same text from "=X" on.
+    EXPECT_EQ(p.Opzioni(), riga.substr(riga.find("=X")));
+    EXPECT_EQ(p.SwZi, "-zi \"Prova\" \"Padova\" ");
+    EXPECT_EQ(p.Sid, "");
+    EXPECT_EQ(p.Casa, "");
+    EXPECT_EQ(p.Elio, "");
+}
+
+TEST(ComponiComando, FormeDeiNumeri) {
+    struct Caso {
+        const char* nome;
+        double fuso, estiva, lonGradi, lat, oraL;
+        const char *swz, *swz0, *swzl, *swzt;
+    };
+    const Caso casi[] = {
+        {"fuso zero senza segno", 0, 0, -11.5, 45.4, 9.5, "-z 0:00:00 ", "-z0 0:00 ",
+         "-zl 11E30 45N24 ", "-zt 9:30 "},
+        {"ora media locale, minuti e secondi con lo zero", -GradiDecimali(0, 47, 15), 0, -12, 45, 0,
+         "-z -0:47:15 ", "-z0 0:00 ", "-zl 12E00 45N00 ", "-zt 0:00 "},
+        {"fuso a ovest senza segno", 5, 1, 74, 40.7, 23.99, "-z 5:00:00 ", "-z0 1:00 ",
+         "-zl 74W00 40N42 ", "-zt 23:59 "},
+        {"secondi sopra 30: un primo in più", -1, 0, -GradiDecimali(11, 53, 0),
+         GradiDecimali(45, 24, 40), 12, "-z -1:00:00 ", "-z0 0:00 ", "-zl 11E53 45N25 ",
+         "-zt 12:00 "},
+        {"primi 59 e secondi 45: 60 senza riporto", -1, 0, GradiDecimali(7, 59, 45),
+         GradiDecimali(45, 59, 45), 12, "-z -1:00:00 ", "-z0 0:00 ", "-zl 7W60 45N60 ",
+         "-zt 12:00 "},
+        {"latitudine sud", 3, 0, 58.5, -34.6, 6.25, "-z 3:00:00 ", "-z0 0:00 ", "-zl 58W30 34S36 ",
+         "-zt 6:15 "},
+        {"estiva di mezz'ora, con i secondi sopra 30", -1, GradiDecimali(0, 29, 40), 0, 0, 8,
+         "-z -1:00:00 ", "-z0 0:30 ", "-zl 0W00 0N00 ", "-zt 8:00 "},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.nome);
+        Tema t = Prova();
+        t.Fuso = c.fuso;
+        t.Estiva = c.estiva;
+        t.Lon = c.lonGradi / 15;
+        t.Lat = c.lat;
+        t.OraL = c.oraL;
+        PezziComando p = ComponiPezzi(t, {});
+        EXPECT_EQ(p.SwZ, c.swz);
+        EXPECT_EQ(p.SwZ0, c.swz0);
+        EXPECT_EQ(p.SwZl, c.swzl);
+        EXPECT_EQ(p.SwZt, c.swzt);
+    }
+}
+
+TEST(ComponiComando, DataENomiSenzaSpazi) {
+    Tema t = Prova();
+    t.Day = GiornoGiuliano(2003, 11, 7);
+    t.Nome = "  Maria Rossi";
+    t.City = "San Donà di Piave";
+    PezziComando p = ComponiPezzi(t, {});
+    EXPECT_EQ(p.SwZd, "-zd 7 ");
+    EXPECT_EQ(p.SwZm, "-zm 11 ");
+    EXPECT_EQ(p.SwZy, "-zy 2003 ");
+    EXPECT_EQ(p.SwZi, "-zi \"Maria Rossi\" \"San Donà di Piave\" ");
+}
+
+TEST(ComponiComando, ZodiaciCaseECentro) {
+    ASSERT_EQ(VociCombo1.size(), 6u);
+    EXPECT_STREQ(VociCombo1[0], "TROPICO");
+    EXPECT_STREQ(VociCombo1[5], "Siderale Non default");
+    ASSERT_EQ(VociCombo2.size(), 15u);
+    EXPECT_STREQ(VociCombo2[0], " PLACIDO ");
+    EXPECT_STREQ(VociCombo2[5], " Regiomontanus ");
+    EXPECT_STREQ(VociCombo2[14], " Nessuna");
+
+    const char* sid[] = {"", "-s  ", "-s 0.883333 ", "-s 0.983333 ", "-s 2.333333 ", "-s 2.5 "};
+    for (int i = 0; i < 6; ++i) {
+        SceltaAstrolog s;
+        s.Combo1 = i;
+        s.Text17 = "2,5";
+        EXPECT_EQ(ComponiPezzi(Prova(), s).Sid, sid[i]) << i;
+    }
+    for (int i = 0; i < 15; ++i) {
+        SceltaAstrolog s;
+        s.Combo2 = i;
+        EXPECT_EQ(ComponiPezzi(Prova(), s).Casa, i == 0 ? "" : "-c " + std::to_string(i) + " ");
+    }
+
+    SceltaAstrolog s;
+    s.Combo1 = 3;
+    s.Combo2 = 1;
+    s.ChkGEO = true;
+    PezziComando p;
+    const std::string riga = ComponiComando(Prova(), s, "astrolog ", &p);
+    EXPECT_EQ(p.Elio, "-h");
+    // Elio closes the line without a blank.
+    EXPECT_EQ(riga.substr(riga.find("-zi")), "-zi \"Prova\" \"Padova\" -s 0.983333 -c 1 -h");
+}
+
+TEST(ComponiComando, ClickDiCombo1EDidascaliaDiChkGEO) {
+    EffettoCombo1 utente = Combo1_Click(5);
+    EXPECT_TRUE(utente.Text17Visibile);
+    EXPECT_EQ(utente.Pannello2, "Siderale Utente. Es: 2,5 ruota gli elementi della carta di un "
+                                "angolo pari a (Siderale - 2,5)");
+    for (int i = 0; i < 5; ++i) {
+        EffettoCombo1 e = Combo1_Click(i);
+        EXPECT_FALSE(e.Text17Visibile);
+        EXPECT_EQ(e.Pannello2, " ");
+    }
+    EXPECT_EQ(DidascaliaChkGEO(false), "GEO");
+    EXPECT_EQ(DidascaliaChkGEO(true), "ELIO");
+}
+
+TEST(ComponiComandoTema, OraRiportataNelGiornoSenzaSceltaDelModulo) {
+    Tema t = Prova();
+    t.OraL = 25.5;
+    const double giorno = t.Day;
+    std::string riga = ComponiComandoTema(t, "astrolog ");
+    EXPECT_EQ(riga, "astrolog =X -z -1:00:00 -z0 0:00 -zl 11E53 45N24 -zt 1:30 -zd 16 -zm 1 "
+                    "-zy 1980 -zi \"Prova\" \"Padova\" ");
+    EXPECT_EQ(t.OraL, 1.5);
+    EXPECT_EQ(t.Day, giorno + 1);
+
+    t.OraL = -1;
+    t.Day = GiornoGiuliano(1980, 3, 1);
+    PezziComando p;
+    ComponiComandoTema(t, "astrolog ", &p);
+    EXPECT_EQ(p.SwZt, "-zt 23:00 ");
+    EXPECT_EQ(p.SwZd + p.SwZm, "-zd 29 -zm 2 ");
+
+    // Brought back once only.
+    t.OraL = 50;
+    ComponiComandoTema(t, "astrolog ", &p);
+    EXPECT_EQ(t.OraL, 26);
+}
+
+TEST(ArgomentiRiga, VirgoletteTengonoInsiemeINomi) {
+    EXPECT_EQ(ArgomentiRiga("=X -z -1:00:00 -zi \"Maria Rossi\" \"San Donà\" -s  -c 3 -h"),
+              (std::vector<std::string>{"=X", "-z", "-1:00:00", "-zi", "Maria Rossi", "San Donà",
+                                        "-s", "-c", "3", "-h"}));
+    // An empty name stays an argument of its own, so the place does not take its slot.
+    EXPECT_EQ(ArgomentiRiga("-zi \"\" \"Padova\" "),
+              (std::vector<std::string>{"-zi", "", "Padova"}));
+}
