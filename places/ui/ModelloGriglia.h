@@ -1,0 +1,44 @@
+// A read-only grid over a table cursor: the rows in the order of the cursor's index, read once,
+// so that a view shows 140,000 places smoothly; rows are found by bookmark and back.
+#pragma once
+
+#include <QAbstractTableModel>
+#include <QStringList>
+#include <unordered_map>
+#include <vector>
+
+#include "core/store/Cursore.h"
+
+namespace vesmo {
+
+class ModelloGriglia : public QAbstractTableModel {
+    Q_OBJECT
+public:
+    // `campi`: the fields shown, one column each, with their heads.
+    ModelloGriglia(QStringList campi, QObject* genitore = nullptr);
+
+    // Reads every row of the cursor in index order; the cursor ends where it started.
+    void Carica(Cursore& c);
+
+    int rowCount(const QModelIndex& = {}) const override { return static_cast<int>(righe_.size()); }
+    int columnCount(const QModelIndex& = {}) const override {
+        return static_cast<int>(campi_.size());
+    }
+    QVariant data(const QModelIndex& indice, int ruolo) const override;
+    QVariant headerData(int sezione, Qt::Orientation o, int ruolo) const override;
+
+    // The row of a bookmark (-1 when absent), and the bookmark of a row.
+    int RigaDi(const Segnalibro& s) const;
+    Segnalibro SegnalibroDi(int riga) const { return righe_.at(static_cast<std::size_t>(riga)).s; }
+
+private:
+    struct Riga {
+        Segnalibro s;
+        std::vector<QString> celle;
+    };
+    QStringList campi_;
+    std::vector<Riga> righe_;
+    std::unordered_map<std::int64_t, int> perSegnalibro_;
+};
+
+} // namespace vesmo
