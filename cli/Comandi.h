@@ -14,6 +14,9 @@ int ComandoJd(const Parole& parole, std::ostream& out);
 int ComandoData(const Parole& parole, std::ostream& out);
 int ComandoTema(const Parole& parole, std::ostream& out);
 int ComandoEffemeridi(const Parole& parole, std::ostream& out);
+int ComandoRivoluzione(const Parole& parole, std::ostream& out);
+int ComandoDirezione(const Parole& parole, std::ostream& out);
+int ComandoIngresso(const Parole& parole, std::ostream& out);
 
 // Runs a whole command line (without the program's name); returns the exit status.
 int Esegui(const Parole& parole, std::ostream& out, std::ostream& err);

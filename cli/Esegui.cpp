@@ -17,6 +17,13 @@ const char* const Uso =
     "  tema --data GG/MM/AAAA --ora HH:MM[:SS] --lon LON --lat LAT --fuso H [--estiva H]\n"
     "       [--nome TESTO] [--luna geo|topo]   tema natale (LON 11E53 o 11.88E, LAT 45N24)\n"
     "  effemeridi --jd JD           posizioni geocentriche all'istante JD (TU)\n"
+    "  rivoluzione --tipo solare|tropica|sinodica OPZIONI-TEMA --anno AAAA [--mese MM]\n"
+    "       [--giorno GG] [--ritorno N | --grado G] [--angolo A|natale] [--primo]\n"
+    "                               rivoluzione solare o lunare dal tema natale\n"
+    "  direzione OPZIONI-TEMA (--anni X | --data-direzione GG/MM/AAAA [--frazione])\n"
+    "                               direzione secondaria del tema natale\n"
+    "  ingresso OPZIONI-TEMA --pianeta NOME --bersaglio G --partenza JD\n"
+    "                               quando il pianeta sarà sul grado G\n"
     "Ogni comando accetta --json.\n";
 
 } // namespace
@@ -27,6 +34,9 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"data", ComandoData},
         {"tema", ComandoTema},
         {"effemeridi", ComandoEffemeridi},
+        {"rivoluzione", ComandoRivoluzione},
+        {"direzione", ComandoDirezione},
+        {"ingresso", ComandoIngresso},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;
