@@ -1,0 +1,171 @@
+// The launcher driven as a user would: it opens on the default place, imports it, follows the
+// typing in the city box and the grids, recomputes on a new date, and says what is wrong.
+#include <gtest/gtest.h>
+
+#include <QCheckBox>
+#include <QComboBox>
+#include <QFocusEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTableView>
+#include <QTest>
+
+#include "core/Aritmetica.h"
+#include "core/qt/MessaggiQt.h"
+#include "places/ui/PannelloDati.h"
+#include "places/ui/frmMainVesmo.h"
+#include "tests/places/AiutoLuoghi.h"
+
+using namespace vesmo;
+
+namespace {
+
+class Lanciatore : public ::testing::Test {
+protected:
+    void SetUp() override {
+        {
+            Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+            db.IniziaTransazione();
+            test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+            test::AggiungiCity(db, 380, "Padula", -1.0, 40.3, 1, 1);
+            test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
+            test::AggiungiCity(db, 124, "Vancouver BC", 8.2, 49.25, 2, 2);
+            test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+            test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
+            test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
+            test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
+            test::AggiungiFuso(db, 2, 1, 1, 1900, "8", "00");
+            test::AggiungiEstiva(db, 2, 1, 1, 1900, 0, 0, 0, 0);
+            db.ConfermaTransazione();
+        }
+        percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
+        percorsi.FileIni = (cartella / "Vesmodat.ini").string();
+        cfg.NazioneDefault = "Italy";
+        cfg.CityDefault = "Padova";
+        cfg.Ordinamento = "N";
+        ScriviConfig(percorsi.FileIni, cfg);
+        PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+    }
+    test::CartellaLuoghi cartella;
+    Sessione sessione;
+    ConfigIni cfg;
+    PercorsiVesmo percorsi;
+    MessaggiRegistrati messaggi;
+};
+
+} // namespace
+
+TEST_F(Lanciatore, SiApreSulLuogoPredefinitoEImporta) {
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    PannelloDati* d = f.Dati;
+    EXPECT_TRUE(messaggi.registro.empty());
+    EXPECT_EQ(d->Pannello1->text(), " Nazioni ");
+    EXPECT_EQ(d->Frame5->title(), " DataBase (4 City) ");
+    EXPECT_TRUE(d->Text19->isEnabled());
+    EXPECT_EQ(d->Text2->text(), "Padova");
+    EXPECT_EQ(d->Text19->text(), "Italy");
+    // 10 April 1987 at 19:30: zone one hour east, summer time in force.
+    EXPECT_EQ(d->Text8->text(), "-1");
+    EXPECT_EQ(d->Text22->text(), "1");
+    EXPECT_EQ(d->Text9->text(), "11");
+    EXPECT_EQ(d->Text10->text(), "53");
+    EXPECT_EQ(d->List2->currentText(), "EST    di Greenwich");
+    const Tema& t = sessione.TemaCorrente;
+    EXPECT_EQ(t.Fuso, -1);
+    EXPECT_EQ(t.Estiva, 1);
+    EXPECT_NEAR(t.Lat, 45.4, 1e-12);
+    EXPECT_EQ(t.City.Valore(), "Padova");
+    EXPECT_EQ(d->DBGrid1->currentIndex().data().toString(), "380");
+    EXPECT_EQ(d->DBGrid2->currentIndex().data().toString(), "Italy");
+
+    // A date in winter, typed and left: the summer time goes.
+    d->Text4->setText("1");
+    QFocusEvent uscita(QEvent::FocusOut);
+    QApplication::sendEvent(d->Text4, &uscita);
+    EXPECT_EQ(sessione.TemaCorrente.Estiva, 0);
+    EXPECT_EQ(d->Text22->text(), "0");
+}
+
+TEST_F(Lanciatore, DigitareLaCittaMuoveLaGriglia) {
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    PannelloDati* d = f.Dati;
+    d->Text2->clear();
+    QTest::keyClicks(d->Text2, "Pad");
+    EXPECT_EQ(d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString(),
+              "Padova");
+    QTest::keyClicks(d->Text2, "u");
+    EXPECT_EQ(d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString(),
+              "Padula");
+    // The record changes only with Importa City.
+    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padova");
+    d->Command4->click();
+    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padula");
+    EXPECT_NEAR(sessione.TemaCorrente.Lat, 40.3, 1e-12);
+
+    // Another nation from its box: the places follow, Canada's marks on the status bar.
+    d->Text19->clear();
+    QTest::keyClicks(d->Text19, "Can");
+    EXPECT_EQ(d->DBGrid2->currentIndex().data().toString(), "Canada");
+    EXPECT_EQ(d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString(),
+              "Vancouver BC");
+    d->Command4->click();
+    EXPECT_EQ(sessione.TemaCorrente.Fuso, 8);
+    EXPECT_EQ(d->Pannello2->text(), "(BC) = British Columbia ");
+}
+
+TEST_F(Lanciatore, OrdinePerCityEMessaggi) {
+    cfg.Ordinamento = "C";
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    PannelloDati* d = f.Dati;
+    EXPECT_EQ(d->Pannello1->text(), " City ");
+    EXPECT_FALSE(d->Text19->isEnabled());
+    EXPECT_TRUE(f.mnuFilOrdC->isChecked());
+    EXPECT_FALSE(f.mnuFilOrdN->isChecked());
+    // Choosing the other order writes it into the settings file and reopens the cursors.
+    f.mnuFilOrdN->trigger();
+    ConfigIni letto;
+    LeggiConfig(percorsi.FileIni, letto);
+    EXPECT_EQ(letto.Ordinamento.str(), "N");
+    EXPECT_EQ(d->Pannello1->text(), " Nazioni ");
+
+    // A day of 0 is refused when the box is left; the record keeps its date.
+    d->Text3->setText("0");
+    QFocusEvent uscita(QEvent::FocusOut);
+    QApplication::sendEvent(d->Text3, &uscita);
+    ASSERT_FALSE(messaggi.registro.empty());
+    EXPECT_EQ(messaggi.registro.back().titolo, "Vesmo - data di Nascita ");
+    // No city: reading the record says so and changes nothing.
+    Tema prima = sessione.TemaCorrente;
+    d->Text3->setText("10");
+    d->Text2->clear();
+    EXPECT_FALSE(d->LeggiTema(sessione.TemaCorrente));
+    EXPECT_EQ(messaggi.registro.back().testo, "Attenzione! \rNon è stata scelta nessuna Città");
+    EXPECT_EQ(sessione.TemaCorrente, prima);
+}
+
+TEST_F(Lanciatore, DatabaseAssenteDettoAllUtente) {
+    percorsi.FileDB = (cartella / "manca" / "Vesmodat.Mdb").string();
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - DataBase");
+    EXPECT_EQ(messaggi.registro[0].testo.rfind("Impossibile aprire il database dei luoghi:\n", 0),
+              0u);
+    // The record is still shown and nothing is lost.
+    EXPECT_EQ(f.Dati->Text2->text(), "Padova");
+    f.Dati->Command4->click();
+    f.Dati->Command5->click();
+    EXPECT_EQ(messaggi.registro.size(), 1u);
+}
+
+TEST_F(Lanciatore, AboutConLaVersione) {
+    frmHelp h;
+    EXPECT_EQ(h.windowTitle(), "Vesmo - About");
+    EXPECT_TRUE(frmHelp::TestoVersione().startsWith("Versione "));
+    EXPECT_EQ(frmHelp::TestoVersione().count('.'), 2);
+}
