@@ -24,6 +24,11 @@ const char* const Uso =
     "                               direzione secondaria del tema natale\n"
     "  ingresso OPZIONI-TEMA --pianeta NOME --bersaglio G --partenza JD\n"
     "                               quando il pianeta sarà sul grado G\n"
+    "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
+    "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
+    "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
+    "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
+    "  se no ./data/Vesmodat.Mdb.\n"
     "Ogni comando accetta --json.\n";
 
 } // namespace
@@ -37,6 +42,8 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"rivoluzione", ComandoRivoluzione},
         {"direzione", ComandoDirezione},
         {"ingresso", ComandoIngresso},
+        {"luogo", ComandoLuogo},
+        {"cerca", ComandoCerca},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

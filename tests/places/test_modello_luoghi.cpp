@@ -19,6 +19,7 @@ protected:
     MessaggiRegistrati msg;
 
     void SetUp() override {
+        db.IniziaTransazione();
         AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
         AggiungiCity(db, 380, "Mezzora", -0.5, 40.0, 2, 2);
         AggiungiCity(db, 124, "Sud", 4.0, -30.0, 3, 3);
@@ -46,6 +47,7 @@ protected:
 
         AggiungiFuso(db, 10000, 1, 1, 1900, "-3", "00");
         AggiungiEstiva(db, 10000, 1, 1, 1900, 0, 0, 0, 0);
+        db.ConfermaTransazione();
     }
 
     // Selects a place as the grids would (sorted by city), types date and time, and runs the

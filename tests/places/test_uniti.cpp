@@ -1,0 +1,147 @@
+// The combined lists (FusiEstiveUniti with ZoneOrarie): dates before and after a list, the
+// relative zones 138/139/140, and a list that goes on in another one.
+#include <gtest/gtest.h>
+
+#include "places/ModelloLuoghi.h"
+#include "tests/places/AiutoLuoghi.h"
+
+namespace vesmo {
+namespace {
+
+constexpr double Ora = 1.0 / 24;
+
+// Date serial of a day at an hour: days from 30 December 1899.
+double Seriale(int a, int m, int g, double ore = 0) {
+    return static_cast<double>(GiorniDaCivile(a, m, g) - GiorniDaCivile(1899, 12, 30)) + ore / 24;
+}
+
+class Uniti : public ::testing::Test {
+protected:
+    test::CartellaLuoghi cartella;
+    Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+    MessaggiRegistrati msg;
+
+    void Zona(int n, const char* codice, const char* testo, double diff, const char* plusmin) {
+        Cursore z(db, "ZoneOrarie");
+        z.AddNew();
+        z.Imposta("ZZonenNummer", n);
+        z.Imposta("ZZonenCode", codice);
+        z.Imposta("ZZonenText", testo);
+        z.Imposta("ZUnterschied", diff);
+        z.Imposta("plusmin", plusmin);
+        z.Update();
+    }
+    void Riga(int ttn, int ttv, double wdata, int zzo) {
+        Cursore u(db, "FusiEstiveUniti");
+        u.AddNew();
+        u.Imposta("TTN", ttn);
+        u.Imposta("TTV", ttv);
+        u.Imposta("wdata", wdata);
+        u.Imposta("ZZo", zzo);
+        u.Update();
+    }
+
+    void SetUp() override {
+        db.IniziaTransazione();
+        Zona(1, "CET", "Central European Standard Time", Ora, "+");
+        Zona(2, "CEST", "Central European Daylight Time", 2 * Ora, "+");
+        Zona(3, "EST", "Eastern Standard Time", 5 * Ora, "");
+        Zona(138, "-1", "Minus one hour", 0, "+");
+        Zona(139, "+1", "Plus one hour", 0, "+");
+        // List 10001: standard, daylight, 139 after daylight, standard, 139 after standard.
+        Riga(10001, 0, Seriale(1950, 1, 1), 1);
+        Riga(10001, 0, Seriale(1950, 6, 1, 2), 2);
+        Riga(10001, 0, Seriale(1950, 7, 1), 139);
+        Riga(10001, 0, Seriale(1950, 8, 1), 1);
+        Riga(10001, 0, Seriale(1950, 9, 1), 139);
+        Riga(10001, 0, Seriale(1950, 10, 1), 1);
+        // List 10002 goes on, from 1960, in list 10003 (whose rows before 1960 don't count).
+        Riga(10002, 0, Seriale(1950, 1, 1), 1);
+        Riga(10002, 10003, Seriale(1960, 1, 1), 1);
+        Riga(10003, 0, Seriale(1955, 1, 1), 2);
+        Riga(10003, 0, Seriale(1965, 1, 1), 2);
+        Riga(10003, 0, Seriale(1975, 1, 1), 1);
+        test::AggiungiCity(db, 380, "Unita", -0.8, 45.0, 10001, 10001);
+        test::AggiungiCity(db, 380, "Catena", -0.8, 45.0, 10002, 10002);
+        db.ConfermaTransazione();
+    }
+
+    Tema Importa(ModelloLuoghi& m, const std::string& city, const std::string& g,
+                 const std::string& mese, const std::string& a, const std::string& h = "12",
+                 const std::string& min = "00") {
+        m.Data1.Seek("=", city);
+        m.Data2.Seek("=", m.Data1.Campo("cCity"));
+        m.campi.Text3 = g;
+        m.campi.Text4 = mese;
+        m.campi.Text5 = a;
+        m.campi.Text6 = h;
+        m.campi.Text7 = min;
+        Tema t;
+        m.ImportaCity(t);
+        return t;
+    }
+    double Fuso(const std::string& city, const std::string& g, const std::string& mese,
+                const std::string& a, const std::string& h = "12") {
+        ModelloLuoghi m(db, msg, 'C');
+        return Importa(m, city, g, mese, a, h).Fuso;
+    }
+};
+
+TEST_F(Uniti, TheRowInForceGivesTheZoneAndSummerTimeIsInsideIt) {
+    ModelloLuoghi m(db, msg, 'C');
+    m.campi.Pannello2 = "testo di prima";
+    const Tema t = Importa(m, "Unita", "15", "3", "1950");
+    EXPECT_DOUBLE_EQ(t.Fuso, -1);
+    EXPECT_DOUBLE_EQ(t.Estiva, 0);
+    EXPECT_EQ(t.City.Valore(), "Unita");
+    EXPECT_EQ(t.Stato.Valore(), "Italy");
+    EXPECT_TRUE(m.campi.Label1Visibile);
+    EXPECT_FALSE(m.campi.Text22Visibile);
+    EXPECT_FALSE(m.campi.Text23Visibile);
+    EXPECT_EQ(m.campi.Pannello2, "testo di prima");
+    EXPECT_EQ(m.campi.TagChkSolare, "");
+    EXPECT_FALSE(msg.occupato);
+    EXPECT_DOUBLE_EQ(Fuso("Unita", "15", "6", "1950"), -2);
+    // The change at 02:00 of 1 June.
+    EXPECT_DOUBLE_EQ(Fuso("Unita", "1", "6", "1950", "1"), -1);
+    EXPECT_DOUBLE_EQ(Fuso("Unita", "1", "6", "1950", "2"), -2);
+}
+
+TEST_F(Uniti, PlusOneHourCountsFromThePreviousZone) {
+    // After a daylight zone of 2:00, 139 gives 3:00; after a standard zone of 1:00, 1:00.
+    EXPECT_DOUBLE_EQ(Fuso("Unita", "15", "7", "1950"), -3);
+    EXPECT_DOUBLE_EQ(Fuso("Unita", "15", "9", "1950"), -1);
+    EXPECT_DOUBLE_EQ(Fuso("Unita", "15", "8", "1950"), -1);
+}
+
+TEST_F(Uniti, ADateBeforeTheListIsLocalMeanTime) {
+    ModelloLuoghi m(db, msg, 'C');
+    const Tema t = Importa(m, "Unita", "1", "1", "1940", "10", "30");
+    EXPECT_EQ(m.campi.Pannello2,
+              "Fusi/Estive di  Unita   Posteriori al 01/01/1940 10:30:00     LMT Impostata");
+    EXPECT_EQ(m.campi.TagChkSolare, "Ok");
+    EXPECT_DOUBLE_EQ(t.Fuso, 0); // the form shows 99, which reads back as the longitude
+}
+
+TEST_F(Uniti, ADateAfterTheListKeepsTheLastZoneAndSaysSo) {
+    ModelloLuoghi m(db, msg, 'C');
+    const Tema t = Importa(m, "Unita", "1", "1", "1960");
+    EXPECT_DOUBLE_EQ(t.Fuso, -1);
+    EXPECT_EQ(m.campi.Pannello2,
+              "Unita  -  Italy.  Ultimo dato in DB: 01/10/1950. [ Zona Oraria  - 01:00:00]  ");
+    EXPECT_EQ(m.campi.TagChkSolare, "");
+}
+
+TEST_F(Uniti, AListGoesOnInAnother) {
+    EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", "1957"), -1); // 10003's row of 1955 doesn't count
+    EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", "1962"), -1);
+    EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", "1970"), -2);
+    ModelloLuoghi m(db, msg, 'C');
+    const Tema t = Importa(m, "Catena", "1", "6", "1980");
+    EXPECT_DOUBLE_EQ(t.Fuso, -1);
+    EXPECT_EQ(m.campi.Pannello2,
+              "Catena  -  Italy.  Ultimo dato in DB: 01/01/1975. [ Zona Oraria  - 01:00:00]  ");
+}
+
+} // namespace
+} // namespace vesmo
