@@ -33,6 +33,8 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
         a->setObjectName(nome);
         return a;
     };
+    mnuFilAvvLyx = azione(mnuFile, "mnuFilAvvLyx", "Avvia &Lyx");
+    mnuFile->addSeparator();
     mnuFilePath = azione(mnuFile, "mnuFilePath", "&Default  Vesmo");
     QMenu* ordine = mnuFile->addMenu(QStringLiteral("&Ordinamento"));
     mnuFilOrdC = azione(ordine, "mnuFilOrdC", "&City");
@@ -44,6 +46,9 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
     mnuAbout = azione(aiuto, "mnuAbout", "&About");
 
+    connect(mnuFilAvvLyx, &QAction::triggered, this, [this] {
+        if (AvviaLyx) AvviaLyx();
+    });
     connect(mnuFilePath, &QAction::triggered, this, &frmMainVesmo::mnuFilePath_Click);
     connect(mnuFilOrdC, &QAction::triggered, this, &frmMainVesmo::mnuFilOrdC_Click);
     connect(mnuFilOrdN, &QAction::triggered, this, &frmMainVesmo::mnuFilOrdN_Click);

@@ -26,7 +26,9 @@ public:
     void Form_Load();
 
     PannelloDati* Dati;
-    QAction *mnuFilePath, *mnuFilOrdC, *mnuFilOrdN, *mnuFilEsci, *mnuAbout;
+    QAction *mnuFilAvvLyx, *mnuFilePath, *mnuFilOrdC, *mnuFilOrdN, *mnuFilEsci, *mnuAbout;
+    // Opens the chart half (set by the program, which owns it).
+    std::function<void()> AvviaLyx;
     QMenu* mnuFile;
 
     // Hooks for the parts of the launcher that live in other subsystems (archives, Astrolog,
