@@ -1,0 +1,204 @@
+#include "archives/Archivi.h"
+
+#include "chart/CalcolaTema.h"
+#include "core/Testo.h"
+#include "core/store/Valore.h"
+
+namespace vesmo {
+
+const std::array<const char*, 6> TabelleNonArchivi = {"AllCity",         "Estive",  "Fusi",
+                                                      "FusiEstiveUniti", "Nazioni", "ZoneOrarie"};
+
+namespace {
+
+const std::string Trattini(30, '-');
+
+// One field read under the trap of a deleted row: the cursor goes to the first row and the read
+// goes on with the next field.
+template <class Leggi> void ConTrappola(Cursore& rs, Leggi leggi) {
+    try {
+        leggi();
+    } catch (const ErroreDB& e) {
+        if (e.Numero() != ErroreDB::RecordEliminato) throw;
+        rs.MoveFirst();
+    }
+}
+
+} // namespace
+
+std::vector<DefCampo> CampiArchivio() {
+    return {
+        {"Nome", TipoCampo::Testo, 30, false},    {"City", TipoCampo::Testo, 30, false},
+        {"Nazione", TipoCampo::Testo, 38, false}, {"Day", TipoCampo::Doppio, 0, false},
+        {"OraL", TipoCampo::Doppio, 0, false},    {"Lon", TipoCampo::Doppio, 0, false},
+        {"Lat", TipoCampo::Doppio, 0, false},     {"Fuso", TipoCampo::Doppio, 0, false},
+        {"Estiva", TipoCampo::Doppio, 0, false},  {"Cmto", TipoCampo::Memo, 0, true},
+    };
+}
+
+bool EArchivio(std::string_view nomeTabella) {
+    const std::string nome = SenzaSpazi(nomeTabella);
+    for (const char* t : TabelleNonArchivi)
+        if (nome == t) return false;
+    return nomeTabella.find("MSys") == std::string_view::npos;
+}
+
+std::vector<std::string> ElencoArchivi(const Database& db) {
+    std::vector<std::string> r;
+    for (std::string& t : db.Tabelle())
+        if (EArchivio(t)) r.push_back(std::move(t));
+    return r;
+}
+
+std::vector<std::string> ElencoArchivi(const std::string& fileDB) {
+    Database db(fileDB);
+    return ElencoArchivi(db);
+}
+
+void CreaArchivio(const std::string& fileDB, const std::string& nome) {
+    Database db(fileDB);
+    db.CreaTabella(nome, CampiArchivio(), {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
+}
+
+void ScriviTema(Cursore& rs, const Tema& tema, std::int16_t& aggiungi, std::int16_t& modifica) {
+    if (aggiungi)
+        rs.AddNew();
+    else if (modifica)
+        rs.Edit();
+    rs.Imposta("Nome", tema.Nome.str());
+    rs.Imposta("City", tema.City.str());
+    rs.Imposta("Nazione", tema.Stato.str());
+    rs.Imposta("Day", tema.Day);
+    rs.Imposta("OraL", tema.OraL);
+    rs.Imposta("Lon", tema.Lon);
+    rs.Imposta("Lat", tema.Lat);
+    rs.Imposta("Fuso", tema.Fuso);
+    rs.Imposta("Estiva", tema.Estiva);
+    rs.Imposta("Cmto", tema.Cmto);
+    rs.Update();
+}
+
+void LeggiRecordTema(Cursore& rs, Tema& tema) {
+    ConTrappola(rs, [&] { tema.Nome = rs.Campo("Nome").Testo(); });
+    ConTrappola(rs, [&] { tema.City = rs.Campo("City").Testo(); });
+    ConTrappola(rs, [&] { tema.Stato = rs.Campo("Nazione").Testo(); });
+    ConTrappola(rs, [&] { tema.Day = rs.Campo("Day").Numero(); });
+    ConTrappola(rs, [&] { tema.OraL = rs.Campo("OraL").Numero(); });
+    ConTrappola(rs, [&] { tema.Lon = rs.Campo("Lon").Numero(); });
+    ConTrappola(rs, [&] { tema.Lat = rs.Campo("Lat").Numero(); });
+    ConTrappola(rs, [&] { tema.Fuso = rs.Campo("Fuso").Numero(); });
+    ConTrappola(rs, [&] { tema.Estiva = rs.Campo("Estiva").Numero(); });
+    ConTrappola(rs, [&] { tema.Cmto = rs.Campo("Cmto").Testo(); });
+}
+
+void CaricaTemaX(Cursore& rs, Sessione& s, Messaggi& messaggi) {
+    s.TemaX = s.TemaVuoto;
+    s.PosX = s.PosVuoto;
+    LeggiRecordTema(rs, s.TemaX);
+    Case cuspidi;
+    CastaTema(s.TemaX, cuspidi, s.PosX, s.LunaGeo, messaggi);
+}
+
+std::string TestoTemaDoppio(const Tema& tema) {
+    return tema.Nome.str() + "\n\nè GIA' PRESENTE nel DataBase\n\n"
+                             "Sì =          Sovrascrivo\n"
+                             "No =         Aggiungo senza sovrascrivere\n"
+                             "Annulla =  Nessun salvataggio\n\n";
+}
+
+EsitoSalvataggio SalvaTema(const std::string& fileDB, const std::string& archivio, const Tema& tema,
+                           Messaggi& messaggi, const std::string& routine) {
+    try {
+        Database db(fileDB);
+        bool trovato = false;
+        for (const std::string& t : db.Tabelle())
+            if (t == archivio) trovato = true;
+        if (!trovato) {
+            messaggi.Mostra("Vesmo - " + routine,
+                            "L'Archivio  " + archivio + "  non è più nel DataBase\n" + Trattini +
+                                "\nThe archive is no longer in the database.\n",
+                            Pulsanti::Ok, Icona::Esclamativo);
+            return EsitoSalvataggio::NonSalvato;
+        }
+        Cursore rs(db, archivio);
+        rs.Index(IndiceArchivio);
+        rs.Seek("=", tema.Nome.str());
+
+        std::int16_t aggiungi = 0, modifica = 0;
+        EsitoSalvataggio esito = EsitoSalvataggio::Aggiunto;
+        if (rs.NoMatch()) {
+            aggiungi = -1;
+        } else {
+            switch (messaggi.Mostra("Tema Doppio", TestoTemaDoppio(tema), Pulsanti::SiNoAnnulla,
+                                    Icona::Domanda)) {
+            case Risposta::Si:
+                modifica = -1;
+                esito = EsitoSalvataggio::Sovrascritto;
+                break;
+            case Risposta::No:
+                aggiungi = -1;
+                esito = EsitoSalvataggio::AggiuntoDoppio;
+                break;
+            default:
+                return EsitoSalvataggio::Annullato;
+            }
+        }
+        ScriviTema(rs, tema, aggiungi, modifica);
+        return esito;
+    } catch (const std::exception& e) {
+        AvvisoErroreDB(messaggi, routine, e);
+        return EsitoSalvataggio::NonSalvato;
+    }
+}
+
+std::optional<std::string> NomeNuovoArchivio(const std::string& testo,
+                                             const std::vector<std::string>& elenco,
+                                             Messaggi& messaggi) {
+    std::string nome = SenzaSpazi(testo);
+    if (nome.empty()) return std::nullopt;
+    for (const std::string& archivio : elenco) {
+        if (!UgualeSenzaCaso(archivio, nome)) continue;
+        std::optional<std::string> altro = messaggi.Chiedi(
+            "frmGesArchivi.cmdCrea: Nome Doppio",
+            "L'Archivio  " + nome + "  Esiste già\n" + "Digitare un nome diverso o annullare ");
+        if (!altro || SenzaSpazi(*altro).empty()) return std::nullopt;
+        nome = SenzaSpazi(*altro);
+    }
+    return nome;
+}
+
+std::optional<std::string> CreaArchivioUtente(const std::string& fileDB, const std::string& testo,
+                                              const std::vector<std::string>& elenco,
+                                              Messaggi& messaggi) {
+    std::optional<std::string> nome = NomeNuovoArchivio(testo, elenco, messaggi);
+    if (!nome) return std::nullopt;
+    try {
+        CreaArchivio(fileDB, *nome);
+        return nome;
+    } catch (const ErroreDB& e) {
+        std::string testoIt, testoEn;
+        if (e.Numero() == ErroreDB::TabellaEsistente) {
+            testoIt = "Nel DataBase esiste già una tabella di nome  " + *nome;
+            testoEn = "A table of this name already exists.";
+        } else if (e.Numero() == ErroreDB::FileNonTrovato) {
+            testoIt = "DataBase non trovato:\n" + fileDB;
+            testoEn = "Database not found.";
+        } else {
+            testoIt = "Il DataBase non accetta il nome  " + *nome;
+            testoEn = "The database refuses this name (error " + std::to_string(e.Numero()) + ").";
+        }
+        messaggi.Mostra("frmGesArchivi.cmdCrea: Nome Non Valido",
+                        testoIt + "\nArchivio non creato.\n" + Trattini + "\n" + testoEn + "\n",
+                        Pulsanti::Ok, Icona::Esclamativo);
+        return std::nullopt;
+    }
+}
+
+void AvvisoErroreDB(Messaggi& messaggi, const std::string& routine, const std::exception& e) {
+    std::string numero;
+    if (const auto* db = dynamic_cast<const ErroreDB*>(&e))
+        numero = "Errore " + std::to_string(db->Numero()) + "\n";
+    messaggi.Mostra("Vesmo - " + routine, numero + e.what(), Pulsanti::Ok, Icona::Critico);
+}
+
+} // namespace vesmo
