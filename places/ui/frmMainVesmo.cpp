@@ -1,12 +1,20 @@
 #include "places/ui/frmMainVesmo.h"
 
 #include <QApplication>
+#include <QCheckBox>
 #include <QCloseEvent>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QHBoxLayout>
 #include <QLabel>
+#include <QLineEdit>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "astrolog/Astrolog.h"
+#include "astrolog/qt/AvviaProgramma.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/ui/frmInputIni.h"
 #include "places/ui/PannelloDati.h"
@@ -24,7 +32,51 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     setObjectName("frmMainVesmo");
     setWindowTitle(QStringLiteral("Vesmo"));
     Dati = new PannelloDati(sessione_.TemaCorrente, messaggi_, FormIngresso::MainVesmo, this);
-    setCentralWidget(Dati);
+    auto* centro = new QWidget(this);
+    auto* colonna = new QVBoxLayout(centro);
+    colonna->setContentsMargins(0, 0, 0, 0);
+    colonna->addWidget(Dati, 1);
+
+    // The bridge to Astrolog: zodiac, houses, centre, and the two ways out.
+    auto* astro = new QGroupBox(QStringLiteral("Astrolog"), centro);
+    astro->setObjectName("FrameAstrolog");
+    Combo1 = new QComboBox(astro);
+    Combo1->setObjectName("Combo1");
+    for (const char* v : VociCombo1)
+        Combo1->addItem(QString::fromUtf8(v));
+    Text17 = new QLineEdit(astro);
+    Text17->setObjectName("Text17");
+    Text17->setMaximumWidth(60);
+    Text17->hide();
+    Combo2 = new QComboBox(astro);
+    Combo2->setObjectName("Combo2");
+    for (const char* v : VociCombo2)
+        Combo2->addItem(QString::fromUtf8(v));
+    ChkGEO = new QCheckBox(QS(DidascaliaChkGEO(false)), astro);
+    ChkGEO->setObjectName("ChkGEO");
+    Command1 = new QPushButton(QStringLiteral("A&vvia  Astrolog"), astro);
+    Command1->setObjectName("Command1");
+    Command6 = new QPushButton(QStringLiteral("&Salva Info"), astro);
+    Command6->setObjectName("Command6");
+    auto* h = new QHBoxLayout(astro);
+    h->addWidget(Combo1);
+    h->addWidget(Text17);
+    h->addWidget(Combo2);
+    h->addWidget(ChkGEO);
+    h->addStretch(1);
+    h->addWidget(Command1);
+    h->addWidget(Command6);
+    colonna->insertWidget(0, astro);
+    setCentralWidget(centro);
+    connect(Combo1, &QComboBox::activated, this, [this](int i) {
+        EffettoCombo1 e = Combo1_Click(i);
+        Text17->setVisible(e.Text17Visibile);
+        Dati->Pannello2->setText(QS(e.Pannello2));
+    });
+    connect(ChkGEO, &QCheckBox::toggled, this,
+            [this](bool v) { ChkGEO->setText(QS(DidascaliaChkGEO(v))); });
+    connect(Command1, &QPushButton::clicked, this, &frmMainVesmo::Command1_Click);
+    connect(Command6, &QPushButton::clicked, this, &frmMainVesmo::Command6_Click);
 
     mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
     mnuFile->setObjectName("mnuFile");
@@ -33,6 +85,8 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
         a->setObjectName(nome);
         return a;
     };
+    mnuFilAvvia = azione(mnuFile, "mnuFilAvvia", "A&vvia Astrolog");
+    mnuFilSI = azione(mnuFile, "mnuFilSI", "&Salva Info Astrolog");
     mnuFilAvvLyx = azione(mnuFile, "mnuFilAvvLyx", "Avvia &Lyx");
     mnuFile->addSeparator();
     mnuFilePath = azione(mnuFile, "mnuFilePath", "&Default  Vesmo");
@@ -49,6 +103,8 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     connect(mnuFilAvvLyx, &QAction::triggered, this, [this] {
         if (AvviaLyx) AvviaLyx();
     });
+    connect(mnuFilAvvia, &QAction::triggered, this, &frmMainVesmo::Command1_Click);
+    connect(mnuFilSI, &QAction::triggered, this, &frmMainVesmo::Command6_Click);
     connect(mnuFilePath, &QAction::triggered, this, &frmMainVesmo::mnuFilePath_Click);
     connect(mnuFilOrdC, &QAction::triggered, this, &frmMainVesmo::mnuFilOrdC_Click);
     connect(mnuFilOrdN, &QAction::triggered, this, &frmMainVesmo::mnuFilOrdN_Click);
@@ -57,7 +113,32 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     resize(1100, 680);
 }
 
+void frmMainVesmo::Command1_Click() {
+    if (!Dati->LeggiTema(sessione_.TemaCorrente)) return;
+    SceltaAstrolog scelta{Combo1->currentIndex(), SS(Text17->text()), Combo2->currentIndex(),
+                          ChkGEO->isChecked()};
+    std::string pannello;
+    Avvia(sessione_.TemaCorrente, scelta, percorsi_, messaggi_, AvviaDistaccato, pannello);
+    Dati->Pannello2->setText(QS(pannello));
+}
+
+void frmMainVesmo::Command6_Click() {
+    if (!Dati->LeggiTema(sessione_.TemaCorrente)) return;
+    SceltaAstrolog scelta{Combo1->currentIndex(), SS(Text17->text()), Combo2->currentIndex(),
+                          ChkGEO->isChecked()};
+    TestiInfo testi{SS(Dati->Text3->text()), SS(Dati->Text4->text()), SS(Dati->Text5->text()),
+                    SS(Dati->Text6->text()), SS(Dati->Text7->text()), SS(Dati->Text22->text()),
+                    SS(Dati->Text23->text())};
+    std::string pannello;
+    SalvaInfo(
+        sessione_.TemaCorrente, testi, scelta, messaggi_,
+        [this] { return ScegliFileInfo(this, percorsi_.DirAstrolog); }, pannello);
+    Dati->Pannello2->setText(QS(pannello));
+}
+
 void frmMainVesmo::Form_Load() {
+    Combo1->setCurrentIndex(0);
+    Combo2->setCurrentIndex(0);
     char ordine = cfg_.Ordinamento.str() == "C" ? 'C' : 'N';
     mnuFilOrdC->setChecked(ordine == 'C');
     mnuFilOrdN->setChecked(ordine == 'N');

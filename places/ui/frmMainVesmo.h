@@ -11,6 +11,10 @@
 #include "core/Sessione.h"
 
 class QAction;
+class QCheckBox;
+class QComboBox;
+class QLineEdit;
+class QPushButton;
 
 namespace vesmo {
 
@@ -26,6 +30,12 @@ public:
     void Form_Load();
 
     PannelloDati* Dati;
+    // The bridge to Astrolog.
+    QComboBox *Combo1, *Combo2;
+    QLineEdit* Text17;
+    QCheckBox* ChkGEO;
+    QPushButton *Command1, *Command6;
+    QAction *mnuFilAvvia, *mnuFilSI;
     QAction *mnuFilAvvLyx, *mnuFilePath, *mnuFilOrdC, *mnuFilOrdN, *mnuFilEsci, *mnuAbout;
     // Opens the chart half (set by the program, which owns it).
     std::function<void()> AvviaLyx;
@@ -41,6 +51,8 @@ public slots:
     void mnuFilOrdN_Click();
     void mnuFilEsci_Click();
     void mnuAbout_Click();
+    void Command1_Click();
+    void Command6_Click();
 
 protected:
     void closeEvent(QCloseEvent* e) override;

@@ -169,3 +169,25 @@ TEST_F(Lanciatore, AboutConLaVersione) {
     EXPECT_TRUE(frmHelp::TestoVersione().startsWith("Versione "));
     EXPECT_EQ(frmHelp::TestoVersione().count('.'), 2);
 }
+
+TEST_F(Lanciatore, PonteAstrologSenzaProgramma) {
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    EXPECT_EQ(f.Combo1->count(), 6);
+    EXPECT_EQ(f.ChkGEO->text(), "GEO");
+    f.ChkGEO->setChecked(true);
+    EXPECT_EQ(f.ChkGEO->text(), "ELIO");
+    EXPECT_TRUE(f.Text17->isHidden());
+    f.Combo1->setCurrentIndex(5);
+    emit f.Combo1->activated(5);
+    EXPECT_FALSE(f.Text17->isHidden());
+    EXPECT_EQ(f.Dati->Pannello2->text(), "Siderale Utente. Es: 2,5 ruota gli elementi della carta "
+                                         "di un angolo pari a (Siderale - 2,5)");
+    // No program set: the user is told, and the form's chart is read into the record.
+    f.Dati->Text1->setText("Anna Bianchi");
+    f.Command1->click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvia Astrolog");
+    EXPECT_EQ(messaggi.registro[0].testo.rfind("Nessun programma Astrolog impostato.\n", 0), 0u);
+    EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Anna Bianchi");
+}
