@@ -57,4 +57,21 @@ std::optional<std::string> ScegliFileInfo(QWidget* genitore, const std::string& 
     return SS(file);
 }
 
+bool Command1_Avvia(Tema& tema, const SceltaAstrolog& scelta, const PercorsiVesmo& percorsi,
+                    Messaggi& messaggi, std::string& pannello2) {
+    return Avvia(tema, scelta, percorsi, messaggi, AvviaDistaccato, pannello2);
+}
+
+bool Command6_SalvaInfo(const Tema& tema, const TestiInfo& testi, const SceltaAstrolog& scelta,
+                        const PercorsiVesmo& percorsi, Messaggi& messaggi, std::string& pannello2,
+                        QWidget* genitore) {
+    return SalvaInfo(
+        tema, testi, scelta, messaggi,
+        [&] { return ScegliFileInfo(genitore, percorsi.DirAstrolog); }, pannello2);
+}
+
+bool AvviaAstrologSchermo(Tema& temaSalva, const PercorsiVesmo& percorsi, Messaggi& messaggi) {
+    return AvviaAstrolog(temaSalva, percorsi, messaggi, AvviaDistaccato);
+}
+
 } // namespace vesmo

@@ -22,4 +22,14 @@ EsitoPartenza AvviaDistaccato(const std::string& programma,
 // goes back to `dirAstrolog` when it is a folder.
 std::optional<std::string> ScegliFileInfo(QWidget* genitore, const std::string& dirAstrolog);
 
+// The clicks of the entry form with the screen's facilities: Command1 starts Astrolog detached,
+// Command6 asks for the file with the save dialog. Both after LeggiTema has filled `tema`.
+bool Command1_Avvia(Tema& tema, const SceltaAstrolog& scelta, const PercorsiVesmo& percorsi,
+                    Messaggi& messaggi, std::string& pannello2);
+bool Command6_SalvaInfo(const Tema& tema, const TestiInfo& testi, const SceltaAstrolog& scelta,
+                        const PercorsiVesmo& percorsi, Messaggi& messaggi, std::string& pannello2,
+                        QWidget* genitore);
+// The start of the chart half, with TemaSalva.
+bool AvviaAstrologSchermo(Tema& temaSalva, const PercorsiVesmo& percorsi, Messaggi& messaggi);
+
 } // namespace vesmo
