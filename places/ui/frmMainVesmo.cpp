@@ -13,6 +13,7 @@
 #include <QStatusBar>
 #include <QVBoxLayout>
 
+#include "archives/ui/frmGesArchivi.h"
 #include "astrolog/Astrolog.h"
 #include "astrolog/qt/AvviaProgramma.h"
 #include "core/qt/MessaggiQt.h"
@@ -88,6 +89,8 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     mnuFilAvvia = azione(mnuFile, "mnuFilAvvia", "A&vvia Astrolog");
     mnuFilSI = azione(mnuFile, "mnuFilSI", "&Salva Info Astrolog");
     mnuFilAvvLyx = azione(mnuFile, "mnuFilAvvLyx", "Avvia &Lyx");
+    mnuFilGes = azione(mnuFile, "mnuFilGes", "&Gestione Archivi Temi");
+    mnuFilSalva = azione(mnuFile, "mnuFilSalva", "Sa&lva  Tema");
     mnuFile->addSeparator();
     mnuFilePath = azione(mnuFile, "mnuFilePath", "&Default  Vesmo");
     QMenu* ordine = mnuFile->addMenu(QStringLiteral("&Ordinamento"));
@@ -104,6 +107,16 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
         if (AvviaLyx) AvviaLyx();
     });
     connect(mnuFilAvvia, &QAction::triggered, this, &frmMainVesmo::Command1_Click);
+    connect(mnuFilGes, &QAction::triggered, this, [this] {
+        frmGesArchivi g(sessione_, percorsi_.FileDB, messaggi_, this);
+        g.exec();
+    });
+    connect(mnuFilSalva, &QAction::triggered, this, [this] {
+        if (!Dati->LeggiTema(sessione_.TemaCorrente)) return;
+        frmGesArchivi g(sessione_, percorsi_.FileDB, messaggi_, this);
+        g.ModoSalvo();
+        g.exec();
+    });
     connect(mnuFilSI, &QAction::triggered, this, &frmMainVesmo::Command6_Click);
     connect(mnuFilePath, &QAction::triggered, this, &frmMainVesmo::mnuFilePath_Click);
     connect(mnuFilOrdC, &QAction::triggered, this, &frmMainVesmo::mnuFilOrdC_Click);

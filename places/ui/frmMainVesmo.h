@@ -35,7 +35,7 @@ public:
     QLineEdit* Text17;
     QCheckBox* ChkGEO;
     QPushButton *Command1, *Command6;
-    QAction *mnuFilAvvia, *mnuFilSI;
+    QAction *mnuFilAvvia, *mnuFilSI, *mnuFilGes, *mnuFilSalva;
     QAction *mnuFilAvvLyx, *mnuFilePath, *mnuFilOrdC, *mnuFilOrdN, *mnuFilEsci, *mnuAbout;
     // Opens the chart half (set by the program, which owns it).
     std::function<void()> AvviaLyx;

@@ -1,0 +1,155 @@
+// The chart menu driven as a user would: the natal slot installed at load, a transit from the
+// input form, the comment, the Moon modes, the refusal of the close button, and the way back.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QGroupBox>
+#include <QLabel>
+#include <QPlainTextEdit>
+#include <QPushButton>
+
+#include "core/Aritmetica.h"
+#include "timecharts/ui/frmMenu.h"
+
+using namespace vesmo;
+
+namespace {
+
+class Menu : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Tema t;
+        t.Nome = "Mario Rossi";
+        t.City = "Padova";
+        t.Stato = "Italy";
+        t.Day = GiornoGiuliano(1987, 4, 10);
+        t.OraL = 19.5;
+        t.Lon = -GradiDecimali(11, 53, 0) / 15;
+        t.Lat = 45.4;
+        t.Fuso = -1;
+        t.Estiva = 1;
+        s.TemaX = t;
+        aspetti.EntraInLyx();
+        percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
+    }
+    Sessione s;
+    TabellaAspetti aspetti;
+    ConfigIni cfg;
+    PercorsiVesmo percorsi;
+    MessaggiRegistrati m;
+};
+
+} // namespace
+
+TEST_F(Menu, IlTemaDiPartenzaDiventaNatale) {
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    EXPECT_EQ(f.windowTitle(), "Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria.");
+    EXPECT_EQ(s.MenuPronto, -1);
+    EXPECT_EQ(s.DatiOk, 0);
+    EXPECT_EQ(s.TemaNat.Nome.Valore(), "Mario Rossi");
+    // The positions were cast: the Sun at 20° Aries.
+    EXPECT_NEAR(s.PosNat.Sole.Lo, 20.31, 0.01);
+    auto& r = f.riquadri[0];
+    EXPECT_EQ(r.frame->title(), "Natale");
+    EXPECT_EQ(r.nome->text(), "Mario Rossi                   ");
+    EXPECT_EQ(r.city->text().trimmed(), "Padova");
+    EXPECT_TRUE(r.data->text().startsWith("10/4/1987"));
+    EXPECT_EQ(r.teste[0]->text(), "   il                             alle         Estiva");
+    EXPECT_EQ(f.findChild<QLabel*>("Label38")->text(), "Luna GeoCentrica");
+    EXPECT_EQ(f.findChild<QLabel*>("Label39")->text(), "Luna Nera Vera");
+    for (int i = 1; i <= 3; ++i) {
+        EXPECT_FALSE(f.riquadri[static_cast<std::size_t>(i)].frame->isEnabled());
+        EXPECT_TRUE(f.riquadri[static_cast<std::size_t>(i)].nome->isHidden());
+    }
+    EXPECT_TRUE(f.findChild<QPushButton*>("cmdAA_Tra")->isHidden());
+    EXPECT_TRUE(m.registro.empty());
+}
+
+TEST_F(Menu, TransitoDallInput) {
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    Tema offerto;
+    f.InputDati = [&](const QString&) {
+        offerto = s.TemaX;
+        // The user changes the date and presses Calcola.
+        s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
+        s.DatiOk = -1;
+    };
+    f.mnuTransitInput->trigger();
+    // The first transit starts from the natal place, with " Tra" from the 25th character.
+    EXPECT_EQ(offerto.Nome.str(), "Mario Rossi              Tra  ");
+    EXPECT_EQ(offerto.Lat, s.TemaNat.Lat);
+    EXPECT_EQ(s.TransitoCalcolato, -1);
+    EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
+    EXPECT_NE(s.PosTra.Sole.Lo, 0);
+    EXPECT_TRUE(f.riquadri[1].frame->isEnabled());
+    EXPECT_FALSE(f.riquadri[1].nome->isHidden());
+    EXPECT_FALSE(f.findChild<QPushButton*>("cmdAA_Tra")->isHidden());
+    // A second transit starts from the first.
+    f.InputDati = [&](const QString&) { offerto = s.TemaX; };
+    f.mnuTransitInput->trigger();
+    EXPECT_EQ(offerto.Day, GiornoGiuliano(2000, 11, 8));
+    // Cancelled: the slot stays.
+    EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
+
+    // Topocentric Moon: the natal slot is recast and the others emptied.
+    double geo = s.PosNat.Luna.Lo;
+    f.mnuFileLunaTopo->trigger();
+    EXPECT_EQ(s.LunaGeo, 0);
+    EXPECT_EQ(f.findChild<QLabel*>("Label38")->text(), "Luna TopoCentrica");
+    EXPECT_NE(s.PosNat.Luna.Lo, geo);
+    EXPECT_EQ(s.TransitoCalcolato, 0);
+    EXPECT_EQ(s.TemaTra, Tema{});
+    EXPECT_FALSE(f.riquadri[1].frame->isEnabled());
+    EXPECT_TRUE(f.findChild<QPushButton*>("cmdAA_Tra")->isHidden());
+    f.mnuFileLunaNMedia->trigger();
+    EXPECT_EQ(f.findChild<QLabel*>("Label39")->text(), "Luna Nera Media");
+    f.mnuFileLunaNVera->trigger();
+    EXPECT_EQ(f.findChild<QLabel*>("Label39")->text(), "Luna  Nera  Vera");
+}
+
+TEST_F(Menu, CommentoDelloSlot) {
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    f.ApriMemo(0);
+    frmMemo* w = nullptr;
+    for (QWidget* t : QApplication::topLevelWidgets())
+        if (t->objectName() == "frmMemo" && t->isVisible()) w = qobject_cast<frmMemo*>(t);
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->windowTitle(),
+              "Lyx - Commenti  su   [Tema Natale] - Mario Rossi                   ");
+    w->Text1->setPlainText("Ascendente in Bilancia");
+    w->Command1->click();
+    EXPECT_EQ(s.TemaNat.Cmto, "Ascendente in Bilancia");
+    EXPECT_EQ(f.riquadri[0].frame->title(), "Natale (salva Cmto)");
+    ASSERT_EQ(m.registro.size(), 1u);
+    EXPECT_EQ(m.registro[0].titolo, "Lyx - Salvo Cmto");
+    EXPECT_EQ(m.registro[0].testo, "Ok! Salvato Cmto su  Tema N.\n\nPer avere una registrazione "
+                                   "PERMANENTE \nbisogna anche salvare Tema N.  sul disco\n");
+    // A refresh of the natal frame now shows the comment's mark.
+    f.riquadri[0].tag = "oK";
+    f.Command2->click();
+    EXPECT_EQ(f.riquadri[0].frame->title(), "Natale  (Cmto)");
+}
+
+TEST_F(Menu, ChiusuraRifiutataEUscita) {
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    EXPECT_FALSE(f.close());
+    ASSERT_EQ(m.registro.size(), 1u);
+    EXPECT_EQ(m.registro[0].titolo, "Lyx - ControlBox");
+    EXPECT_EQ(m.registro[0].testo, "Menu  File + Esci ");
+
+    s.TemaRiv = s.TemaNat;
+    s.RivoluzioneCalcolata = -1;
+    s.JDRivoluzione = 2450000;
+    bool tornato = false;
+    f.TornaAVesmo = [&] { tornato = true; };
+    f.Command1->click();
+    EXPECT_TRUE(tornato);
+    EXPECT_EQ(s.TemaRiv, Tema{});
+    EXPECT_EQ(s.RivoluzioneCalcolata, 0);
+    EXPECT_EQ(s.JDRivoluzione, -1.0);
+    EXPECT_EQ(s.TemaNat.Nome.Valore(), "Mario Rossi");
+}

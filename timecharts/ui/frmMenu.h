@@ -1,0 +1,124 @@
+// The hub of the chart half: four chart slots (Natale, Transito, Rivoluzione, Direzione), each
+// shown in its frame, the Moon settings, and the menu from which every chart is made or shown.
+#pragma once
+
+#include <QMainWindow>
+#include <QPointer>
+#include <array>
+#include <functional>
+
+#include "chart/Aspetti.h"
+#include "core/Config.h"
+#include "core/Messaggi.h"
+#include "core/Sessione.h"
+
+class QAction;
+class QGroupBox;
+class QLabel;
+class QPushButton;
+class QPlainTextEdit;
+
+namespace vesmo {
+
+class frmMemo;
+
+class frmMenu : public QMainWindow {
+    Q_OBJECT
+public:
+    frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& cfgLyx,
+            const PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* genitore = nullptr);
+    ~frmMenu() override;
+
+    // The load: labels, Moon modes, and the chart of TemaX installed as the natal slot.
+    void Form_Load();
+
+    // Slot 0..3: TemaX becomes the slot's chart, its frame is refreshed and it is cast.
+    void InstallaTema(int cheFrame);
+    // 0: the refresh of Command2; 2 and 3: that frame only, when it waits.
+    void AggiornaFrames(int cheFrame = 0);
+    void PulisciSlot();
+    void ChiudiSecondarie();
+
+    // Called when the user goes back to the launcher (after the slots are emptied).
+    std::function<void()> TornaAVesmo;
+    // The modal birth data form over TemaX (the launcher's twin); returns when it closed.
+    // `tag` is "" or a revolution's mode.
+    std::function<void(const QString& tag)> InputDati;
+    // Opens a secondary window that the menu must close on a new chart.
+    void RegistraSecondaria(QWidget* w);
+
+    // Frames and their labels, by slot.
+    struct Riquadro {
+        QGroupBox* frame;
+        QLabel *nome, *city, *data, *coordinate, *tslJd, *fuso;
+        std::array<QLabel*, 3> teste;
+        QPushButton* astrolog; // null for the natal slot
+        QString tag;           // "oK" while a new chart waits to be shown
+        QString titolo;        // "Natale", "Transito", "Rivoluzione", "Direzione"
+    };
+    std::array<Riquadro, 4> riquadri;
+    QLabel *Label11, *Label38, *Label39;
+    QPushButton *Command1, *Command2;
+    QAction *mnuFileLunaGeo, *mnuFileLunaTopo, *mnuFileLunaNMedia, *mnuFileLunaNVera;
+    std::array<QAction*, 4> mnuFileSalvo{}; // TN, T, R, D
+    QAction *mnuFileEsci, *mnUnCieloNuovo, *mnuTransitInput, *munVarSca;
+    QMenu *mnuFile, *mnUnCielo, *mnuTransiti, *mnuRiv, *mnuDir, *mnuVar, *mnuHefrMenu;
+
+    Tema& TemaDelSlot(int slot);
+    Posizioni& PosDelSlot(int slot);
+    std::int16_t& FlagDelSlot(int slot); // slots 1..3
+
+public slots:
+    void Command1_Click();
+    void Command2_Click();
+    void mnuTransitInput_Click();
+    void mnUnCieloNuovo_Click();
+    void ApriMemo(int slot);
+    void Salvo(int slot);
+    void CambiaLuna(std::int16_t geo);
+    void CambiaLunaNera(std::int32_t vera);
+
+protected:
+    void closeEvent(QCloseEvent* e) override;
+
+private:
+    void Rinfresca(int slot);
+    void Didascalia(int slot, bool dopoSalvo);
+    void MostraEtichette(int slot, bool visibili);
+    void DopoInput(int slot);
+    void Aiuto(const QString& titolo, const QString& testo);
+
+    Sessione& s_;
+    TabellaAspetti& aspetti_;
+    ConfigIni cfg_;
+    PercorsiVesmo percorsi_;
+    Messaggi& messaggi_;
+    QList<QPointer<QWidget>> secondarie_;
+    QPointer<frmMemo> memo_;
+    bool uscendo_ = false;
+};
+
+// The comment of a slot: "Lyx - Commenti  su   ".
+class frmMemo : public QWidget {
+    Q_OBJECT
+public:
+    frmMemo(Sessione& sessione, frmMenu& menu, Messaggi& messaggi, int slot,
+            QWidget* genitore = nullptr);
+    QPlainTextEdit* Text1;
+    QLabel* Label1;
+    QPushButton *Command1, *Command2;
+
+public slots:
+    void Command1_Click();
+
+private:
+    Sessione& s_;
+    frmMenu& menu_;
+    Messaggi& messaggi_;
+};
+
+// The help texts of the menu's "?" entries.
+extern const char* const AiutoDecimali;
+extern const char* const AiutoRivoluzioniMirate;
+
+} // namespace vesmo
