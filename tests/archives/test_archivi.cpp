@@ -6,8 +6,7 @@
 #include "archives/Archivi.h"
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
-#include "places/Schema.h"
-#include "tests/core/store/Cartella.h"
+#include "tests/archives/AiutoArchivi.h"
 
 using namespace vesmo;
 using vesmo::test::Cartella;
@@ -29,33 +28,7 @@ Tema Rossi() {
     return t;
 }
 
-// A database with the place tables, as the workstation's file has them.
-class ArchiviTest : public ::testing::Test {
-protected:
-    void SetUp() override {
-        fileDB = (cartella / "Vesmodat.Mdb").string();
-        Database db;
-        db.Crea(fileDB);
-        CreaSchemaLuoghi(db);
-    }
-
-    std::vector<Tema> Temi(const std::string& archivio) {
-        Database db(fileDB);
-        Cursore rs(db, archivio);
-        rs.Index(IndiceArchivio);
-        std::vector<Tema> r;
-        for (; !rs.Eof(); rs.MoveNext()) {
-            Tema t;
-            LeggiRecordTema(rs, t);
-            r.push_back(t);
-        }
-        return r;
-    }
-
-    Cartella cartella;
-    std::string fileDB;
-    MessaggiRegistrati messaggi;
-};
+using ArchiviTest = vesmo::test::ConArchivi;
 
 } // namespace
 
