@@ -1,0 +1,162 @@
+// The drawing surface's own rules (pen left behind, half-axes of ellipses, arcs through 0 and
+// their radii) and the glyphs drawn stroke by stroke with their pen widths.
+#include <gtest/gtest.h>
+
+#include "Disegno.h"
+
+using namespace vesmo;
+using namespace vesmo::prova;
+
+TEST(Superficie, PennaLasciataDoveFinisceLaFigura) {
+    SuperficieRegistrata sup;
+    sup.Linea(100, 200, 300, 400, Nero);
+    EXPECT_EQ(sup.PennaX(), 300);
+    EXPECT_EQ(sup.PennaY(), 400);
+    sup.Cerchio(1000, 2000, 50, Nero);
+    EXPECT_EQ(sup.PennaX(), 1000);
+    EXPECT_EQ(sup.PennaY(), 2000);
+    sup.Cerchio(10, 20, 50, Nero, 0, 1);
+    EXPECT_EQ(sup.PennaX(), 10);
+    sup.Punto(7, 8, Nero);
+    EXPECT_EQ(sup.PennaY(), 8);
+    // Text moves the pen on by its width, on the same line.
+    sup.Stampa("12");
+    EXPECT_GT(sup.PennaX(), 7);
+    EXPECT_EQ(sup.PennaY(), 8);
+    EXPECT_EQ(sup.figure.back().testo, "12");
+    EXPECT_EQ(sup.figure.back().x1, 7);
+}
+
+TEST(Superficie, EllissiArchiERaggi) {
+    SuperficieRegistrata sup;
+    // The radius is the longer half-axis: horizontal below aspect 1, vertical above.
+    sup.Cerchio(0, 0, 100, Nero, 0.5);
+    sup.Cerchio(0, 0, 100, Nero, 2);
+    EXPECT_EQ(sup.figure[0].rx, 100);
+    EXPECT_EQ(sup.figure[0].ry, 50);
+    EXPECT_EQ(sup.figure[1].rx, 50);
+    EXPECT_EQ(sup.figure[1].ry, 100);
+    // From 342 to 252 degrees the arc runs through 0: 270 degrees.
+    sup.Cerchio(0, 0, 100, Nero, Radianti(342), Radianti(252));
+    EXPECT_NEAR(sup.figure[2].inizio, Radianti(342), 1e-12);
+    EXPECT_NEAR(sup.figure[2].ampiezza, Radianti(270), 1e-12);
+    // A negative start: the arc from its absolute value, with the radius to it.
+    sup.Cerchio(0, 0, 100, Nero, -Radianti(72), Radianti(72.0057));
+    EXPECT_TRUE(sup.figure[3].raggioInizio);
+    EXPECT_FALSE(sup.figure[3].raggioFine);
+    EXPECT_NEAR(sup.figure[3].inizio, Radianti(72), 1e-12);
+    EXPECT_NEAR(sup.figure[3].ampiezza, Radianti(0.0057), 1e-12);
+}
+
+TEST(Superficie, StatoRegistratoConOgniFigura) {
+    SuperficieRegistrata sup;
+    sup.TipoRiempimento(0);
+    sup.ColoreRiempimento(GrigioChiaro);
+    sup.SpessorePenna(3);
+    sup.Cerchio(5, 5, 10, Bianco);
+    const Figura& f = sup.figure.back();
+    EXPECT_EQ(f.tipoRiempimento, 0);
+    EXPECT_EQ(f.coloreRiempimento, GrigioChiaro);
+    EXPECT_EQ(f.spessore, 3);
+    EXPECT_EQ(f.colore, Bianco);
+}
+
+TEST(Superficie, Palette) {
+    EXPECT_EQ(ColorePalette(0), (Colore{0, 0, 0}));
+    EXPECT_EQ(ColorePalette(1), (Colore{0, 0, 128}));
+    EXPECT_EQ(ColorePalette(4), (Colore{128, 0, 0}));
+    EXPECT_EQ(ColorePalette(5), (Colore{128, 0, 128}));
+    EXPECT_EQ(ColorePalette(8), (Colore{128, 128, 128}));
+    EXPECT_EQ(ColorePalette(9), (Colore{0, 0, 255}));
+    EXPECT_EQ(ColorePalette(12), (Colore{255, 0, 0}));
+    EXPECT_EQ(ColorePalette(13), (Colore{255, 0, 255}));
+    EXPECT_EQ(ColorePalette(14), (Colore{255, 255, 0}));
+    EXPECT_EQ(ColorePalette(15), (Colore{255, 255, 255}));
+}
+
+TEST(Glifi, SegnoConPenna2LasciataAlChiamante) {
+    SuperficieRegistrata sup;
+    DisegnaGlifo(sup, GlifoSegno(0), 500, 1000, 2000, Rosso);
+    EXPECT_EQ(sup.SpessorePenna(), 2);
+    ASSERT_EQ(sup.figure.size(), 3u);
+    for (const Figura& f : sup.figure) {
+        EXPECT_EQ(f.spessore, 2);
+        EXPECT_EQ(f.colore, Rosso);
+    }
+    // Ariete: the stem from the bottom middle up to the middle, then two arcs of aspect 2.
+    const Figura& stelo = sup.figure[0];
+    EXPECT_EQ(stelo.tipo, Figura::Linea);
+    EXPECT_DOUBLE_EQ(stelo.x1, 1250);
+    EXPECT_DOUBLE_EQ(stelo.y1, 2500);
+    EXPECT_DOUBLE_EQ(stelo.y2, 2250);
+    const Figura& arco = sup.figure[1];
+    EXPECT_DOUBLE_EQ(arco.x1, 1350);
+    EXPECT_DOUBLE_EQ(arco.rx, 100);
+    EXPECT_DOUBLE_EQ(arco.ry, 200);
+    EXPECT_NEAR(arco.ampiezza, Radianti(144), 1e-12);
+    // A body glyph drawn at once inherits the width.
+    DisegnaGlifo(sup, GlifoCorpo(RuotaMarte), 350, 0, 0, Rosso);
+    EXPECT_EQ(sup.figure.back().spessore, 2);
+}
+
+TEST(Glifi, PuntoDelSoleConPenna3) {
+    auto f = FigureDelGlifo(GlifoCorpo(RuotaSole), 350, 700, 1400, ColorePalette(14), 1);
+    ASSERT_EQ(f.size(), 2u);
+    EXPECT_EQ(f[0].tipo, Figura::Punto);
+    EXPECT_EQ(f[0].spessore, 3);
+    EXPECT_DOUBLE_EQ(f[0].x1, 875);
+    EXPECT_DOUBLE_EQ(f[0].y1, 1575);
+    EXPECT_EQ(f[1].tipo, Figura::Ellisse);
+    EXPECT_EQ(f[1].spessore, 1);
+    EXPECT_DOUBLE_EQ(f[1].rx, 140);
+}
+
+TEST(Glifi, ArchiCheAttraversanoLoZeroEArchiSvaniti) {
+    auto giove = FigureDelGlifo(GlifoCorpo(RuotaGiove), 350, 0, 0, Nero);
+    EXPECT_NEAR(giove[0].ampiezza, Radianti(270), 1e-12);
+    // Capricorno: three arcs that start with a radius; the first two arcs barely exist.
+    auto capricorno = FigureDelGlifo(GlifoSegno(9), 500, 0, 0, Nero);
+    EXPECT_TRUE(capricorno[0].raggioInizio);
+    EXPECT_NEAR(capricorno[0].ampiezza, Radianti(0.0057), 1e-9);
+    EXPECT_TRUE(capricorno[1].raggioInizio);
+    EXPECT_NEAR(capricorno[1].inizio, Radianti(108), 1e-12);
+    EXPECT_TRUE(capricorno[4].raggioInizio);
+    EXPECT_FALSE(capricorno[5].raggioInizio);
+}
+
+TEST(Glifi, NodiPlanetari) {
+    auto venere = FigureDelGlifo(GlifoCorpo(RuotaVenere), 350, 100, 200, ColorePalette(13));
+    auto nord = FigureDelGlifo(GlifoNodo(RuotaVenere, 0), 350, 100, 200, ColorePalette(13));
+    auto sud = FigureDelGlifo(GlifoNodo(RuotaVenere, 180), 350, 100, 200, ColorePalette(13));
+    // Venere's small form is its whole glyph; the marks follow with five strokes each.
+    ASSERT_EQ(nord.size(), venere.size() + 5);
+    ASSERT_EQ(sud.size(), venere.size() + 5);
+    for (std::size_t i = 0; i < venere.size(); ++i) {
+        EXPECT_TRUE(Uguali(nord[i], venere[i]));
+        EXPECT_TRUE(Uguali(sud[i], venere[i]));
+    }
+    // The north mark's arch from 0 to 180; the south mark's from 180 to 2.865 degrees.
+    EXPECT_NEAR(nord.back().inizio, 0, 1e-12);
+    EXPECT_NEAR(nord.back().ampiezza, PI, 1e-12);
+    EXPECT_NEAR(sud.back().inizio, PI, 1e-12);
+    EXPECT_NEAR(sud.back().ampiezza, Radianti(182.86479), 1e-12);
+    // Mercurio's small forms differ between the sides.
+    auto mNord = FigureDelGlifo(GlifoNodo(RuotaMercurio, 0), 350, 0, 0, Nero);
+    auto mSud = FigureDelGlifo(GlifoNodo(RuotaMercurio, 180), 350, 0, 0, Nero);
+    EXPECT_DOUBLE_EQ(mNord[0].y1, 0.6 * 350);
+    EXPECT_DOUBLE_EQ(mSud[0].y1, 0.5 * 350);
+    // Aspect 0.9: the radius is the horizontal half-axis.
+    EXPECT_DOUBLE_EQ(mNord[0].rx, 0.2 * 350);
+    EXPECT_DOUBLE_EQ(mNord[0].ry, 0.2 * 350 * 0.9);
+}
+
+TEST(Glifi, OgniGlifoDisegnaQualcosa) {
+    for (int s = 0; s < 12; ++s)
+        EXPECT_FALSE(FigureDelGlifo(GlifoSegno(s), 500, 0, 0, Nero).empty()) << s;
+    for (int c = RuotaSole; c <= RuotaLunaNera; ++c)
+        EXPECT_FALSE(FigureDelGlifo(GlifoCorpo(c), 350, 0, 0, Nero).empty()) << c;
+    // Each glyph stays near its box (arcs reach a little out of it, as drawn).
+    for (int c = RuotaSole; c <= RuotaLunaNera; ++c)
+        for (const Figura& f : FigureDelGlifo(GlifoCorpo(c), 350, 0, 0, Nero))
+            EXPECT_TRUE(f.x1 >= -350 && f.x1 <= 700 && f.y1 >= -350 && f.y1 <= 700) << c;
+}
