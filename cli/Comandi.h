@@ -14,6 +14,9 @@ int ComandoJd(const Parole& parole, std::ostream& out);
 int ComandoData(const Parole& parole, std::ostream& out);
 int ComandoTema(const Parole& parole, std::ostream& out);
 int ComandoEffemeridi(const Parole& parole, std::ostream& out);
+#ifdef VESMO_CON_QT
+int ComandoRuota(const Parole& parole, std::ostream& out);
+#endif
 int ComandoRivoluzione(const Parole& parole, std::ostream& out);
 int ComandoDirezione(const Parole& parole, std::ostream& out);
 int ComandoIngresso(const Parole& parole, std::ostream& out);

@@ -9,6 +9,7 @@
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
 #include "cli/Json.h"
+#include "cli/OpzioniTema.h"
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
 #include "places/ModelloLuoghi.h"
@@ -51,24 +52,8 @@ std::string TestoNumeroPunto(double x) {
 
 } // namespace
 
-int ComandoLuogo(const Parole& parole, std::ostream& out) {
-    Argomenti a(parole, {"json"});
-    a.Consenti({"city", "nazione", "data", "ora", "json", "db"});
-    if (!a.Posizionali().empty())
-        throw ErroreArgomenti("uso: vesmo-cli luogo --city NOME [--nazione NOME] "
-                              "[--data GG/MM/AAAA --ora HH:MM] [--db FILE] [--json]");
-    const std::string city = a.Richiesta("city");
-    const auto nazione = a.Opzione("nazione");
-
-    // The local date and time: today and now when not given.
-    const std::time_t adesso = std::time(nullptr);
-    std::tm oggi{};
-    localtime_r(&adesso, &oggi);
-    Data d{oggi.tm_mday, oggi.tm_mon + 1, oggi.tm_year + 1900};
-    Ora o{oggi.tm_hour, oggi.tm_min, 0};
-    if (auto t = a.Opzione("data")) d = LeggiData(*t);
-    if (auto t = a.Opzione("ora")) o = LeggiOra(*t);
-
+LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
+                          const std::optional<std::string>& nazione, const Data& d, const Ora& o) {
     Database db = ApriDatabase(a);
     MessaggiRegistrati messaggi;
     messaggi.risposte.push_back(Risposta::No); // nobody is there to open the table editor
@@ -97,15 +82,41 @@ int ComandoLuogo(const Parole& parole, std::ostream& out) {
     m.campi.Text5 = std::to_string(d.anno);
     m.campi.Text6 = std::to_string(o.ore);
     m.campi.Text7 = std::to_string(o.minuti);
-    Tema t;
-    m.ImportaCity(t);
-
+    LuogoRisolto r;
+    m.ImportaCity(r.tema);
     // What the form would show: the question box, else the status text.
-    const std::string messaggio =
-        messaggi.registro.empty() ? m.campi.Pannello2 : messaggi.registro.back().testo;
-    const bool lmt = m.campi.TagChkSolare == "Ok";
-    const auto cFusi = m.Data1.Campo("cFusi").Intero();
-    const auto cEst = m.Data1.Campo("cEst").Intero();
+    r.messaggio = messaggi.registro.empty() ? m.campi.Pannello2 : messaggi.registro.back().testo;
+    r.lmt = m.campi.TagChkSolare == "Ok";
+    r.cFusi = m.Data1.Campo("cFusi").Intero();
+    r.cEst = m.Data1.Campo("cEst").Intero();
+    r.testoData = m.campi.Text3 + '/' + m.campi.Text4 + '/' + m.campi.Text5;
+    return r;
+}
+
+int ComandoLuogo(const Parole& parole, std::ostream& out) {
+    Argomenti a(parole, {"json"});
+    a.Consenti({"city", "nazione", "data", "ora", "json", "db"});
+    if (!a.Posizionali().empty())
+        throw ErroreArgomenti("uso: vesmo-cli luogo --city NOME [--nazione NOME] "
+                              "[--data GG/MM/AAAA --ora HH:MM] [--db FILE] [--json]");
+    const std::string city = a.Richiesta("city");
+    const auto nazione = a.Opzione("nazione");
+
+    // The local date and time: today and now when not given.
+    const std::time_t adesso = std::time(nullptr);
+    std::tm oggi{};
+    localtime_r(&adesso, &oggi);
+    Data d{oggi.tm_mday, oggi.tm_mon + 1, oggi.tm_year + 1900};
+    Ora o{oggi.tm_hour, oggi.tm_min, 0};
+    if (auto t = a.Opzione("data")) d = LeggiData(*t);
+    if (auto t = a.Opzione("ora")) o = LeggiOra(*t);
+
+    const LuogoRisolto r = RisolviLuogo(a, city, nazione, d, o);
+    const Tema& t = r.tema;
+    const std::string& messaggio = r.messaggio;
+    const bool lmt = r.lmt;
+    const auto cFusi = r.cFusi;
+    const auto cEst = r.cEst;
     if (a.Flag("json")) {
         JsonOggetto j;
         j.Testo("City", t.City.Valore())
@@ -128,8 +139,8 @@ int ComandoLuogo(const Parole& parole, std::ostream& out) {
         << '\n'
         << "Lat        " << TestoNumeroPunto(t.Lat) << "°  " << TestoCoordinata(t.Lat, 0, 1, false)
         << '\n'
-        << "Data       " << m.campi.Text3 << '/' << m.campi.Text4 << '/' << m.campi.Text5 << ' '
-        << (o.ore < 10 ? "0" : "") << o.ore << ':' << (o.minuti < 10 ? "0" : "") << o.minuti << '\n'
+        << "Data       " << r.testoData << ' ' << (o.ore < 10 ? "0" : "") << o.ore << ':'
+        << (o.minuti < 10 ? "0" : "") << o.minuti << '\n'
         << "cFusi      " << cFusi << "   cEst " << cEst << '\n'
         << "Fuso       " << TestoNumeroPunto(t.Fuso) << (lmt ? "   LMT" : "") << '\n'
         << "Estiva     " << TestoNumeroPunto(t.Estiva) << '\n';

@@ -16,6 +16,7 @@ const char* const Uso =
     "  data JD                      data e ora di un giorno giuliano\n"
     "  tema --data GG/MM/AAAA --ora HH:MM[:SS] --lon LON --lat LAT --fuso H [--estiva H]\n"
     "       [--nome TESTO] [--luna geo|topo]   tema natale (LON 11E53 o 11.88E, LAT 45N24)\n"
+    "       --city NOME [--nazione NOME] [--db FILE] al posto di --lon --lat --fuso --estiva\n"
     "  effemeridi --jd JD           posizioni geocentriche all'istante JD (TU)\n"
     "  rivoluzione --tipo solare|tropica|sinodica OPZIONI-TEMA --anno AAAA [--mese MM]\n"
     "       [--giorno GG] [--ritorno N | --grado G] [--angolo A|natale] [--primo]\n"
@@ -29,6 +30,11 @@ const char* const Uso =
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
+#ifdef VESMO_CON_QT
+    "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
+    "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
+    "       [--case-transito] [--zodiaco CASA]]   ruota del tema, o doppia con il transito\n"
+#endif
     "Ogni comando accetta --json.\n";
 
 } // namespace
@@ -39,6 +45,9 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"data", ComandoData},
         {"tema", ComandoTema},
         {"effemeridi", ComandoEffemeridi},
+#ifdef VESMO_CON_QT
+        {"ruota", ComandoRuota},
+#endif
         {"rivoluzione", ComandoRivoluzione},
         {"direzione", ComandoDirezione},
         {"ingresso", ComandoIngresso},

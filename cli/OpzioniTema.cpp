@@ -8,7 +8,7 @@
 namespace vesmo::cli {
 
 std::vector<std::string> OpzioniDelTema() {
-    return {"data", "ora", "lon", "lat", "fuso", "estiva", "nome", "luna"};
+    return {"data", "ora", "lon", "lat", "fuso", "estiva", "nome", "luna", "city", "nazione", "db"};
 }
 
 namespace {
@@ -68,17 +68,26 @@ Tema LeggiTema(const Argomenti& a) {
     Tema t;
     Data d = LeggiData(a.Richiesta("data"));
     Ora o = LeggiOra(a.Richiesta("ora"));
+    if (auto city = a.Opzione("city")) {
+        // The place, its zone and its summer time come from the places database.
+        for (const char* fuori : {"lon", "lat", "fuso", "estiva"})
+            if (a.Opzione(fuori))
+                throw ErroreArgomenti(std::string("--") + fuori + " non va con --city");
+        t = RisolviLuogo(a, *city, a.Opzione("nazione"), d, o).tema;
+    } else {
+        if (a.Opzione("nazione")) throw ErroreArgomenti("--nazione va con --city");
+        t.Lon = LeggiLongitudine(a.Richiesta("lon"));
+        t.Lat = LeggiLatitudine(a.Richiesta("lat"));
+        t.Fuso = LeggiNumero(a.Richiesta("fuso"), "fuso");
+        t.Estiva = LeggiNumero(a.Opzione("estiva").value_or("0"), "estiva");
+        if (std::fabs(t.Fuso) > 15)
+            throw ErroreArgomenti("fuso fuori da -15..15 ore: " + a.Richiesta("fuso"));
+        if (t.Estiva < -3 || t.Estiva > 3)
+            throw ErroreArgomenti("estiva fuori da -3..3 ore: " + *a.Opzione("estiva"));
+    }
     t.Nome = a.Opzione("nome").value_or("Tema");
     t.Day = GiornoGiuliano(d.anno, d.mese, d.giorno);
     t.OraL = GradiDecimali(o.ore, o.minuti, o.secondi);
-    t.Lon = LeggiLongitudine(a.Richiesta("lon"));
-    t.Lat = LeggiLatitudine(a.Richiesta("lat"));
-    t.Fuso = LeggiNumero(a.Richiesta("fuso"), "fuso");
-    t.Estiva = LeggiNumero(a.Opzione("estiva").value_or("0"), "estiva");
-    if (std::fabs(t.Fuso) > 15)
-        throw ErroreArgomenti("fuso fuori da -15..15 ore: " + a.Richiesta("fuso"));
-    if (t.Estiva < -3 || t.Estiva > 3)
-        throw ErroreArgomenti("estiva fuori da -3..3 ore: " + *a.Opzione("estiva"));
     return t;
 }
 

@@ -2,6 +2,8 @@
 // --estiva, --nome, --luna.
 #pragma once
 
+#include <cstdint>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -9,6 +11,18 @@
 #include "core/Tema.h"
 
 namespace vesmo::cli {
+
+// A place of the places database with the zone and summer time in force there at a local date
+// and time (--db FILE chooses the database).
+struct LuogoRisolto {
+    Tema tema;             // City, Stato, cNaz, Lon, Lat, Fuso, Estiva, cFusi, cEst, Day, OraL
+    std::string messaggio; // the question or status text the entry form would show
+    bool lmt = false;      // local mean time was set
+    std::int64_t cFusi = 0, cEst = 0;
+    std::string testoData;
+};
+LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
+                          const std::optional<std::string>& nazione, const Data& d, const Ora& o);
 
 // The options that describe a chart, for Argomenti::Consenti.
 std::vector<std::string> OpzioniDelTema();

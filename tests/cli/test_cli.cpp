@@ -5,6 +5,10 @@
 #include <sstream>
 
 #include "cli/Comandi.h"
+#include "core/Aritmetica.h"
+#include "tests/places/AiutoLuoghi.h"
+
+using namespace vesmo;
 
 using vesmo::cli::Esegui;
 
@@ -142,4 +146,37 @@ TEST(CliTema, ArgomentiSbagliati) {
     Esito luna = Lancia({"tema", "--data", "21/12/2001", "--ora", "12:00", "--lon", "1E00", "--lat",
                          "1N00", "--fuso", "0", "--luna", "marte"});
     EXPECT_EQ(luna.err, "vesmo-cli tema: luna non valida: 'marte' (geo o topo)\n");
+}
+
+TEST(CliTema, LuogoDalDatabase) {
+    test::CartellaLuoghi cartella;
+    {
+        Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+        test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+        test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
+        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
+        test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
+    }
+    const std::string db = (cartella / "Vesmodat.Mdb").string();
+    Esito e = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
+                      "--nazione", "Italy", "--db", db, "--json"});
+    ASSERT_EQ(e.stato, 0) << e.err;
+    // The zone and the summer time of the database: the same chart as typed by hand.
+    EXPECT_NE(e.out.find("\"City\": \"Padova\""), std::string::npos) << e.out;
+    EXPECT_NE(e.out.find("\"Fuso\": -1, \"Estiva\": 1"), std::string::npos) << e.out;
+    EXPECT_NE(e.out.find("\"TU\": 17.5"), std::string::npos);
+    Esito mano = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53",
+                         "--lat", "45N24", "--fuso", "-1", "--estiva", "1", "--json"});
+    EXPECT_EQ(e.out.substr(e.out.find("\"Posizioni\"")),
+              mano.out.substr(mano.out.find("\"Posizioni\"")));
+
+    Esito ignoto =
+        Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Zzz", "--db", db});
+    EXPECT_EQ(ignoto.stato, 1);
+    EXPECT_EQ(ignoto.err, "vesmo-cli tema: luogo sconosciuto: Zzz\n");
+    Esito doppio = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
+                           "--lon", "11E53", "--db", db});
+    EXPECT_EQ(doppio.stato, 2);
+    EXPECT_EQ(doppio.err, "vesmo-cli tema: --lon non va con --city\n");
 }
