@@ -1,0 +1,92 @@
+// Drawing a whole wheel: the single wheel with its aspect lines on an 800 x 800 image (one
+// redraw of the window), the same on the recording surface (the drawing logic alone), and the
+// double transit wheel.
+#include <benchmark/benchmark.h>
+
+#include <QGuiApplication>
+#include <QImage>
+#include <QPainter>
+
+#include "chart/CalcolaTema.h"
+#include "core/Aritmetica.h"
+#include "core/Messaggi.h"
+#include "presentation/Ruota.h"
+#include "presentation/RuotaDoppia.h"
+#include "presentation/SuperficieRegistrata.h"
+#include "presentation/qt/SuperficieQt.h"
+
+using namespace vesmo;
+
+namespace {
+
+struct Carta {
+    Tema t;
+    Case c;
+    Posizioni p;
+};
+
+Carta Casta(int anno) {
+    Carta k;
+    k.t.Day = GiornoGiuliano(anno, 4, 10);
+    k.t.OraL = 19.5;
+    k.t.Fuso = -1;
+    k.t.Estiva = 1;
+    k.t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    k.t.Lat = 45.4;
+    MessaggiRegistrati m;
+    CastaTema(k.t, k.c, k.p, 1, m);
+    return k;
+}
+
+void RuotaSuImmagine(benchmark::State& state) {
+    Carta k = Casta(1987);
+    OpzioniRuota o;
+    o.DisegnaAspetti = true;
+    o.NodiScelti = 1;
+    o.AngoloRuota = 360 - k.p.Asce.Lo;
+    QImage immagine(800, 800, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        QPainter pittore(&immagine);
+        SuperficieQt sup(pittore, AreaRuota(o.Geometria), QRectF(0, 0, 800, 800));
+        DisegnaRuota(sup, k.t, k.p, o);
+    }
+}
+BENCHMARK(RuotaSuImmagine)->Unit(benchmark::kMillisecond);
+
+void RuotaRegistrata(benchmark::State& state) {
+    Carta k = Casta(1987);
+    OpzioniRuota o;
+    o.DisegnaAspetti = true;
+    o.NodiScelti = 1;
+    for (auto _ : state) {
+        SuperficieRegistrata sup;
+        benchmark::DoNotOptimize(DisegnaRuota(sup, k.t, k.p, o));
+    }
+}
+BENCHMARK(RuotaRegistrata)->Unit(benchmark::kMicrosecond);
+
+void RuotaDoppiaSuImmagine(benchmark::State& state) {
+    Carta n = Casta(1987), t = Casta(2024);
+    OpzioniDoppia o;
+    o.Transito = true;
+    o.DisegnaAspettiCmp = true;
+    QImage immagine(900, 900, QImage::Format_ARGB32_Premultiplied);
+    for (auto _ : state) {
+        QPainter pittore(&immagine);
+        SuperficieQt sup(pittore, AreaDoppia(false), QRectF(0, 0, 900, 900));
+        DisegnaDoppia(sup, n.t, n.p, t.t, t.p, o);
+    }
+}
+BENCHMARK(RuotaDoppiaSuImmagine)->Unit(benchmark::kMillisecond);
+
+} // namespace
+
+int main(int argc, char** argv) {
+    // Fonts need the GUI application; no screen is used.
+    qputenv("QT_QPA_PLATFORM", "offscreen");
+    QGuiApplication app(argc, argv);
+    benchmark::Initialize(&argc, argv);
+    benchmark::RunSpecifiedBenchmarks();
+    benchmark::Shutdown();
+    return 0;
+}
