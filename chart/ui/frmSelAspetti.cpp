@@ -1,0 +1,253 @@
+#include "chart/ui/frmSelAspetti.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QDialog>
+#include <QGroupBox>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QVBoxLayout>
+#include <cstdio>
+
+#include "chart/ui/NumeroDigitato.h"
+#include "core/Testo.h"
+#include "core/qt/MessaggiQt.h"
+
+namespace vesmo {
+
+std::string TestoSingolo(float x) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.7g", static_cast<double>(x));
+    std::string t = buf;
+    for (char& c : t)
+        if (c == '.') c = SeparatoreDecimale;
+    return t;
+}
+
+frmSelAspetti::frmSelAspetti(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
+                             Messaggi& messaggi, QWidget* genitore)
+    : QWidget(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), messaggi_(messaggi) {
+    setObjectName("frmSelAspetti");
+    setWindowFlag(Qt::Window);
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    setWindowTitle(QStringLiteral("Lyx - Selezione  Aspetti"));
+
+    barraMenu = new QMenuBar(this);
+    mnuE = barraMenu->addAction(QStringLiteral("&Esci "));
+    mnuE->setObjectName("mnuE");
+    mnuA = barraMenu->addAction(QStringLiteral("&?"));
+    mnuA->setObjectName("mnuA");
+
+    // The grid: two rows a point, the heads dark.
+    MSFlexGrid1 = new QTableWidget(30, 15, this);
+    MSFlexGrid1->setObjectName("MSFlexGrid1");
+    MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    MSFlexGrid1->setStyleSheet(
+        QStringLiteral("QHeaderView::section { background-color: #505050; color: white; "
+                       "padding: 2px; border: 1px solid #303030; }"));
+    MSFlexGrid1->horizontalHeader()->setDefaultSectionSize(128);
+    MSFlexGrid1->verticalHeader()->setDefaultSectionSize(20);
+    MSFlexGrid1->verticalHeader()->setMinimumWidth(80);
+
+    // The legend of the dark heads: the inner chart's points down the side, the outer's across.
+    Label2 = new QLabel(QStringLiteral("Pianeti  INTERNI   sulla COLONNA  scura") +
+                            QString(52, QLatin1Char(' ')) +
+                            QStringLiteral("Pianeti  ESTERNI  sulla  RIGA  scura"),
+                        this);
+    Label2->setObjectName("Label2");
+    Label2->setTextFormat(Qt::PlainText);
+
+    // The switches of the wheels' aspects.
+    Frame2 = new QGroupBox(QStringLiteral("Asp. sulla Ruota"), this);
+    Frame2->setObjectName("Frame2");
+    Option1 = new QRadioButton(QStringLiteral("MAGGIORI"), Frame2);
+    Option1->setObjectName("Option1");
+    Option2 = new QRadioButton(QStringLiteral("TUTTI"), Frame2);
+    Option2->setObjectName("Option2");
+    Label3 = new QLabel(QStringLiteral(" Selezione >>>"), Frame2);
+    Label3->setObjectName("Label3");
+    auto* lf = new QHBoxLayout(Frame2);
+    lf->addWidget(Option1);
+    lf->addWidget(Option2);
+    lf->addStretch(1);
+    lf->addWidget(Label3);
+    List1 = new QListWidget(this);
+    List1->setObjectName("List1");
+    List1->setSelectionMode(QAbstractItemView::MultiSelection);
+    for (int k = 0; k < NumeroAspetti; ++k) {
+        const auto i = static_cast<std::size_t>(k);
+        List1->addItem(
+            QS(std::string("  ") + NomiAspetti[i] + TestoNumero(AngoliAspetti[i]) + "°"));
+    }
+    List1->setFixedHeight(List1->sizeHintForRow(0) * 6 + 2 * List1->frameWidth());
+    List1->viewport()->installEventFilter(this);
+
+    Label1 = new QLabel(QStringLiteral("Orbita degli Aspetti"), this);
+    Label1->setObjectName("Label1");
+    Text1 = new QLineEdit(this);
+    Text1->setObjectName("Text1");
+    Text1->setMaximumWidth(80);
+    Command1 = new QPushButton(QStringLiteral("&Esci "), this);
+    Command1->setObjectName("Command1");
+
+    auto* orbita = new QVBoxLayout;
+    orbita->addWidget(Label1);
+    orbita->addWidget(Text1);
+    orbita->addStretch(1);
+    auto* lista = new QVBoxLayout;
+    lista->addWidget(Frame2);
+    lista->addWidget(List1);
+    auto* piede = new QHBoxLayout;
+    piede->addLayout(lista, 2);
+    piede->addSpacing(16);
+    piede->addLayout(orbita);
+    piede->addStretch(1);
+    piede->addWidget(Command1, 0, Qt::AlignBottom);
+    auto* tutto = new QVBoxLayout(this);
+    tutto->setMenuBar(barraMenu);
+    tutto->addWidget(Label2);
+    tutto->addWidget(MSFlexGrid1, 1);
+    tutto->addLayout(piede);
+    resize(1000, 700);
+
+    connect(mnuE, &QAction::triggered, this, &frmSelAspetti::Command1_Click);
+    connect(mnuA, &QAction::triggered, this, &frmSelAspetti::mnuA_Click);
+    connect(Command1, &QPushButton::clicked, this, &frmSelAspetti::Command1_Click);
+    connect(Option1, &QRadioButton::clicked, this, &frmSelAspetti::Option1_Click);
+    connect(Option2, &QRadioButton::clicked, this, &frmSelAspetti::Option2_Click);
+    connect(Text1, &QLineEdit::textChanged, this, &frmSelAspetti::Text1_Change);
+
+    // Load: the list from the switches, the heads' legend when two charts are compared, and
+    // the orb, whose change builds the grid.
+    for (int k = 0; k < NumeroAspetti; ++k)
+        List1->item(k)->setSelected(aspetti_.AspettoAttivo[static_cast<std::size_t>(k)] != 0);
+    Label2->setVisible(stato_.AspettiComparati != 0);
+    Text1->setText(QS(TestoSingolo(aspetti_.Orbita)));
+}
+
+void frmSelAspetti::CostruisciGriglia() {
+    const GrigliaAspetti g = vesmo::CostruisciGriglia(
+        s_.PosX, s_.PosY, stato_.AspettiComparati != 0, aspetti_.Orbita, aspetti_.ArcoSolare);
+    MSFlexGrid1->clear();
+    QStringList colonne, righe;
+    for (std::size_t j = 1; j < 16; ++j)
+        colonne << QS(g.celle[0][j]);
+    for (std::size_t i = 1; i < 31; ++i)
+        righe << QS(g.celle[i][0]);
+    MSFlexGrid1->setHorizontalHeaderLabels(colonne);
+    MSFlexGrid1->setVerticalHeaderLabels(righe);
+    for (std::size_t i = 1; i < 31; ++i)
+        for (std::size_t j = 1; j < 16; ++j)
+            if (!g.celle[i][j].empty())
+                MSFlexGrid1->setItem(static_cast<int>(i) - 1, static_cast<int>(j) - 1,
+                                     new QTableWidgetItem(QS(g.celle[i][j])));
+}
+
+void frmSelAspetti::Text1_Change() {
+    const QString t = Text1->text();
+    if (t.isEmpty()) {
+        Text1->setText(QStringLiteral("0")); // the change runs again with "0"
+        return;
+    }
+    if (NumeroIniziato(SS(t.trimmed()))) return; // a sign or a comma alone: still being typed
+    const std::optional<double> v = NumeroDigitato(SS(t));
+    if (!v) {
+        messaggi_.Mostra("Lyx - Orbita Aspetti",
+                         "L'Orbita degli Aspetti deve essere un numero: " + SS(t) +
+                             "\nIl separatore decimale è la VIRGOLA.\n" + std::string(30, '-') +
+                             "\nThe orb must be a number.\n",
+                         Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    aspetti_.Orbita = static_cast<float>(*v);
+    ListaInAspetti();
+    CostruisciGriglia();
+}
+
+void frmSelAspetti::ListaInAspetti() {
+    for (int k = 0; k < NumeroAspetti; ++k)
+        aspetti_.AspettoAttivo[static_cast<std::size_t>(k)] =
+            List1->item(k)->isSelected() ? std::int16_t{-1} : std::int16_t{0};
+}
+
+void frmSelAspetti::SelezionaDa(int ultimo) {
+    for (int k = 0; k < NumeroAspetti; ++k) {
+        const bool acceso = k <= ultimo;
+        List1->item(k)->setSelected(acceso);
+        aspetti_.AspettoAttivo[static_cast<std::size_t>(k)] = acceso ? -1 : 0;
+    }
+    List1->scrollToTop();
+}
+
+void frmSelAspetti::Option1_Click() {
+    SelezionaDa(4);
+}
+
+void frmSelAspetti::Option2_Click() {
+    SelezionaDa(NumeroAspetti - 1);
+}
+
+void frmSelAspetti::PulisciOpzioni() {
+    for (QRadioButton* o : {Option1, Option2}) {
+        o->setAutoExclusive(false);
+        o->setChecked(false);
+        o->setAutoExclusive(true);
+    }
+}
+
+void frmSelAspetti::List1_MouseUp() {
+    ListaInAspetti();
+    PulisciOpzioni();
+}
+
+bool frmSelAspetti::eventFilter(QObject* o, QEvent* e) {
+    if (o == List1->viewport() && e->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(e)->button() == Qt::LeftButton)
+        List1_MouseUp();
+    return QWidget::eventFilter(o, e);
+}
+
+void frmSelAspetti::Command1_Click() {
+    ListaInAspetti();
+    close();
+}
+
+void frmSelAspetti::mnuA_Click() {
+    QDialog d(this);
+    d.setObjectName("frmHelp");
+    d.setWindowTitle(QS(TitoloAiutoAspetti));
+    auto* l = new QVBoxLayout(&d);
+    auto* testo = new QLabel(QS(TestoAiutoAspetti()).replace(QStringLiteral("\r\n"), "\n"), &d);
+    testo->setObjectName("lbHelpFuso");
+    testo->setTextFormat(Qt::PlainText);
+    l->addWidget(testo);
+    auto* ok = new QPushButton(QStringLiteral("&Ok"), &d);
+    l->addWidget(ok, 0, Qt::AlignRight);
+    connect(ok, &QPushButton::clicked, &d, &QDialog::accept);
+    d.exec();
+}
+
+void frmSelAspetti::closeEvent(QCloseEvent* e) {
+    // The wheel of the form that opened the selection is drawn again with the new switches.
+    if (stato_.SelezioneDaPosizioni && stato_.DisegnaAspetti) {
+        stato_.SelezioneDaPosizioni = 0;
+        if (AggiornaPosizioni) AggiornaPosizioni();
+    }
+    if (stato_.SelezioneDaStampe && stato_.DisegnaAspetti) {
+        stato_.SelezioneDaStampe = 0;
+        if (AggiornaStampe) AggiornaStampe();
+    }
+    stato_.AspettiComparati = 0;
+    Label2->hide();
+    e->accept();
+}
+
+} // namespace vesmo

@@ -1,0 +1,349 @@
+// The aspect selection and the dignities windows driven through their controls: the grid of two
+// charts and its rebuild on each orb typed, wrong orbs told to the user, the switches of the
+// wheels' aspects, the closing that redraws the opener; the dignities' boxes, counts, fixed
+// table and rulers of the Ascendant.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QDialog>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableWidget>
+#include <QTest>
+#include <QTimer>
+
+#include "chart/CalcolaTema.h"
+#include "chart/ui/frmDomicili.h"
+#include "chart/ui/frmSelAspetti.h"
+#include "core/Aritmetica.h"
+#include "core/qt/MessaggiQt.h"
+
+using namespace vesmo;
+
+QT_BEGIN_NAMESPACE
+// Failures print the text, not its code units.
+inline void PrintTo(const QString& s, std::ostream* os) {
+    *os << '"' << s.toStdString() << '"';
+}
+QT_END_NAMESPACE
+
+namespace {
+
+// 8 November 2000 at noon in Milan: the Sun at 226.35 and Uranus at 316.92, 90.57 apart;
+// declinations -16.73 and -16.44.
+Tema Milano2000() {
+    Tema t;
+    t.Nome = "Prova Milano";
+    t.City = "Milano";
+    t.Day = GiornoGiuliano(2000, 11, 8);
+    t.OraL = 12;
+    t.Lon = -9.19 / 15;
+    t.Lat = 45.46;
+    t.Fuso = -1;
+    return t;
+}
+
+QString Cella(const QTableWidget* g, int riga, int colonna) {
+    const QTableWidgetItem* v = g->item(riga, colonna);
+    return v ? v->text() : QString();
+}
+
+int CelleScritte(const QTableWidget* g) {
+    int n = 0;
+    for (int i = 0; i < g->rowCount(); ++i)
+        for (int j = 0; j < g->columnCount(); ++j)
+            if (!Cella(g, i, j).isEmpty()) ++n;
+    return n;
+}
+
+class Selezione : public ::testing::Test {
+protected:
+    void SetUp() override {
+        sessione.TemaX = Milano2000();
+        Case c;
+        CastaTema(sessione.TemaX, c, sessione.PosX, 1, messaggi);
+        sessione.TemaY = sessione.TemaX;
+        sessione.PosY = sessione.PosX;
+        aspetti.EntraInLyx();
+    }
+    // The grid row of point i (1 Sole ... 15 MC), name or numbers; columns likewise from 0.
+    static int RigaNome(int i) { return 2 * i - 2; }
+    static int RigaNumeri(int i) { return 2 * i - 1; }
+
+    Sessione sessione;
+    TabellaAspetti aspetti;
+    StatoRuote stato;
+    MessaggiRegistrati messaggi;
+};
+
+} // namespace
+
+TEST_F(Selezione, GrigliaDiUnTemaConSeStesso) {
+    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    f.show();
+    EXPECT_EQ(f.windowTitle(), "Lyx - Selezione  Aspetti");
+    EXPECT_EQ(f.Text1->text(), "2,5");
+    EXPECT_FALSE(f.Label2->isVisible());
+    const QTableWidget* g = f.MSFlexGrid1;
+    ASSERT_EQ(g->rowCount(), 30);
+    ASSERT_EQ(g->columnCount(), 15);
+    EXPECT_EQ(g->horizontalHeaderItem(0)->text(), "Sole          ");
+    EXPECT_EQ(g->horizontalHeaderItem(11)->text(), "Lilith Media  ");
+    EXPECT_EQ(g->horizontalHeaderItem(14)->text(), "MC            ");
+    EXPECT_EQ(g->verticalHeaderItem(0)->text(), "Sole");
+    EXPECT_EQ(g->verticalHeaderItem(1)->text(), "");
+    EXPECT_EQ(g->verticalHeaderItem(24)->text(), "Lil. Vera");
+
+    // Sun (row point 1) and Uranus (column 8): 90.57 apart, 0.6 short of the square; 0.3 of
+    // declination on the same side of the equator, so parallel.
+    EXPECT_EQ(Cella(g, RigaNome(1), 7), "QUADRATURA       ");
+    EXPECT_EQ(Cella(g, RigaNumeri(1), 7), "0,6°  0,3°P");
+    // The same pair the other way round, and nothing on the diagonal.
+    EXPECT_EQ(Cella(g, RigaNome(8), 0), "QUADRATURA       ");
+    for (int i = 1; i <= 15; ++i) {
+        EXPECT_EQ(Cella(g, RigaNome(i), i - 1), "") << i;
+        EXPECT_EQ(Cella(g, RigaNumeri(i), i - 1), "") << i;
+    }
+}
+
+TEST_F(Selezione, OrbitaDigitataRicostruisceLaGriglia) {
+    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    f.show();
+    const QTableWidget* g = f.MSFlexGrid1;
+    const int conOrbita25 = CelleScritte(g);
+    ASSERT_GT(conOrbita25, 0);
+
+    // Letters: the user is told, the orb and the grid stay as they were.
+    QTest::keyClicks(f.Text1, "x");
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Orbita Aspetti");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "L'Orbita degli Aspetti deve essere un numero: 2,5x\n"
+              "Il separatore decimale è la VIRGOLA.\n"
+              "------------------------------\nThe orb must be a number.\n");
+    EXPECT_FLOAT_EQ(aspetti.Orbita, 2.5f);
+    EXPECT_EQ(CelleScritte(g), conOrbita25);
+    EXPECT_EQ(Cella(g, RigaNome(1), 7), "QUADRATURA       ");
+
+    // An orb of 0,5 leaves out the square 0.57 short of exact.
+    f.Text1->clear(); // an empty box reads "0"
+    EXPECT_EQ(f.Text1->text(), "0");
+    EXPECT_EQ(aspetti.Orbita, 0.0f);
+    f.Text1->selectAll();
+    QTest::keyClicks(f.Text1, "0,5");
+    EXPECT_FLOAT_EQ(aspetti.Orbita, 0.5f);
+    EXPECT_EQ(Cella(g, RigaNome(1), 7), "");
+    EXPECT_EQ(Cella(g, RigaNumeri(1), 7), "");
+    EXPECT_LT(CelleScritte(g), conOrbita25);
+
+    // A negative orb is legal and empties the grid; its minus sign alone is no error.
+    f.Text1->selectAll();
+    QTest::keyClicks(f.Text1, "-1");
+    EXPECT_FLOAT_EQ(aspetti.Orbita, -1.0f);
+    EXPECT_EQ(CelleScritte(g), 0);
+    EXPECT_EQ(g->horizontalHeaderItem(0)->text(), "Sole          ");
+    EXPECT_EQ(messaggi.registro.size(), 1u);
+
+    // Back to a wide orb: the cells come back.
+    f.Text1->setText("2,5");
+    EXPECT_EQ(CelleScritte(g), conOrbita25);
+}
+
+TEST_F(Selezione, InterruttoriDegliAspettiSullaRuota) {
+    aspetti.AspettoAttivo[9] = -1; // Quintile on from an earlier visit
+    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    f.show();
+    ASSERT_EQ(f.List1->count(), 17);
+    EXPECT_EQ(f.List1->item(0)->text(), "  CONGIUNZIONE      0°");
+    EXPECT_EQ(f.List1->item(8)->text(), "  Settile        51,4°");
+    EXPECT_EQ(f.List1->item(11)->text(), "  BiSettile     102,9°");
+    EXPECT_EQ(f.Frame2->title(), "Asp. sulla Ruota");
+    EXPECT_EQ(f.Label3->text(), " Selezione >>>");
+    EXPECT_EQ(f.Label1->text(), "Orbita degli Aspetti");
+    for (int k = 0; k < 17; ++k)
+        EXPECT_EQ(f.List1->item(k)->isSelected(), k <= 4 || k == 9) << k;
+
+    f.Option2->click();
+    for (int k = 0; k < 17; ++k)
+        EXPECT_EQ(aspetti.AspettoAttivo[static_cast<std::size_t>(k)], -1) << k;
+    f.Option1->click();
+    EXPECT_TRUE(f.Option1->isChecked());
+    for (int k = 0; k < 17; ++k) {
+        EXPECT_EQ(aspetti.AspettoAttivo[static_cast<std::size_t>(k)], k <= 4 ? -1 : 0) << k;
+        EXPECT_EQ(f.List1->item(k)->isSelected(), k <= 4) << k;
+    }
+
+    // A click in the list switches that row and clears both options.
+    const QRect r = f.List1->visualItemRect(f.List1->item(2));
+    QTest::mouseClick(f.List1->viewport(), Qt::LeftButton, {}, r.center());
+    EXPECT_EQ(aspetti.AspettoAttivo[2], 0);
+    EXPECT_FALSE(f.Option1->isChecked());
+    EXPECT_FALSE(f.Option2->isChecked());
+
+    // Switches do not change the grid, which shows all 17 whatever they say.
+    EXPECT_EQ(Cella(f.MSFlexGrid1, RigaNome(1), 7), "QUADRATURA       ");
+
+    // "Esci" copies the list as it stands.
+    f.List1->item(16)->setSelected(true);
+    f.Command1->click();
+    EXPECT_EQ(aspetti.AspettoAttivo[16], -1);
+    EXPECT_FALSE(f.isVisible());
+}
+
+TEST_F(Selezione, ConfrontoDiDueTemiEChiusura) {
+    // The transit of the next day on the columns, compared with the chart on the rows.
+    sessione.TemaY = Milano2000();
+    sessione.TemaY.Day += 1;
+    Case c;
+    CastaTema(sessione.TemaY, c, sessione.PosY, 1, messaggi);
+    stato.AspettiComparati = -1;
+    stato.SelezioneDaPosizioni = -1;
+    stato.DisegnaAspetti = -1;
+    int ridisegni = 0;
+    {
+        frmSelAspetti f(sessione, aspetti, stato, messaggi);
+        f.AggiornaPosizioni = [&] { ++ridisegni; };
+        f.show();
+        EXPECT_TRUE(f.Label2->isVisible());
+        EXPECT_EQ(f.Label2->text(), "Pianeti  INTERNI   sulla COLONNA  scura" + QString(52, ' ') +
+                                        "Pianeti  ESTERNI  sulla  RIGA  scura");
+        // Compared charts test the diagonal too: the slow Uranus stays in conjunction.
+        EXPECT_EQ(Cella(f.MSFlexGrid1, RigaNome(8), 7), "CONGIUNZIONE      ");
+        f.mnuE->trigger();
+        EXPECT_EQ(ridisegni, 1);
+        EXPECT_EQ(stato.SelezioneDaPosizioni, 0);
+        EXPECT_EQ(stato.AspettiComparati, 0);
+        EXPECT_FALSE(f.Label2->isVisible());
+    }
+    // Without the wheel's aspect lines the opener is not redrawn and keeps its mark.
+    stato.SelezioneDaPosizioni = -1;
+    stato.DisegnaAspetti = 0;
+    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    f.AggiornaPosizioni = [&] { ++ridisegni; };
+    f.show();
+    f.close();
+    EXPECT_EQ(ridisegni, 1);
+    EXPECT_EQ(stato.SelezioneDaPosizioni, -1);
+}
+
+TEST_F(Selezione, Aiuto) {
+    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    f.show();
+    QString titolo, testo;
+    QTimer::singleShot(0, [&] {
+        auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget());
+        ASSERT_NE(d, nullptr);
+        titolo = d->windowTitle();
+        testo = d->findChild<QLabel*>("lbHelpFuso")->text();
+        d->accept();
+    });
+    f.mnuA->trigger();
+    EXPECT_EQ(titolo, "Lyx - Aiuto Aspetti");
+    EXPECT_TRUE(testo.startsWith("           SELEZIONE ASPETTI e ORBITE  \n\n"
+                                 "Ogni Aspetto occupa due caselle della griglia. \n\n"));
+    EXPECT_TRUE(testo.endsWith("è (-16g 46p) - (-16g 25p) = 0,4g arrotondando.\n"));
+}
+
+namespace {
+
+// A chart laid out by hand, one body in each case worth seeing.
+Posizioni PerDomicili(double asce, double sole) {
+    Posizioni p;
+    p.Sole.Lo = sole;
+    p.Luna.Lo = 35;     // Toro: exaltation
+    p.Mercurio.Lo = 65; // Gemelli: domicile by night
+    p.Venere.Lo = 345;  // Pesci: exaltation
+    p.Marte.Lo = 95;    // Cancro: fall
+    p.Giove.Lo = 250;   // Sagittario: domicile by day
+    p.Saturno.Lo = 10;  // Ariete: fall
+    p.Urano.Lo = 315;   // Acquario: domicile
+    p.Nettuno.Lo = 290; // Capricorno: fall
+    p.Plutone.Lo = 5;   // Ariete: none, though its table row shows it
+    p.Asce.Lo = asce;
+    p.MC.Lo = 35; // Toro
+    return p;
+}
+
+QString Segno(const char16_t* s) {
+    return QString::fromUtf16(s) + QChar(0xFE0E);
+}
+
+} // namespace
+
+TEST(Domicili, CaselleContiTabellaEReggenti) {
+    Sessione s;
+    MessaggiRegistrati m;
+    s.PosDomi = PerDomicili(125, 125); // Sun on the Ascendant, both in Leone
+    frmDomicili f(s, m);
+    f.setWindowTitle(f.windowTitle() + "[tema natale] Prova");
+    f.show();
+    EXPECT_EQ(f.windowTitle(), "Lyx - Domiciliazioni di [tema natale] Prova");
+
+    auto testo = [&](const char* nome) {
+        return f.findChild<QPlainTextEdit*>(nome)->toPlainText();
+    };
+    auto conto = [&](const char* nome) { return f.findChild<QLabel*>(nome)->text(); };
+    EXPECT_EQ(testo("Text1"), "  Marte  Saturno  Nettuno  Plutone");
+    EXPECT_EQ(testo("Text2"), "  Sole  Luna  Urano  ASC  MC");
+    EXPECT_EQ(testo("Text3"), "  Mercurio  Venere  Giove");
+    EXPECT_EQ(conto("Label4"), "4");
+    EXPECT_EQ(conto("Label5"), "5");
+    EXPECT_EQ(conto("Label6"), "3");
+    EXPECT_EQ(testo("Text4"), "  Sole  Giove  Saturno  Plutone  ASC");
+    EXPECT_EQ(testo("Text5"), "  Luna  Nettuno  MC");
+    EXPECT_EQ(testo("Text6"), "  Mercurio  Urano");
+    EXPECT_EQ(testo("Text7"), "  Venere  Marte");
+    EXPECT_EQ(conto("Label11"), "5");
+    EXPECT_EQ(conto("Label14"), "2");
+    EXPECT_EQ(testo("Text8"), "  Sole  Mercurio(Notturno)  Giove(Diurno)  Urano");
+    EXPECT_EQ(testo("Text9"), "");
+    EXPECT_EQ(testo("Text10"), "  Luna  Venere");
+    EXPECT_EQ(testo("Text11"), "  Marte  Saturno  Nettuno");
+    EXPECT_EQ(conto("Label19"), "4");
+    EXPECT_EQ(conto("Label20"), "0");
+    EXPECT_EQ(conto("Label21"), "2");
+    EXPECT_EQ(conto("Label22"), "3");
+    EXPECT_EQ(f.findChild<QLabel*>("Label1")->text(), "CARDINALI");
+    EXPECT_EQ(f.findChild<QLabel*>("Label18")->text(), "CADUTA");
+
+    // The fixed table in symbols; a sign that does not count stands in brackets.
+    const QTableWidget* g = f.MSFlexGrid1;
+    EXPECT_EQ(f.lblTestata->text(),
+              " Pianeta    Domicilio         Esilio              Esaltazione    Caduta ");
+    EXPECT_EQ(Cella(g, 0, 0), QString::fromUtf16(u"\u2609"));
+    EXPECT_EQ(Cella(g, 9, 0), QString::fromUtf16(u"\u2647"));
+    EXPECT_EQ(Cella(g, 0, 1), Segno(u"\u264C"));
+    EXPECT_EQ(Cella(g, 2, 1), Segno(u"\u264D") + "      " + Segno(u"\u264A"));
+    EXPECT_EQ(Cella(g, 7, 1), Segno(u"\u2652") + "     (" + Segno(u"\u2651") + ")");
+    EXPECT_EQ(Cella(g, 9, 1), "(" + Segno(u"\u2648") + ")     " + Segno(u"\u264F"));
+    EXPECT_EQ(Cella(g, 9, 2), "       " + Segno(u"\u2649"));
+    EXPECT_EQ(Cella(g, 9, 3), "");
+
+    EXPECT_EQ(f.lblNascita->text(), "Nascita  sull'Asse AscDisc");
+    EXPECT_EQ(f.lblReggente->text(), "Reggente dell'Ascendente " + QString::fromUtf16(u"\u2609") +
+                                         "(Diurno)     (Notturno)");
+
+    f.Command1->click();
+    EXPECT_FALSE(f.isVisible());
+}
+
+TEST(Domicili, NascitaDiurnaENotturna) {
+    Sessione s;
+    MessaggiRegistrati m;
+    s.PosDomi = PerDomicili(225, 100); // Ascendant in Scorpione, the Sun 235 past it
+    frmDomicili diurna(s, m);
+    EXPECT_EQ(diurna.lblNascita->text(), "Nascita  Diurna");
+    EXPECT_EQ(diurna.lblReggente->text(), "Reggente dell'Ascendente " +
+                                              QString::fromUtf16(u"\u2642") + "(Diurno)     " +
+                                              QString::fromUtf16(u"\u2647") + "(Notturno)");
+    s.PosDomi = PerDomicili(45, 100); // Toro: a ruler by night only
+    frmDomicili notturna(s, m);
+    EXPECT_EQ(notturna.lblNascita->text(), "Nascita  Notturna");
+    EXPECT_EQ(notturna.lblReggente->text(), "Reggente dell'Ascendente (Diurno)     " +
+                                                QString::fromUtf16(u"\u2640") + "(Notturno)");
+}
