@@ -13,6 +13,7 @@
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
+#include "timecharts/ui/MenuTempo.h"
 #include "timecharts/ui/frmMenu.h"
 
 int main(int argc, char** argv) {
@@ -53,12 +54,14 @@ int main(int argc, char** argv) {
         principale.hide();
         menu =
             std::make_unique<vesmo::frmMenu>(sessione, aspetti, cfgLyx, avvio.percorsi, messaggi);
-        menu->InputDati = [&](const QString& tag) {
+        menu->InputDati = [&](const vesmo::RichiestaInputDati& richiesta) {
             char ordine = cfgLyx.Ordinamento.str() == "C" ? 'C' : 'N';
             vesmo::frmInDatiLyx f(sessione, avvio.percorsi.FileDB, ordine, messaggi, menu.get());
-            f.TagCommand4 = tag;
+            f.TagCommand4 = richiesta.TagCommand4;
             f.Form_Load();
+            vesmo::PreparaInputDati(f, richiesta);
             f.exec();
+            return vesmo::EsitoInputDati{sessione.DatiOk != 0, f.AnnoRiv, f.MeseRiv, f.GiornoRiv};
         };
         menu->TornaAVesmo = [&] {
             QTimer::singleShot(0, &principale, [&] {

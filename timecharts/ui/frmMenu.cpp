@@ -23,6 +23,7 @@
 #include "core/qt/MessaggiQt.h"
 #include "ephemeris/TestoDatiTema.h"
 #include "timecharts/Direzioni.h"
+#include "timecharts/ui/MenuTempo.h"
 
 namespace vesmo {
 
@@ -202,6 +203,7 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     connect(mnuTransitInput, &QAction::triggered, this, &frmMenu::mnuTransitInput_Click);
     connect(munVarSca, &QAction::triggered, this, &frmMenu::PulisciSlot);
     resize(1000, 560);
+    CollegaMenuTempo(*this, s_, messaggi_);
 }
 
 frmMenu::~frmMenu() {

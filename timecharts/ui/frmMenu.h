@@ -4,6 +4,7 @@
 
 #include <QMainWindow>
 #include <QPointer>
+#include <QStringList>
 #include <array>
 #include <functional>
 
@@ -21,6 +22,23 @@ class QPlainTextEdit;
 namespace vesmo {
 
 class frmMemo;
+
+// How the chart half opens the birth data form: the mode of a revolution ("daRivSol",
+// "daRivLun"), the caption (replaced, or with a text added), the caption over the date, and the
+// boxes the user may not touch: disabled with a grey background, or only greyed.
+struct RichiestaInputDati {
+    RichiestaInputDati(const QString& tag = {}) : TagCommand4(tag) {}
+    QString TagCommand4;
+    QString didascalia, aggiuntaDidascalia;
+    QString frame2;
+    QStringList disabilitati, grigi;
+};
+// What the form gave back: Calcola pressed (DatiOk), and the year, month and day it read for a
+// revolution.
+struct EsitoInputDati {
+    bool ok = false;
+    float AnnoRiv = 0, MeseRiv = 0, GiornoRiv = 0;
+};
 
 class frmMenu : public QMainWindow {
     Q_OBJECT
@@ -41,9 +59,9 @@ public:
 
     // Called when the user goes back to the launcher (after the slots are emptied).
     std::function<void()> TornaAVesmo;
-    // The modal birth data form over TemaX (the launcher's twin); returns when it closed.
-    // `tag` is "" or a revolution's mode.
-    std::function<void(const QString& tag)> InputDati;
+    // The modal birth data form over TemaX (the launcher's twin); returns when it closed,
+    // with what a revolution needs back from it.
+    std::function<EsitoInputDati(const RichiestaInputDati&)> InputDati;
     // Opens a secondary window that the menu must close on a new chart.
     void RegistraSecondaria(QWidget* w);
 

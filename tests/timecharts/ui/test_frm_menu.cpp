@@ -70,11 +70,12 @@ TEST_F(Menu, TransitoDallInput) {
     frmMenu f(s, aspetti, cfg, percorsi, m);
     f.Form_Load();
     Tema offerto;
-    f.InputDati = [&](const QString&) {
+    f.InputDati = [&](const RichiestaInputDati&) {
         offerto = s.TemaX;
         // The user changes the date and presses Calcola.
         s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
         s.DatiOk = -1;
+        return EsitoInputDati{true};
     };
     f.mnuTransitInput->trigger();
     // The first transit starts from the natal place, with " Tra" from the 25th character.
@@ -87,7 +88,10 @@ TEST_F(Menu, TransitoDallInput) {
     EXPECT_FALSE(f.riquadri[1].nome->isHidden());
     EXPECT_FALSE(f.findChild<QPushButton*>("cmdAA_Tra")->isHidden());
     // A second transit starts from the first.
-    f.InputDati = [&](const QString&) { offerto = s.TemaX; };
+    f.InputDati = [&](const RichiestaInputDati&) {
+        offerto = s.TemaX;
+        return EsitoInputDati{};
+    };
     f.mnuTransitInput->trigger();
     EXPECT_EQ(offerto.Day, GiornoGiuliano(2000, 11, 8));
     // Cancelled: the slot stays.
