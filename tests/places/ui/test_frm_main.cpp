@@ -15,6 +15,7 @@
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "places/ui/PannelloDati.h"
+#include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
 #include "tests/places/AiutoLuoghi.h"
 
@@ -32,6 +33,8 @@ protected:
             test::AggiungiCity(db, 380, "Padula", -1.0, 40.3, 1, 1);
             test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
             test::AggiungiCity(db, 124, "Vancouver BC", 8.2, 49.25, 2, 2);
+            // A list of another code before Padova's, as in the real tables.
+            test::AggiungiFuso(db, 0, 1, 1, 1900, "0", "00");
             test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
             test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
             test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
@@ -190,4 +193,72 @@ TEST_F(Lanciatore, PonteAstrologSenzaProgramma) {
     EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvia Astrolog");
     EXPECT_EQ(messaggi.registro[0].testo.rfind("Nessun programma Astrolog impostato.\n", 0), 0u);
     EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Anna Bianchi");
+}
+
+TEST_F(Lanciatore, NascitaDel1850InTempoMedioLocale) {
+    PresetTemaCorrente(sessione, cfg, 1850, 4, 10, 12, 0, 0);
+    messaggi.risposte.push_back(Risposta::No);
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    // Before the first zone row: the question, and local mean time.
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Aggiornamenti");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Non ci sono Fusi disponibili per la\nCity Padova di Italy\n\nLMT "
+              "impostata\n\nControllo / Aggiunta alla Tabella Fusi?\n");
+    const Tema& t = sessione.TemaCorrente;
+    EXPECT_DOUBLE_EQ(t.Fuso, t.Lon);
+    EXPECT_TRUE(f.Dati->chkSolare->isChecked());
+    EXPECT_EQ(f.Dati->Text8->text(), "99");
+    // Read back, the zone is the longitude again.
+    Tema letto;
+    ASSERT_TRUE(f.Dati->LeggiTema(letto));
+    EXPECT_DOUBLE_EQ(letto.Fuso, t.Lon);
+}
+
+TEST_F(Lanciatore, InputDelLatoTemi) {
+    sessione.TemaX = sessione.TemaCorrente;
+    sessione.TemaX.City = "Padova";
+    sessione.TemaX.Stato = "Italy";
+    frmInDatiLyx f(sessione, percorsi.FileDB, 'N', messaggi);
+    f.Form_Load();
+    EXPECT_EQ(f.windowTitle(), "Lyx - Input Dati");
+    EXPECT_EQ(f.Dati->Frame5->title(), " DataBase (4 City)");
+    EXPECT_EQ(f.Dati->Text8->text(), "-1");
+    f.Dati->Text1->setText("Luca Verdi");
+    f.Dati->Text4->setText("1");
+    QFocusEvent uscita(QEvent::FocusOut);
+    QApplication::sendEvent(f.Dati->Text4, &uscita);
+    f.cmdCalcola->click();
+    EXPECT_EQ(sessione.DatiOk, -1);
+    EXPECT_EQ(sessione.TemaX.Nome.Valore(), "Luca Verdi");
+    EXPECT_EQ(sessione.TemaX.Day, GiornoGiuliano(1987, 1, 10));
+    EXPECT_EQ(sessione.TemaX.Estiva, 0); // January: no summer time
+    EXPECT_EQ(sessione.TemaX.Cmto, "");
+    // The launcher's chart is not touched.
+    EXPECT_EQ(sessione.TemaCorrente.Day, GiornoGiuliano(1987, 4, 10));
+}
+
+TEST_F(Lanciatore, InputSenzaCittaNonChiude) {
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx f(sessione, percorsi.FileDB, 'C', messaggi);
+    f.TagCommand4 = "daRivSol";
+    f.Form_Load();
+    Tema prima = sessione.TemaX;
+    f.Dati->Text2->clear();
+    f.cmdCalcola->click();
+    EXPECT_EQ(sessione.DatiOk, 0);
+    EXPECT_EQ(sessione.TemaX, prima);
+    EXPECT_EQ(messaggi.registro.back().titolo, "Lyx - Manca Città");
+    // Cancelled: DatiOk stays as it was.
+    f.Command2->click();
+    EXPECT_EQ(sessione.DatiOk, 0);
+    // With a city, the revolution's year comes back with the chart.
+    frmInDatiLyx g(sessione, percorsi.FileDB, 'C', messaggi);
+    g.TagCommand4 = "daRivSol";
+    g.Form_Load();
+    g.Dati->Text5->setText("2030");
+    g.cmdCalcola->click();
+    EXPECT_EQ(sessione.DatiOk, -1);
+    EXPECT_EQ(g.AnnoRiv, 2030.f);
 }
