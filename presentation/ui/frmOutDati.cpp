@@ -1,0 +1,567 @@
+#include "presentation/ui/frmOutDati.h"
+
+#include <QAction>
+#include <QCloseEvent>
+#include <QComboBox>
+#include <QDate>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QHeaderView>
+#include <QLabel>
+#include <QLineEdit>
+#include <QLocale>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTime>
+#include <QTimer>
+#include <QToolBar>
+#include <QToolButton>
+#include <QVBoxLayout>
+#include <algorithm>
+#include <cmath>
+
+#include "chart/ui/NumeroDigitato.h"
+#include "chart/ui/frmDomicili.h"
+#include "chart/ui/frmSelAspetti.h"
+#include "core/Aritmetica.h"
+#include "core/Testo.h"
+#include "core/qt/MessaggiQt.h"
+#include "presentation/Ruota.h"
+#include "presentation/TabellaPosizioni.h"
+
+namespace vesmo {
+
+namespace {
+
+const char* const Trattini = "------------------------------";
+
+const char* const RigheNodi[28] = {" NESSUN Nodo Planetario",
+                                   " TUTTI  i  Nodi Planetari",
+                                   "    TUTTI  i  NodiNord",
+                                   "    TUTTI  i  NodiSud",
+                                   " Mercurio",
+                                   "    Mercurio  NodoNord",
+                                   "    Mercurio  NodoSud",
+                                   " Venere",
+                                   "    Venere  NodoNord",
+                                   "    Venere  NodoSud",
+                                   " Marte",
+                                   "    Marte  NodoNord",
+                                   "    Marte  NodoSud",
+                                   " Giove",
+                                   "    Giove  NodoNord",
+                                   "    Giove  NodoSud",
+                                   " Saturno",
+                                   "    Saturno  NodoNord",
+                                   "    Saturno  NodoSud",
+                                   " Urano",
+                                   "    Urano  NodoNord",
+                                   "    Urano  NodoSud",
+                                   " Nettuno",
+                                   "    Nettuno  NodoNord",
+                                   "    Nettuno  NodoSud",
+                                   " Plutone",
+                                   "    Plutone  NodoNord",
+                                   "    Plutone  NodoSud"};
+
+// The position of a table row: 1..12 the cusps, 13..25 the bodies and both Black Moons.
+const Posizione& PosizioneDellaRiga(const Case& c, const Posizioni& p, int riga) {
+    if (riga <= 12) return c[riga];
+    const Posizione* corpi[13] = {&p.Sole,     &p.Luna,        &p.Mercurio,  &p.Venere,  &p.Marte,
+                                  &p.Giove,    &p.Saturno,     &p.Urano,     &p.Nettuno, &p.Plutone,
+                                  &p.NodoLuna, &p.LilithMedia, &p.LilithVera};
+    return *corpi[riga - 13];
+}
+
+} // namespace
+
+QString TestoQuando(const Quando& q) {
+    const QLocale it(QLocale::Italian, QLocale::Italy);
+    QString formato = it.dateFormat(QLocale::ShortFormat);
+    if (!formato.contains(QStringLiteral("yyyy"))) formato.replace(QStringLiteral("yy"), "yyyy");
+    return it.toString(QDate(q.anno, q.mese, q.giorno), formato) + QLatin1Char(' ') +
+           it.toString(QTime(q.ore, q.minuti, q.secondi), QStringLiteral("HH:mm:ss"));
+}
+
+frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
+                       const std::string& fileDB, Messaggi& messaggi, QWidget* genitore)
+    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), fileDB_(fileDB),
+      messaggi_(messaggi), tema_(sessione.TemaX), pos_(sessione.PosX) {
+    setObjectName("frmOutDati");
+    setAttribute(Qt::WA_DeleteOnClose, false);
+    setWindowTitle(QStringLiteral("Lyx - Posizioni, Domicili, Aspetti"));
+
+    // Menus.
+    mnFile = menuBar()->addMenu(QStringLiteral("&File"));
+    mnFile->setObjectName("mnFile");
+    mnuAsc = mnFile->addMenu(QStringLiteral("RuotAscensionale"));
+    mnuAsc->setObjectName("mnuAsc");
+    mnuAR = mnuAsc->addAction(QStringLiteral("A. Rette ON / OFF "));
+    mnuAR->setObjectName("mnuAR");
+    mnuAR->setCheckable(true);
+    mnuAO = mnuAsc->addAction(QStringLiteral("A. Oblique ON / OFF"));
+    mnuAO->setObjectName("mnuAO");
+    mnuAO->setCheckable(true);
+    mnuAspS = mnFile->addAction(QStringLiteral("&Selezione  Aspetti e Orbita"));
+    mnuAspS->setObjectName("mnuAspS");
+    mnuAspDC = mnFile->addAction(QStringLiteral("&Disegna/Cancella  Aspetti"));
+    mnuAspDC->setObjectName("mnuAspDC");
+    mnuAspDC->setCheckable(true);
+    mnuDom = mnFile->addAction(QStringLiteral("D&omiciliazioni"));
+    mnuDom->setObjectName("mnuDom");
+    mnFilCarica = mnFile->addMenu(QStringLiteral("Carica Tema da Archivio"));
+    mnFilCarica->setObjectName("mnFilCarica");
+    mnFilCPrecedente = mnFilCarica->addAction(QStringLiteral("Tema Precedente"));
+    mnFilCPrecedente->setObjectName("mnFilCPrecedente");
+    mnFilCSuccessivo = mnFilCarica->addAction(QStringLiteral("Tema Successivo"));
+    mnFilCSuccessivo->setObjectName("mnFilCSuccessivo");
+    mnuAspE = mnFile->addAction(QStringLiteral("&Esci  "));
+    mnuAspE->setObjectName("mnuAspE");
+    mnuRot = menuBar()->addMenu(QStringLiteral("&Rotazioni"));
+    mnuRot->setObjectName("mnuRot");
+    mnuRotAri = mnuRot->addAction(QStringLiteral("Arie&te a Sinistra"));
+    mnuRotAri->setObjectName("mnuRotAri");
+    mnuRotAsc = mnuRot->addAction(QStringLiteral("&Ascendente a Sinistra"));
+    mnuRotAsc->setObjectName("mnuRotAsc");
+    mnuRotQ = mnuRot->addAction(QStringLiteral("Angolo &Qualsiasi"));
+    mnuRotQ->setObjectName("mnuRotQ");
+
+    // The toolbar of the transit: the step, its spin buttons, six time units and the archive.
+    Toolbar1 = addToolBar(QStringLiteral("Toolbar1"));
+    Toolbar1->setObjectName("Toolbar1");
+    Toolbar1->setMovable(false);
+    txtTempi = new QLineEdit(QStringLiteral("1"), Toolbar1);
+    txtTempi->setObjectName("txtTempi");
+    txtTempi->setToolTip(QStringLiteral("Selezionare e premere uno dei pulsanti a dx "));
+    txtTempi->setFixedWidth(48);
+    txtTempi->setAlignment(Qt::AlignRight);
+    UpDown1 = new QWidget(Toolbar1);
+    UpDown1->setObjectName("UpDown1");
+    UpDown1->setToolTip(QStringLiteral("Selezionare e premere uno dei pulsanti a dx"));
+    UpDown1Su = new QToolButton(UpDown1);
+    UpDown1Su->setObjectName("UpDown1Su");
+    UpDown1Su->setArrowType(Qt::UpArrow);
+    UpDown1Giu = new QToolButton(UpDown1);
+    UpDown1Giu->setObjectName("UpDown1Giu");
+    UpDown1Giu->setArrowType(Qt::DownArrow);
+    for (QToolButton* b : {UpDown1Su, UpDown1Giu}) {
+        b->setFixedSize(18, 12);
+        b->setAutoRepeat(true);
+    }
+    auto* lu = new QVBoxLayout(UpDown1);
+    lu->setContentsMargins(0, 0, 0, 0);
+    lu->setSpacing(0);
+    lu->addWidget(UpDown1Su);
+    lu->addWidget(UpDown1Giu);
+    Toolbar1->addWidget(txtTempi);
+    Toolbar1->addWidget(UpDown1);
+    Toolbar1->addSeparator();
+    struct Pulsante {
+        QAction** azione;
+        const char* chiave;
+        const char* faccia;
+        const char* suggerimento;
+    };
+    const Pulsante pulsanti[8] = {{&UnSec, "UnSec", "Sec", "Secondi"},
+                                  {&UnMin, "UnMin", "Min", "Minuti"},
+                                  {&UnOra, "UnOra", "Ore", "Ore"},
+                                  {&UnDay, "UnDay", "Giorni", "Days"},
+                                  {&UnMese, "UnMese", "Mesi", "Mesi"},
+                                  {&UnYear, "UnYear", "Anni", "Years"},
+                                  {&DbPvs, "DbPvs", "\u25C0 Tema", "Tema Precedente - Previous"},
+                                  {&DbNext, "DbNext", "Tema \u25B6", "Tema Successivo - Next"}};
+    for (const Pulsante& p : pulsanti) {
+        if (p.azione == &DbPvs) Toolbar1->addSeparator();
+        *p.azione = Toolbar1->addAction(QString::fromUtf8(p.faccia));
+        (*p.azione)->setObjectName(p.chiave);
+        (*p.azione)->setToolTip(QString::fromUtf8(p.suggerimento));
+    }
+
+    // The table and the result of a click in it.
+    MSFlexGrid1 = new QTableWidget(25, 10, this);
+    MSFlexGrid1->setObjectName("MSFlexGrid1");
+    MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    MSFlexGrid1->verticalHeader()->setSectionsClickable(true);
+    MSFlexGrid1->verticalHeader()->setDefaultSectionSize(20);
+    MSFlexGrid1->setStyleSheet(QStringLiteral("QHeaderView::section { padding: 1px 4px; }"));
+    Label2 =
+        new QLabel(QStringLiteral("archi di longitudine, Diff.Declinazione, Asp.Sferici"), this);
+    Label2->setObjectName("Label2");
+    Label1 = new QLabel(this);
+    Label1->setObjectName("Label1");
+    Label1->setTextFormat(Qt::PlainText);
+    Label1->setFrameShape(QFrame::Panel);
+    Label1->setFrameShadow(QFrame::Sunken);
+    Label1->setMinimumHeight(Label1->fontMetrics().lineSpacing() * 2 + 8);
+    Label1->setTextInteractionFlags(Qt::TextSelectableByMouse);
+
+    // The wheel's place, with its date and time, the node list and the buttons.
+    txtQuando = new QLineEdit(this);
+    txtQuando->setObjectName("txtQuando");
+    txtQuando->setReadOnly(true);
+    QFont serif(QStringLiteral("DejaVu Serif"));
+    txtQuando->setFont(serif);
+    txtQuando->setFixedWidth(txtQuando->fontMetrics().horizontalAdvance("00/00/0000 00:00:00") +
+                             16);
+    Ruota = new QFrame(this);
+    Ruota->setObjectName("Ruota");
+    Ruota->setFrameShape(QFrame::StyledPanel);
+    Ruota->setFrameShadow(QFrame::Sunken);
+    Ruota->setMinimumSize(440, 440);
+    Ruota->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+    comboNodi = new QComboBox(this);
+    comboNodi->setObjectName("comboNodi");
+    comboNodi->setToolTip(
+        QStringLiteral(" Scegli i Pianeti dei quali visualizzare sulla Ruota i Nodi Nord e Sud "));
+    for (const char* r : RigheNodi)
+        comboNodi->addItem(QString::fromLatin1(r));
+    comboNodi->setMaxVisibleItems(28);
+    Command1 = new QPushButton(QStringLiteral("\u21BB"), this);
+    Command1->setObjectName("Command1");
+    Command1->setToolTip(QStringLiteral("Ruota in senso Orario"));
+    Command2 = new QPushButton(QStringLiteral("\u21BA"), this);
+    Command2->setObjectName("Command2");
+    Command2->setToolTip(QStringLiteral("Ruota in senso AntiOrario"));
+    for (QPushButton* b : {Command1, Command2})
+        b->setFixedWidth(36);
+    Command4 = new QPushButton(QStringLiteral("Aggiorna "), this);
+    Command4->setObjectName("Command4");
+    Command4->setToolTip(QStringLiteral(" Aggiorna gli Aspetti della Ruota "));
+    Command3 = new QPushButton(QStringLiteral("&Esci "), this);
+    Command3->setObjectName("Command3");
+    Timer1 = new QTimer(this);
+    Timer1->setObjectName("Timer1");
+    Timer2 = new QTimer(this);
+    Timer2->setObjectName("Timer2");
+    for (QTimer* t : {Timer1, Timer2})
+        t->setInterval(500);
+
+    auto* sinistra = new QVBoxLayout;
+    sinistra->addWidget(MSFlexGrid1, 1);
+    sinistra->addWidget(Label2);
+    sinistra->addWidget(Label1);
+    auto* sopraRuota = new QHBoxLayout;
+    sopraRuota->addStretch(1);
+    sopraRuota->addWidget(txtQuando);
+    auto* sottoRuota = new QHBoxLayout;
+    sottoRuota->addWidget(Command1);
+    sottoRuota->addWidget(Command2);
+    sottoRuota->addWidget(comboNodi, 1);
+    sottoRuota->addWidget(Command4);
+    sottoRuota->addWidget(Command3);
+    auto* destra = new QVBoxLayout;
+    destra->addLayout(sopraRuota);
+    destra->addWidget(Ruota, 1);
+    destra->addLayout(sottoRuota);
+    auto* centro = new QWidget(this);
+    auto* tutto = new QHBoxLayout(centro);
+    tutto->addLayout(sinistra, 1);
+    tutto->addLayout(destra, 0);
+    setCentralWidget(centro);
+    resize(1560, 720);
+
+    connect(mnuAR, &QAction::triggered, this, &frmOutDati::mnuAR_Click);
+    connect(mnuAO, &QAction::triggered, this, &frmOutDati::mnuAO_Click);
+    connect(mnuAspS, &QAction::triggered, this, &frmOutDati::mnuAspS_Click);
+    connect(mnuAspDC, &QAction::triggered, this, &frmOutDati::mnuAspDC_Click);
+    connect(mnuDom, &QAction::triggered, this, &frmOutDati::mnuDom_Click);
+    connect(mnFilCPrecedente, &QAction::triggered, this, &frmOutDati::mnFilCPrecedente_Click);
+    connect(mnFilCSuccessivo, &QAction::triggered, this, &frmOutDati::mnFilCSuccessivo_Click);
+    connect(mnuAspE, &QAction::triggered, this, &QWidget::close);
+    connect(mnuRotAri, &QAction::triggered, this, &frmOutDati::mnuRotAri_Click);
+    connect(mnuRotAsc, &QAction::triggered, this, &frmOutDati::mnuRotAsc_Click);
+    connect(mnuRotQ, &QAction::triggered, this, &frmOutDati::mnuRotQ_Click);
+    const std::pair<QAction*, UnitaTempo> unita[6] = {
+        {UnSec, UnitaTempo::Secondi}, {UnMin, UnitaTempo::Minuti}, {UnOra, UnitaTempo::Ore},
+        {UnDay, UnitaTempo::Giorni},  {UnMese, UnitaTempo::Mesi},  {UnYear, UnitaTempo::Anni}};
+    for (const auto& [azione, u] : unita)
+        connect(azione, &QAction::triggered, this, [this, u = u] { Toolbar1_ButtonClick(u); });
+    connect(DbPvs, &QAction::triggered, this, &frmOutDati::mnFilCPrecedente_Click);
+    connect(DbNext, &QAction::triggered, this, &frmOutDati::mnFilCSuccessivo_Click);
+    connect(UpDown1Su, &QToolButton::clicked, this, [this] { UpDown1_Change(1); });
+    connect(UpDown1Giu, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
+    connect(MSFlexGrid1->verticalHeader(), &QHeaderView::sectionClicked, this,
+            [this](int sezione) { MostraArchi(sezione + 1); });
+    connect(comboNodi, &QComboBox::activated, this, &frmOutDati::comboNodi_Click);
+    connect(Command1, &QPushButton::pressed, this, &frmOutDati::Command1_MouseDown);
+    connect(Command2, &QPushButton::pressed, this, &frmOutDati::Command2_MouseDown);
+    connect(Command1, &QPushButton::released, Timer1, &QTimer::stop);
+    connect(Command2, &QPushButton::released, Timer2, &QTimer::stop);
+    connect(Timer1, &QTimer::timeout, this, [this] {
+        AngoloRuota -= static_cast<float>(50 * TempoTimer.restart() / 1000.0);
+        Ridisegna();
+    });
+    connect(Timer2, &QTimer::timeout, this, [this] {
+        AngoloRuota += static_cast<float>(50 * TempoTimer.restart() / 1000.0);
+        Ridisegna();
+    });
+    connect(Command3, &QPushButton::clicked, this, &QWidget::close);
+    connect(Command4, &QPushButton::clicked, this, &frmOutDati::Command4_Click);
+
+    Form_Load();
+}
+
+void frmOutDati::Form_Load() {
+    Toolbar1->setVisible(stato_.TransitoPosizioni != 0);
+    ModoAscens = 0;
+    Didascalia();
+    mnuAspDC->setChecked(stato_.DisegnaAspetti != 0);
+    comboNodi->setCurrentIndex(
+        stato_.NodiScelti >= 0 && stato_.NodiScelti < 25 ? static_cast<int>(stato_.NodiScelti) : 0);
+    RiempiTabella();
+    Ridisegna();
+    RigaPrecedente = 13;
+    Label1->setText(QStringLiteral(" Fare Click su un Pianeta o su una Casa\n della Tabella"));
+    MostraQuando();
+}
+
+void frmOutDati::Didascalia() {
+    setWindowTitle(QStringLiteral("Lyx - Posizioni di ") + QS(tema_.Nome.str()));
+}
+
+void frmOutDati::RiempiTabella() {
+    cuspidi_ = CaseDellaRuota(tema_, pos_);
+    const TabellaPosizioni t = vesmo::RiempiTabella(cuspidi_, pos_);
+    QStringList colonne, righe;
+    for (std::size_t j = 1; j < 11; ++j) {
+        QString testa = QS(t.celle[0][j]);
+        // A head may begin with its column's alignment: "<" left, "^" centre, ">" right.
+        if (testa.startsWith('<') || testa.startsWith('^') || testa.startsWith('>'))
+            testa.remove(0, 1);
+        colonne << testa;
+    }
+    for (std::size_t i = 1; i < 26; ++i)
+        righe << QS(t.celle[i][0]);
+    MSFlexGrid1->setHorizontalHeaderLabels(colonne);
+    MSFlexGrid1->setVerticalHeaderLabels(righe);
+    for (std::size_t i = 1; i < 26; ++i) {
+        for (std::size_t j = 1; j < 11; ++j) {
+            auto* v = new QTableWidgetItem(QS(t.celle[i][j]));
+            v->setTextAlignment(Qt::AlignLeft | Qt::AlignVCenter);
+            MSFlexGrid1->setItem(static_cast<int>(i) - 1, static_cast<int>(j) - 1, v);
+        }
+    }
+    MSFlexGrid1->resizeColumnsToContents();
+    MSFlexGrid1->setCurrentCell(0, 0);
+}
+
+void frmOutDati::MostraQuando() {
+    if (std::optional<Quando> q = QuandoDelTema(tema_)) txtQuando->setText(TestoQuando(*q));
+}
+
+void frmOutDati::Ridisegna() {
+    // The wheel reads AngoloRuota, AngoloAscens, ModoAscens, the nodes and the aspect switches
+    // as they stand; its place is painted again.
+    Ruota->update();
+}
+
+void frmOutDati::MostraArchi(int riga) {
+    if (riga < 1 || riga > 25) return;
+    const Posizione& a = PosizioneDellaRiga(cuspidi_, pos_, RigaPrecedente);
+    const Posizione& b = PosizioneDellaRiga(cuspidi_, pos_, riga);
+    const QString da = MSFlexGrid1->verticalHeaderItem(RigaPrecedente - 1)->text();
+    const QString a_ = MSFlexGrid1->verticalHeaderItem(riga - 1)->text();
+    const double declinazioni = std::fabs(std::fabs(Gradi(b.De)) - std::fabs(Gradi(a.De)));
+    const double sfera =
+        Gradi(DistanzaAngolare(Radianti(a.Lo), Radianti(a.LaEc), Radianti(b.Lo), Radianti(b.LaEc)));
+    const QString testo = " " + da + " --> " + a_ + "   " +
+                          QS(FormatoNumero(Norma360(b.Lo - a.Lo, 1), "##0.0##°")) + "     " +
+                          QS(FormatoNumero(declinazioni, "#0.0#°")) + "     " +
+                          QS(FormatoNumero(sfera, "##0.0#°")) + "\n  " + a_ + " --> " + da + "   " +
+                          QS(FormatoNumero(Norma360(a.Lo - b.Lo, 1), "##0.0##°"));
+    Label1->setText(testo);
+    RigaPrecedente = riga;
+}
+
+void frmOutDati::Toolbar1_ButtonClick(UnitaTempo unita) {
+    if (!stato_.TransitoPosizioni) return;
+    const QString testo = txtTempi->text();
+    const std::optional<double> quanti = NumeroDigitato(SS(testo));
+    if (!quanti) {
+        messaggi_.Mostra("Lyx - Passo del Transito",
+                         "Il passo deve essere un numero: " + SS(testo) +
+                             "\nIl separatore decimale è la VIRGOLA.\n" + Trattini +
+                             "\nThe step must be a number.\n",
+                         Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    s_.TemaX = tema_;
+    PassoTempo(s_.TemaX, unita, *quanti);
+    RifaiTransito(s_, messaggi_);
+    tema_ = s_.TemaX;
+    pos_ = s_.PosX;
+    RiempiTabella();
+    Ridisegna();
+    RigaPrecedente = 13;
+    MostraQuando();
+    if (AggiornaTransito) AggiornaTransito();
+}
+
+void frmOutDati::UpDown1_Change(int passo) {
+    const std::optional<double> ora = NumeroDigitato(SS(txtTempi->text()));
+    int valore = ora ? static_cast<int>(std::lround(*ora)) : 0;
+    valore = std::clamp(valore + passo, -30, 30);
+    txtTempi->setText(QString::number(valore));
+}
+
+void frmOutDati::Scorri(bool avanti) {
+    s_.TemaX = tema_;
+    s_.PosX = pos_;
+    if (!ScorriArchivio(s_, fileDB_, SegnaRecord, avanti, messaggi_)) return;
+    tema_ = s_.TemaX;
+    pos_ = s_.PosX;
+    Didascalia();
+    RiempiTabella();
+    // A chart from the archive shows with its Ascendant on the left.
+    AngoloRuota = static_cast<float>(360 - pos_.Asce.Lo);
+    AngoloAscens = static_cast<float>(360 - 15 * pos_.Asce.AR.Numero());
+    Ridisegna();
+    RigaPrecedente = 13;
+    MostraQuando();
+}
+
+void frmOutDati::mnFilCPrecedente_Click() {
+    Scorri(false);
+}
+
+void frmOutDati::mnFilCSuccessivo_Click() {
+    Scorri(true);
+}
+
+void frmOutDati::mnuRotAri_Click() {
+    AngoloRuota = 0;
+    AngoloAscens = 0;
+    Ridisegna();
+}
+
+void frmOutDati::mnuRotAsc_Click() {
+    AngoloRuota = static_cast<float>(360 - pos_.Asce.Lo);
+    AngoloAscens = static_cast<float>(360 - 15 * pos_.Asce.AR.Numero());
+    Ridisegna();
+}
+
+void frmOutDati::mnuRotQ_Click() {
+    const std::string titolo = "Lyx - Angolo di rotazione della Ruota";
+    std::string predefinito = TestoSingolo(AngoloRuota);
+    if (predefinito.empty()) predefinito = "0";
+    std::optional<std::string> risposta =
+        messaggi_.Chiedi(titolo,
+                         "Inserire l'angolo di rotazione voluto.\n\n"
+                         "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
+                         "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
+                         "Il TextBox NON accetta espressioni.\n"
+                         "Il separatore decimale é la VIRGOLA ",
+                         predefinito);
+    std::string testo = risposta ? *risposta : std::string();
+    if (testo.empty()) testo = "0";
+    const std::optional<double> angolo = NumeroDigitato(testo);
+    if (!angolo) {
+        messaggi_.Mostra(titolo,
+                         "L'angolo deve essere un numero: " + testo +
+                             "\nIl separatore decimale è la VIRGOLA.\n" + Trattini +
+                             "\nThe angle must be a number.\n",
+                         Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    AngoloRuota = static_cast<float>(*angolo);
+    AngoloAscens = AngoloRuota;
+    Ridisegna();
+}
+
+void frmOutDati::mnuAR_Click(bool acceso) {
+    ModoAscens = acceso ? 1 : 0;
+    if (acceso) mnuAO->setChecked(false);
+    Command1->setVisible(!acceso);
+    Command2->setVisible(!acceso);
+    Ridisegna();
+}
+
+void frmOutDati::mnuAO_Click(bool acceso) {
+    ModoAscens = acceso ? 2 : 0;
+    if (acceso) mnuAR->setChecked(false);
+    Command1->setVisible(!acceso);
+    Command2->setVisible(!acceso);
+    Ridisegna();
+}
+
+void frmOutDati::mnuAspDC_Click(bool acceso) {
+    stato_.DisegnaAspetti = acceso ? -1 : 0;
+    Ridisegna();
+}
+
+void frmOutDati::Command4_Click() {
+    if (stato_.DisegnaAspetti) Ridisegna();
+}
+
+void frmOutDati::AggiornAspetti() {
+    Command4_Click();
+}
+
+void frmOutDati::mnuAspS_Click() {
+    s_.TemaX = tema_;
+    s_.PosX = pos_;
+    s_.TemaY = tema_;
+    s_.PosY = pos_;
+    if (Selezione) {
+        Selezione->close();
+        Selezione->deleteLater();
+    }
+    QWidget* genitore = parentWidget() ? parentWidget() : this;
+    Selezione = new frmSelAspetti(s_, aspetti_, stato_, messaggi_, genitore);
+    QPointer<frmOutDati> io(this);
+    Selezione->AggiornaPosizioni = [io] {
+        if (io) io->AggiornAspetti();
+    };
+    if (RegistraSecondaria) RegistraSecondaria(Selezione);
+    Selezione->show();
+    stato_.SelezioneDaPosizioni = -1;
+}
+
+void frmOutDati::mnuDom_Click() {
+    s_.PosDomi = pos_;
+    if (Domicili) {
+        Domicili->close();
+        Domicili->deleteLater();
+    }
+    QWidget* genitore = parentWidget() ? parentWidget() : this;
+    Domicili = new frmDomicili(s_, messaggi_, genitore);
+    Domicili->setWindowTitle(Domicili->windowTitle() + QS(tema_.Nome.str()));
+    if (RegistraSecondaria) RegistraSecondaria(Domicili);
+    Domicili->show();
+}
+
+void frmOutDati::comboNodi_Click(int indice) {
+    if (indice >= 25) {
+        messaggi_.Mostra("Lyx - Info Nodi", "Calcolo dei Nodi di Plutone inattivo", Pulsanti::Ok,
+                         Icona::Informazione);
+        comboNodi->setCurrentIndex(static_cast<int>(stato_.NodiScelti));
+        return;
+    }
+    stato_.NodiScelti = indice;
+    Ridisegna();
+}
+
+void frmOutDati::Gira(QTimer* timer, float verso) {
+    AngoloRuota += verso;
+    Ridisegna();
+    TempoTimer.start();
+    timer->start();
+}
+
+void frmOutDati::Command1_MouseDown() {
+    Gira(Timer1, -1);
+}
+
+void frmOutDati::Command2_MouseDown() {
+    Gira(Timer2, 1);
+}
+
+void frmOutDati::closeEvent(QCloseEvent* e) {
+    Timer1->stop();
+    Timer2->stop();
+    stato_.TransitoPosizioni = 0;
+    e->accept();
+}
+
+} // namespace vesmo
