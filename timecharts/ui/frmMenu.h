@@ -12,6 +12,7 @@
 #include "core/Config.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "presentation/StatoRuote.h"
 
 class QAction;
 class QGroupBox;
@@ -75,6 +76,8 @@ public:
         QString titolo;        // "Natale", "Transito", "Rivoluzione", "Direzione"
     };
     std::array<Riquadro, 4> riquadri;
+    // The session's wheel switches (aspect lines, nodes, the transit's positions window).
+    StatoRuote stato;
     QLabel *Label11, *Label38, *Label39;
     QPushButton *Command1, *Command2;
     QAction *mnuFileLunaGeo, *mnuFileLunaTopo, *mnuFileLunaNMedia, *mnuFileLunaNVera;
@@ -92,6 +95,9 @@ public slots:
     void mnuTransitInput_Click();
     void mnUnCieloNuovo_Click();
     void ApriMemo(int slot);
+    void ApriPosizioni(int slot);
+    void ApriDomicili(int slot);
+    void ApriSelezioneAspetti();
     void Salvo(int slot);
     void CambiaLuna(std::int16_t geo);
     void CambiaLunaNera(std::int32_t vera);

@@ -2,6 +2,7 @@
 // input form, the comment, the Moon modes, the refusal of the close button, and the way back.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
@@ -156,4 +157,35 @@ TEST_F(Menu, ChiusuraRifiutataEUscita) {
     EXPECT_EQ(s.RivoluzioneCalcolata, 0);
     EXPECT_EQ(s.JDRivoluzione, -1.0);
     EXPECT_EQ(s.TemaNat.Nome.Valore(), "Mario Rossi");
+}
+
+TEST_F(Menu, FinestreDelloSlot) {
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    auto aperta = [](const char* nome) -> QWidget* {
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (w->objectName() == nome && w->isVisible()) return w;
+        return nullptr;
+    };
+    f.findChild<QAction*>("mnUnCieloDomi")->trigger();
+    QWidget* d = aperta("frmDomicili");
+    ASSERT_NE(d, nullptr);
+    EXPECT_EQ(d->windowTitle(),
+              "Lyx - Domiciliazioni di [tema natale] Mario Rossi                   ");
+    EXPECT_EQ(s.PosDomi, s.PosNat);
+    f.findChild<QAction*>("mnUnCieloPosizione")->trigger();
+    ASSERT_NE(aperta("frmOutDati"), nullptr);
+    EXPECT_EQ(s.TemaX, s.TemaNat);
+    f.findChild<QAction*>("mnUnCieloAO")->trigger();
+    ASSERT_NE(aperta("frmSelAspetti"), nullptr);
+    EXPECT_EQ(s.TemaY, s.TemaNat);
+    // The refresh closes the dignities and the selection; a new chart closes them all.
+    f.Command2->click();
+    QApplication::processEvents();
+    EXPECT_EQ(aperta("frmDomicili"), nullptr);
+    EXPECT_EQ(aperta("frmSelAspetti"), nullptr);
+    EXPECT_NE(aperta("frmOutDati"), nullptr);
+    f.ChiudiSecondarie();
+    QApplication::processEvents();
+    EXPECT_EQ(aperta("frmOutDati"), nullptr);
 }

@@ -133,10 +133,11 @@ TEST_F(MenuTempo, VociNeiMenu) {
     auto* lun = f->findChild<QMenu*>("mnuRivLun");
     ASSERT_NE(lun, nullptr);
     EXPECT_EQ(Voci(lun), (QStringList{"&Tropiche", "S&inodiche"}));
-    EXPECT_EQ(Voci(f->mnuDir),
-              (QStringList{"&Secondarie", "&Frazione di anno (secondarie)", "C&mto"}));
+    EXPECT_EQ(Voci(f->mnuDir), (QStringList{"&Secondarie", "&Frazione di anno (secondarie)",
+                                            "&Posizioni ", "&Domiciliazioni", "C&mto"}));
     EXPECT_EQ(Voci(f->mnuTransiti),
-              (QStringList{"Calcolo Trans&ito Nuovo", "Ingressi nei &Segni", "C&mto"}));
+              (QStringList{"Calcolo Trans&ito Nuovo", "&Posizioni ", "&Domiciliazioni",
+                           "Ingressi nei &Segni", "C&mto"}));
     for (const char* n : {"mnuRivSol", "mnuRivLunT", "mnuRivLunS", "mnuDirSec", "mnuDirFra",
                           "mnuTransitiI", "mnuHeDirFrAnno"})
         Voce(n);
