@@ -29,6 +29,7 @@
 #include "core/qt/MessaggiQt.h"
 #include "presentation/Ruota.h"
 #include "presentation/TabellaPosizioni.h"
+#include "presentation/ui/WidgetRuota.h"
 
 namespace vesmo {
 
@@ -204,12 +205,11 @@ frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& 
     txtQuando->setFont(serif);
     txtQuando->setFixedWidth(txtQuando->fontMetrics().horizontalAdvance("00/00/0000 00:00:00") +
                              16);
-    Ruota = new QFrame(this);
+    Ruota = new WidgetRuota(this);
     Ruota->setObjectName("Ruota");
     Ruota->setFrameShape(QFrame::StyledPanel);
     Ruota->setFrameShadow(QFrame::Sunken);
     Ruota->setMinimumSize(440, 440);
-    Ruota->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
     comboNodi = new QComboBox(this);
     comboNodi->setObjectName("comboNodi");
     comboNodi->setToolTip(
@@ -351,9 +351,15 @@ void frmOutDati::MostraQuando() {
 }
 
 void frmOutDati::Ridisegna() {
-    // The wheel reads AngoloRuota, AngoloAscens, ModoAscens, the nodes and the aspect switches
-    // as they stand; its place is painted again.
-    Ruota->update();
+    // The wheel takes the rotation, the nodes and the aspect switch as they stand; its place
+    // paints it again at its own size.
+    OpzioniRuota o;
+    o.AngoloRuota = AngoloRuota;
+    o.NodiScelti = static_cast<int>(stato_.NodiScelti);
+    o.DisegnaAspetti = stato_.DisegnaAspetti != 0;
+    o.Aspetti = aspetti_;
+    o.LunaNeraVera = s_.LunaNeraVera;
+    Ruota->MostraRuota(tema_, pos_, o);
 }
 
 void frmOutDati::MostraArchi(int riga) {

@@ -35,6 +35,7 @@ namespace vesmo {
 
 class frmSelAspetti;
 class frmDomicili;
+class WidgetRuota;
 
 class frmOutDati : public QMainWindow {
     Q_OBJECT
@@ -67,7 +68,7 @@ public:
     QComboBox* comboNodi;
     QPushButton *Command1, *Command2, *Command3, *Command4;
     QTimer *Timer1, *Timer2;
-    QFrame* Ruota; // the wheel's place
+    WidgetRuota* Ruota;
     QMenu *mnFile, *mnuAsc, *mnFilCarica, *mnuRot;
     QAction *mnuAR, *mnuAO, *mnuAspS, *mnuAspDC, *mnuDom, *mnFilCPrecedente, *mnFilCSuccessivo,
         *mnuAspE, *mnuRotAri, *mnuRotAsc, *mnuRotQ;

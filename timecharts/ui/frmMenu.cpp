@@ -26,16 +26,15 @@
 #include "ephemeris/TestoDatiTema.h"
 #include "presentation/ui/frmOutDati.h"
 #include "timecharts/Direzioni.h"
+#include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/MenuTempo.h"
 
 namespace vesmo {
 
-const char *const AiutoDecimali =
-    "Nelle caselle di testo il separatore decimale è la VIRGOLA,\r\n"
-    "salvo dove è indicato diversamente.\r\n";
-const char *const AiutoRivoluzioniMirate =
-    "L'ora di una rivoluzione rilocata dalla ruota doppia non è l'ora "
-    "locale:\r\n"
+const char* const AiutoDecimali = "Nelle caselle di testo il separatore decimale è la VIRGOLA,\r\n"
+                                  "salvo dove è indicato diversamente.\r\n";
+const char* const AiutoRivoluzioniMirate =
+    "L'ora di una rivoluzione rilocata dalla ruota doppia non è l'ora locale:\r\n"
     "in quel luogo fuso orario e ora estiva non sono noti.\r\n\r\n"
     "Per avere l'ora locale ricalcolare la rivoluzione nel modo consueto,\r\n"
     "scegliendo quel luogo.\r\n\r\n"
@@ -43,609 +42,563 @@ const char *const AiutoRivoluzioniMirate =
 
 namespace {
 
-const char *const Titoli[4] = {"Natale", "Transito", "Rivoluzione",
-                               "Direzione"};
-const char *const Teste[3] = {
-    "   il                             alle         Estiva",
-    "  longitudine        latitudine          fuso",
-    "  TSL                             JD"};
-const char *const ParoleMemo[4] = {"Tema N.", "Transito", "Rivoluzione",
-                                   "Direzione"};
-const char *const DidascalieMemo[4] = {"[Tema Natale] - ", "[Transito] - ",
-                                       "[Rivoluzione] - ", "[Direzione] - "};
+const char* const Titoli[4] = {"Natale", "Transito", "Rivoluzione", "Direzione"};
+const char* const Teste[3] = {"   il                             alle         Estiva",
+                              "  longitudine        latitudine          fuso",
+                              "  TSL                             JD"};
+const char* const ParoleMemo[4] = {"Tema N.", "Transito", "Rivoluzione", "Direzione"};
+const char* const DidascalieMemo[4] = {"[Tema Natale] - ", "[Transito] - ", "[Rivoluzione] - ",
+                                       "[Direzione] - "};
 
-QLabel *Etichetta(QWidget *g, const QString &nome, const QFont &f) {
-  auto *l = new QLabel(g);
-  l->setObjectName(nome);
-  l->setFont(f);
-  l->setTextInteractionFlags(Qt::TextSelectableByMouse);
-  return l;
+QLabel* Etichetta(QWidget* g, const QString& nome, const QFont& f) {
+    auto* l = new QLabel(g);
+    l->setObjectName(nome);
+    l->setFont(f);
+    l->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    return l;
 }
 
 } // namespace
 
-frmMenu::frmMenu(Sessione &sessione, TabellaAspetti &aspetti,
-                 const ConfigIni &cfgLyx, const PercorsiVesmo &percorsi,
-                 Messaggi &messaggi, QWidget *genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), cfg_(cfgLyx),
-      percorsi_(percorsi), messaggi_(messaggi) {
-  setObjectName("frmMenu");
-  setWindowTitle(QStringLiteral(
-      "Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria."));
-  QFont fisso = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& cfgLyx,
+                 const PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* genitore)
+    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), cfg_(cfgLyx), percorsi_(percorsi),
+      messaggi_(messaggi) {
+    setObjectName("frmMenu");
+    setWindowTitle(
+        QStringLiteral("Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria."));
+    QFont fisso = QFontDatabase::systemFont(QFontDatabase::FixedFont);
 
-  // The labels of each frame, numbered as the slots' labels are.
-  const int numeri[4][10] = {{1, 2, 3, 4, 5, 10, 6, 7, 8, 0},
-                             {9, 12, 13, 14, 16, 15, 29, 32, 35, 0},
-                             {17, 18, 19, 20, 22, 21, 30, 33, 36, 0},
-                             {23, 24, 25, 26, 28, 27, 31, 34, 37, 0}};
-  const char *astrolog[4] = {nullptr, "cmdAA_Tra", "cmdAA_Riv", "cmdAA_Dir"};
-  auto *centro = new QWidget(this);
-  auto *griglia = new QGridLayout(centro);
-  for (int i = 0; i < 4; ++i) {
-    Riquadro &r = riquadri[static_cast<std::size_t>(i)];
-    r.titolo = QString::fromUtf8(Titoli[i]);
-    r.frame = new QGroupBox(r.titolo, centro);
-    r.frame->setObjectName(QStringLiteral("Frame%1").arg(i + 1));
-    auto lab = [&](int k) {
-      return QStringLiteral("Label%1").arg(numeri[i][k]);
+    // The labels of each frame, numbered as the slots' labels are.
+    const int numeri[4][10] = {{1, 2, 3, 4, 5, 10, 6, 7, 8, 0},
+                               {9, 12, 13, 14, 16, 15, 29, 32, 35, 0},
+                               {17, 18, 19, 20, 22, 21, 30, 33, 36, 0},
+                               {23, 24, 25, 26, 28, 27, 31, 34, 37, 0}};
+    const char* astrolog[4] = {nullptr, "cmdAA_Tra", "cmdAA_Riv", "cmdAA_Dir"};
+    auto* centro = new QWidget(this);
+    auto* griglia = new QGridLayout(centro);
+    for (int i = 0; i < 4; ++i) {
+        Riquadro& r = riquadri[static_cast<std::size_t>(i)];
+        r.titolo = QString::fromUtf8(Titoli[i]);
+        r.frame = new QGroupBox(r.titolo, centro);
+        r.frame->setObjectName(QStringLiteral("Frame%1").arg(i + 1));
+        auto lab = [&](int k) { return QStringLiteral("Label%1").arg(numeri[i][k]); };
+        r.nome = Etichetta(r.frame, lab(0), fisso);
+        r.city = Etichetta(r.frame, lab(1), fisso);
+        r.data = Etichetta(r.frame, lab(2), fisso);
+        r.coordinate = Etichetta(r.frame, lab(3), fisso);
+        r.tslJd = Etichetta(r.frame, lab(4), fisso);
+        r.fuso = Etichetta(r.frame, lab(5), fisso);
+        for (int k = 0; k < 3; ++k) {
+            r.teste[static_cast<std::size_t>(k)] = Etichetta(r.frame, lab(6 + k), fisso);
+            r.teste[static_cast<std::size_t>(k)]->setText(QString::fromUtf8(Teste[k]));
+            r.teste[static_cast<std::size_t>(k)]->setStyleSheet("color: #555;");
+        }
+        auto* v = new QVBoxLayout(r.frame);
+        auto* testa = new QHBoxLayout;
+        testa->addWidget(r.nome, 1);
+        testa->addWidget(r.city, 1);
+        v->addLayout(testa);
+        v->addWidget(r.teste[0]);
+        v->addWidget(r.data);
+        v->addWidget(r.teste[1]);
+        auto* coord = new QHBoxLayout;
+        coord->addWidget(r.coordinate);
+        coord->addWidget(r.fuso);
+        coord->addStretch(1);
+        v->addLayout(coord);
+        v->addWidget(r.teste[2]);
+        v->addWidget(r.tslJd);
+        r.astrolog = nullptr;
+        if (astrolog[i]) {
+            r.astrolog = new QPushButton(QStringLiteral("A&vvia  Astrolog"), r.frame);
+            r.astrolog->setObjectName(astrolog[i]);
+            r.astrolog->hide();
+            v->addWidget(r.astrolog, 0, Qt::AlignRight);
+            connect(r.astrolog, &QPushButton::clicked, this, [this, i] {
+                s_.TemaSalva = TemaDelSlot(i);
+                AvviaAstrolog(s_.TemaSalva, percorsi_, messaggi_, AvviaDistaccato);
+            });
+        }
+        griglia->addWidget(r.frame, i / 2, i % 2);
+    }
+    Label11 = new QLabel(centro);
+    Label11->setObjectName("Label11");
+    Label38 = new QLabel(centro);
+    Label38->setObjectName("Label38");
+    Label39 = new QLabel(centro);
+    Label39->setObjectName("Label39");
+    Command1 = new QPushButton(QStringLiteral("Ve&smo"), centro);
+    Command1->setObjectName("Command1");
+    Command2 = new QPushButton(QStringLiteral("A&ggiorna"), centro);
+    Command2->setObjectName("Command2");
+    auto* lato = new QVBoxLayout;
+    lato->addWidget(Label11);
+    lato->addWidget(Label38);
+    lato->addWidget(Label39);
+    lato->addStretch(1);
+    lato->addWidget(Command2);
+    lato->addWidget(Command1);
+    griglia->addLayout(lato, 0, 2, 2, 1);
+    setCentralWidget(centro);
+
+    auto voce = [this](QMenu* m, const char* nome, const char* testo) {
+        QAction* a = m->addAction(QString::fromUtf8(testo));
+        a->setObjectName(nome);
+        return a;
     };
-    r.nome = Etichetta(r.frame, lab(0), fisso);
-    r.city = Etichetta(r.frame, lab(1), fisso);
-    r.data = Etichetta(r.frame, lab(2), fisso);
-    r.coordinate = Etichetta(r.frame, lab(3), fisso);
-    r.tslJd = Etichetta(r.frame, lab(4), fisso);
-    r.fuso = Etichetta(r.frame, lab(5), fisso);
-    for (int k = 0; k < 3; ++k) {
-      r.teste[static_cast<std::size_t>(k)] =
-          Etichetta(r.frame, lab(6 + k), fisso);
-      r.teste[static_cast<std::size_t>(k)]->setText(
-          QString::fromUtf8(Teste[k]));
-      r.teste[static_cast<std::size_t>(k)]->setStyleSheet("color: #555;");
+    mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
+    QMenu* luna = mnuFile->addMenu(QStringLiteral("&Luna"));
+    mnuFileLunaGeo = voce(luna, "mnuFileLunaGeo", "&Geocentrica");
+    mnuFileLunaTopo = voce(luna, "mnuFileLunaTopo", "&Topocentrica ");
+    QMenu* lunaNera = mnuFile->addMenu(QStringLiteral("Luna Nera"));
+    mnuFileLunaNMedia = voce(lunaNera, "mnuFileLunaNMedia", "Media ");
+    mnuFileLunaNVera = voce(lunaNera, "mnuFileLunaNVera", "Vera");
+    QMenu* salvo = mnuFile->addMenu(QStringLiteral("S&alvo"));
+    const char* nomiSalvo[4] = {"mnuFileSalvoTN", "mnuFileSalvoT", "mnuFileSalvoR",
+                                "mnuFileSalvoD"};
+    const char* testiSalvo[4] = {"&Tema Natale", "T&ransito", "&Rivoluzione", "&Direzione"};
+    for (int i = 0; i < 4; ++i) {
+        mnuFileSalvo[static_cast<std::size_t>(i)] = voce(salvo, nomiSalvo[i], testiSalvo[i]);
+        mnuFileSalvo[static_cast<std::size_t>(i)]->setCheckable(true);
+        connect(mnuFileSalvo[static_cast<std::size_t>(i)], &QAction::triggered, this,
+                [this, i] { Salvo(i); });
     }
-    auto *v = new QVBoxLayout(r.frame);
-    auto *testa = new QHBoxLayout;
-    testa->addWidget(r.nome, 1);
-    testa->addWidget(r.city, 1);
-    v->addLayout(testa);
-    v->addWidget(r.teste[0]);
-    v->addWidget(r.data);
-    v->addWidget(r.teste[1]);
-    auto *coord = new QHBoxLayout;
-    coord->addWidget(r.coordinate);
-    coord->addWidget(r.fuso);
-    coord->addStretch(1);
-    v->addLayout(coord);
-    v->addWidget(r.teste[2]);
-    v->addWidget(r.tslJd);
-    r.astrolog = nullptr;
-    if (astrolog[i]) {
-      r.astrolog = new QPushButton(QStringLiteral("A&vvia  Astrolog"), r.frame);
-      r.astrolog->setObjectName(astrolog[i]);
-      r.astrolog->hide();
-      v->addWidget(r.astrolog, 0, Qt::AlignRight);
-      connect(r.astrolog, &QPushButton::clicked, this, [this, i] {
-        s_.TemaSalva = TemaDelSlot(i);
-        AvviaAstrolog(s_.TemaSalva, percorsi_, messaggi_, AvviaDistaccato);
-      });
-    }
-    griglia->addWidget(r.frame, i / 2, i % 2);
-  }
-  Label11 = new QLabel(centro);
-  Label11->setObjectName("Label11");
-  Label38 = new QLabel(centro);
-  Label38->setObjectName("Label38");
-  Label39 = new QLabel(centro);
-  Label39->setObjectName("Label39");
-  Command1 = new QPushButton(QStringLiteral("Ve&smo"), centro);
-  Command1->setObjectName("Command1");
-  Command2 = new QPushButton(QStringLiteral("A&ggiorna"), centro);
-  Command2->setObjectName("Command2");
-  auto *lato = new QVBoxLayout;
-  lato->addWidget(Label11);
-  lato->addWidget(Label38);
-  lato->addWidget(Label39);
-  lato->addStretch(1);
-  lato->addWidget(Command2);
-  lato->addWidget(Command1);
-  griglia->addLayout(lato, 0, 2, 2, 1);
-  setCentralWidget(centro);
+    mnuFile->addSeparator();
+    mnuFileEsci = voce(mnuFile, "mnuFileEsci", "&Esci. Ritorna ad Vesmo");
 
-  auto voce = [this](QMenu *m, const char *nome, const char *testo) {
-    QAction *a = m->addAction(QString::fromUtf8(testo));
-    a->setObjectName(nome);
-    return a;
-  };
-  mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
-  QMenu *luna = mnuFile->addMenu(QStringLiteral("&Luna"));
-  mnuFileLunaGeo = voce(luna, "mnuFileLunaGeo", "&Geocentrica");
-  mnuFileLunaTopo = voce(luna, "mnuFileLunaTopo", "&Topocentrica ");
-  QMenu *lunaNera = mnuFile->addMenu(QStringLiteral("Luna Nera"));
-  mnuFileLunaNMedia = voce(lunaNera, "mnuFileLunaNMedia", "Media ");
-  mnuFileLunaNVera = voce(lunaNera, "mnuFileLunaNVera", "Vera");
-  QMenu *salvo = mnuFile->addMenu(QStringLiteral("S&alvo"));
-  const char *nomiSalvo[4] = {"mnuFileSalvoTN", "mnuFileSalvoT",
-                              "mnuFileSalvoR", "mnuFileSalvoD"};
-  const char *testiSalvo[4] = {"&Tema Natale", "T&ransito", "&Rivoluzione",
-                               "&Direzione"};
-  for (int i = 0; i < 4; ++i) {
-    mnuFileSalvo[static_cast<std::size_t>(i)] =
-        voce(salvo, nomiSalvo[i], testiSalvo[i]);
-    mnuFileSalvo[static_cast<std::size_t>(i)]->setCheckable(true);
-    connect(mnuFileSalvo[static_cast<std::size_t>(i)], &QAction::triggered,
-            this, [this, i] { Salvo(i); });
-  }
-  mnuFile->addSeparator();
-  mnuFileEsci = voce(mnuFile, "mnuFileEsci", "&Esci. Ritorna ad Vesmo");
+    mnUnCielo = menuBar()->addMenu(QStringLiteral("&Tema Natale"));
+    mnUnCieloNuovo = voce(mnUnCielo, "mnUnCieloNuovo", "Calcolo &Tema Nuovo");
+    connect(voce(mnUnCielo, "mnUnCieloPosizione", "&Posizioni"), &QAction::triggered, this,
+            [this] { ApriPosizioni(0); });
+    connect(voce(mnUnCielo, "mnUnCieloDomi", "&Domiciliazioni"), &QAction::triggered, this,
+            [this] { ApriDomicili(0); });
+    connect(voce(mnUnCielo, "mnUnCieloAO", "&Selezione Aspetti e Orbita"), &QAction::triggered,
+            this, &frmMenu::ApriSelezioneAspetti);
+    connect(voce(mnUnCielo, "mnUnCieloMemo", "C&mto"), &QAction::triggered, this,
+            [this] { ApriMemo(0); });
+    mnuTransiti = menuBar()->addMenu(QStringLiteral("Tr&ansiti"));
+    mnuTransitInput = voce(mnuTransiti, "mnuTransitInput", "Calcolo Trans&ito Nuovo");
+    connect(voce(mnuTransiti, "mnuTransitiP", "&Posizioni "), &QAction::triggered, this,
+            [this] { ApriPosizioni(1); });
+    connect(voce(mnuTransiti, "mnuTransitiD", "&Domiciliazioni"), &QAction::triggered, this,
+            [this] { ApriDomicili(1); });
+    connect(voce(mnuTransiti, "mnuTransitiMemo", "C&mto"), &QAction::triggered, this,
+            [this] { ApriMemo(1); });
+    mnuRiv = menuBar()->addMenu(QStringLiteral("&Rivoluzioni"));
+    connect(voce(mnuRiv, "mnuRivPos", "&Posizioni"), &QAction::triggered, this,
+            [this] { ApriPosizioni(2); });
+    connect(voce(mnuRiv, "mnuRivDom", "&Domiciliazioni"), &QAction::triggered, this,
+            [this] { ApriDomicili(2); });
+    connect(voce(mnuRiv, "mnuRivMemo", "C&mto"), &QAction::triggered, this,
+            [this] { ApriMemo(2); });
+    mnuDir = menuBar()->addMenu(QStringLiteral("&Direzioni"));
+    connect(voce(mnuDir, "mnuDirPos", "&Posizioni "), &QAction::triggered, this,
+            [this] { ApriPosizioni(3); });
+    connect(voce(mnuDir, "mnuDirDom", "&Domiciliazioni"), &QAction::triggered, this,
+            [this] { ApriDomicili(3); });
+    connect(voce(mnuDir, "mnuDirMemo", "C&mto"), &QAction::triggered, this,
+            [this] { ApriMemo(3); });
+    mnuVar = menuBar()->addMenu(QStringLiteral("&Utility"));
+    munVarSca = voce(mnuVar, "munVarSca", "&Pulizia form");
+    mnuHefrMenu = menuBar()->addMenu(QStringLiteral("&?"));
+    connect(voce(mnuHefrMenu, "mnuHeDecimali", "&Decimali"), &QAction::triggered, this, [this] {
+        Aiuto(QStringLiteral("Lyx - Aiuto Lyx "), QString::fromUtf8(AiutoDecimali));
+    });
+    connect(voce(mnuHefrMenu, "mnuHeMirate", "Rivoluzioni &Mirate"), &QAction::triggered, this,
+            [this] {
+                Aiuto(QStringLiteral("Lyx - Aiuto Rivoluzioni Rilocate"),
+                      QString::fromUtf8(AiutoRivoluzioniMirate));
+            });
+    connect(voce(mnuHefrMenu, "mnuHeDirFrAnno", "Dir. &Frazione d' anno"), &QAction::triggered,
+            this,
+            [this] { Aiuto(QString::fromUtf8(TitoloAiutoFrazione), QS(TestoAiutoFrazione())); });
 
-  mnUnCielo = menuBar()->addMenu(QStringLiteral("&Tema Natale"));
-  mnUnCieloNuovo = voce(mnUnCielo, "mnUnCieloNuovo", "Calcolo &Tema Nuovo");
-  connect(voce(mnUnCielo, "mnUnCieloPosizione", "&Posizioni"),
-          &QAction::triggered, this, [this] { ApriPosizioni(0); });
-  connect(voce(mnUnCielo, "mnUnCieloDomi", "&Domiciliazioni"),
-          &QAction::triggered, this, [this] { ApriDomicili(0); });
-  connect(voce(mnUnCielo, "mnUnCieloAO", "&Selezione Aspetti e Orbita"),
-          &QAction::triggered, this, &frmMenu::ApriSelezioneAspetti);
-  connect(voce(mnUnCielo, "mnUnCieloMemo", "C&mto"), &QAction::triggered, this,
-          [this] { ApriMemo(0); });
-  mnuTransiti = menuBar()->addMenu(QStringLiteral("Tr&ansiti"));
-  mnuTransitInput =
-      voce(mnuTransiti, "mnuTransitInput", "Calcolo Trans&ito Nuovo");
-  connect(voce(mnuTransiti, "mnuTransitiP", "&Posizioni "), &QAction::triggered,
-          this, [this] { ApriPosizioni(1); });
-  connect(voce(mnuTransiti, "mnuTransitiD", "&Domiciliazioni"),
-          &QAction::triggered, this, [this] { ApriDomicili(1); });
-  connect(voce(mnuTransiti, "mnuTransitiMemo", "C&mto"), &QAction::triggered,
-          this, [this] { ApriMemo(1); });
-  mnuRiv = menuBar()->addMenu(QStringLiteral("&Rivoluzioni"));
-  connect(voce(mnuRiv, "mnuRivPos", "&Posizioni"), &QAction::triggered, this,
-          [this] { ApriPosizioni(2); });
-  connect(voce(mnuRiv, "mnuRivDom", "&Domiciliazioni"), &QAction::triggered,
-          this, [this] { ApriDomicili(2); });
-  connect(voce(mnuRiv, "mnuRivMemo", "C&mto"), &QAction::triggered, this,
-          [this] { ApriMemo(2); });
-  mnuDir = menuBar()->addMenu(QStringLiteral("&Direzioni"));
-  connect(voce(mnuDir, "mnuDirPos", "&Posizioni "), &QAction::triggered, this,
-          [this] { ApriPosizioni(3); });
-  connect(voce(mnuDir, "mnuDirDom", "&Domiciliazioni"), &QAction::triggered,
-          this, [this] { ApriDomicili(3); });
-  connect(voce(mnuDir, "mnuDirMemo", "C&mto"), &QAction::triggered, this,
-          [this] { ApriMemo(3); });
-  mnuVar = menuBar()->addMenu(QStringLiteral("&Utility"));
-  munVarSca = voce(mnuVar, "munVarSca", "&Pulizia form");
-  mnuHefrMenu = menuBar()->addMenu(QStringLiteral("&?"));
-  connect(voce(mnuHefrMenu, "mnuHeDecimali", "&Decimali"), &QAction::triggered,
-          this, [this] {
-            Aiuto(QStringLiteral("Lyx - Aiuto Lyx "),
-                  QString::fromUtf8(AiutoDecimali));
-          });
-  connect(voce(mnuHefrMenu, "mnuHeMirate", "Rivoluzioni &Mirate"),
-          &QAction::triggered, this, [this] {
-            Aiuto(QStringLiteral("Lyx - Aiuto Rivoluzioni Rilocate"),
-                  QString::fromUtf8(AiutoRivoluzioniMirate));
-          });
-  connect(voce(mnuHefrMenu, "mnuHeDirFrAnno", "Dir. &Frazione d' anno"),
-          &QAction::triggered, this, [this] {
-            Aiuto(QString::fromUtf8(TitoloAiutoFrazione),
-                  QS(TestoAiutoFrazione()));
-          });
-
-  connect(mnuFileLunaGeo, &QAction::triggered, this, [this] { CambiaLuna(1); });
-  connect(mnuFileLunaTopo, &QAction::triggered, this,
-          [this] { CambiaLuna(0); });
-  connect(mnuFileLunaNMedia, &QAction::triggered, this,
-          [this] { CambiaLunaNera(0); });
-  connect(mnuFileLunaNVera, &QAction::triggered, this,
-          [this] { CambiaLunaNera(1); });
-  connect(mnuFileEsci, &QAction::triggered, this, &frmMenu::Command1_Click);
-  connect(Command1, &QPushButton::clicked, this, &frmMenu::Command1_Click);
-  connect(Command2, &QPushButton::clicked, this, &frmMenu::Command2_Click);
-  connect(mnUnCieloNuovo, &QAction::triggered, this,
-          &frmMenu::mnUnCieloNuovo_Click);
-  connect(mnuTransitInput, &QAction::triggered, this,
-          &frmMenu::mnuTransitInput_Click);
-  connect(munVarSca, &QAction::triggered, this, &frmMenu::PulisciSlot);
-  resize(1000, 560);
-  CollegaMenuTempo(*this, s_, messaggi_);
+    connect(mnuFileLunaGeo, &QAction::triggered, this, [this] { CambiaLuna(1); });
+    connect(mnuFileLunaTopo, &QAction::triggered, this, [this] { CambiaLuna(0); });
+    connect(mnuFileLunaNMedia, &QAction::triggered, this, [this] { CambiaLunaNera(0); });
+    connect(mnuFileLunaNVera, &QAction::triggered, this, [this] { CambiaLunaNera(1); });
+    connect(mnuFileEsci, &QAction::triggered, this, &frmMenu::Command1_Click);
+    connect(Command1, &QPushButton::clicked, this, &frmMenu::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &frmMenu::Command2_Click);
+    connect(mnUnCieloNuovo, &QAction::triggered, this, &frmMenu::mnUnCieloNuovo_Click);
+    connect(mnuTransitInput, &QAction::triggered, this, &frmMenu::mnuTransitInput_Click);
+    connect(munVarSca, &QAction::triggered, this, &frmMenu::PulisciSlot);
+    resize(1000, 560);
+    CollegaMenuTempo(*this, s_, messaggi_);
+    CollegaMenuRuote(*this, s_, aspetti_, messaggi_);
 }
 
 frmMenu::~frmMenu() {
-  uscendo_ = true;
-  ChiudiSecondarie();
+    uscendo_ = true;
+    ChiudiSecondarie();
 }
 
-Tema &frmMenu::TemaDelSlot(int slot) {
-  switch (slot) {
-  case 1:
-    return s_.TemaTra;
-  case 2:
-    return s_.TemaRiv;
-  case 3:
-    return s_.TemaDir;
-  default:
-    return s_.TemaNat;
-  }
+Tema& frmMenu::TemaDelSlot(int slot) {
+    switch (slot) {
+    case 1:
+        return s_.TemaTra;
+    case 2:
+        return s_.TemaRiv;
+    case 3:
+        return s_.TemaDir;
+    default:
+        return s_.TemaNat;
+    }
 }
 
-Posizioni &frmMenu::PosDelSlot(int slot) {
-  switch (slot) {
-  case 1:
-    return s_.PosTra;
-  case 2:
-    return s_.PosRiv;
-  case 3:
-    return s_.PosDir;
-  default:
-    return s_.PosNat;
-  }
+Posizioni& frmMenu::PosDelSlot(int slot) {
+    switch (slot) {
+    case 1:
+        return s_.PosTra;
+    case 2:
+        return s_.PosRiv;
+    case 3:
+        return s_.PosDir;
+    default:
+        return s_.PosNat;
+    }
 }
 
-std::int16_t &frmMenu::FlagDelSlot(int slot) {
-  switch (slot) {
-  case 2:
-    return s_.RivoluzioneCalcolata;
-  case 3:
-    return s_.DirezioneCalcolata;
-  default:
-    return s_.TransitoCalcolato;
-  }
+std::int16_t& frmMenu::FlagDelSlot(int slot) {
+    switch (slot) {
+    case 2:
+        return s_.RivoluzioneCalcolata;
+    case 3:
+        return s_.DirezioneCalcolata;
+    default:
+        return s_.TransitoCalcolato;
+    }
 }
 
 void frmMenu::MostraEtichette(int slot, bool visibili) {
-  Riquadro &r = riquadri[static_cast<std::size_t>(slot)];
-  for (QLabel *l : {r.nome, r.city, r.data, r.coordinate, r.tslJd, r.fuso,
-                    r.teste[0], r.teste[1], r.teste[2]})
-    l->setVisible(visibili);
+    Riquadro& r = riquadri[static_cast<std::size_t>(slot)];
+    for (QLabel* l : {r.nome, r.city, r.data, r.coordinate, r.tslJd, r.fuso, r.teste[0], r.teste[1],
+                      r.teste[2]})
+        l->setVisible(visibili);
 }
 
 void frmMenu::Form_Load() {
-  for (int i = 1; i <= 3; ++i) {
-    MostraEtichette(i, false);
-    riquadri[static_cast<std::size_t>(i)].frame->setEnabled(false);
-  }
-  Label11->setText(QString(16, ' ') +
-                   "\nAltri Pianeti GeoCentrici\n\nZodiaco Tropico\n\n"
-                   "Case di Placido\n");
-  Label38->setText(QS(s_.DidascaliaLunaGeo()));
-  Label39->setText(
-      QS(s_.LunaNeraVera == 0 ? "Luna Nera Media" : "Luna Nera Vera"));
-  riquadri[0].nome->setText(QStringLiteral("Vuoto"));
-  riquadri[0].city->setText(QStringLiteral("Vuoto"));
-  riquadri[0].frame->setTitle(QStringLiteral(" Natale"));
-  show();
-  if (!s_.MenuPronto) {
-    InstallaTema(0);
-    s_.MenuPronto = -1;
-  }
+    for (int i = 1; i <= 3; ++i) {
+        MostraEtichette(i, false);
+        riquadri[static_cast<std::size_t>(i)].frame->setEnabled(false);
+    }
+    Label11->setText(QString(16, ' ') + "\nAltri Pianeti GeoCentrici\n\nZodiaco Tropico\n\n"
+                                        "Case di Placido\n");
+    Label38->setText(QS(s_.DidascaliaLunaGeo()));
+    Label39->setText(QS(s_.LunaNeraVera == 0 ? "Luna Nera Media" : "Luna Nera Vera"));
+    riquadri[0].nome->setText(QStringLiteral("Vuoto"));
+    riquadri[0].city->setText(QStringLiteral("Vuoto"));
+    riquadri[0].frame->setTitle(QStringLiteral(" Natale"));
+    show();
+    if (!s_.MenuPronto) {
+        InstallaTema(0);
+        s_.MenuPronto = -1;
+    }
 }
 
 void frmMenu::InstallaTema(int cheFrame) {
-  s_.DatiOk = 0;
-  if (cheFrame < 0 || cheFrame > 3)
-    return;
-  TemaDelSlot(cheFrame) = s_.TemaX;
-  if (cheFrame >= 2)
-    PosDelSlot(cheFrame) = s_.PosVuoto;
-  riquadri[static_cast<std::size_t>(cheFrame)].tag = QStringLiteral("oK");
-  Command2_Click();
-  Case cuspidi;
-  try {
-    CastaTema(TemaDelSlot(cheFrame), cuspidi, PosDelSlot(cheFrame), s_.LunaGeo,
-              messaggi_);
-  } catch (const ErroreLoopCase &) {
-    // The houses never converged: the message has been shown; the slot keeps
-    // its record.
-  } catch (const std::exception &e) {
-    messaggi_.Mostra("Lyx - Errore",
-                     std::string(e.what()) + "\n\n(frmMenu.InstallaTema)",
-                     Pulsanti::Ok, Icona::Critico);
-  }
+    s_.DatiOk = 0;
+    if (cheFrame < 0 || cheFrame > 3) return;
+    TemaDelSlot(cheFrame) = s_.TemaX;
+    if (cheFrame >= 2) PosDelSlot(cheFrame) = s_.PosVuoto;
+    riquadri[static_cast<std::size_t>(cheFrame)].tag = QStringLiteral("oK");
+    Command2_Click();
+    Case cuspidi;
+    try {
+        CastaTema(TemaDelSlot(cheFrame), cuspidi, PosDelSlot(cheFrame), s_.LunaGeo, messaggi_);
+    } catch (const ErroreLoopCase&) {
+        // The houses never converged: the message has been shown; the slot keeps its record.
+    } catch (const std::exception& e) {
+        messaggi_.Mostra("Lyx - Errore", std::string(e.what()) + "\n\n(frmMenu.InstallaTema)",
+                         Pulsanti::Ok, Icona::Critico);
+    }
 }
 
 void frmMenu::Didascalia(int slot, bool dopoSalvo) {
-  Riquadro &r = riquadri[static_cast<std::size_t>(slot)];
-  const Tema &t = TemaDelSlot(slot);
-  if (t.Cmto.empty())
-    r.frame->setTitle(r.titolo);
-  else if (slot == 0 && !dopoSalvo)
-    r.frame->setTitle(QStringLiteral("Natale  (Cmto)"));
-  else
-    r.frame->setTitle(r.titolo + QStringLiteral(" (Cmto)"));
+    Riquadro& r = riquadri[static_cast<std::size_t>(slot)];
+    const Tema& t = TemaDelSlot(slot);
+    if (t.Cmto.empty())
+        r.frame->setTitle(r.titolo);
+    else if (slot == 0 && !dopoSalvo)
+        r.frame->setTitle(QStringLiteral("Natale  (Cmto)"));
+    else
+        r.frame->setTitle(r.titolo + QStringLiteral(" (Cmto)"));
 }
 
 void frmMenu::Rinfresca(int slot) {
-  Riquadro &r = riquadri[static_cast<std::size_t>(slot)];
-  const Tema &t = TemaDelSlot(slot);
-  std::string t1, t2, t3, t4;
-  TestoDatiTema(t, t1, t2, t3, t4);
-  if (slot > 0) {
-    r.frame->setEnabled(true);
-    MostraEtichette(slot, true);
-  }
-  r.nome->setText(QS(t.Nome.str()));
-  r.city->setText(QS(t.City.str()));
-  r.data->setText(QS(t1));
-  r.coordinate->setText(QS(t2));
-  r.tslJd->setText(QS(t3));
-  r.fuso->setText(QS(t4));
-  Didascalia(slot, false);
+    Riquadro& r = riquadri[static_cast<std::size_t>(slot)];
+    const Tema& t = TemaDelSlot(slot);
+    std::string t1, t2, t3, t4;
+    TestoDatiTema(t, t1, t2, t3, t4);
+    if (slot > 0) {
+        r.frame->setEnabled(true);
+        MostraEtichette(slot, true);
+    }
+    r.nome->setText(QS(t.Nome.str()));
+    r.city->setText(QS(t.City.str()));
+    r.data->setText(QS(t1));
+    r.coordinate->setText(QS(t2));
+    r.tslJd->setText(QS(t3));
+    r.fuso->setText(QS(t4));
+    Didascalia(slot, false);
 }
 
 void frmMenu::Command2_Click() {
-  for (int i = 0; i < 4; ++i) {
-    if (riquadri[static_cast<std::size_t>(i)].tag == QLatin1String("oK")) {
-      Rinfresca(i);
-      break;
+    for (int i = 0; i < 4; ++i) {
+        if (riquadri[static_cast<std::size_t>(i)].tag == QLatin1String("oK")) {
+            Rinfresca(i);
+            break;
+        }
     }
-  }
-  for (auto &r : riquadri)
-    r.tag.clear();
-  // The secondary windows that read the slots at their load are closed.
-  if (memo_)
-    memo_->close();
-  for (auto &w : secondarie_)
-    if (w && (w->objectName() == "frmDomicili" ||
-              w->objectName() == "frmSelAspetti"))
-      w->close();
+    for (auto& r : riquadri)
+        r.tag.clear();
+    // The secondary windows that read the slots at their load are closed.
+    if (memo_) memo_->close();
+    for (auto& w : secondarie_)
+        if (w && (w->objectName() == "frmDomicili" || w->objectName() == "frmSelAspetti"))
+            w->close();
 }
 
 void frmMenu::AggiornaFrames(int cheFrame) {
-  if (cheFrame == 0) {
-    Command2_Click();
-    return;
-  }
-  if (cheFrame != 2 && cheFrame != 3)
-    return;
-  int slot = cheFrame - 1;
-  Riquadro &r = riquadri[static_cast<std::size_t>(slot)];
-  if (r.tag != QLatin1String("oK"))
-    return;
-  Rinfresca(slot);
-  r.tag.clear();
+    if (cheFrame == 0) {
+        Command2_Click();
+        return;
+    }
+    if (cheFrame != 2 && cheFrame != 3) return;
+    int slot = cheFrame - 1;
+    Riquadro& r = riquadri[static_cast<std::size_t>(slot)];
+    if (r.tag != QLatin1String("oK")) return;
+    Rinfresca(slot);
+    r.tag.clear();
 }
 
 void frmMenu::PulisciSlot() {
-  for (int i = 1; i <= 3; ++i) {
-    TemaDelSlot(i) = s_.TemaVuoto;
-    PosDelSlot(i) = s_.PosVuoto;
-    FlagDelSlot(i) = 0;
-    Riquadro &r = riquadri[static_cast<std::size_t>(i)];
-    r.astrolog->hide();
-    MostraEtichette(i, false);
-    r.frame->setEnabled(false);
-    r.tag.clear();
-  }
-  s_.JDRivoluzione = -1.0;
-  s_.JDPrimoRitorno = -1.0;
+    for (int i = 1; i <= 3; ++i) {
+        TemaDelSlot(i) = s_.TemaVuoto;
+        PosDelSlot(i) = s_.PosVuoto;
+        FlagDelSlot(i) = 0;
+        Riquadro& r = riquadri[static_cast<std::size_t>(i)];
+        r.astrolog->hide();
+        MostraEtichette(i, false);
+        r.frame->setEnabled(false);
+        r.tag.clear();
+    }
+    s_.JDRivoluzione = -1.0;
+    s_.JDPrimoRitorno = -1.0;
 }
 
-void frmMenu::RegistraSecondaria(QWidget *w) {
-  secondarie_.removeAll(nullptr);
-  secondarie_.append(w);
+void frmMenu::RegistraSecondaria(QWidget* w) {
+    secondarie_.removeAll(nullptr);
+    secondarie_.append(w);
 }
 
 void frmMenu::ChiudiSecondarie() {
-  const char *ordine[] = {"frmDomicili", "frmMemo", "frmOutDati",
-                          "frmSelAspetti"};
-  if (memo_)
-    memo_->close();
-  for (const char *nome : ordine)
-    for (auto &w : secondarie_)
-      if (w && w->objectName() == QLatin1String(nome))
-        w->close();
-  for (auto &w : secondarie_)
-    if (w)
-      w->close();
-  secondarie_.clear();
+    const char* ordine[] = {"frmDomicili", "frmMemo", "frmOutDati", "frmSelAspetti"};
+    if (memo_) memo_->close();
+    for (const char* nome : ordine)
+        for (auto& w : secondarie_)
+            if (w && w->objectName() == QLatin1String(nome)) w->close();
+    for (auto& w : secondarie_)
+        if (w) w->close();
+    secondarie_.clear();
 }
 
 void frmMenu::DopoInput(int slot) {
-  if (!s_.DatiOk)
-    return;
-  ChiudiSecondarie();
-  if (slot > 0) {
-    FlagDelSlot(slot) = -1;
-    riquadri[static_cast<std::size_t>(slot)].astrolog->show();
-  }
-  mnuFileSalvo[static_cast<std::size_t>(slot)]->setChecked(false);
-  InstallaTema(slot);
+    if (!s_.DatiOk) return;
+    ChiudiSecondarie();
+    if (slot > 0) {
+        FlagDelSlot(slot) = -1;
+        riquadri[static_cast<std::size_t>(slot)].astrolog->show();
+    }
+    mnuFileSalvo[static_cast<std::size_t>(slot)]->setChecked(false);
+    InstallaTema(slot);
 }
 
 void frmMenu::mnUnCieloNuovo_Click() {
-  s_.TemaX = s_.TemaNat;
-  s_.PosX = s_.PosVuoto;
-  s_.DatiOk = 0;
-  if (InputDati)
-    InputDati(QString());
-  DopoInput(0);
+    s_.TemaX = s_.TemaNat;
+    s_.PosX = s_.PosVuoto;
+    s_.DatiOk = 0;
+    if (InputDati) InputDati(QString());
+    DopoInput(0);
 }
 
 void frmMenu::mnuTransitInput_Click() {
-  s_.TemaX = s_.TemaTra;
-  s_.PosX = s_.PosVuoto;
-  if (!s_.TransitoCalcolato) {
-    s_.TemaX = s_.TemaNat;
-    // " Tra" over the four characters from the 25th of the name.
-    std::string nome = s_.TemaX.Nome.str();
-    std::string testa = PrimiCaratteri(nome, 24);
-    s_.TemaX.Nome = testa + " Tra";
-    QDateTime ora = QDateTime::currentDateTime();
-    s_.TemaX.Day = GiornoGiuliano(static_cast<float>(ora.date().year()),
-                                  static_cast<float>(ora.date().month()),
-                                  static_cast<float>(ora.date().day()));
-    s_.TemaX.OraL = GradiDecimali(ora.time().hour(), ora.time().minute(),
-                                  ora.time().second());
-  }
-  s_.DatiOk = 0;
-  if (InputDati)
-    InputDati(QString());
-  DopoInput(1);
+    s_.TemaX = s_.TemaTra;
+    s_.PosX = s_.PosVuoto;
+    if (!s_.TransitoCalcolato) {
+        s_.TemaX = s_.TemaNat;
+        // " Tra" over the four characters from the 25th of the name.
+        std::string nome = s_.TemaX.Nome.str();
+        std::string testa = PrimiCaratteri(nome, 24);
+        s_.TemaX.Nome = testa + " Tra";
+        QDateTime ora = QDateTime::currentDateTime();
+        s_.TemaX.Day = GiornoGiuliano(static_cast<float>(ora.date().year()),
+                                      static_cast<float>(ora.date().month()),
+                                      static_cast<float>(ora.date().day()));
+        s_.TemaX.OraL = GradiDecimali(ora.time().hour(), ora.time().minute(), ora.time().second());
+    }
+    s_.DatiOk = 0;
+    if (InputDati) InputDati(QString());
+    DopoInput(1);
 }
 
 void frmMenu::ApriMemo(int slot) {
-  if (memo_)
-    memo_->close();
-  memo_ = new frmMemo(s_, *this, messaggi_, slot);
-  memo_->setAttribute(Qt::WA_DeleteOnClose);
-  memo_->show();
+    if (memo_) memo_->close();
+    memo_ = new frmMemo(s_, *this, messaggi_, slot);
+    memo_->setAttribute(Qt::WA_DeleteOnClose);
+    memo_->show();
 }
 
 void frmMenu::ApriPosizioni(int slot) {
-  s_.TemaX = TemaDelSlot(slot);
-  s_.PosX = PosDelSlot(slot);
-  if (slot == 1)
-    stato.TransitoPosizioni = -1;
-  auto *f = new frmOutDati(s_, aspetti_, stato, percorsi_.FileDB, messaggi_);
-  f->setAttribute(Qt::WA_DeleteOnClose);
-  f->RegistraSecondaria = [this](QWidget *w) { RegistraSecondaria(w); };
-  f->AggiornaTransito = [this] {
-    // The transit moved in the positions window: its slot is shown again.
-    mnuFileSalvo[1]->setChecked(false);
-    riquadri[1].tag = QStringLiteral("oK");
-    AggiornaFrames(2);
-  };
-  RegistraSecondaria(f);
-  f->show();
+    s_.TemaX = TemaDelSlot(slot);
+    s_.PosX = PosDelSlot(slot);
+    if (slot == 1) stato.TransitoPosizioni = -1;
+    auto* f = new frmOutDati(s_, aspetti_, stato, percorsi_.FileDB, messaggi_);
+    f->setAttribute(Qt::WA_DeleteOnClose);
+    f->RegistraSecondaria = [this](QWidget* w) { RegistraSecondaria(w); };
+    f->AggiornaTransito = [this] {
+        // The transit moved in the positions window: its slot is shown again.
+        mnuFileSalvo[1]->setChecked(false);
+        riquadri[1].tag = QStringLiteral("oK");
+        AggiornaFrames(2);
+    };
+    RegistraSecondaria(f);
+    f->show();
 }
 
 void frmMenu::ApriDomicili(int slot) {
-  static const char *const etichette[4] = {"[tema natale] ", "[transito] ",
-                                           "[Rivoluzione] ", "[Direzione] "};
-  s_.PosDomi = PosDelSlot(slot);
-  auto *f = new frmDomicili(s_, messaggi_);
-  f->setAttribute(Qt::WA_DeleteOnClose);
-  f->setWindowTitle(f->windowTitle() + QString::fromUtf8(etichette[slot]) +
-                    QS(TemaDelSlot(slot).Nome.str()));
-  RegistraSecondaria(f);
-  f->show();
+    static const char* const etichette[4] = {"[tema natale] ", "[transito] ", "[Rivoluzione] ",
+                                             "[Direzione] "};
+    s_.PosDomi = PosDelSlot(slot);
+    auto* f = new frmDomicili(s_, messaggi_);
+    f->setAttribute(Qt::WA_DeleteOnClose);
+    f->setWindowTitle(f->windowTitle() + QString::fromUtf8(etichette[slot]) +
+                      QS(TemaDelSlot(slot).Nome.str()));
+    RegistraSecondaria(f);
+    f->show();
 }
 
 void frmMenu::ApriSelezioneAspetti() {
-  s_.TemaX = s_.TemaNat;
-  s_.PosX = s_.PosNat;
-  s_.TemaY = s_.TemaNat;
-  s_.PosY = s_.PosNat;
-  auto *f = new frmSelAspetti(s_, aspetti_, stato, messaggi_);
-  f->setAttribute(Qt::WA_DeleteOnClose);
-  RegistraSecondaria(f);
-  f->show();
+    s_.TemaX = s_.TemaNat;
+    s_.PosX = s_.PosNat;
+    s_.TemaY = s_.TemaNat;
+    s_.PosY = s_.PosNat;
+    auto* f = new frmSelAspetti(s_, aspetti_, stato, messaggi_);
+    f->setAttribute(Qt::WA_DeleteOnClose);
+    RegistraSecondaria(f);
+    f->show();
 }
 
 void frmMenu::Salvo(int slot) {
-  QAction *voce = mnuFileSalvo[static_cast<std::size_t>(slot)];
-  voce->setChecked(false);
-  s_.TemaSalva = TemaDelSlot(slot);
-  frmSalvoLyx f(s_, percorsi_.FileDB, messaggi_, this);
-  f.exec();
-  if (s_.SalvatoOk) {
-    voce->setChecked(true);
-    if (!TemaDelSlot(slot).Cmto.empty())
-      Didascalia(slot, true);
-  }
-  s_.SalvatoOk = 0;
+    QAction* voce = mnuFileSalvo[static_cast<std::size_t>(slot)];
+    voce->setChecked(false);
+    s_.TemaSalva = TemaDelSlot(slot);
+    frmSalvoLyx f(s_, percorsi_.FileDB, messaggi_, this);
+    f.exec();
+    if (s_.SalvatoOk) {
+        voce->setChecked(true);
+        if (!TemaDelSlot(slot).Cmto.empty()) Didascalia(slot, true);
+    }
+    s_.SalvatoOk = 0;
 }
 
 void frmMenu::CambiaLuna(std::int16_t geo) {
-  s_.LunaGeo = geo;
-  Label38->setText(QS(s_.DidascaliaLunaGeo()));
-  s_.TemaX = s_.TemaNat;
-  InstallaTema(0);
-  PulisciSlot();
+    s_.LunaGeo = geo;
+    Label38->setText(QS(s_.DidascaliaLunaGeo()));
+    s_.TemaX = s_.TemaNat;
+    InstallaTema(0);
+    PulisciSlot();
 }
 
 void frmMenu::CambiaLunaNera(std::int32_t vera) {
-  s_.LunaNeraVera = vera;
-  Label39->setText(QS(s_.DidascaliaLunaNera()));
+    s_.LunaNeraVera = vera;
+    Label39->setText(QS(s_.DidascaliaLunaNera()));
 }
 
-void frmMenu::Aiuto(const QString &titolo, const QString &testo) {
-  QDialog d(this);
-  d.setObjectName("frmHelp");
-  d.setWindowTitle(titolo);
-  auto *l = new QVBoxLayout(&d);
-  auto *lb = new QLabel(QString(testo).replace("\r\n", "\n"), &d);
-  lb->setObjectName("lbHelpFuso");
-  l->addWidget(lb);
-  auto *ok = new QPushButton(QStringLiteral("&Ok"), &d);
-  l->addWidget(ok, 0, Qt::AlignRight);
-  connect(ok, &QPushButton::clicked, &d, &QDialog::accept);
-  d.exec();
+void frmMenu::Aiuto(const QString& titolo, const QString& testo) {
+    QDialog d(this);
+    d.setObjectName("frmHelp");
+    d.setWindowTitle(titolo);
+    auto* l = new QVBoxLayout(&d);
+    auto* lb = new QLabel(QString(testo).replace("\r\n", "\n"), &d);
+    lb->setObjectName("lbHelpFuso");
+    l->addWidget(lb);
+    auto* ok = new QPushButton(QStringLiteral("&Ok"), &d);
+    l->addWidget(ok, 0, Qt::AlignRight);
+    connect(ok, &QPushButton::clicked, &d, &QDialog::accept);
+    d.exec();
 }
 
 void frmMenu::Command1_Click() {
-  for (int i = 1; i <= 3; ++i) {
-    TemaDelSlot(i) = s_.TemaVuoto;
-    PosDelSlot(i) = s_.PosVuoto;
-    FlagDelSlot(i) = 0;
-    riquadri[static_cast<std::size_t>(i)].astrolog->hide();
-  }
-  s_.JDRivoluzione = -1.0;
-  s_.JDPrimoRitorno = -1.0;
-  ChiudiSecondarie();
-  uscendo_ = true;
-  close();
-  if (TornaAVesmo)
-    TornaAVesmo();
+    for (int i = 1; i <= 3; ++i) {
+        TemaDelSlot(i) = s_.TemaVuoto;
+        PosDelSlot(i) = s_.PosVuoto;
+        FlagDelSlot(i) = 0;
+        riquadri[static_cast<std::size_t>(i)].astrolog->hide();
+    }
+    s_.JDRivoluzione = -1.0;
+    s_.JDPrimoRitorno = -1.0;
+    ChiudiSecondarie();
+    uscendo_ = true;
+    close();
+    if (TornaAVesmo) TornaAVesmo();
 }
 
-void frmMenu::closeEvent(QCloseEvent *e) {
-  // The window's own close button is refused: the way out is the menu.
-  if (!uscendo_) {
-    e->ignore();
-    messaggi_.Mostra("Lyx - ControlBox", "Menu  File + Esci ", Pulsanti::Ok,
-                     Icona::Informazione);
-    return;
-  }
-  e->accept();
+void frmMenu::closeEvent(QCloseEvent* e) {
+    // The window's own close button is refused: the way out is the menu.
+    if (!uscendo_) {
+        e->ignore();
+        messaggi_.Mostra("Lyx - ControlBox", "Menu  File + Esci ", Pulsanti::Ok,
+                         Icona::Informazione);
+        return;
+    }
+    e->accept();
 }
 
-frmMemo::frmMemo(Sessione &sessione, frmMenu &menu, Messaggi &messaggi,
-                 int slot, QWidget *genitore)
-    : QWidget(genitore, Qt::Window), s_(sessione), menu_(menu),
-      messaggi_(messaggi) {
-  setObjectName("frmMemo");
-  setWindowTitle(QStringLiteral("Lyx - Commenti  su   ") +
-                 QString::fromUtf8(DidascalieMemo[slot]) +
-                 QS(menu.TemaDelSlot(slot).Nome.str()));
-  Text1 = new QPlainTextEdit(this);
-  Text1->setObjectName("Text1");
-  Text1->setPlainText(QS(menu.TemaDelSlot(slot).Cmto));
-  Label1 = new QLabel(QString::fromUtf8(ParoleMemo[slot]), this);
-  Label1->setObjectName("Label1");
-  Command1 = new QPushButton(QStringLiteral("&Salva"), this);
-  Command1->setObjectName("Command1");
-  Command2 = new QPushButton(QStringLiteral("&Annulla"), this);
-  Command2->setObjectName("Command2");
-  auto *l = new QVBoxLayout(this);
-  l->addWidget(Label1);
-  l->addWidget(Text1, 1);
-  auto *h = new QHBoxLayout;
-  h->addStretch(1);
-  h->addWidget(Command1);
-  h->addWidget(Command2);
-  l->addLayout(h);
-  connect(Command1, &QPushButton::clicked, this, &frmMemo::Command1_Click);
-  connect(Command2, &QPushButton::clicked, this, &QWidget::close);
-  resize(520, 360);
+frmMemo::frmMemo(Sessione& sessione, frmMenu& menu, Messaggi& messaggi, int slot, QWidget* genitore)
+    : QWidget(genitore, Qt::Window), s_(sessione), menu_(menu), messaggi_(messaggi) {
+    setObjectName("frmMemo");
+    setWindowTitle(QStringLiteral("Lyx - Commenti  su   ") +
+                   QString::fromUtf8(DidascalieMemo[slot]) + QS(menu.TemaDelSlot(slot).Nome.str()));
+    Text1 = new QPlainTextEdit(this);
+    Text1->setObjectName("Text1");
+    Text1->setPlainText(QS(menu.TemaDelSlot(slot).Cmto));
+    Label1 = new QLabel(QString::fromUtf8(ParoleMemo[slot]), this);
+    Label1->setObjectName("Label1");
+    Command1 = new QPushButton(QStringLiteral("&Salva"), this);
+    Command1->setObjectName("Command1");
+    Command2 = new QPushButton(QStringLiteral("&Annulla"), this);
+    Command2->setObjectName("Command2");
+    auto* l = new QVBoxLayout(this);
+    l->addWidget(Label1);
+    l->addWidget(Text1, 1);
+    auto* h = new QHBoxLayout;
+    h->addStretch(1);
+    h->addWidget(Command1);
+    h->addWidget(Command2);
+    l->addLayout(h);
+    connect(Command1, &QPushButton::clicked, this, &frmMemo::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &QWidget::close);
+    resize(520, 360);
 }
 
 void frmMemo::Command1_Click() {
-  const QString parola = Label1->text();
-  for (int i = 0; i < 4; ++i) {
-    if (!parola.contains(QString::fromUtf8(ParoleMemo[i])))
-      continue;
-    menu_.TemaDelSlot(i).Cmto = SS(Text1->toPlainText());
-    auto &r = menu_.riquadri[static_cast<std::size_t>(i)];
-    r.frame->setTitle(r.titolo + QStringLiteral(" (salva Cmto)"));
-  }
-  std::string chiave = SS(parola);
-  messaggi_.Mostra("Lyx - Salvo Cmto",
-                   "Ok! Salvato Cmto su  " + chiave +
-                       "\n\nPer avere una registrazione "
-                       "PERMANENTE \nbisogna anche salvare " +
-                       chiave + "  sul disco\n",
-                   Pulsanti::Ok, Icona::Informazione);
-  close();
+    const QString parola = Label1->text();
+    for (int i = 0; i < 4; ++i) {
+        if (!parola.contains(QString::fromUtf8(ParoleMemo[i]))) continue;
+        menu_.TemaDelSlot(i).Cmto = SS(Text1->toPlainText());
+        auto& r = menu_.riquadri[static_cast<std::size_t>(i)];
+        r.frame->setTitle(r.titolo + QStringLiteral(" (salva Cmto)"));
+    }
+    std::string chiave = SS(parola);
+    messaggi_.Mostra("Lyx - Salvo Cmto",
+                     "Ok! Salvato Cmto su  " + chiave +
+                         "\n\nPer avere una registrazione "
+                         "PERMANENTE \nbisogna anche salvare " +
+                         chiave + "  sul disco\n",
+                     Pulsanti::Ok, Icona::Informazione);
+    close();
 }
 
 } // namespace vesmo

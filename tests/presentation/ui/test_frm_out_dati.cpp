@@ -25,6 +25,7 @@
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "presentation/ui/PassiTema.h"
+#include "presentation/ui/WidgetRuota.h"
 #include "presentation/ui/frmOutDati.h"
 #include "tests/core/store/Cartella.h"
 
@@ -407,13 +408,38 @@ TEST_F(Posizioni_, RotazioniENodi) {
     EXPECT_EQ(messaggi.registro[0].testo, "Calcolo dei Nodi di Plutone inattivo");
     EXPECT_EQ(stato.NodiScelti, 5);
     EXPECT_EQ(f.comboNodi->currentIndex(), 5);
+    EXPECT_EQ(f.Ruota->OpzioniSingola().NodiScelti, 5);
 
     // A held turn button moves the wheel by one degree at the press.
     QTest::mousePress(f.Command1, Qt::LeftButton);
     EXPECT_EQ(f.AngoloRuota, -1.0f);
+    EXPECT_EQ(f.Ruota->OpzioniSingola().AngoloRuota, -1.0);
     EXPECT_TRUE(f.Timer1->isActive());
     QTest::mouseRelease(f.Command1, Qt::LeftButton);
     EXPECT_FALSE(f.Timer1->isActive());
+}
+
+// The wheel beside the table is the chart shown, turned and switched as the window says; it fills
+// its place at any size.
+TEST_F(Posizioni_, LaRuotaSegueLaFinestra) {
+    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    ASSERT_EQ(f.Ruota->TipoMostrato(), WidgetRuota::Tipo::Singola);
+    EXPECT_FALSE(f.Ruota->OpzioniSingola().DisegnaAspetti);
+    f.mnuAspDC->trigger();
+    EXPECT_EQ(stato.DisegnaAspetti, -1);
+    EXPECT_TRUE(f.Ruota->OpzioniSingola().DisegnaAspetti);
+    f.mnuRotAsc->trigger();
+    EXPECT_FLOAT_EQ(static_cast<float>(f.Ruota->OpzioniSingola().AngoloRuota),
+                    static_cast<float>(360 - sessione.PosX.Asce.Lo));
+
+    // The wheel fills the image whatever its size: the button face in the corners, the lighter
+    // sign ring near the left edge, at the same fraction of the side.
+    for (int lato : {200, 640}) {
+        const QImage img = f.Ruota->Immagine(QSize(lato, lato));
+        const QColor angolo = img.pixelColor(2, 2);
+        EXPECT_EQ(angolo, img.pixelColor(lato - 3, lato - 3));
+        EXPECT_GT(img.pixelColor(lato * 15 / 100, lato * 46 / 100).lightness(), angolo.lightness());
+    }
 }
 
 TEST_F(Posizioni_, FinestreApertaDaQui) {

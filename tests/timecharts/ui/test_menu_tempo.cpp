@@ -5,6 +5,7 @@
 
 #include <QApplication>
 #include <QCheckBox>
+#include <QComboBox>
 #include <QFocusEvent>
 #include <QGroupBox>
 #include <QLabel>
@@ -44,6 +45,8 @@ void AlModale(const QString& nome, std::function<void(QWidget*)> azione) {
             t->stop();
             t->deleteLater();
             azione(w);
+            // A failed assertion left the window open: close it, or the test would wait.
+            if (::testing::Test::HasFatalFailure() && w->isVisible()) w->close();
             return;
         }
         if (++*giri > 2000) {
@@ -129,15 +132,17 @@ protected:
 
 TEST_F(MenuTempo, VociNeiMenu) {
     EXPECT_EQ(Voci(f->mnuRiv).mid(0, 2), (QStringList{"&Solari", "&Lunari"}));
-    EXPECT_EQ(Voci(f->mnuRiv).last(), "C&mto");
+    EXPECT_EQ(Voci(f->mnuRiv).mid(Voci(f->mnuRiv).size() - 2),
+              (QStringList{"C&mto", "&Ruota Doppia"}));
     auto* lun = f->findChild<QMenu*>("mnuRivLun");
     ASSERT_NE(lun, nullptr);
     EXPECT_EQ(Voci(lun), (QStringList{"&Tropiche", "S&inodiche"}));
-    EXPECT_EQ(Voci(f->mnuDir), (QStringList{"&Secondarie", "&Frazione di anno (secondarie)",
-                                            "&Posizioni ", "&Domiciliazioni", "C&mto"}));
+    EXPECT_EQ(Voci(f->mnuDir),
+              (QStringList{"&Secondarie", "&Frazione di anno (secondarie)", "&Posizioni ",
+                           "&Domiciliazioni", "C&mto", "&Ruota Doppia"}));
     EXPECT_EQ(Voci(f->mnuTransiti),
               (QStringList{"Calcolo Trans&ito Nuovo", "&Posizioni ", "&Domiciliazioni",
-                           "Ingressi nei &Segni", "C&mto"}));
+                           "Ingressi nei &Segni", "C&mto", "&Ruota doppia"}));
     for (const char* n : {"mnuRivSol", "mnuRivLunT", "mnuRivLunS", "mnuDirSec", "mnuDirFra",
                           "mnuTransitiI", "mnuHeDirFrAnno"})
         Voce(n);
@@ -344,4 +349,250 @@ TEST_F(MenuTempo, AiutoDelleRivoluzioni) {
     EXPECT_EQ(titolo, "Lyx - Aiuto Rivoluzioni Lunari Sinodiche");
     EXPECT_TRUE(testo.contains("Ciclo di 29 giorni 12 ore 44 minuti 2,9 secondi"));
     EXPECT_TRUE(richieste.empty());
+}
+
+TEST_F(MenuTempo, DirezioniPerAnni) {
+    bool visto = false;
+    AlModale("frmDirezioni", [&](QWidget* w) {
+        visto = true;
+        EXPECT_EQ(w->windowTitle(), "Lyx - Direzioni secondarie");
+        auto* anni = Figlio<QRadioButton>(w, "Option1");
+        auto* data = Figlio<QRadioButton>(w, "Option2");
+        auto* testo = Figlio<QLineEdit>(w, "Text1");
+        auto* frazione = Figlio<QCheckBox>(w, "Check1");
+        auto* calcola = Figlio<QPushButton>(w, "Command1");
+        EXPECT_FALSE(anni->isChecked() || data->isChecked());
+        EXPECT_TRUE(testo->isHidden() && frazione->isHidden());
+        EXPECT_EQ(calcola->text(), "&Input dati >>");
+        anni->click();
+        EXPECT_FALSE(testo->isHidden());
+        EXPECT_TRUE(frazione->isHidden());
+        EXPECT_EQ(calcola->text(), "&Calcola");
+        EXPECT_EQ(testo->text(), "0");
+        // Letters: a clear message, the form stays and nothing is made.
+        testo->setText("trenta");
+        calcola->click();
+        EXPECT_TRUE(w->isVisible());
+        EXPECT_EQ(s.DatiOk, 0);
+        ASSERT_EQ(m.registro.size(), 1u);
+        EXPECT_EQ(m.registro[0].titolo, "Lyx - Direzioni secondarie");
+        EXPECT_EQ(m.registro[0].testo, "Anni di progressione non validi: \"trenta\"\r\nScrivere "
+                                       "un numero, con la virgola come separatore decimale (es. "
+                                       "30,57).");
+        testo->setText("30,5");
+        calcola->click();
+    });
+    Voce("mnuDirSec")->trigger();
+    ASSERT_TRUE(visto);
+    EXPECT_TRUE(richieste.empty());
+    // Thirty and a half days after birth, the summer hour taken into the clock.
+    EXPECT_NEAR(s.TemaDir.Day, s.TemaNat.Day + 30.5, 1e-9);
+    EXPECT_EQ(s.TemaDir.OraL, 18.5);
+    EXPECT_EQ(s.TemaDir.Estiva, 0);
+    EXPECT_EQ(s.DirezioneCalcolata, -1);
+    EXPECT_EQ(f->riquadri[3].nome->text(), "Mario Rossi          P. 30,50 ");
+    EXPECT_FALSE(f->riquadri[3].astrolog->isHidden());
+    EXPECT_NE(s.PosDir.Sole.Lo, 0);
+}
+
+TEST_F(MenuTempo, DirezioniPerDataEAnnullate) {
+    // 10 December 2017, 30 years and 8 months after birth.
+    compila = [](Tema& t, EsitoInputDati&) { t.Day = GiornoGiuliano(2017, 12, 10); };
+    for (bool frazione : {false, true}) {
+        SCOPED_TRACE(frazione);
+        richieste.clear();
+        AlModale("frmDirezioni", [&](QWidget* w) {
+            Figlio<QRadioButton>(w, "Option2")->click();
+            auto* check = Figlio<QCheckBox>(w, "Check1");
+            EXPECT_FALSE(check->isHidden());
+            EXPECT_EQ(check->text(), "Frazione annua di progressione");
+            check->setChecked(frazione);
+            Figlio<QPushButton>(w, "Command1")->click();
+        });
+        Voce("mnuDirSec")->trigger();
+        ASSERT_EQ(richieste.size(), 1u);
+        EXPECT_EQ(richieste[0].didascalia,
+                  "Lyx - Input Data Direzione Secondaria di  Mario Rossi                   ");
+        EXPECT_EQ(richieste[0].disabilitati, (QStringList{"Text6", "Text7"}));
+        const double api = frazione ? 30.66 : 30;
+        EXPECT_NEAR(s.TemaDir.Day, s.TemaNat.Day + api, 1e-5);
+        EXPECT_EQ(s.TemaDir.OraL, s.TemaNat.OraL);
+        EXPECT_EQ(f->riquadri[3].nome->text(),
+                  frazione ? "Mario Rossi          P. 30,66 " : "Mario Rossi          P. 30,00 ");
+    }
+    // The input form cancelled, then Annulla: the slot keeps its chart.
+    const Tema prima = s.TemaDir;
+    f->mnuFileSalvo[3]->setChecked(true);
+    compila = nullptr;
+    AlModale("frmDirezioni", [&](QWidget* w) { Figlio<QPushButton>(w, "Command1")->click(); });
+    Voce("mnuDirSec")->trigger();
+    AlModale("frmDirezioni", [&](QWidget* w) { Figlio<QPushButton>(w, "Command2")->click(); });
+    Voce("mnuDirSec")->trigger();
+    EXPECT_EQ(s.TemaDir, prima);
+    EXPECT_TRUE(f->mnuFileSalvo[3]->isChecked());
+}
+
+TEST_F(MenuTempo, FrazioneDAnno) {
+    // No to the explanation: the input form doesn't open.
+    m.risposte = {Risposta::No};
+    Voce("mnuDirFra")->trigger();
+    EXPECT_TRUE(richieste.empty());
+    ASSERT_EQ(m.registro.size(), 1u);
+    EXPECT_EQ(m.registro[0].titolo, "Lyx - Direzioni Secondarie per Frazione di Anno");
+    EXPECT_EQ(m.registro[0].pulsanti, Pulsanti::SiNo);
+    EXPECT_TRUE(m.registro[0].testo.starts_with(
+        "Calcolo sperimentale inteso a fornire un aiuto nella \r\ndatazione delle RS,"));
+    EXPECT_EQ(s.DirezioneCalcolata, 0);
+
+    // Yes, and the birthday of the next year at the natal hour: one whole year.
+    m.registro.clear();
+    m.risposte = {Risposta::Si};
+    compila = [](Tema& t, EsitoInputDati&) { t.Day = GiornoGiuliano(1988, 4, 10); };
+    Voce("mnuDirFra")->trigger();
+    ASSERT_EQ(richieste.size(), 1u);
+    EXPECT_EQ(richieste[0].aggiuntaDidascalia, " Direzioni Frazione d' Anno");
+    EXPECT_TRUE(richieste[0].disabilitati.contains("Text19"));
+    EXPECT_TRUE(richieste[0].disabilitati.contains("Frame5"));
+    EXPECT_TRUE(richieste[0].grigi.contains("DBGrid1"));
+    EXPECT_EQ(m.registro.size(), 1u);
+    EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 1);
+    EXPECT_EQ(s.TemaDir.OraL, s.TemaNat.OraL);
+    EXPECT_EQ(s.DirezioneCalcolata, -1);
+    EXPECT_EQ(f->riquadri[3].nome->text(), "Mario Rossi          P. 1,00  ");
+
+    // Half a year later: api above 1 is told, and the chart is still made, the hour turned.
+    m.registro.clear();
+    m.risposte = {Risposta::Si};
+    compila = [](Tema& t, EsitoInputDati&) { t.Day = GiornoGiuliano(1988, 10, 10); };
+    Voce("mnuDirFra")->trigger();
+    ASSERT_EQ(m.registro.size(), 2u);
+    EXPECT_EQ(m.registro[1].titolo, "Lyx - Avviso api > 1 ");
+    EXPECT_TRUE(m.registro[1].testo.ends_with("api = 1,50")) << m.registro[1].testo;
+    EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 2);
+    EXPECT_NEAR(s.TemaDir.OraL, 183.0 / 365 * 24 + 19.5 - 24, 1e-9);
+    EXPECT_EQ(f->riquadri[3].nome->text(), "Mario Rossi          P. 1,50  ");
+}
+
+TEST_F(MenuTempo, IngressoDiMercurioComeTransito) {
+    f->mnuFileSalvo[1]->setChecked(true);
+    QString giorno;
+    AlModale("frmInSegni", [&](QWidget* w) {
+        EXPECT_EQ(w->windowTitle(), "Lyx - Ingressi nei Segni");
+        auto* lista = Figlio<QListWidget>(w, "List1");
+        ASSERT_EQ(lista->count(), 9);
+        EXPECT_EQ(lista->item(0)->text(), " Mercurio");
+        EXPECT_EQ(lista->item(8)->text(), " Nodo Luna Nord");
+        auto* bersaglio = Figlio<QLineEdit>(w, "Text1");
+        auto* partenza = Figlio<QLineEdit>(w, "txtPartenza");
+        auto* avvio = Figlio<QPushButton>(w, "Command1");
+        EXPECT_EQ(bersaglio->text(), "");
+        EXPECT_TRUE(Figlio<QPushButton>(w, "Command4")->isHidden());
+        // The natal day as the start.
+        Figlio<QPushButton>(w, "cmdTN")->click();
+        EXPECT_EQ(partenza->text().toStdString(), TestoNumero(s.TemaNat.JD()));
+        // No planet chosen (the list picks its first row when it takes the focus).
+        lista->setCurrentRow(-1);
+        bersaglio->setText("240");
+        avvio->click();
+        ASSERT_EQ(m.registro.size(), 1u);
+        EXPECT_EQ(m.registro[0].titolo, "Lyx - Manca il Pianeta");
+        EXPECT_EQ(m.registro[0].testo, "Attenzione!\r\n\r\nSelezionare un Pianeta");
+        // Letters in the start box.
+        lista->setCurrentRow(0);
+        partenza->setText("ieri");
+        avvio->click();
+        ASSERT_EQ(m.registro.size(), 2u);
+        EXPECT_EQ(m.registro[1].titolo, "Lyx - Ingressi nei Segni");
+        EXPECT_EQ(m.registro[1].testo, "JD Partenza non valido: \"ieri\"\r\nScrivere un numero, "
+                                       "con la virgola come separatore decimale.");
+        EXPECT_TRUE(Figlio<QPushButton>(w, "Command4")->isHidden());
+        // The example of the help: Mercury at 240 degrees from 26 October 1998.
+        partenza->setText("2451113");
+        avvio->click();
+        EXPECT_EQ(m.registro.size(), 2u);
+        EXPECT_FALSE(Figlio<QLabel>(w, "Label12")->isHidden());
+        EXPECT_EQ(Figlio<QLabel>(w, "Label12")->text(), "Centro!  Calcolo posizione  >>");
+        giorno = Figlio<QLineEdit>(w, "Text5")->text();
+        auto* calcola = Figlio<QPushButton>(w, "Command4");
+        EXPECT_FALSE(calcola->isHidden());
+        calcola->click();
+    });
+    Voce("mnuTransitiI")->trigger();
+    EXPECT_EQ(s.TransitoCalcolato, -1);
+    EXPECT_EQ(Data(s.TemaTra.JD()), "1/11/1998");
+    // 16:58 Italian time, 15:58 at Greenwich.
+    EXPECT_NEAR(s.TemaTra.TU(), 15 + 58.0 / 60, 1.0 / 60);
+    EXPECT_NEAR(s.PosTra.Mercurio.Lo, 240, 1e-6);
+    EXPECT_EQ(f->riquadri[1].nome->text(), "Mario Rossi              Tra  ");
+    EXPECT_FALSE(f->riquadri[1].astrolog->isHidden());
+    // The ingress search keeps the transit's Salvo mark.
+    EXPECT_TRUE(f->mnuFileSalvo[1]->isChecked());
+
+    // Opened again: the last target and result come back; Annulla changes nothing.
+    const Tema prima = s.TemaTra;
+    AlModale("frmInSegni", [&](QWidget* w) {
+        EXPECT_EQ(Figlio<QLineEdit>(w, "Text1")->text(), "240");
+        EXPECT_EQ(Figlio<QLineEdit>(w, "txtPartenza")->text(), giorno);
+        Figlio<QListWidget>(w, "List1")->setCurrentRow(1);
+        Figlio<QLineEdit>(w, "Text1")->setText("100");
+        Figlio<QPushButton>(w, "Command1")->click();
+        Figlio<QPushButton>(w, "Command2")->click();
+    });
+    Voce("mnuTransitiI")->trigger();
+    EXPECT_EQ(s.TemaTra, prima);
+}
+
+TEST_F(MenuTempo, AiutoDegliIngressi) {
+    QString titolo, testo;
+    AlModale("frmInSegni", [&](QWidget* w) {
+        AlModale("frmHelp", [&](QWidget* h) {
+            titolo = h->windowTitle();
+            testo = Figlio<QLabel>(h, "lbHelpFuso")->text();
+            h->close();
+        });
+        qobject_cast<frmInSegni*>(w)->mnuGuida->trigger();
+        w->close();
+    });
+    Voce("mnuTransitiI")->trigger();
+    EXPECT_EQ(titolo, "Lyx - Aiuto Ingressi nei Segni");
+    EXPECT_TRUE(testo.startsWith(
+        "  Permette di calcolare quando un Pianeta sarà ad un certo grado della  Eclittica."));
+}
+
+// The requests applied to the real birth data form: what can't be typed is disabled and grey.
+TEST(PreparaInputDati, CaselleGrigieEDidascalie) {
+    Sessione s;
+    MessaggiRegistrati m;
+    frmInDatiLyx sol(s, "/non/esiste/Vesmodat.Mdb", 'N', m);
+    RichiestaInputDati r("daRivSol");
+    r.didascalia = "Lyx - Rivoluzione Solare. Ritorno del SOLE su  Sole";
+    r.frame2 = "Anno della Rivoluzione";
+    r.disabilitati = {"Text3", "Text4", "Text6", "Text7", "Text22", "Text23"};
+    PreparaInputDati(sol, r);
+    EXPECT_EQ(sol.windowTitle(), r.didascalia);
+    EXPECT_EQ(sol.TagCommand4, "daRivSol");
+    auto* frame2 = sol.findChild<QLabel*>("Frame2");
+    ASSERT_NE(frame2, nullptr);
+    EXPECT_EQ(frame2->text(), "Anno della Rivoluzione");
+    for (QLineEdit* t : {sol.Dati->Text3, sol.Dati->Text4, sol.Dati->Text6, sol.Dati->Text7,
+                         sol.Dati->Text22, sol.Dati->Text23})
+        EXPECT_FALSE(t->isEnabled()) << t->objectName().toStdString();
+    EXPECT_TRUE(sol.Dati->Text5->isEnabled());
+    EXPECT_TRUE(sol.Dati->Text2->isEnabled());
+
+    frmInDatiLyx fra(s, "/non/esiste/Vesmodat.Mdb", 'N', m);
+    RichiestaInputDati d;
+    d.aggiuntaDidascalia = " Direzioni Frazione d' Anno";
+    d.disabilitati = {"Text2", "Text19", "Frame3", "Frame4", "Frame5"};
+    d.grigi = {"List2", "Text9"};
+    PreparaInputDati(fra, d);
+    EXPECT_EQ(fra.windowTitle(), "Lyx - Input Dati Direzioni Frazione d' Anno");
+    EXPECT_EQ(fra.findChild<QLabel*>("Frame2"), nullptr);
+    EXPECT_FALSE(fra.Dati->Frame5->isEnabled());
+    EXPECT_FALSE(fra.Dati->Text9->isEnabled()); // inside the longitude frame
+    EXPECT_FALSE(fra.Dati->Text13->isEnabled());
+    EXPECT_FALSE(fra.Dati->Text19->isEnabled());
+    EXPECT_TRUE(fra.Dati->Text3->isEnabled());
+    EXPECT_TRUE(fra.Dati->Text6->isEnabled());
+    EXPECT_FALSE(fra.Dati->List2->styleSheet().isEmpty());
 }

@@ -1,0 +1,502 @@
+#include "presentation/ui/frmRuotaDoppia.h"
+
+#include <QAction>
+#include <QBoxLayout>
+#include <QEvent>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenuBar>
+#include <QMouseEvent>
+#include <QToolBar>
+#include <QToolButton>
+#include <algorithm>
+#include <cmath>
+
+#include "chart/CalcolaTema.h"
+#include "chart/ui/NumeroDigitato.h"
+#include "chart/ui/frmSelAspetti.h"
+#include "presentation/ui/frmOutDati.h"
+
+namespace vesmo {
+
+namespace {
+
+const char* const Linea = "------------------------------";
+
+const char* const TitoloOrbita = "Lyx - Orbita Aspetti";
+const char* const NessunTipo = "Bisogna impostare  1  tipo di Aspetti tra quelli possibili ";
+const char* const TroppiTipi = "Impostare NON PIU' di  1  tipo di Aspetti tra quelli possibili ";
+
+bool Acceso(std::int16_t flag) {
+    return flag != 0;
+}
+
+void Inverti(std::int16_t& flag) {
+    flag = flag ? 0 : -1;
+}
+
+QListWidget* ListaComparati(const char* nome, QWidget* genitore) {
+    auto* l = new QListWidget(genitore);
+    l->setObjectName(nome);
+    l->setSelectionMode(QAbstractItemView::MultiSelection);
+    for (const char* riga : RigheComparati)
+        l->addItem(QString::fromUtf8(riga));
+    l->item(0)->setSelected(true);
+    return l;
+}
+
+SelezioneComparati LeggiLista(const QListWidget* l) {
+    SelezioneComparati sel{};
+    for (int i = 0; i < l->count() && i < static_cast<int>(sel.size()); ++i)
+        sel[static_cast<std::size_t>(i)] = l->item(i)->isSelected();
+    return sel;
+}
+
+} // namespace
+
+QString DidascaliaDoppia(Esterno esterno) {
+    switch (esterno) {
+    case Esterno::Transito:
+        return QStringLiteral(": Interno [Tema Natale],  Esterno [Transito]");
+    case Esterno::Rivoluzione:
+        return QStringLiteral(": Interno [Tema Natale],  Esterno [Rivoluzione]");
+    case Esterno::Direzione:
+        return QStringLiteral(": Interno [Tema Natale],  Esterno [Direzione]");
+    case Esterno::Natale:
+        break;
+    }
+    return {};
+}
+
+frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
+                               Messaggi& messaggi, Esterno esterno, QWidget* genitore)
+    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), messaggi_(messaggi),
+      esterno_(esterno) {
+    setObjectName("frmRuotaDoppia");
+    setWindowTitle(QStringLiteral("Lyx - Ruota Doppia") + DidascaliaDoppia(esterno));
+    const bool transito = esterno == Esterno::Transito;
+    CaseEsterne = !transito;
+
+    // Menus.
+    auto voce = [this](QMenu* menu, const char* nome, const char* testo, bool spunta = false) {
+        auto* a = menu->addAction(QString::fromUtf8(testo));
+        a->setObjectName(nome);
+        a->setCheckable(spunta);
+        return a;
+    };
+    auto sottomenu = [](QMenu* menu, const char* nome, const char* testo) {
+        QMenu* m = menu->addMenu(QString::fromUtf8(testo));
+        m->setObjectName(nome);
+        m->menuAction()->setObjectName(nome);
+        return m;
+    };
+    mnuAsp = menuBar()->addMenu(QStringLiteral("&File"));
+    mnuAsp->setObjectName("mnuAsp");
+    mnuAspSelezione = voce(mnuAsp, "mnuAspSelezione", "&Selezione  Aspetti e Orbita");
+    mnuAspDisegna = sottomenu(mnuAsp, "mnuAspDisegna", "&Disegna / Cancella aspetti");
+    mnuAspDisegnaInt = voce(mnuAspDisegna, "mnuAspDisegnaInt", "&Interni", true);
+    mnuAspDisegnaEst = voce(mnuAspDisegna, "mnuAspDisegnaEst", "&Esterni", true);
+    mnuAspDisegnaCmp = voce(mnuAspDisegna, "mnuAspDisegnaCmp", "&Comparati", true);
+    mnuAsp->addSeparator();
+    mnuAspEsci = voce(mnuAsp, "mnuAspEsci", "&Esci");
+
+    mnuRot = menuBar()->addMenu(QStringLiteral("&Rotazioni"));
+    mnuRot->setObjectName("mnuRot");
+    mnuRotArieteSx = voce(mnuRot, "mnuRotArieteSx", "Arie&te  a sinistra");
+    mnuRotAscSx = sottomenu(mnuRot, "mnuRotAscSx", "&Ascendente a sinistra");
+    mnuRotAscSxINT = voce(mnuRotAscSx, "mnuRotAscSxINT", "tema  &Interno");
+    mnuRotAscSxEST = voce(mnuRotAscSx, "mnuRotAscSxEST", "tema  &Esterno", true);
+    mnuRotQualsiasi = voce(mnuRot, "mnuRotQualsiasi", "Angolo  &Qualsiasi  (tema interno)");
+    mnFilZodiacali = sottomenu(mnuRot, "mnFilZodiacali", "Zodiacali");
+    static const std::array<std::pair<const char*, const char*>, 12> zodiacali{{
+        {"MnuRCoinAsc", "A&scendenti"},
+        {"mnFilZCasaII", "Casa II"},
+        {"mnFilZCasaIII", "Casa III"},
+        {"mnFilZCasaIV", "Casa IV"},
+        {"mnFilZCasaV", "Casa V"},
+        {"mnFilZCasaVI", "Casa VI"},
+        {"mnFilZCasaVII", "Casa VII"},
+        {"mnFilZCasaVIII", "CasaVIII"},
+        {"mnFilZCasaIX", "Casa IX"},
+        {"mnFilZMC", "MC"},
+        {"mnFilZCasaXI", "Casa XI"},
+        {"mnFilZCasaXII", "Casa XII"},
+    }};
+    for (int casa = 1; casa <= 12; ++casa) {
+        const auto& [nome, testo] = zodiacali[static_cast<std::size_t>(casa - 1)];
+        QAction* a = voce(mnFilZodiacali, nome, testo);
+        mnFilZ[static_cast<std::size_t>(casa)] = a;
+        connect(a, &QAction::triggered, this, [this, casa] { DisegnaDoppioZodiaco(casa); });
+    }
+
+    // Toolbar.
+    Toolbar1 = addToolBar(QStringLiteral("Toolbar1"));
+    Toolbar1->setObjectName("Toolbar1");
+    Toolbar1->setMovable(false);
+    auto pulsante = [this](const char* chiave, const QString& faccia, const char* suggerimento,
+                           bool interruttore = false) {
+        QAction* a = Toolbar1->addAction(faccia);
+        a->setObjectName(chiave);
+        a->setToolTip(QString::fromUtf8(suggerimento));
+        a->setCheckable(interruttore);
+        return a;
+    };
+    Ripristina = pulsante("Ripristina", QString::fromUtf8("\u2692"), " Aggiorna e Ripristina ");
+    Ripristina->setStatusTip(QStringLiteral("Ripristina i Temi scelti"));
+    Toolbar1->addSeparator();
+    Interni = pulsante("Interni", QString::fromUtf8("\u25cf"), " Aspetti Interni ", true);
+    Esterni = pulsante("Esterni", QString::fromUtf8("\u25cb"), " Aspetti Esterni ", true);
+    Comparati = pulsante("Comparati", QString::fromUtf8("\u263d"), " Aspetti Comparati ", true);
+    CaseTra = UnSec = UnMin = UnOra = UnDay = UnMese = UnYear = nullptr;
+    txtTempi = nullptr;
+    UpDown1 = nullptr;
+    UpDown1Su = UpDown1Giu = nullptr;
+    lbQuando = new QLabel(this);
+    lbQuando->setObjectName("lbQuando");
+    lbQuando->hide();
+    if (transito) {
+        Toolbar1->addSeparator();
+        CaseTra = pulsante("CaseTra", QStringLiteral("Cancella / Disegna  Case Transito"),
+                           "Disegna o Cancella le Case del Transito!");
+        Toolbar1->addSeparator();
+        txtTempi = new QLineEdit(QStringLiteral("1"), Toolbar1);
+        txtTempi->setObjectName("txtTempi");
+        txtTempi->setToolTip(QStringLiteral("Selezionare e premere uno dei pulsanti a dx "));
+        txtTempi->setFixedWidth(48);
+        txtTempi->setAlignment(Qt::AlignRight);
+        UpDown1 = new QWidget(Toolbar1);
+        UpDown1->setObjectName("UpDown1");
+        UpDown1Su = new QToolButton(UpDown1);
+        UpDown1Su->setObjectName("UpDown1Su");
+        UpDown1Su->setArrowType(Qt::UpArrow);
+        UpDown1Giu = new QToolButton(UpDown1);
+        UpDown1Giu->setObjectName("UpDown1Giu");
+        UpDown1Giu->setArrowType(Qt::DownArrow);
+        auto* lu = new QVBoxLayout(UpDown1);
+        lu->setContentsMargins(0, 0, 0, 0);
+        lu->setSpacing(0);
+        for (QToolButton* b : {UpDown1Su, UpDown1Giu}) {
+            b->setFixedSize(18, 11);
+            lu->addWidget(b);
+        }
+        Toolbar1->addWidget(txtTempi);
+        Toolbar1->addWidget(UpDown1);
+        struct Passo {
+            QAction** azione;
+            const char* chiave;
+            const char* faccia;
+            const char* suggerimento;
+            UnitaTempo unita;
+        };
+        const Passo passi[] = {
+            {&UnSec, "UnSec", "Sec", " Secondi ", UnitaTempo::Secondi},
+            {&UnMin, "UnMin", "Min", " Minuti ", UnitaTempo::Minuti},
+            {&UnOra, "UnOra", "Ore", " Ore ", UnitaTempo::Ore},
+            {&UnDay, "UnDay", "Gg", " Days ", UnitaTempo::Giorni},
+            {&UnMese, "UnMese", "Mesi", " Mesi ", UnitaTempo::Mesi},
+            {&UnYear, "UnYear", "Anni", " Years ", UnitaTempo::Anni},
+        };
+        for (const Passo& p : passi) {
+            *p.azione = pulsante(p.chiave, QString::fromUtf8(p.faccia), p.suggerimento);
+            const UnitaTempo unita = p.unita;
+            connect(*p.azione, &QAction::triggered, this,
+                    [this, unita] { Toolbar1_ButtonClick(unita); });
+        }
+        Toolbar1->addSeparator();
+        Toolbar1->addWidget(lbQuando);
+        lbQuando->show();
+        connect(CaseTra, &QAction::triggered, this, &frmRuotaDoppia::CaseTra_Click);
+        connect(UpDown1Su, &QToolButton::clicked, this, [this] { UpDown1_Change(1); });
+        connect(UpDown1Giu, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
+    }
+
+    // The wheel, and the filters of the lines between the charts at its right.
+    auto* centro = new QWidget(this);
+    auto* h = new QHBoxLayout(centro);
+    h->setContentsMargins(0, 0, 3, 0);
+    Ruota = new WidgetRuota(centro);
+    Ruota->setObjectName("Ruota");
+    h->addWidget(Ruota, 1);
+    Frame1 = new QGroupBox(QStringLiteral(" Comparati "), centro);
+    Frame1->setObjectName("Frame1");
+    auto* v = new QVBoxLayout(Frame1);
+    Label1 = new QLabel(QStringLiteral("Pianeti Interni"), Frame1);
+    Label1->setObjectName("Label1");
+    List1 = ListaComparati("List1", Frame1);
+    Label2 = new QLabel(QStringLiteral("Pianeti Esterni"), Frame1);
+    Label2->setObjectName("Label2");
+    List2 = ListaComparati("List2", Frame1);
+    List2->setProperty("Tag", QString::number(static_cast<int>(esterno)));
+    for (QListWidget* l : {List1, List2}) {
+        l->setFixedWidth(110);
+        l->viewport()->installEventFilter(this);
+    }
+    v->addWidget(Label1);
+    v->addWidget(List1, 1);
+    v->addWidget(Label2);
+    v->addWidget(List2, 1);
+    h->addWidget(Frame1, 0, Qt::AlignTop);
+    setCentralWidget(centro);
+
+    connect(mnuAspSelezione, &QAction::triggered, this, &frmRuotaDoppia::mnuAspSelezione_Click);
+    connect(mnuAspDisegnaInt, &QAction::triggered, this, &frmRuotaDoppia::mnuAspDisegnaInt_Click);
+    connect(mnuAspDisegnaEst, &QAction::triggered, this, &frmRuotaDoppia::mnuAspDisegnaEst_Click);
+    connect(mnuAspDisegnaCmp, &QAction::triggered, this, &frmRuotaDoppia::mnuAspDisegnaCmp_Click);
+    connect(Interni, &QAction::triggered, this, &frmRuotaDoppia::mnuAspDisegnaInt_Click);
+    connect(Esterni, &QAction::triggered, this, &frmRuotaDoppia::mnuAspDisegnaEst_Click);
+    connect(Comparati, &QAction::triggered, this, &frmRuotaDoppia::mnuAspDisegnaCmp_Click);
+    connect(mnuAspEsci, &QAction::triggered, this, &QWidget::close);
+    connect(mnuRotArieteSx, &QAction::triggered, this, &frmRuotaDoppia::mnuRotArieteSx_Click);
+    connect(mnuRotAscSxINT, &QAction::triggered, this, &frmRuotaDoppia::mnuRotAscSxINT_Click);
+    connect(mnuRotAscSxEST, &QAction::triggered, this, &frmRuotaDoppia::mnuRotAscSxEST_Click);
+    connect(mnuRotQualsiasi, &QAction::triggered, this, &frmRuotaDoppia::mnuRotQualsiasi_Click);
+    connect(Ripristina, &QAction::triggered, this, &frmRuotaDoppia::Ripristina_Click);
+
+    Interruttori();
+    MostraQuando();
+    resize(1000, 720);
+    Ridisegna();
+}
+
+SelezioneComparati frmRuotaDoppia::Selezione1() const {
+    return LeggiLista(List1);
+}
+
+SelezioneComparati frmRuotaDoppia::Selezione2() const {
+    return LeggiLista(List2);
+}
+
+void frmRuotaDoppia::Interruttori() {
+    const bool in = Acceso(stato_.DisegnaAspetti), est = Acceso(stato_.DisegnaAspettiEst),
+               cmp = Acceso(stato_.DisegnaAspettiCmp);
+    mnuAspDisegnaInt->setChecked(in);
+    mnuAspDisegnaEst->setChecked(est);
+    mnuAspDisegnaCmp->setChecked(cmp);
+    Interni->setChecked(in);
+    Esterni->setChecked(est);
+    Comparati->setChecked(cmp);
+    Frame1->setVisible(cmp);
+}
+
+void frmRuotaDoppia::Ridisegna() {
+    OpzioniDoppia o;
+    o.AngoloRuota = AngoloRuota;
+    o.CaseEsterne = CaseEsterne;
+    o.Transito = esterno_ == Esterno::Transito;
+    o.DisegnaAspetti = Acceso(stato_.DisegnaAspetti);
+    o.DisegnaAspettiEst = Acceso(stato_.DisegnaAspettiEst);
+    o.DisegnaAspettiCmp = Acceso(stato_.DisegnaAspettiCmp);
+    o.Aspetti = aspetti_;
+    o.LunaNeraVera = s_.LunaNeraVera;
+    o.List1 = Selezione1();
+    o.List2 = Selezione2();
+    Ruota->MostraDoppia(s_.TemaX, s_.PosX, s_.TemaZ, s_.PosZ, o, CasaCoincidente);
+    if (CasaCoincidente) {
+        AngoloRuota = static_cast<float>(Ruota->UltimaDoppia().AngoloRuota);
+        AngoloEsterno = static_cast<float>(Ruota->UltimaDoppia().AngoloEsterno);
+    }
+}
+
+void frmRuotaDoppia::DisegnaDoppioZodiaco(int casa) {
+    CasaCoincidente = casa;
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuRotArieteSx_Click() {
+    CasaCoincidente = 0;
+    mnuRotAscSxEST->setChecked(false);
+    AngoloRuota = 0;
+    AngoloAscens = 0;
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuRotAscSxINT_Click() {
+    CasaCoincidente = 0;
+    mnuRotAscSxEST->setChecked(false);
+    AngoloRuota = static_cast<float>(360 - s_.PosX.Asce.Lo);
+    AngoloAscens = static_cast<float>(360 - 15 * s_.PosX.Asce.AR.Numero());
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuRotAscSxEST_Click() {
+    CasaCoincidente = 0;
+    mnuRotAscSxEST->setChecked(true);
+    AngoloRuota = static_cast<float>(360 - s_.PosZ.Asce.Lo);
+    AngoloAscens = static_cast<float>(360 - 15 * s_.PosZ.Asce.AR.Numero());
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuRotQualsiasi_Click() {
+    CasaCoincidente = 0;
+    mnuRotAscSxEST->setChecked(false);
+    const std::string titolo = "Lyx - Angolo di rotazione della Ruota Doppia";
+    std::string predefinito = TestoSingolo(AngoloRuota);
+    if (predefinito.empty()) predefinito = "0";
+    std::optional<std::string> risposta =
+        messaggi_.Chiedi(titolo,
+                         "Inserire l'angolo di rotazione voluto.\n"
+                         "Riferito al tema INTERNO.\n"
+                         "Calcolato dalla posizione Asc a Sx.\n\n"
+                         "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
+                         "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
+                         "Il TextBox NON accetta espressioni.\n"
+                         "Il separatore decimale é la VIRGOLA ",
+                         predefinito);
+    std::string testo = risposta ? *risposta : std::string();
+    if (testo.empty()) testo = "0";
+    const std::optional<double> angolo = NumeroDigitato(testo);
+    if (!angolo) {
+        messaggi_.Mostra(titolo,
+                         "L'angolo deve essere un numero: " + testo +
+                             "\nIl separatore decimale è la VIRGOLA.\n" + Linea +
+                             "\nThe angle must be a number.\n",
+                         Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    AngoloRuota = static_cast<float>(*angolo);
+    AngoloAscens = AngoloRuota;
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuAspDisegnaInt_Click() {
+    Inverti(stato_.DisegnaAspetti);
+    Interruttori();
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuAspDisegnaEst_Click() {
+    Inverti(stato_.DisegnaAspettiEst);
+    Interruttori();
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuAspDisegnaCmp_Click() {
+    Inverti(stato_.DisegnaAspettiCmp);
+    Interruttori();
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuAspSelezione_Click() {
+    const int accesi = (Acceso(stato_.DisegnaAspetti) ? 1 : 0) +
+                       (Acceso(stato_.DisegnaAspettiEst) ? 1 : 0) +
+                       (Acceso(stato_.DisegnaAspettiCmp) ? 1 : 0);
+    if (accesi != 1) {
+        messaggi_.Mostra(TitoloOrbita, accesi == 0 ? NessunTipo : TroppiTipi, Pulsanti::Ok,
+                         Icona::Esclamativo);
+        return;
+    }
+    if (Acceso(stato_.DisegnaAspetti)) {
+        s_.TemaX = s_.TemaY = s_.TemaNat;
+        s_.PosX = s_.PosY = s_.PosNat;
+    } else if (Acceso(stato_.DisegnaAspettiEst)) {
+        s_.TemaX = s_.TemaY = s_.TemaZ;
+        s_.PosX = s_.PosY = s_.PosZ;
+    } else {
+        s_.TemaX = s_.TemaNat;
+        s_.PosX = s_.PosNat;
+        s_.TemaY = s_.TemaZ;
+        s_.PosY = s_.PosZ;
+        stato_.AspettiComparati = -1;
+    }
+    if (Selezione) {
+        Selezione->close();
+        Selezione->deleteLater();
+    }
+    QWidget* genitore = parentWidget() ? parentWidget() : this;
+    Selezione = new frmSelAspetti(s_, aspetti_, stato_, messaggi_, genitore);
+    if (RegistraSecondaria) RegistraSecondaria(Selezione);
+    Selezione->show();
+}
+
+void frmRuotaDoppia::Ripristina_Click() {
+    s_.TemaX = s_.TemaNat;
+    s_.PosX = s_.PosNat;
+    switch (esterno_) {
+    case Esterno::Natale:
+        s_.TemaZ = s_.TemaNat;
+        s_.PosZ = s_.PosNat;
+        break;
+    case Esterno::Transito:
+        s_.TemaZ = s_.TemaTra;
+        s_.PosZ = s_.PosTra;
+        break;
+    case Esterno::Rivoluzione:
+        s_.TemaZ = s_.TemaRiv;
+        s_.PosZ = s_.PosRiv;
+        break;
+    case Esterno::Direzione:
+        s_.TemaZ = s_.TemaDir;
+        s_.PosZ = s_.PosDir;
+        break;
+    }
+    CasaCoincidente = 0;
+    MostraQuando();
+    Ridisegna();
+}
+
+void frmRuotaDoppia::CaseTra_Click() {
+    if (esterno_ != Esterno::Transito) return;
+    CaseEsterne = !CaseEsterne;
+    Ridisegna();
+}
+
+void frmRuotaDoppia::Toolbar1_ButtonClick(UnitaTempo unita) {
+    if (esterno_ != Esterno::Transito || !txtTempi) return;
+    const QString testo = txtTempi->text();
+    const std::optional<double> quanti = NumeroDigitato(testo.toStdString());
+    if (!quanti) {
+        messaggi_.Mostra("Lyx - Passo del Transito",
+                         "Il passo deve essere un numero: " + testo.toStdString() +
+                             "\nIl separatore decimale è la VIRGOLA.\n" + Linea +
+                             "\nThe step must be a number.\n",
+                         Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    PassoTempo(s_.TemaZ, unita, *quanti);
+    s_.TemaTra = s_.TemaZ;
+    s_.PosTra = s_.PosVuoto;
+    Case cuspidi;
+    CastaTema(s_.TemaTra, cuspidi, s_.PosTra, s_.LunaGeo, messaggi_);
+    s_.PosZ = s_.PosTra;
+    if (mnuRotAscSxEST->isChecked()) {
+        AngoloRuota = static_cast<float>(360 - s_.PosZ.Asce.Lo);
+        AngoloAscens = static_cast<float>(360 - 15 * s_.PosZ.Asce.AR.Numero());
+    }
+    Ridisegna();
+    MostraQuando();
+    if (AggiornaTransito) AggiornaTransito();
+}
+
+void frmRuotaDoppia::UpDown1_Change(int passo) {
+    if (!txtTempi) return;
+    const std::optional<double> ora = NumeroDigitato(txtTempi->text().toStdString());
+    int valore = ora ? static_cast<int>(std::lround(*ora)) : 0;
+    valore = std::clamp(valore + passo, -30, 30);
+    txtTempi->setText(QString::number(valore));
+}
+
+void frmRuotaDoppia::MostraQuando() {
+    // A date the calendar cannot show leaves the text as it was.
+    if (std::optional<Quando> q = QuandoDelTema(s_.TemaZ)) lbQuando->setText(TestoQuando(*q));
+}
+
+void frmRuotaDoppia::Rilascio(QListWidget* lista) {
+    SelezioneComparati sel = LeggiLista(lista);
+    RilascioComparati(sel);
+    for (int i = 0; i < lista->count(); ++i)
+        lista->item(i)->setSelected(sel[static_cast<std::size_t>(i)]);
+    Ridisegna();
+}
+
+bool frmRuotaDoppia::eventFilter(QObject* o, QEvent* e) {
+    if (e->type() == QEvent::MouseButtonRelease &&
+        static_cast<QMouseEvent*>(e)->button() == Qt::LeftButton) {
+        if (o == List1->viewport()) Rilascio(List1);
+        if (o == List2->viewport()) Rilascio(List2);
+    }
+    return QMainWindow::eventFilter(o, e);
+}
+
+} // namespace vesmo

@@ -1,0 +1,37 @@
+// The double wheel entries of the chart menu: mnuTransitiR, mnuRivR and mnuDirRuotaDoppia put
+// the natal chart inside and the slot's chart outside, and open frmRuotaDoppia.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+
+#include "chart/Aspetti.h"
+#include "core/Messaggi.h"
+#include "core/Sessione.h"
+#include "presentation/StatoRuote.h"
+#include "presentation/ui/frmRuotaDoppia.h"
+#include "timecharts/ui/frmMenu.h"
+
+namespace vesmo {
+
+// Adds the three entries to the menu's Transiti, Rivoluzioni and Direzioni menus.
+void CollegaMenuRuote(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
+                      Messaggi& messaggi);
+
+// What the entries keep while the menu lives: the session's wheel switches and the double
+// wheel open (a new opening closes it and loads a new one).
+class StatoMenuRuote : public QObject {
+    Q_OBJECT
+public:
+    using QObject::QObject;
+    StatoRuote stato;
+    QPointer<frmRuotaDoppia> doppia;
+};
+// The menu's state object, made by CollegaMenuRuote.
+StatoMenuRuote* StatoRuoteDelMenu(frmMenu& menu);
+
+// Opens the double wheel of the natal chart and the chart of `esterno`'s slot.
+frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
+                                Messaggi& messaggi, Esterno esterno);
+
+} // namespace vesmo
