@@ -12,6 +12,7 @@
 #include <QLocale>
 #include <QMenuBar>
 #include <QPushButton>
+#include <QScreen>
 #include <QTableWidget>
 #include <QTime>
 #include <QTimer>
@@ -259,7 +260,10 @@ frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& 
     tutto->addLayout(sinistra, 1);
     tutto->addLayout(destra, 0);
     setCentralWidget(centro);
-    resize(1560, 720);
+    // The whole table and a large wheel where the screen allows it; on a smaller screen the
+    // table scrolls and the wheel keeps its place.
+    const QRect schermo = screen()->availableGeometry();
+    resize(std::min(1560, schermo.width() - 40), std::min(720, schermo.height() - 60));
 
     connect(mnuAR, &QAction::triggered, this, &frmOutDati::mnuAR_Click);
     connect(mnuAO, &QAction::triggered, this, &frmOutDati::mnuAO_Click);

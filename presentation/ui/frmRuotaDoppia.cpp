@@ -153,9 +153,8 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, Stat
     txtTempi = nullptr;
     UpDown1 = nullptr;
     UpDown1Su = UpDown1Giu = nullptr;
-    lbQuando = new QLabel(this);
+    lbQuando = new QLabel(Toolbar1);
     lbQuando->setObjectName("lbQuando");
-    lbQuando->hide();
     if (transito) {
         Toolbar1->addSeparator();
         CaseTra = pulsante("CaseTra", QStringLiteral("Cancella / Disegna  Case Transito"),
@@ -204,13 +203,14 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, Stat
             connect(*p.azione, &QAction::triggered, this,
                     [this, unita] { Toolbar1_ButtonClick(unita); });
         }
-        Toolbar1->addSeparator();
-        Toolbar1->addWidget(lbQuando);
-        lbQuando->show();
         connect(CaseTra, &QAction::triggered, this, &frmRuotaDoppia::CaseTra_Click);
         connect(UpDown1Su, &QToolButton::clicked, this, [this] { UpDown1_Change(1); });
         connect(UpDown1Giu, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
     }
+
+    // The date and time of the outer chart closes the toolbar.
+    Toolbar1->addSeparator();
+    Toolbar1->addWidget(lbQuando);
 
     // The wheel, and the filters of the lines between the charts at its right.
     auto* centro = new QWidget(this);

@@ -1,18 +1,26 @@
 // The chart menu driven as a user would: the natal slot installed at load, a transit from the
-// input form, the comment, the Moon modes, the refusal of the close button, and the way back.
+// input form, the comment, the Moon modes, the refresh, saving a slot with its mark, the refusal
+// of the close button, and the way back.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
 
+#include "archives/Archivi.h"
 #include "core/Aritmetica.h"
+#include "places/Schema.h"
+#include "tests/core/store/Cartella.h"
+#include "tests/timecharts/ui/Modale.h"
 #include "timecharts/ui/frmMenu.h"
 
 using namespace vesmo;
+using vesmo::test::AlModale;
+using vesmo::test::Figlio;
 
 namespace {
 
@@ -136,6 +144,78 @@ TEST_F(Menu, CommentoDelloSlot) {
     f.riquadri[0].tag = "oK";
     f.Command2->click();
     EXPECT_EQ(f.riquadri[0].frame->title(), "Natale  (Cmto)");
+}
+
+// The refresh redraws the first tagged frame only, and clears every tag.
+TEST_F(Menu, AggiornaConDueEtichette) {
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    s.TemaRiv = s.TemaNat;
+    s.TemaRiv.Nome = "Rivoluzione 2001";
+    s.TemaNat.Nome = "Luigi Verdi";
+    f.riquadri[0].tag = "oK";
+    f.riquadri[2].tag = "oK";
+    f.Command2->click();
+    EXPECT_EQ(f.riquadri[0].nome->text().trimmed(), "Luigi Verdi");
+    EXPECT_FALSE(f.riquadri[2].frame->isEnabled());
+    EXPECT_TRUE(f.riquadri[2].nome->isHidden());
+    for (const auto& r : f.riquadri)
+        EXPECT_TRUE(r.tag.isEmpty());
+    // Untagged, the revolution's frame is not redrawn; tagged, it is, and its tag goes.
+    f.AggiornaFrames(3);
+    EXPECT_FALSE(f.riquadri[2].frame->isEnabled());
+    f.riquadri[2].tag = "oK";
+    f.AggiornaFrames(3);
+    EXPECT_TRUE(f.riquadri[2].frame->isEnabled());
+    EXPECT_EQ(f.riquadri[2].nome->text().trimmed(), "Rivoluzione 2001");
+    EXPECT_TRUE(f.riquadri[2].tag.isEmpty());
+}
+
+// Saving a slot: the archive gets the chart, the entry its check mark, and a slot with a comment
+// shows it in its frame's caption; a save cancelled at "Tema Doppio" leaves the entry unmarked.
+TEST_F(Menu, SalvoSegnaLaVoce) {
+    vesmo::test::Cartella cartella;
+    percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
+    {
+        Database db;
+        db.Crea(percorsi.FileDB);
+        CreaSchemaLuoghi(db);
+    }
+    CreaArchivio(percorsi.FileDB, "Clienti");
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    s.TemaNat.Cmto = "Ascendente in Bilancia";
+    QAction* voce = f.findChild<QAction*>("mnuFileSalvoTN");
+    ASSERT_NE(voce, nullptr);
+    EXPECT_FALSE(voce->isChecked());
+
+    AlModale("frmSalvoLyx", [](QWidget* w) {
+        auto* lista = Figlio<QListWidget>(w, "lstArchivi");
+        ASSERT_EQ(lista->count(), 1);
+        lista->setCurrentRow(0);
+        Figlio<QPushButton>(w, "cmdSalva")->click();
+    });
+    voce->trigger();
+    EXPECT_TRUE(voce->isChecked());
+    EXPECT_EQ(f.riquadri[0].frame->title(), "Natale (Cmto)");
+    EXPECT_EQ(s.SalvatoOk, 0);
+    {
+        Database db(percorsi.FileDB);
+        Cursore rs(db, "Clienti");
+        ASSERT_FALSE(rs.Eof());
+        Tema letto;
+        LeggiRecordTema(rs, letto);
+        EXPECT_EQ(letto.Nome.Valore(), "Mario Rossi");
+        EXPECT_EQ(letto.Cmto, "Ascendente in Bilancia");
+    }
+
+    // The same chart again: the user cancels at the duplicate's question.
+    m.risposte = {Risposta::Annulla};
+    AlModale("frmSalvoLyx", [](QWidget* w) { Figlio<QPushButton>(w, "cmdSalva")->click(); });
+    voce->trigger();
+    EXPECT_FALSE(voce->isChecked());
+    ASSERT_FALSE(m.registro.empty());
+    EXPECT_EQ(m.registro.back().titolo, "Tema Doppio");
 }
 
 TEST_F(Menu, ChiusuraRifiutataEUscita) {

@@ -16,6 +16,7 @@
 
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
+#include "presentation/ui/frmOutDati.h"
 #include "presentation/ui/frmRuotaDoppia.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmMenu.h"
@@ -148,8 +149,12 @@ TEST_F(MenuRuote, OgniVoceApreLaSuaRuota) {
              {"CaseTra", "UnSec", "UnMin", "UnOra", "UnDay", "UnMese", "UnYear"})
             EXPECT_EQ(w->findChild<QAction*>(chiave) != nullptr, c.transito) << chiave;
         EXPECT_EQ(w->findChild<QLineEdit*>("txtTempi") != nullptr, c.transito);
+        // Every wheel tells when its outer chart stands.
+        EXPECT_TRUE(w->lbQuando->isVisible());
+        const std::optional<Quando> q = QuandoDelTema(s.TemaZ);
+        ASSERT_TRUE(q);
+        EXPECT_EQ(w->lbQuando->text(), TestoQuando(*q));
     }
-    EXPECT_EQ(prima->lbQuando->isVisible(), false);
 }
 
 TEST_F(MenuRuote, SelezioneAspettiVuoleUnSoloTipo) {

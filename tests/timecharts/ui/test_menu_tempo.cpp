@@ -22,6 +22,7 @@
 #include "core/Aritmetica.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
+#include "tests/timecharts/ui/Modale.h"
 #include "timecharts/Istanti.h"
 #include "timecharts/Rivoluzioni.h"
 #include "timecharts/ui/MenuTempo.h"
@@ -31,39 +32,10 @@
 #include "timecharts/ui/frmMenu.h"
 
 using namespace vesmo;
+using vesmo::test::AlModale;
+using vesmo::test::Figlio;
 
 namespace {
-
-// Runs `azione` on the modal window named `nome` as soon as it is shown; a window that never
-// shows fails the test and closes whatever modal window stands, so nothing hangs.
-void AlModale(const QString& nome, std::function<void(QWidget*)> azione) {
-    auto* t = new QTimer;
-    auto giri = std::make_shared<int>(0);
-    QObject::connect(t, &QTimer::timeout, [t, nome, azione, giri] {
-        QWidget* w = QApplication::activeModalWidget();
-        if (w && w->objectName() == nome) {
-            t->stop();
-            t->deleteLater();
-            azione(w);
-            // A failed assertion left the window open: close it, or the test would wait.
-            if (::testing::Test::HasFatalFailure() && w->isVisible()) w->close();
-            return;
-        }
-        if (++*giri > 2000) {
-            t->stop();
-            t->deleteLater();
-            ADD_FAILURE() << "non si è aperta la finestra " << nome.toStdString();
-            if (w) w->close();
-        }
-    });
-    t->start(5);
-}
-
-template <class T> T* Figlio(QWidget* w, const char* nome) {
-    T* c = w->findChild<T*>(nome);
-    EXPECT_NE(c, nullptr) << nome;
-    return c;
-}
 
 std::string Data(double jd) {
     float a, m, g;
