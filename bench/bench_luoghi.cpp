@@ -48,6 +48,40 @@ void Risoluzione(benchmark::State& state) {
 }
 BENCHMARK(Risoluzione)->Unit(benchmark::kMicrosecond);
 
+// Command4 alone: the place already chosen in the lists, the zone and summer time found for the
+// date typed.
+void Command4(benchmark::State& state) {
+    if (!std::filesystem::exists(FileDB)) {
+        state.SkipWithError("manca data/Vesmodat.Mdb (scripts/prepara-dati)");
+        return;
+    }
+    vesmo::Database db(FileDB);
+    vesmo::MessaggiRegistrati msg;
+    vesmo::ModelloLuoghi m(db, msg, 'C');
+    std::mt19937 rng(1);
+    std::vector<vesmo::Segnalibro> luoghi;
+    m.Data1.MoveFirst();
+    for (std::int64_t i = 0; i < m.Data1.RecordCount(); ++i, m.Data1.MoveNext())
+        if (i % 397 == 0) luoghi.push_back(m.Data1.Bookmark());
+    std::size_t k = 0;
+    for (auto _ : state) {
+        state.PauseTiming();
+        m.Data1.VaiA(luoghi[k++ % luoghi.size()]);
+        m.Data2.Seek("=", m.Data1.Campo("cCity"));
+        m.campi.Text3 = std::to_string(1 + rng() % 28);
+        m.campi.Text4 = std::to_string(1 + rng() % 12);
+        m.campi.Text5 = std::to_string(1900 + rng() % 131);
+        m.campi.Text6 = std::to_string(rng() % 24);
+        m.campi.Text7 = std::to_string(rng() % 60);
+        msg.registro.clear();
+        state.ResumeTiming();
+        vesmo::Tema t;
+        m.ImportaCity(t);
+        benchmark::DoNotOptimize(t.Fuso);
+    }
+}
+BENCHMARK(Command4)->Unit(benchmark::kMicrosecond);
+
 // The same inside one read transaction: the file is locked once instead of at every statement.
 void RisoluzioneInTransazione(benchmark::State& state) {
     if (!std::filesystem::exists(FileDB)) {

@@ -143,6 +143,8 @@ void ModelloLuoghi::RiempiDati(Tema& tema) {
 }
 
 void ModelloLuoghi::ImportaCity(Tema& tema) {
+    // The zone, summer-time and place lookups read the file once.
+    LetturaUnica lettura(db);
     const auto anno = static_cast<std::int32_t>(ValoreTesto(campi.Text5));
     const auto mese = static_cast<std::int32_t>(ValoreTesto(campi.Text4));
     SeekFuso(Intero(Data1, "cFusi"), anno, mese);
@@ -151,6 +153,7 @@ void ModelloLuoghi::ImportaCity(Tema& tema) {
 }
 
 void ModelloLuoghi::CaricaTemaDaDB(Tema& tema) {
+    LetturaUnica lettura(db);
     const std::int32_t cFusi = Intero(Data1, "cFusi");
     const std::int32_t cEst = Intero(Data1, "cEst");
     if (cFusi > 10000 || cEst > 10000) {

@@ -309,6 +309,22 @@ void Database::AnnullaTransazione() {
     ++Conn().versione;
 }
 
+LetturaUnica::LetturaUnica(Database& db) {
+    if (!db.Aperto() || !sqlite3_get_autocommit(db.Conn().Db())) return;
+    db.Conn().Esegui("BEGIN");
+    conn_ = db.conn_;
+}
+
+LetturaUnica::~LetturaUnica() {
+    if (!conn_) return;
+    // A read ends without error; should the commit fail (a write made meanwhile that the file
+    // refuses), roll back rather than leave the connection inside a transaction.
+    if (sqlite3_exec(conn_->Db(), "COMMIT", nullptr, nullptr, nullptr) != SQLITE_OK) {
+        sqlite3_exec(conn_->Db(), "ROLLBACK", nullptr, nullptr, nullptr);
+        ++conn_->versione;
+    }
+}
+
 void Database::Compatta(const fs::path& sorgente, const fs::path& destinazione) {
     std::error_code ec;
     if (!fs::is_regular_file(sorgente, ec))

@@ -102,9 +102,25 @@ public:
 
 private:
     friend class Cursore;
+    friend class LetturaUnica;
     std::shared_ptr<store_detail::Connessione> conn_;
     std::filesystem::path percorso_;
     store_detail::Connessione& Conn() const; // ErroreDB 3000 when closed
+};
+
+// Several reads that belong together, such as the lookups of one time-zone resolution: while it
+// lives the file is locked once for all of them instead of once per statement, and they all see
+// the same state of the file. Inside an open transaction it does nothing. Writes should not be
+// made through it; a write made anyway is committed when it ends.
+class LetturaUnica {
+public:
+    explicit LetturaUnica(Database& db);
+    ~LetturaUnica();
+    LetturaUnica(const LetturaUnica&) = delete;
+    LetturaUnica& operator=(const LetturaUnica&) = delete;
+
+private:
+    std::shared_ptr<store_detail::Connessione> conn_; // set only when this began the read
 };
 
 } // namespace vesmo

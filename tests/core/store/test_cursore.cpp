@@ -351,6 +351,40 @@ TEST_F(Liste, TransactionUndoesWrites) {
     EXPECT_EQ(c.RecordCount(), 6);
 }
 
+// A grouped read: inside a transaction it changes nothing; on its own it ends in autocommit, a
+// write made through it is kept, and another connection sees the file again once it ends.
+TEST_F(Liste, GroupedReadLeavesTransactionsAlone) {
+    Riempi();
+    db.IniziaTransazione();
+    Aggiungi(40, 2001, 1, 1, "d1");
+    { LetturaUnica lettura(db); }
+    db.AnnullaTransazione(); // the transaction was still open: the row goes
+    EXPECT_EQ(Cursore(db, "Fusi").RecordCount(), 6);
+
+    Database altro(dir / "Vesmodat.Mdb");
+    {
+        LetturaUnica lettura(db);
+        Cursore c(db, "Fusi");
+        c.Index("iFusi");
+        c.Seek(">=", 20, 0);
+        EXPECT_EQ(Su(c), "b1");
+        Aggiungi(50, 2010, 5, 5, "e1");
+    }
+    Cursore b(altro, "Fusi");
+    EXPECT_EQ(b.RecordCount(), 7);
+    // Back in autocommit: a new transaction can begin, and the other connection can write.
+    db.IniziaTransazione();
+    db.ConfermaTransazione();
+    b.AddNew();
+    b.Imposta("cFusi", 60);
+    b.Imposta("Anno", 2020);
+    b.Update();
+    EXPECT_EQ(Cursore(db, "Fusi").RecordCount(), 8);
+
+    Database chiuso;
+    LetturaUnica niente(chiuso);
+}
+
 // Place names: the type-ahead ignores case and accents, never blanks.
 class Nomi : public ::testing::Test {
 protected:
