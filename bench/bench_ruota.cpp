@@ -44,14 +44,16 @@ void RuotaSuImmagine(benchmark::State& state) {
     o.DisegnaAspetti = true;
     o.NodiScelti = 1;
     o.AngoloRuota = 360 - k.p.Asce.Lo;
-    QImage immagine(800, 800, QImage::Format_ARGB32_Premultiplied);
+    // The side in pixels: the wheel's place at its usual size, and a large export.
+    const int lato = static_cast<int>(state.range(0));
+    QImage immagine(lato, lato, QImage::Format_ARGB32_Premultiplied);
     for (auto _ : state) {
         QPainter pittore(&immagine);
-        SuperficieQt sup(pittore, AreaRuota(o.Geometria), QRectF(0, 0, 800, 800));
+        SuperficieQt sup(pittore, AreaRuota(o.Geometria), QRectF(0, 0, lato, lato));
         DisegnaRuota(sup, k.t, k.p, o);
     }
 }
-BENCHMARK(RuotaSuImmagine)->Unit(benchmark::kMillisecond);
+BENCHMARK(RuotaSuImmagine)->Arg(480)->Arg(800)->Unit(benchmark::kMillisecond);
 
 void RuotaRegistrata(benchmark::State& state) {
     Carta k = Casta(1987);
