@@ -1,12 +1,54 @@
 #include "presentation/ui/PassiTema.h"
 
+#include <algorithm>
 #include <cmath>
 
 #include "archives/Archivi.h"
 #include "chart/CalcolaTema.h"
+#include "chart/ui/NumeroDigitato.h"
+#include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
 
 namespace vesmo {
+
+namespace {
+
+const char* const Trattini = "------------------------------";
+
+} // namespace
+
+std::optional<double> PassoDigitato(const std::string& testo, Messaggi& messaggi) {
+    std::optional<double> quanti = NumeroDigitato(testo);
+    if (!quanti)
+        messaggi.Mostra("Lyx - Passo del Transito",
+                        "Il passo deve essere un numero: " + testo +
+                            "\nIl separatore decimale è la VIRGOLA.\n" + Trattini +
+                            "\nThe step must be a number.\n",
+                        Pulsanti::Ok, Icona::Esclamativo);
+    return quanti;
+}
+
+int PassoConFrecce(const std::string& testo, int verso) {
+    const std::optional<double> ora = NumeroDigitato(testo);
+    const long valore = ora && std::fabs(*ora) < 1e6 ? std::lround(*ora) : 0;
+    return static_cast<int>(std::clamp<long>(valore + verso, -30, 30));
+}
+
+std::optional<double> ChiediAngolo(Messaggi& messaggi, const std::string& titolo,
+                                   const std::string& domanda, float attuale) {
+    std::string predefinito = TestoSingolo(attuale);
+    if (predefinito.empty()) predefinito = "0";
+    std::string testo = messaggi.Chiedi(titolo, domanda, predefinito).value_or("");
+    if (testo.empty()) testo = "0";
+    std::optional<double> angolo = NumeroDigitato(testo);
+    if (!angolo)
+        messaggi.Mostra(titolo,
+                        "L'angolo deve essere un numero: " + testo +
+                            "\nIl separatore decimale è la VIRGOLA.\n" + Trattini +
+                            "\nThe angle must be a number.\n",
+                        Pulsanti::Ok, Icona::Esclamativo);
+    return angolo;
+}
 
 void PassoTempo(Tema& tema, UnitaTempo unita, double quanti) {
     double ore, minuti, secondi;

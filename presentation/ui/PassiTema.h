@@ -20,6 +20,19 @@ enum class UnitaTempo { Secondi, Minuti, Ore, Giorni, Mesi, Anni };
 // on. A month or day out of its range goes into the Julian day as it is.
 void PassoTempo(Tema& tema, UnitaTempo unita, double quanti);
 
+// The step typed beside the time buttons: its number, or nothing once the user has been told it
+// is not one ("Lyx - Passo del Transito").
+std::optional<double> PassoDigitato(const std::string& testo, Messaggi& messaggi);
+// The arrows beside the step: the step rounded to a whole number, moved by `verso`, kept within
+// -30 and 30; a text that is not a number counts as 0.
+int PassoConFrecce(const std::string& testo, int verso);
+
+// The rotation's input box: `titolo`, the lines of `domanda`, the current angle as the answer
+// offered. An empty answer or a cancelled box is 0; a text that is not a number is told, and
+// gives nothing.
+std::optional<double> ChiediAngolo(Messaggi& messaggi, const std::string& titolo,
+                                   const std::string& domanda, float attuale);
+
 // The transit moved: TemaTra becomes TemaX, cast again, and PosX takes its positions.
 void RifaiTransito(Sessione& s, Messaggi& messaggi);
 

@@ -36,8 +36,6 @@ namespace vesmo {
 
 namespace {
 
-const char* const Trattini = "------------------------------";
-
 const char* const RigheNodi[28] = {" NESSUN Nodo Planetario",
                                    " TUTTI  i  Nodi Planetari",
                                    "    TUTTI  i  NodiNord",
@@ -386,16 +384,8 @@ void frmOutDati::MostraArchi(int riga) {
 
 void frmOutDati::Toolbar1_ButtonClick(UnitaTempo unita) {
     if (!stato_.TransitoPosizioni) return;
-    const QString testo = txtTempi->text();
-    const std::optional<double> quanti = NumeroDigitato(SS(testo));
-    if (!quanti) {
-        messaggi_.Mostra("Lyx - Passo del Transito",
-                         "Il passo deve essere un numero: " + SS(testo) +
-                             "\nIl separatore decimale è la VIRGOLA.\n" + Trattini +
-                             "\nThe step must be a number.\n",
-                         Pulsanti::Ok, Icona::Esclamativo);
-        return;
-    }
+    const std::optional<double> quanti = PassoDigitato(SS(txtTempi->text()), messaggi_);
+    if (!quanti) return;
     s_.TemaX = tema_;
     PassoTempo(s_.TemaX, unita, *quanti);
     RifaiTransito(s_, messaggi_);
@@ -409,10 +399,7 @@ void frmOutDati::Toolbar1_ButtonClick(UnitaTempo unita) {
 }
 
 void frmOutDati::UpDown1_Change(int passo) {
-    const std::optional<double> ora = NumeroDigitato(SS(txtTempi->text()));
-    int valore = ora ? static_cast<int>(std::lround(*ora)) : 0;
-    valore = std::clamp(valore + passo, -30, 30);
-    txtTempi->setText(QString::number(valore));
+    txtTempi->setText(QString::number(PassoConFrecce(SS(txtTempi->text()), passo)));
 }
 
 void frmOutDati::Scorri(bool avanti) {
@@ -452,28 +439,15 @@ void frmOutDati::mnuRotAsc_Click() {
 }
 
 void frmOutDati::mnuRotQ_Click() {
-    const std::string titolo = "Lyx - Angolo di rotazione della Ruota";
-    std::string predefinito = TestoSingolo(AngoloRuota);
-    if (predefinito.empty()) predefinito = "0";
-    std::optional<std::string> risposta =
-        messaggi_.Chiedi(titolo,
-                         "Inserire l'angolo di rotazione voluto.\n\n"
-                         "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
-                         "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
-                         "Il TextBox NON accetta espressioni.\n"
-                         "Il separatore decimale é la VIRGOLA ",
-                         predefinito);
-    std::string testo = risposta ? *risposta : std::string();
-    if (testo.empty()) testo = "0";
-    const std::optional<double> angolo = NumeroDigitato(testo);
-    if (!angolo) {
-        messaggi_.Mostra(titolo,
-                         "L'angolo deve essere un numero: " + testo +
-                             "\nIl separatore decimale è la VIRGOLA.\n" + Trattini +
-                             "\nThe angle must be a number.\n",
-                         Pulsanti::Ok, Icona::Esclamativo);
-        return;
-    }
+    const std::optional<double> angolo =
+        ChiediAngolo(messaggi_, "Lyx - Angolo di rotazione della Ruota",
+                     "Inserire l'angolo di rotazione voluto.\n\n"
+                     "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
+                     "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
+                     "Il TextBox NON accetta espressioni.\n"
+                     "Il separatore decimale é la VIRGOLA ",
+                     AngoloRuota);
+    if (!angolo) return;
     AngoloRuota = static_cast<float>(*angolo);
     AngoloAscens = AngoloRuota;
     Ridisegna();

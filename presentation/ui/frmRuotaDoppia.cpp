@@ -23,8 +23,6 @@ namespace vesmo {
 
 namespace {
 
-const char* const Linea = "------------------------------";
-
 const char* const TitoloOrbita = "Lyx - Orbita Aspetti";
 const char* const NessunTipo = "Bisogna impostare  1  tipo di Aspetti tra quelli possibili ";
 const char* const TroppiTipi = "Impostare NON PIU' di  1  tipo di Aspetti tra quelli possibili ";
@@ -331,30 +329,17 @@ void frmRuotaDoppia::mnuRotAscSxEST_Click() {
 void frmRuotaDoppia::mnuRotQualsiasi_Click() {
     CasaCoincidente = 0;
     mnuRotAscSxEST->setChecked(false);
-    const std::string titolo = "Lyx - Angolo di rotazione della Ruota Doppia";
-    std::string predefinito = TestoSingolo(AngoloRuota);
-    if (predefinito.empty()) predefinito = "0";
-    std::optional<std::string> risposta =
-        messaggi_.Chiedi(titolo,
-                         "Inserire l'angolo di rotazione voluto.\n"
-                         "Riferito al tema INTERNO.\n"
-                         "Calcolato dalla posizione Asc a Sx.\n\n"
-                         "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
-                         "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
-                         "Il TextBox NON accetta espressioni.\n"
-                         "Il separatore decimale é la VIRGOLA ",
-                         predefinito);
-    std::string testo = risposta ? *risposta : std::string();
-    if (testo.empty()) testo = "0";
-    const std::optional<double> angolo = NumeroDigitato(testo);
-    if (!angolo) {
-        messaggi_.Mostra(titolo,
-                         "L'angolo deve essere un numero: " + testo +
-                             "\nIl separatore decimale è la VIRGOLA.\n" + Linea +
-                             "\nThe angle must be a number.\n",
-                         Pulsanti::Ok, Icona::Esclamativo);
-        return;
-    }
+    const std::optional<double> angolo =
+        ChiediAngolo(messaggi_, "Lyx - Angolo di rotazione della Ruota Doppia",
+                     "Inserire l'angolo di rotazione voluto.\n"
+                     "Riferito al tema INTERNO.\n"
+                     "Calcolato dalla posizione Asc a Sx.\n\n"
+                     "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
+                     "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
+                     "Il TextBox NON accetta espressioni.\n"
+                     "Il separatore decimale é la VIRGOLA ",
+                     AngoloRuota);
+    if (!angolo) return;
     AngoloRuota = static_cast<float>(*angolo);
     AngoloAscens = AngoloRuota;
     Ridisegna();
@@ -444,16 +429,8 @@ void frmRuotaDoppia::CaseTra_Click() {
 
 void frmRuotaDoppia::Toolbar1_ButtonClick(UnitaTempo unita) {
     if (esterno_ != Esterno::Transito || !txtTempi) return;
-    const QString testo = txtTempi->text();
-    const std::optional<double> quanti = NumeroDigitato(testo.toStdString());
-    if (!quanti) {
-        messaggi_.Mostra("Lyx - Passo del Transito",
-                         "Il passo deve essere un numero: " + testo.toStdString() +
-                             "\nIl separatore decimale è la VIRGOLA.\n" + Linea +
-                             "\nThe step must be a number.\n",
-                         Pulsanti::Ok, Icona::Esclamativo);
-        return;
-    }
+    const std::optional<double> quanti = PassoDigitato(txtTempi->text().toStdString(), messaggi_);
+    if (!quanti) return;
     PassoTempo(s_.TemaZ, unita, *quanti);
     s_.TemaTra = s_.TemaZ;
     s_.PosTra = s_.PosVuoto;
@@ -471,10 +448,7 @@ void frmRuotaDoppia::Toolbar1_ButtonClick(UnitaTempo unita) {
 
 void frmRuotaDoppia::UpDown1_Change(int passo) {
     if (!txtTempi) return;
-    const std::optional<double> ora = NumeroDigitato(txtTempi->text().toStdString());
-    int valore = ora ? static_cast<int>(std::lround(*ora)) : 0;
-    valore = std::clamp(valore + passo, -30, 30);
-    txtTempi->setText(QString::number(valore));
+    txtTempi->setText(QString::number(PassoConFrecce(txtTempi->text().toStdString(), passo)));
 }
 
 void frmRuotaDoppia::MostraQuando() {

@@ -157,6 +157,17 @@ TEST(PassoTempo, DataEOraDelRiquadro) {
     EXPECT_FALSE(QuandoDelTema(Alle("Prova", 50, 1, 1, 12, 0, 0)).has_value());
 }
 
+// The arrows beside the step: whole steps from -30 to 30, whatever was typed.
+TEST(PassoTempo, FrecceDelPasso) {
+    EXPECT_EQ(PassoConFrecce("1", 1), 2);
+    EXPECT_EQ(PassoConFrecce("2,6", -1), 2);
+    EXPECT_EQ(PassoConFrecce("30", 1), 30);
+    EXPECT_EQ(PassoConFrecce("-30", -1), -30);
+    EXPECT_EQ(PassoConFrecce("900", -1), 30);
+    EXPECT_EQ(PassoConFrecce("uno", 1), 1);
+    EXPECT_EQ(PassoConFrecce("1e300", 1), 1);
+}
+
 TEST_F(Posizioni_, TabellaETesteAlCaricamento) {
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
     f.show();
