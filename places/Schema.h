@@ -1,7 +1,8 @@
 // The place tables of Vesmodat.Mdb: nations, places, the dated zone and summer-time lists,
 // the combined lists and the named zones.
 //
-//   Nazioni          cNaz (Intero32), Nazione (Testo), Spec (Testo)
+//   Nazioni          cNaz (Intero32), Nazione (Testo), Spec (Testo: the nation's remarks,
+//                    "Specifiche" on the places editor; one blank when there are none)
 //                    IndCoNazi (cNaz, unique), IndNazioni (Nazione)
 //   AllCity          cCity (Intero32, the nation's cNaz), City (Testo), Lon, Lat (Doppio),
 //                    cFusi, cEst (Intero32)

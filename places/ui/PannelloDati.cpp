@@ -419,14 +419,7 @@ bool PannelloDati::LeggiTema(Tema& tema) {
 
 void PannelloDati::Command4_Click() {
     if (!luoghi_) return;
-    DaControlli();
-    CampiIngresso& ci = luoghi_->campi;
-    ci.Text1 = campi_.Text1;
-    ci.Text3 = campi_.Text3;
-    ci.Text4 = campi_.Text4;
-    ci.Text5 = campi_.Text5;
-    ci.Text6 = campi_.Text6;
-    ci.Text7 = campi_.Text7;
+    CampiIngresso& ci = DataPerLaRicerca();
     ci.TagChkSolare.clear();
     try {
         luoghi_->ImportaCity(tema_);
@@ -434,12 +427,7 @@ void PannelloDati::Command4_Click() {
         ErroreBox("Command4_Click", e);
         return;
     }
-    campi_.TagChkSolare = ci.TagChkSolare;
-    vesmo::MostraTema(tema_, campi_);
-    // The province mark, when there is one, takes the panel; otherwise what the zone and
-    // summer-time search had to say stays there.
-    if (campi_.Pannello2.empty()) campi_.Pannello2 = ci.Pannello2;
-    AControlli();
+    MostraRisolto();
     Label1->setVisible(ci.Label1Visibile);
     Text22->setVisible(ci.Text22Visibile);
     Text23->setVisible(ci.Text23Visibile);
@@ -479,6 +467,17 @@ void PannelloDati::RicalcolaData() {
     if (Trim(SS(Text19->text())) != Trim(nazione) || Trim(SS(Text2->text())) != Trim(city)) return;
     Command5_Click();
     Stato("");
+    DataPerLaRicerca();
+    try {
+        luoghi_->CaricaTemaDaDB(tema_);
+    } catch (const std::exception& e) {
+        ErroreBox("RicalcolaData", e);
+        return;
+    }
+    MostraRisolto();
+}
+
+CampiIngresso& PannelloDati::DataPerLaRicerca() {
     DaControlli();
     CampiIngresso& ci = luoghi_->campi;
     ci.Text1 = campi_.Text1;
@@ -487,14 +486,15 @@ void PannelloDati::RicalcolaData() {
     ci.Text5 = campi_.Text5;
     ci.Text6 = campi_.Text6;
     ci.Text7 = campi_.Text7;
-    try {
-        luoghi_->CaricaTemaDaDB(tema_);
-    } catch (const std::exception& e) {
-        ErroreBox("RicalcolaData", e);
-        return;
-    }
+    return ci;
+}
+
+void PannelloDati::MostraRisolto() {
+    const CampiIngresso& ci = luoghi_->campi;
     campi_.TagChkSolare = ci.TagChkSolare;
     vesmo::MostraTema(tema_, campi_);
+    // The province mark, when there is one, takes the panel; otherwise what the zone and
+    // summer-time search had to say stays there.
     if (campi_.Pannello2.empty()) campi_.Pannello2 = ci.Pannello2;
     AControlli();
 }

@@ -75,6 +75,10 @@ private:
     void MostraCoordinate();
     void VaiAlLuogoDelTema();
     void DopoSelezione(); // SeekFuso and CercaEstive with the place now selected
+    // The name, date and time typed, handed to the zone and summer-time search.
+    CampiIngresso& DataPerLaRicerca();
+    // The chart the search filled, shown with what the search had to say.
+    void MostraRisolto();
     void SelezionaRigaGriglia(QTableView* vista, ModelloGriglia* modello, Cursore& c);
     void Text2_Change(const QString& testo);
     void Text19_Change(const QString& testo);
