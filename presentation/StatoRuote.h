@@ -27,6 +27,9 @@ struct StatoRuote {
     // True while the positions window shows the transit slot: set by the menu before the window
     // is made, read at its load (only then the time-stepping toolbar shows), cleared at its close.
     std::int16_t TransitoPosizioni = 0;
+    // The wheels are drawn for few colours: no bevel on the sign ring, a plain background fill.
+    // Set by the wheel colours form; 0 at the start of the program.
+    std::int16_t ColoriRidotti = 0;
 };
 
 } // namespace vesmo
