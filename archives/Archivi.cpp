@@ -167,6 +167,44 @@ std::optional<std::string> NomeNuovoArchivio(const std::string& testo,
     return nome;
 }
 
+std::string CausaErroreDB(int numero) {
+    switch (numero) {
+    case ErroreDB::Bloccato:
+        return "Il DataBase è bloccato da un altro programma";
+    case ErroreDB::SolaLettura:
+        return "Il DataBase è di sola lettura";
+    case ErroreDB::DiscoPieno:
+        return "Il disco del DataBase è pieno";
+    case ErroreDB::ErroreDisco:
+        return "Errore del disco nel leggere o scrivere il DataBase";
+    case ErroreDB::FileNonApribile:
+        return "Il DataBase non si può aprire (permessi del file)";
+    case ErroreDB::FormatoNonRiconosciuto:
+        return "Il file non è un DataBase valido o è danneggiato";
+    default:
+        return "Errore " + std::to_string(numero) + " del DataBase";
+    }
+}
+
+std::string CausaErroreDBInglese(int numero) {
+    switch (numero) {
+    case ErroreDB::Bloccato:
+        return "The database is locked by another program.";
+    case ErroreDB::SolaLettura:
+        return "The database is read-only.";
+    case ErroreDB::DiscoPieno:
+        return "The disk of the database is full.";
+    case ErroreDB::ErroreDisco:
+        return "The disk failed to read or write the database.";
+    case ErroreDB::FileNonApribile:
+        return "The database cannot be opened (file permissions).";
+    case ErroreDB::FormatoNonRiconosciuto:
+        return "The file is not a database, or it is damaged.";
+    default:
+        return "Database error " + std::to_string(numero) + ".";
+    }
+}
+
 std::optional<std::string> CreaArchivioUtente(const std::string& fileDB, const std::string& testo,
                                               const std::vector<std::string>& elenco,
                                               Messaggi& messaggi) {
@@ -176,6 +214,7 @@ std::optional<std::string> CreaArchivioUtente(const std::string& fileDB, const s
         CreaArchivio(fileDB, *nome);
         return nome;
     } catch (const ErroreDB& e) {
+        std::string titolo = "frmGesArchivi.cmdCrea: Nome Non Valido";
         std::string testoIt, testoEn;
         if (e.Numero() == ErroreDB::TabellaEsistente) {
             testoIt = "Nel DataBase esiste già una tabella di nome  " + *nome;
@@ -183,11 +222,16 @@ std::optional<std::string> CreaArchivioUtente(const std::string& fileDB, const s
         } else if (e.Numero() == ErroreDB::FileNonTrovato) {
             testoIt = "DataBase non trovato:\n" + fileDB;
             testoEn = "Database not found.";
-        } else {
+        } else if (e.Numero() == ErroreDB::ErroreMotore) {
             testoIt = "Il DataBase non accetta il nome  " + *nome;
             testoEn = "The database refuses this name (error " + std::to_string(e.Numero()) + ").";
+        } else {
+            // The file, not the name, is at fault: say what stops it.
+            titolo = "frmGesArchivi.cmdCrea: DataBase";
+            testoIt = CausaErroreDB(e.Numero()) + ":\n" + fileDB;
+            testoEn = CausaErroreDBInglese(e.Numero());
         }
-        messaggi.Mostra("frmGesArchivi.cmdCrea: Nome Non Valido",
+        messaggi.Mostra(titolo,
                         testoIt + "\nArchivio non creato.\n" + Trattini + "\n" + testoEn + "\n",
                         Pulsanti::Ok, Icona::Esclamativo);
         return std::nullopt;

@@ -77,6 +77,11 @@ std::optional<std::string> NomeNuovoArchivio(const std::string& testo,
                                              const std::vector<std::string>& elenco,
                                              Messaggi& messaggi);
 
+// What stops the database, for the user: "Il DataBase è di sola lettura", "... bloccato da un
+// altro programma"...; and the same in English for the block under the dashes.
+std::string CausaErroreDB(int numero);
+std::string CausaErroreDBInglese(int numero);
+
 // The create button: the name as above, then CreaArchivio. A name the database refuses is told
 // to the user and nothing is created. The name created, or nothing.
 std::optional<std::string> CreaArchivioUtente(const std::string& fileDB, const std::string& testo,

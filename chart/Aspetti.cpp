@@ -111,6 +111,18 @@ GrigliaAspetti CostruisciGriglia(const Posizioni& righe, const Posizioni& colonn
     for (std::size_t i = 1; i < pezziRighe.size() && i < 31; ++i)
         g.celle[i][0] = pezziRighe[i];
 
+    for (const CellaAspetto& c : CelleAspetti(righe, colonne, comparati, orbita, arcoSolare)) {
+        g.celle[static_cast<std::size_t>(2 * c.i - 1)][static_cast<std::size_t>(c.j)] =
+            NomiAspetti[static_cast<std::size_t>(c.k)];
+        g.celle[static_cast<std::size_t>(2 * c.i)][static_cast<std::size_t>(c.j)] =
+            FormatoNumero(c.mancano, "#0.0°  ") + FormatoNumero(c.differenza, "#0.0°") + c.marca;
+    }
+    return g;
+}
+
+std::vector<CellaAspetto> CelleAspetti(const Posizioni& righe, const Posizioni& colonne,
+                                       bool comparati, float orbita, float arcoSolare) {
+    std::vector<CellaAspetto> celle;
     auto pr = PuntiGriglia(righe);
     auto pc = PuntiGriglia(colonne);
     for (int i = 1; i <= 15; ++i) {
@@ -119,19 +131,17 @@ GrigliaAspetti CostruisciGriglia(const Posizioni& righe, const Posizioni& colonn
             const Posizione& a = *pr[static_cast<std::size_t>(i - 1)];
             const Posizione& b = *pc[static_cast<std::size_t>(j - 1)];
             double d = DistanzaAspetto(a.Lo, b.Lo, arcoSolare);
-            for (int k : ProvaAspetto(d, orbita)) {
-                double differenza;
-                std::string marca = MarcaParallelo(Gradi(a.De), Gradi(b.De), differenza);
-                g.celle[static_cast<std::size_t>(2 * i - 1)][static_cast<std::size_t>(j)] =
-                    NomiAspetti[static_cast<std::size_t>(k)];
-                g.celle[static_cast<std::size_t>(2 * i)][static_cast<std::size_t>(j)] =
-                    FormatoNumero(std::fabs(AngoliAspetti[static_cast<std::size_t>(k)] - d),
-                                  "#0.0°  ") +
-                    FormatoNumero(differenza, "#0.0°") + marca;
-            }
+            // A later hit replaces an earlier one in the same cell.
+            auto colpi = ProvaAspetto(d, orbita);
+            if (colpi.empty()) continue;
+            int k = colpi.back();
+            double differenza;
+            std::string marca = MarcaParallelo(Gradi(a.De), Gradi(b.De), differenza);
+            celle.push_back({i, j, k, std::fabs(AngoliAspetti[static_cast<std::size_t>(k)] - d),
+                             differenza, marca});
         }
     }
-    return g;
+    return celle;
 }
 
 const char* const TitoloAiutoAspetti = "Lyx - Aiuto Aspetti";

@@ -49,6 +49,17 @@ struct GrigliaAspetti {
 };
 extern const char* const TestataColonne;
 extern const char* const TestataRighe;
+// The aspect of one cell of the grid: point i of the rows against point j of the columns (1 to
+// 15), the aspect k that the cell shows (the last hit), the degrees missing to the exact aspect,
+// the difference in declination and the parallel mark.
+struct CellaAspetto {
+    int i, j, k;
+    double mancano, differenza;
+    std::string marca;
+};
+// The cells that hold an aspect, rows first.
+std::vector<CellaAspetto> CelleAspetti(const Posizioni& righe, const Posizioni& colonne,
+                                       bool comparati, float orbita, float arcoSolare);
 GrigliaAspetti CostruisciGriglia(const Posizioni& righe, const Posizioni& colonne, bool comparati,
                                  float orbita, float arcoSolare);
 

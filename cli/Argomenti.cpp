@@ -2,8 +2,8 @@
 
 #include <algorithm>
 #include <cmath>
+#include <cstdio>
 #include <cstdlib>
-#include <regex>
 
 namespace vesmo::cli {
 
@@ -72,6 +72,13 @@ bool Bisestile(int anno) {
     return (a % 4 == 0 && a % 100 != 0) || a % 400 == 0;
 }
 
+// A limit as the user typed it: "12", "-4712", "0.5".
+std::string TestoLimite(double x) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%g", x);
+    return buf;
+}
+
 int GiorniDelMese(int mese, int anno) {
     static const int giorni[] = {31, 28, 31, 30, 31, 30, 31, 31, 30, 31, 30, 31};
     if (mese == 2 && Bisestile(anno)) return 29;
@@ -80,12 +87,51 @@ int GiorniDelMese(int mese, int anno) {
 
 } // namespace
 
+std::size_t ContaCifre(std::string_view testo, std::size_t da) {
+    std::size_t n = 0;
+    while (da + n < testo.size() && testo[da + n] >= '0' && testo[da + n] <= '9')
+        ++n;
+    return n;
+}
+
+namespace {
+
+// Reads from `pos` between `minimo` and `massimo` digits into `valore`; false when there are
+// fewer or more.
+bool Intero(std::string_view testo, std::size_t& pos, std::size_t minimo, std::size_t massimo,
+            int& valore) {
+    std::size_t n = ContaCifre(testo, pos);
+    if (n < minimo || n > massimo) return false;
+    valore = 0;
+    for (std::size_t i = 0; i < n; ++i)
+        valore = valore * 10 + (testo[pos + i] - '0');
+    pos += n;
+    return true;
+}
+
+bool Carattere(std::string_view testo, std::size_t& pos, char c) {
+    if (pos >= testo.size() || testo[pos] != c) return false;
+    ++pos;
+    return true;
+}
+
+} // namespace
+
 Data LeggiData(const std::string& testo) {
-    static const std::regex forma(R"(^(\d{1,2})/(\d{1,2})/(-?\d{1,5})$)");
-    std::smatch m;
-    if (!std::regex_match(testo, m, forma))
-        throw ErroreArgomenti("data non valida: '" + testo + "' (atteso GG/MM/AAAA)");
-    Data d{std::stoi(m[1]), std::stoi(m[2]), std::stoi(m[3])};
+    // GG/MM/AAAA, the year with an optional minus and up to five digits.
+    Data d{};
+    std::size_t pos = 0;
+    bool negativo = false;
+    bool forma = Intero(testo, pos, 1, 2, d.giorno) && Carattere(testo, pos, '/') &&
+                 Intero(testo, pos, 1, 2, d.mese) && Carattere(testo, pos, '/');
+    if (forma) {
+        negativo = Carattere(testo, pos, '-');
+        forma = Intero(testo, pos, 1, 5, d.anno) && pos == testo.size();
+    }
+    if (!forma) throw ErroreArgomenti("data non valida: '" + testo + "' (atteso GG/MM/AAAA)");
+    if (negativo) d.anno = -d.anno;
+    if (d.anno < AnnoMinimo || d.anno > AnnoMassimo)
+        throw ErroreArgomenti("data non valida: '" + testo + "' (anno fuori da -4712..9999)");
     if (d.mese < 1 || d.mese > 12)
         throw ErroreArgomenti("data non valida: '" + testo + "' (mese fuori da 1-12)");
     if (d.giorno < 1 || d.giorno > GiorniDelMese(d.mese, d.anno))
@@ -94,23 +140,86 @@ Data LeggiData(const std::string& testo) {
 }
 
 Ora LeggiOra(const std::string& testo) {
-    static const std::regex forma(R"(^(\d{1,2}):(\d{1,2})(?::(\d{1,2}(?:\.\d+)?))?$)");
-    std::smatch m;
-    if (!std::regex_match(testo, m, forma))
+    // HH:MM or HH:MM:SS, the seconds with an optional decimal part.
+    Ora o{};
+    std::size_t pos = 0;
+    int secondi = 0;
+    bool forma = Intero(testo, pos, 1, 2, o.ore) && Carattere(testo, pos, ':') &&
+                 Intero(testo, pos, 1, 2, o.minuti);
+    std::size_t inizioSecondi = pos + 1;
+    if (forma && Carattere(testo, pos, ':')) {
+        forma = Intero(testo, pos, 1, 2, secondi);
+        if (forma && Carattere(testo, pos, '.')) {
+            std::size_t n = ContaCifre(testo, pos);
+            forma = n > 0;
+            pos += n;
+        }
+    }
+    if (!forma || pos != testo.size())
         throw ErroreArgomenti("ora non valida: '" + testo + "' (atteso HH:MM[:SS])");
-    Ora o{std::stoi(m[1]), std::stoi(m[2]), m[3].matched ? std::stod(m[3]) : 0.0};
+    if (inizioSecondi < testo.size())
+        o.secondi = std::strtod(testo.c_str() + inizioSecondi, nullptr);
     if (o.ore > 23 || o.minuti > 59 || o.secondi >= 60)
         throw ErroreArgomenti("ora non valida: '" + testo + "' (fuori da 00:00:00-23:59:59)");
     return o;
 }
 
 double LeggiNumero(const std::string& testo, const std::string& cosa) {
-    static const std::regex forma(R"(^[-+]?(\d+(\.\d*)?|\.\d+)([eE][-+]?\d+)?$)");
-    if (!std::regex_match(testo, forma))
-        throw ErroreArgomenti(cosa + " non valido: '" + testo + "'");
+    // [+-] digits [. digits] [e [+-] digits], with digits on at least one side of the point.
+    std::size_t pos = 0;
+    if (pos < testo.size() && (testo[pos] == '+' || testo[pos] == '-')) ++pos;
+    std::size_t intere = ContaCifre(testo, pos);
+    pos += intere;
+    std::size_t decimali = 0;
+    if (pos < testo.size() && testo[pos] == '.') {
+        decimali = ContaCifre(testo, pos + 1);
+        pos += 1 + decimali;
+    }
+    bool forma = intere + decimali > 0;
+    if (forma && pos < testo.size() && (testo[pos] == 'e' || testo[pos] == 'E')) {
+        ++pos;
+        if (pos < testo.size() && (testo[pos] == '+' || testo[pos] == '-')) ++pos;
+        std::size_t esponente = ContaCifre(testo, pos);
+        forma = esponente > 0;
+        pos += esponente;
+    }
+    if (!forma || pos != testo.size()) throw ErroreArgomenti(cosa + " non valido: '" + testo + "'");
     double v = std::strtod(testo.c_str(), nullptr);
     if (!std::isfinite(v)) throw ErroreArgomenti(cosa + " non valido: '" + testo + "'");
     return v;
+}
+
+double LeggiNumero(const std::string& testo, const std::string& cosa, double minimo,
+                   double massimo) {
+    double v = LeggiNumero(testo, cosa);
+    if (v < minimo || v > massimo)
+        throw ErroreArgomenti(cosa + " fuori da " + TestoLimite(minimo) + ".." +
+                              TestoLimite(massimo) + ": " + testo);
+    return v;
+}
+
+double LeggiGiornoGiuliano(const std::string& testo, const std::string& cosa) {
+    double jd = LeggiNumero(testo, cosa);
+    if (jd < JdMinimo || jd > JdMassimo)
+        throw ErroreArgomenti(cosa + " fuori dall'intervallo 0-5373484.5: " + testo);
+    return jd;
+}
+
+std::pair<std::string, std::string> DividiDataOra(const std::string& testo) {
+    const char* const spazi = " \t";
+    std::size_t inizio = testo.find_first_not_of(spazi);
+    if (inizio == std::string::npos) return {};
+    std::size_t fine = testo.find_first_of(spazi, inizio);
+    std::string data = testo.substr(inizio, fine == std::string::npos ? fine : fine - inizio);
+    std::string ora;
+    if (fine != std::string::npos) {
+        std::size_t inizioOra = testo.find_first_not_of(spazi, fine);
+        if (inizioOra != std::string::npos) {
+            std::size_t fineOra = testo.find_last_not_of(spazi);
+            ora = testo.substr(inizioOra, fineOra + 1 - inizioOra);
+        }
+    }
+    return {data, ora};
 }
 
 } // namespace vesmo::cli

@@ -62,12 +62,14 @@ int ComandoData(const Parole& parole, std::ostream& out) {
     a.Consenti({"json"});
     const auto& p = a.Posizionali();
     if (p.size() != 1) throw ErroreArgomenti("uso: vesmo-cli data JD [--json]");
-    double jd = LeggiNumero(p[0], "giorno giuliano");
-    if (std::fabs(jd) > 1e9) throw ErroreArgomenti("giorno giuliano fuori dal calendario: " + p[0]);
+    double jd = LeggiGiornoGiuliano(p[0], "giorno giuliano");
     // The instant is taken to the nearest second before the date is split, so that the single
     // precision of the day does not show as 11:59:59 for noon.
     double secondi = std::floor((jd + 0.5) * 86400.0 + 0.5);
     double jdSecondo = secondi / 86400.0 - 0.5;
+    // The last instant of 31 December 9999 does not round into the year 10000.
+    if (jdSecondo >= JdMassimo)
+        throw ErroreArgomenti("giorno giuliano fuori dall'intervallo 0-5373484.5: " + p[0]);
     float anno, mese, giorno;
     DataDaGiuliano(jdSecondo, anno, mese, giorno);
     double g = std::floor(static_cast<double>(giorno));

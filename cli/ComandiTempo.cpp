@@ -118,9 +118,11 @@ int ComandoRivoluzione(const Parole& parole, std::ostream& out) {
 
     DatiRivoluzione d;
     d.tipo = tipo;
-    d.AnnoRiv = static_cast<float>(LeggiNumero(a.Richiesta("anno"), "anno"));
-    d.MeseRiv = static_cast<float>(LeggiNumero(a.Opzione("mese").value_or("1"), "mese"));
-    d.GiornoRiv = static_cast<float>(LeggiNumero(a.Opzione("giorno").value_or("1"), "giorno"));
+    d.AnnoRiv =
+        static_cast<float>(LeggiNumero(a.Richiesta("anno"), "anno", AnnoMinimo, AnnoMassimo));
+    d.MeseRiv = static_cast<float>(LeggiNumero(a.Opzione("mese").value_or("1"), "mese", 1, 12));
+    d.GiornoRiv =
+        static_cast<float>(LeggiNumero(a.Opzione("giorno").value_or("1"), "giorno", 1, 31));
     if (tipo == TipoRivoluzione::Solare && (a.Opzione("mese") || a.Opzione("giorno")))
         throw ErroreArgomenti("la rivoluzione solare parte dall'anno: --mese e --giorno non "
                               "servono");
@@ -132,13 +134,13 @@ int ComandoRivoluzione(const Parole& parole, std::ostream& out) {
             throw ErroreArgomenti("la rivoluzione sinodica vuole --angolo A o --angolo natale");
         std::string angolo = a.Opzione("angolo").value_or("natale");
         d.bersaglio = angolo == "natale" ? AngoloSinodico(true, s.PosNat)
-                                         : Norma360(LeggiNumero(angolo, "angolo"), 1);
+                                         : Norma360(LeggiNumero(angolo, "angolo", -360, 360), 1);
     } else {
         if (a.Opzione("angolo")) throw ErroreArgomenti("--angolo vale solo per la sinodica");
         if (a.Opzione("ritorno") && a.Opzione("grado"))
             throw ErroreArgomenti("--ritorno e --grado non vanno insieme");
         if (auto g = a.Opzione("grado"))
-            d.bersaglio = Norma360(LeggiNumero(*g, "grado"), 1);
+            d.bersaglio = Norma360(LeggiNumero(*g, "grado", -360, 360), 1);
         else
             d.bersaglio =
                 GradoRitorno(Riga(a, "ritorno", tipo == TipoRivoluzione::Solare ? 0 : 1), s.PosNat);
@@ -174,7 +176,14 @@ int ComandoDirezione(const Parole& parole, std::ostream& out) {
     Sessione s = ConNatale(a, messaggi);
     float api = 0;
     if (perAnni) {
-        api = static_cast<float>(LeggiNumero(*a.Opzione("anni"), "anni"));
+        double anni = LeggiNumero(*a.Opzione("anni"), "anni");
+        // A day for a year: the directed day must stay in the calendar.
+        double giorno = s.TemaNat.Day + anni;
+        if (giorno < JdMinimo || giorno > JdMassimo)
+            throw ErroreArgomenti("anni fuori dal calendario: la data diretta cade oltre "
+                                  "-4712..9999: " +
+                                  *a.Opzione("anni"));
+        api = static_cast<float>(anni);
         s.TemaDir = DirezionePerAnni(s.TemaNat, api);
     } else {
         Data dd = LeggiData(*a.Opzione("data-direzione"));
@@ -203,10 +212,8 @@ int ComandoIngresso(const Parole& parole, std::ostream& out) {
                               "Plutone, Nodo)");
     DatiIngresso d;
     d.pianeta = pianeta;
-    d.bersaglio = LeggiNumero(a.Richiesta("bersaglio"), "bersaglio");
-    d.partenza = LeggiNumero(a.Richiesta("partenza"), "partenza");
-    if (std::fabs(d.partenza) > 1e8)
-        throw ErroreArgomenti("giorno giuliano fuori dal calendario: " + a.Richiesta("partenza"));
+    d.bersaglio = LeggiNumero(a.Richiesta("bersaglio"), "bersaglio", 0, 360);
+    d.partenza = LeggiGiornoGiuliano(a.Richiesta("partenza"), "partenza");
     MessaggiConsole messaggi(std::cerr);
     Sessione s = ConNatale(a, messaggi);
     EsitoIngresso e = IngressiPinS(s, d, messaggi);

@@ -17,10 +17,6 @@ namespace vesmo::cli {
 
 namespace {
 
-// From -4712 January 1 to 9999 December 31.
-constexpr double JdMinimo = 0.0;
-constexpr double JdMassimo = 5373484.5;
-
 // Sign name, degrees, minutes and whole seconds in the sign: "Scorp  19°15'02"".
 std::string TestoLongitudine(double lon) {
     std::string segno;
@@ -52,9 +48,7 @@ int ComandoEffemeridi(const Parole& parole, std::ostream& out) {
     if (!a.Posizionali().empty())
         throw ErroreArgomenti("uso: vesmo-cli effemeridi --jd JD [--json]");
     std::string testoJd = a.Richiesta("jd");
-    double jd = LeggiNumero(testoJd, "giorno giuliano");
-    if (jd < JdMinimo || jd > JdMassimo)
-        throw ErroreArgomenti("giorno giuliano fuori dall'intervallo 0-5373484.5: " + testoJd);
+    double jd = LeggiGiornoGiuliano(testoJd, "giorno giuliano");
 
     MessaggiConsole messaggi(std::cerr);
     Effemeridi e = CalcolaEffemeridi(jd, true, messaggi);

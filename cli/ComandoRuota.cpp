@@ -2,6 +2,7 @@
 // double wheel of that transit at the natal place, or its double zodiac.
 #include <QCoreApplication>
 #include <QGuiApplication>
+#include <cmath>
 #include <iostream>
 #include <memory>
 #include <sstream>
@@ -23,15 +24,21 @@ namespace {
 // Fonts need an application of the GUI: one on the offscreen platform, for this command.
 std::unique_ptr<QGuiApplication> ApplicazioneGrafica() {
     if (QCoreApplication::instance()) return nullptr;
-    static int argc = 3;
+    static int argc;
     static char nome[] = "vesmo-cli", opzione[] = "-platform", piattaforma[] = "offscreen";
-    static char* argv[] = {nome, opzione, piattaforma, nullptr};
+    static char* argv[4];
+    // The application takes the options it knows out of argv: set them again for each run.
+    argc = 3;
+    argv[0] = nome;
+    argv[1] = opzione;
+    argv[2] = piattaforma;
+    argv[3] = nullptr;
     return std::make_unique<QGuiApplication>(argc, argv);
 }
 
 int LeggiIntero(const std::string& testo, const std::string& cosa, int minimo, int massimo) {
     double v = LeggiNumero(testo, cosa);
-    if (v != static_cast<int>(v) || v < minimo || v > massimo) {
+    if (v != std::floor(v) || v < minimo || v > massimo) {
         std::ostringstream s;
         s << cosa << " deve essere un intero da " << minimo << " a " << massimo << ": " << testo;
         throw ErroreArgomenti(s.str());
@@ -42,24 +49,17 @@ int LeggiIntero(const std::string& testo, const std::string& cosa, int minimo, i
 // The transit: the natal place and zone at the date and clock time given ("GG/MM/AAAA HH:MM",
 // or the time as the word after the date).
 Tema LeggiTransito(const Argomenti& a, const Tema& natale) {
-    std::string testo = *a.Opzione("transito");
-    std::string data = testo, ora;
-    auto spazio = testo.find(' ');
-    if (spazio != std::string::npos) {
-        data = testo.substr(0, spazio);
-        ora = testo.substr(testo.find_first_not_of(' ', spazio));
-    } else if (!a.Posizionali().empty()) {
-        ora = a.Posizionali()[0];
-    } else {
+    auto [data, ora] = DividiDataOra(*a.Opzione("transito"));
+    if (ora.empty() && !a.Posizionali().empty()) ora = a.Posizionali()[0];
+    if (data.empty() || ora.empty())
         throw ErroreArgomenti("--transito vuole data e ora: GG/MM/AAAA HH:MM");
-    }
     Data d = LeggiData(data);
     Ora o = LeggiOra(ora);
     Tema t = natale;
     t.Nome = "Transito";
     t.Day = GiornoGiuliano(d.anno, d.mese, d.giorno);
     t.OraL = GradiDecimali(o.ore, o.minuti, o.secondi);
-    t.Estiva = LeggiNumero(a.Opzione("estiva-transito").value_or("0"), "estiva-transito");
+    t.Estiva = LeggiNumero(a.Opzione("estiva-transito").value_or("0"), "estiva-transito", -3, 3);
     return t;
 }
 
@@ -79,7 +79,7 @@ int ComandoRuota(const Parole& parole, std::ostream& out) {
     if (!FormatoDaFile(file))
         throw ErroreArgomenti("--out vuole un file .png, .svg o .pdf: " + file);
     int lato = LeggiIntero(a.Opzione("size").value_or("800"), "--size", 16, 20000);
-    double angolo = LeggiNumero(a.Opzione("angolo").value_or("0"), "angolo");
+    double angolo = LeggiNumero(a.Opzione("angolo").value_or("0"), "angolo", -360, 360);
     int nodi = LeggiIntero(a.Opzione("nodi").value_or("0"), "--nodi", 0, 24);
     int casa = 0;
     if (auto z = a.Opzione("zodiaco")) {

@@ -28,6 +28,9 @@ const char* const Uso =
     "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
+    "  aspetti OPZIONI-TEMA [--con-data GG/MM/AAAA --con-ora HH:MM [--con-estiva H]]\n"
+    "       [--orbita G]            griglia degli aspetti del tema con se stesso o con\n"
+    "                               il secondo tema nello stesso luogo\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
@@ -35,6 +38,7 @@ const char* const Uso =
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
     "       [--case-transito] [--zodiaco CASA]]   ruota del tema, o doppia con il transito\n"
 #endif
+    "  --comandi                    i nomi dei comandi, uno per riga\n"
     "Ogni comando accetta --json.\n";
 
 } // namespace
@@ -53,10 +57,16 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"ingresso", ComandoIngresso},
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
+        {"aspetti", ComandoAspetti},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;
         return parole.empty() ? 2 : 0;
+    }
+    if (parole.size() == 1 && parole[0] == "--comandi") {
+        for (const auto& voce : comandi)
+            out << voce.first << '\n';
+        return 0;
     }
     auto it = comandi.find(parole[0]);
     if (it == comandi.end()) {

@@ -1,7 +1,8 @@
 #include "cli/OpzioniTema.h"
 
+#include <cctype>
 #include <cmath>
-#include <regex>
+#include <cstdlib>
 
 #include "core/Aritmetica.h"
 
@@ -13,54 +14,76 @@ std::vector<std::string> OpzioniDelTema() {
 
 namespace {
 
-// Degrees (with sign by the letter) of a coordinate text, or NaN when it is not one.
-double Coordinata(const std::string& testo, char neg, char pos, double limite) {
-    std::string lettere =
-        std::string(1, neg) + pos + static_cast<char>(neg + 32) + static_cast<char>(pos + 32);
-    // 11E53, 11E53'30, 11E53 30.5
-    std::regex sessagesimale("^(\\d{1,3})([" + lettere +
-                             "])(\\d{2})(?:['\\s](\\d{1,2}(?:\\.\\d+)?))?$");
-    // 11.8818E
-    std::regex decimale("^(\\d{1,3}(?:\\.\\d+)?)([" + lettere + "])$");
-    std::smatch m;
-    double gradi;
-    bool negativo;
-    if (std::regex_match(testo, m, sessagesimale)) {
-        double primi = std::stod(m[3]);
-        double secondi = m[4].matched ? std::stod(m[4]) : 0;
+// Degrees (with sign by the letter) of a coordinate text, or NaN when it is not one:
+// 11E53, 11E53'30, 11E53 30.5 (sexagesimal) or 11.8818E (decimal).
+double Coordinata(const std::string& testo, char neg, char pos, double limite,
+                  bool& sessagesimale) {
+    auto lettera = [&](std::size_t i) {
+        if (i >= testo.size()) return '\0';
+        char c = static_cast<char>(std::toupper(static_cast<unsigned char>(testo[i])));
+        return c == neg || c == pos ? c : '\0';
+    };
+    // A whole number of 1-3 digits, then a fraction when one follows the point.
+    auto decimale = [&](std::size_t& i, std::size_t massimoIntere) {
+        std::size_t intere = ContaCifre(testo, i);
+        if (intere == 0 || intere > massimoIntere) return std::nan("");
+        std::size_t fine = i + intere;
+        if (fine < testo.size() && testo[fine] == '.') {
+            std::size_t decimali = ContaCifre(testo, fine + 1);
+            if (decimali == 0) return std::nan("");
+            fine += 1 + decimali;
+        }
+        // Only the digits read: "11E53" is no exponent here.
+        double v = std::strtod(testo.substr(i, fine - i).c_str(), nullptr);
+        i = fine;
+        return v;
+    };
+    std::size_t i = 0;
+    double gradi = decimale(i, 3);
+    char segno = lettera(i);
+    if (std::isnan(gradi) || segno == '\0') return std::nan("");
+    ++i;
+    sessagesimale = i < testo.size();
+    if (sessagesimale) {
+        // Whole degrees, two digits of minutes, then the seconds after ' or a blank.
+        if (ContaCifre(testo, 0) + 1 != i || ContaCifre(testo, i) != 2) return std::nan("");
+        double primi = (testo[i] - '0') * 10 + (testo[i + 1] - '0');
+        i += 2;
+        double secondi = 0;
+        if (i < testo.size()) {
+            if (testo[i] != '\'' && !std::isspace(static_cast<unsigned char>(testo[i])))
+                return std::nan("");
+            ++i;
+            secondi = decimale(i, 2);
+            if (std::isnan(secondi) || i != testo.size()) return std::nan("");
+        }
         if (primi >= 60 || secondi >= 60) return std::nan("");
-        gradi = std::stod(m[1]) + primi / 60 + secondi / 3600;
-        negativo = std::toupper(static_cast<unsigned char>(m[2].str()[0])) == neg;
-    } else if (std::regex_match(testo, m, decimale)) {
-        gradi = std::stod(m[1]);
-        negativo = std::toupper(static_cast<unsigned char>(m[2].str()[0])) == neg;
-    } else {
-        return std::nan("");
+        gradi += primi / 60 + secondi / 3600;
     }
     if (gradi > limite) return std::nan("");
-    return negativo ? -gradi : gradi;
+    return segno == neg ? -gradi : gradi;
 }
 
 } // namespace
 
 double LeggiLongitudine(const std::string& testo) {
-    double g = Coordinata(testo, 'E', 'W', 180);
+    bool sessagesimale = false;
+    double g = Coordinata(testo, 'E', 'W', 180, sessagesimale);
     if (std::isnan(g))
         throw ErroreArgomenti("longitudine non valida: '" + testo +
                               "' (attesa come 11E53, 11E53'30 o 11.8818E, al massimo 180 gradi)");
     // The sexagesimal form is read as the entry form reads it.
-    static const std::regex sessagesimale("^\\d{1,3}[EWew]\\d{2}.*$");
-    if (std::regex_match(testo, sessagesimale)) return LonDaTesto(testo, 0);
+    if (sessagesimale) return LonDaTesto(testo, 0);
     return g / 15;
 }
 
 double LeggiLatitudine(const std::string& testo) {
-    double g = Coordinata(testo, 'S', 'N', 90);
+    bool sessagesimale = false;
+    double g = Coordinata(testo, 'S', 'N', 90, sessagesimale);
     if (std::isnan(g))
         throw ErroreArgomenti("latitudine non valida: '" + testo +
                               "' (attesa come 45N24, 45N24'30 o 45.4152N, al massimo 90 gradi)");
-    static const std::regex sessagesimale("^\\d{1,3}[NSns]\\d{2}.*$");
-    if (std::regex_match(testo, sessagesimale)) return LatDaTesto(testo, 0);
+    if (sessagesimale) return LatDaTesto(testo, 0);
     return g;
 }
 

@@ -177,6 +177,30 @@ std::string Q(std::string_view nome) {
     return r;
 }
 
+void ErroreDelMotore(int rc, const std::string& testo) {
+    switch (rc & 0xFF) {
+    case SQLITE_BUSY:
+    case SQLITE_LOCKED:
+        throw ErroreDB(ErroreDB::Bloccato, "Database bloccato da un altro programma. " + testo);
+    case SQLITE_READONLY:
+        throw ErroreDB(ErroreDB::SolaLettura, "Database di sola lettura. " + testo);
+    case SQLITE_FULL:
+        throw ErroreDB(ErroreDB::DiscoPieno, "Disco pieno. " + testo);
+    case SQLITE_IOERR:
+        throw ErroreDB(ErroreDB::ErroreDisco, "Errore di lettura o scrittura del disco. " + testo);
+    case SQLITE_CANTOPEN:
+    case SQLITE_PERM:
+    case SQLITE_AUTH:
+        throw ErroreDB(ErroreDB::FileNonApribile, "Impossibile aprire il file. " + testo);
+    case SQLITE_NOTADB:
+    case SQLITE_CORRUPT:
+        throw ErroreDB(ErroreDB::FormatoNonRiconosciuto,
+                       "Formato del database non riconosciuto. " + testo);
+    default:
+        throw ErroreDB(ErroreDB::ErroreMotore, testo);
+    }
+}
+
 Connessione::Connessione(const std::filesystem::path& file, bool crea, bool solaLettura) {
     int flag = solaLettura ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     if (crea) flag |= SQLITE_OPEN_CREATE;
@@ -185,11 +209,10 @@ Connessione::Connessione(const std::filesystem::path& file, bool crea, bool sola
         std::string testo = db_ ? sqlite3_errmsg(db_) : "memoria esaurita";
         sqlite3_close_v2(db_);
         db_ = nullptr;
-        throw ErroreDB(ErroreDB::ErroreMotore,
-                       "Impossibile aprire " + file.string() + ": " + testo);
+        ErroreDelMotore(rc, "Impossibile aprire " + file.string() + ": " + testo);
     }
     sqlite3_extended_result_codes(db_, 1);
-    sqlite3_busy_timeout(db_, 5000);
+    sqlite3_busy_timeout(db_, AttesaBloccoMs);
     // A place table with its indexes is a few tens of megabytes: keep it mapped and cached so
     // that a seek reads no file.
     sqlite3_exec(db_, "PRAGMA mmap_size = 268435456; PRAGMA cache_size = -16384", nullptr, nullptr,
@@ -220,7 +243,7 @@ void Connessione::Esegui(const std::string& sql) {
         sqlite3_free(msg);
         if ((rc & 0xFF) == SQLITE_CONSTRAINT)
             throw ErroreDB(ErroreDB::ChiaveDuplicata, "Valore duplicato nell'indice: " + testo);
-        throw ErroreDB(ErroreDB::ErroreMotore, testo);
+        ErroreDelMotore(rc, testo);
     }
 }
 
@@ -228,7 +251,7 @@ void Connessione::Errore(int rc, std::string_view contesto) const {
     std::string testo = std::string(contesto) + ": " + sqlite3_errmsg(db_);
     if (rc == SQLITE_CONSTRAINT_UNIQUE || rc == SQLITE_CONSTRAINT_PRIMARYKEY)
         throw ErroreDB(ErroreDB::ChiaveDuplicata, "Valore duplicato nell'indice. " + testo);
-    throw ErroreDB(ErroreDB::ErroreMotore, testo);
+    ErroreDelMotore(rc, testo);
 }
 
 Istruzione::Istruzione(Connessione& c, const std::string& sql) : c_(&c) {

@@ -22,6 +22,14 @@ inline constexpr const char* NomeFunzioneChiave = "vesmo_chiave";
 // A name as an SQL identifier in double quotes.
 std::string Q(std::string_view nome);
 
+// How long, in milliseconds, a statement waits for another program's lock on the file before
+// it reports the database locked.
+inline int AttesaBloccoMs = 5000;
+
+// The store's error for a failed call of the engine (its result code `rc`): the causes that the
+// user can act on (a locked, read-only, full, damaged or unreadable file) are named first.
+[[noreturn]] void ErroreDelMotore(int rc, const std::string& testo);
+
 class Connessione {
 public:
     // Opens (crea: creates) the file; registers the ordering and the key function.

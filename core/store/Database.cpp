@@ -4,8 +4,8 @@
 #include "core/store/Connessione.h"
 
 #include <algorithm>
+#include <cctype>
 #include <optional>
-#include <regex>
 #include <system_error>
 
 namespace vesmo {
@@ -24,6 +24,80 @@ using store_detail::UgualiSenzaCaso;
 namespace {
 
 namespace fs = std::filesystem;
+
+// "SELECT * INTO dest FROM [;DATABASE=file].source", the one statement that reads another file:
+// keywords in any case, blanks between the words, names plain or in brackets, a final ";".
+struct SelectInto {
+    std::string destinazione, file, sorgente;
+};
+
+class Scansione {
+public:
+    explicit Scansione(std::string_view t) : t_(t) {}
+    bool Spazi() {
+        std::size_t inizio = i_;
+        while (i_ < t_.size() && std::isspace(static_cast<unsigned char>(t_[i_])))
+            ++i_;
+        return i_ > inizio;
+    }
+    bool Parola(std::string_view parola) {
+        if (t_.size() - i_ < parola.size() ||
+            !UgualiSenzaCaso(t_.substr(i_, parola.size()), parola))
+            return false;
+        i_ += parola.size();
+        return true;
+    }
+    // A name in brackets (without them), or up to a blank or one of `fine`.
+    std::optional<std::string> Nome(std::string_view fine) {
+        if (i_ < t_.size() && t_[i_] == '[') {
+            std::size_t chiusa = t_.find(']', i_ + 1);
+            if (chiusa == std::string_view::npos || chiusa == i_ + 1) return std::nullopt;
+            std::string nome(t_.substr(i_ + 1, chiusa - i_ - 1));
+            i_ = chiusa + 1;
+            return nome;
+        }
+        std::size_t inizio = i_;
+        while (i_ < t_.size() && !std::isspace(static_cast<unsigned char>(t_[i_])) &&
+               fine.find(t_[i_]) == std::string_view::npos)
+            ++i_;
+        if (i_ == inizio) return std::nullopt;
+        return std::string(t_.substr(inizio, i_ - inizio));
+    }
+    // Everything up to `fine` (not included), blanks too; at least one character.
+    std::optional<std::string> Fino(char fine) {
+        std::size_t chiusa = t_.find(fine, i_);
+        if (chiusa == std::string_view::npos || chiusa == i_) return std::nullopt;
+        std::string r(t_.substr(i_, chiusa - i_));
+        i_ = chiusa;
+        return r;
+    }
+    bool Fine() const { return i_ == t_.size(); }
+
+private:
+    std::string_view t_;
+    std::size_t i_ = 0;
+};
+
+std::optional<SelectInto> LeggiSelectInto(std::string_view testo) {
+    Scansione s(testo);
+    SelectInto r;
+    s.Spazi();
+    if (!s.Parola("select") || !s.Spazi() || !s.Parola("*") || !s.Spazi() || !s.Parola("into") ||
+        !s.Spazi())
+        return std::nullopt;
+    auto destinazione = s.Nome("[");
+    if (!destinazione || !s.Spazi() || !s.Parola("from") || !s.Spazi() || !s.Parola("[;database="))
+        return std::nullopt;
+    auto file = s.Fino(']');
+    if (!file || !s.Parola("].")) return std::nullopt;
+    auto sorgente = s.Nome(";");
+    if (!sorgente) return std::nullopt;
+    s.Spazi();
+    s.Parola(";");
+    s.Spazi();
+    if (!s.Fine()) return std::nullopt;
+    return SelectInto{*destinazione, *file, *sorgente};
+}
 
 std::string NomeRealeOErrore(Connessione& c, std::string_view tabella) {
     auto r = NomeReale(c, tabella);
@@ -214,19 +288,9 @@ void Database::EliminaIndice(std::string_view tabella, std::string_view nome) {
 
 std::int64_t Database::Esegui(std::string_view sql) {
     Connessione& c = Conn();
-    static const std::regex selectInto(
-        R"(^\s*select\s+\*\s+into\s+(\[[^\]]+\]|[^\s\[]+)\s+from\s+\[;database=([^\]]+)\]\.(\[[^\]]+\]|[^\s;]+)\s*;?\s*$)",
-        std::regex::icase);
     std::string testo(sql);
-    std::smatch m;
-    if (std::regex_match(testo, m, selectInto)) {
-        auto senzaParentesi = [](std::string s) {
-            if (s.size() >= 2 && s.front() == '[' && s.back() == ']') s = s.substr(1, s.size() - 2);
-            return s;
-        };
-        return SelectIntoDaAltroFile(senzaParentesi(m[1]), fs::path(m[2].str()),
-                                     senzaParentesi(m[3]));
-    }
+    if (auto m = LeggiSelectInto(testo))
+        return SelectIntoDaAltroFile(m->destinazione, fs::path(m->file), m->sorgente);
     std::int64_t cambiate = 0;
     const char* p = testo.c_str();
     while (*p) {

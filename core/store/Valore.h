@@ -26,17 +26,23 @@ public:
     static constexpr int NessunRecordCorrente = 3021; // no current record
     static constexpr int ChiaveDuplicata = 3022;      // a unique index would hold a key twice
     static constexpr int FileNonTrovato = 3024;       // the database file does not exist
-    static constexpr int SolaLettura = 3027;          // write through a read-only cursor
-    static constexpr int TabellaNonTrovata = 3078;    // no table of that name
-    static constexpr int CampoTroppoPiccolo = 3163;   // text longer than the field's size
-    static constexpr int RecordEliminato = 3167;      // the record was deleted
-    static constexpr int DatabaseEsistente = 3204;    // create or compact onto an existing file
+    static constexpr int SolaLettura =
+        3027; // write through a read-only cursor or to a read-only file
+    static constexpr int TabellaNonTrovata = 3078;       // no table of that name
+    static constexpr int CampoTroppoPiccolo = 3163;      // text longer than the field's size
+    static constexpr int RecordEliminato = 3167;         // the record was deleted
+    static constexpr int DatabaseEsistente = 3204;       // create or compact onto an existing file
     static constexpr int OperazioneNonSupportata = 3251; // seek or index on an SQL cursor
     static constexpr int ElementoNonTrovato = 3265;      // no field or index of that name
     static constexpr int IndiceEsistente = 3284;         // create an index whose name exists
     static constexpr int LunghezzaZero = 3315;           // "" into a field that does not allow it
     static constexpr int OverflowNumerico = 3349;        // number out of the field's range
     static constexpr int ConversioneNonValida = 3421;    // text that is not a number, into a number
+    static constexpr int DiscoPieno = 3026;              // no room left on the disk
+    static constexpr int ErroreDisco = 3043;             // the disk failed a read or a write
+    static constexpr int FileNonApribile = 3051;         // no permission, or not a file
+    static constexpr int Bloccato = 3218;                // locked by another program
+    static constexpr int FormatoNonRiconosciuto = 3343;  // not a database, or damaged
     static constexpr int ErroreMotore = 3000;            // any other failure of the engine
 
 private:

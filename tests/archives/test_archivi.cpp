@@ -6,6 +6,7 @@
 #include "archives/Archivi.h"
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
+#include "core/store/Connessione.h"
 #include "tests/archives/AiutoArchivi.h"
 
 using namespace vesmo;
@@ -188,6 +189,39 @@ TEST_F(ArchiviTest, NomiConVirgoletteEParentesiENomiRifiutati) {
     EXPECT_EQ(messaggi.registro[0].testo.substr(0, 47),
               "Il DataBase non accetta il nome  sqlite_temi\nAr");
     EXPECT_EQ(ElencoArchivi(fileDB), std::vector<std::string>{strano});
+}
+
+// A database that cannot take the new table is told for what it is, not as a refused name.
+TEST_F(ArchiviTest, DatabaseBloccatoODiSolaLettura) {
+    const std::string trattini(30, '-');
+    const int attesa = store_detail::AttesaBloccoMs;
+    store_detail::AttesaBloccoMs = 50;
+    {
+        Database altro(fileDB);
+        altro.Esegui("BEGIN EXCLUSIVE");
+        altro.Esegui("DELETE FROM AllCity");
+        EXPECT_EQ(CreaArchivioUtente(fileDB, "Famiglia", {}, messaggi), std::nullopt);
+        altro.Esegui("ROLLBACK");
+    }
+    store_detail::AttesaBloccoMs = attesa;
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: DataBase");
+    EXPECT_EQ(messaggi.registro[0].testo, "Il DataBase è bloccato da un altro programma:\n" +
+                                              fileDB + "\nArchivio non creato.\n" + trattini +
+                                              "\nThe database is locked by another program.\n");
+
+    messaggi.registro.clear();
+    {
+        test::FileSolaLettura solaLettura(fileDB);
+        ASSERT_TRUE(solaLettura.Riuscito()) << "no read-only file for this user";
+        EXPECT_EQ(CreaArchivioUtente(fileDB, "Famiglia", {}, messaggi), std::nullopt);
+    }
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: DataBase");
+    EXPECT_EQ(messaggi.registro[0].testo, "Il DataBase è di sola lettura:\n" + fileDB +
+                                              "\nArchivio non creato.\n" + trattini +
+                                              "\nThe database is read-only.\n");
+    EXPECT_TRUE(ElencoArchivi(fileDB).empty());
 }
 
 TEST_F(ArchiviTest, LetturaDiUnaRigaEliminata) {

@@ -2,8 +2,12 @@
 // arguments.
 #include <gtest/gtest.h>
 
+#include <cmath>
+#include <filesystem>
 #include <sstream>
+#include <unistd.h>
 
+#include "cli/Argomenti.h"
 #include "cli/Comandi.h"
 #include "core/Aritmetica.h"
 #include "tests/places/AiutoLuoghi.h"
@@ -71,7 +75,8 @@ TEST(CliCalendario, ArgomentiSbagliati) {
         {{"jd", "01/01/2000", "--xml"}, "vesmo-cli jd: opzione sconosciuta: --xml\n"},
         {{"data", "abc"}, "vesmo-cli data: giorno giuliano non valido: 'abc'\n"},
         {{"data", "2451545,5"}, "vesmo-cli data: giorno giuliano non valido: '2451545,5'\n"},
-        {{"data", "1e300"}, "vesmo-cli data: giorno giuliano fuori dal calendario: 1e300\n"},
+        {{"data", "1e300"},
+         "vesmo-cli data: giorno giuliano fuori dall'intervallo 0-5373484.5: 1e300\n"},
         {{"oroscopo"}, "vesmo-cli: comando sconosciuto: oroscopo\n"},
     };
     for (const auto& c : casi) {
@@ -179,4 +184,254 @@ TEST(CliTema, LuogoDalDatabase) {
                            "--lon", "11E53", "--db", db});
     EXPECT_EQ(doppio.stato, 2);
     EXPECT_EQ(doppio.err, "vesmo-cli tema: --lon non va con --city\n");
+}
+
+namespace {
+
+const std::vector<std::string> Greenwich{"--lon", "0E00", "--lat", "51N29", "--fuso", "0"};
+
+std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+} // namespace
+
+// Numbers, times and coordinates of any length are read or refused in one line, never by a
+// crash of the reader.
+TEST(CliArgomenti, TestiLunghissimi) {
+    const std::string cifre(30000, '9');
+    const std::string zeri(30000, '0');
+    struct Caso {
+        std::vector<std::string> parole;
+        int stato;
+        std::string out, err;
+    };
+    const std::vector<std::string> tema{"tema", "--data", "01/01/2000", "--ora", "12:00"};
+    const Caso casi[] = {
+        {{"data", cifre}, 2, "", "vesmo-cli data: giorno giuliano non valido: '" + cifre + "'\n"},
+        {{"data", "0." + zeri + "1"}, 0, "01/01/-4712 12:00:00\n", ""},
+        {{"data", "2451545." + zeri}, 0, "01/01/2000 12:00:00\n", ""},
+        {{"data", "1e" + cifre},
+         2,
+         "",
+         "vesmo-cli data: giorno giuliano non valido: '1e" + cifre + "'\n"},
+        {{"jd", "1/1/" + cifre},
+         2,
+         "",
+         "vesmo-cli jd: data non valida: '1/1/" + cifre + "' (atteso GG/MM/AAAA)\n"},
+        {{"jd", "01/01/2000", "12:00:00." + zeri}, 0, "2451545.000000\n", ""},
+        {{"jd", "01/01/2000", cifre + ":00"},
+         2,
+         "",
+         "vesmo-cli jd: ora non valida: '" + cifre + ":00' (atteso HH:MM[:SS])\n"},
+        {{"effemeridi", "--jd", "-" + cifre},
+         2,
+         "",
+         "vesmo-cli effemeridi: giorno giuliano non valido: '-" + cifre + "'\n"},
+        {Con(tema, {"--lon", "11E53'" + cifre, "--lat", "45N24", "--fuso", "0"}), 2, "",
+         "vesmo-cli tema: longitudine non valida: '11E53'" + cifre +
+             "' (attesa come 11E53, 11E53'30 o 11.8818E, al massimo 180 gradi)\n"},
+        {Con(tema, {"--lon", "0E00", "--lat", "45." + cifre + "N", "--fuso", "0"}), 0, "", ""},
+        {Con(tema, {"--lon", "0E00", "--lat", "45N24", "--fuso", cifre}), 2, "",
+         "vesmo-cli tema: fuso non valido: '" + cifre + "'\n"},
+    };
+    for (const auto& c : casi) {
+        Esito e = Lancia(c.parole);
+        EXPECT_EQ(e.stato, c.stato) << c.parole[0] << " " << c.parole[1].substr(0, 20);
+        EXPECT_EQ(e.err, c.err);
+        if (c.stato == 0 && !c.out.empty()) {
+            EXPECT_EQ(e.out, c.out);
+        }
+    }
+}
+
+// The calendar runs from 1 January -4712 to 31 December 9999; anything outside, and numbers that
+// would overflow once converted, are bad arguments.
+TEST(CliArgomenti, LimitiDelCalendario) {
+    const std::vector<std::string> natale =
+        Con({"--data", "10/04/1987", "--ora", "19:30"}, Greenwich);
+    struct Caso {
+        std::vector<std::string> parole;
+        std::string err;
+    };
+    const Caso casi[] = {
+        {{"jd", "31/12/-4713"},
+         "vesmo-cli jd: data non valida: '31/12/-4713' (anno fuori da -4712..9999)\n"},
+        {{"jd", "1/1/10000"},
+         "vesmo-cli jd: data non valida: '1/1/10000' (anno fuori da -4712..9999)\n"},
+        {{"jd", "15/5/-4998"},
+         "vesmo-cli jd: data non valida: '15/5/-4998' (anno fuori da -4712..9999)\n"},
+        {{"data", "-0.5"},
+         "vesmo-cli data: giorno giuliano fuori dall'intervallo 0-5373484.5: -0.5\n"},
+        {{"data", "-1e9"},
+         "vesmo-cli data: giorno giuliano fuori dall'intervallo 0-5373484.5: -1e9\n"},
+        {{"data", "5373484.5"},
+         "vesmo-cli data: giorno giuliano fuori dall'intervallo 0-5373484.5: 5373484.5\n"},
+        {{"data", "nan"}, "vesmo-cli data: giorno giuliano non valido: 'nan'\n"},
+        {{"data", "inf"}, "vesmo-cli data: giorno giuliano non valido: 'inf'\n"},
+        {{"data", "1e400"}, "vesmo-cli data: giorno giuliano non valido: '1e400'\n"},
+        {{"effemeridi", "--jd", "5373485"},
+         "vesmo-cli effemeridi: giorno giuliano fuori dall'intervallo 0-5373484.5: 5373485\n"},
+        {Con(Con({"rivoluzione", "--tipo", "tropica", "--anno", "2000", "--mese", "13"}, natale),
+             {}),
+         "vesmo-cli rivoluzione: mese fuori da 1..12: 13\n"},
+        {Con({"rivoluzione", "--tipo", "tropica", "--anno", "2000", "--mese", "0.5"}, natale),
+         "vesmo-cli rivoluzione: mese fuori da 1..12: 0.5\n"},
+        {Con({"rivoluzione", "--tipo", "tropica", "--anno", "2000", "--giorno", "32"}, natale),
+         "vesmo-cli rivoluzione: giorno fuori da 1..31: 32\n"},
+        {Con({"rivoluzione", "--tipo", "tropica", "--anno", "2000", "--giorno", "0"}, natale),
+         "vesmo-cli rivoluzione: giorno fuori da 1..31: 0\n"},
+        {Con({"rivoluzione", "--tipo", "solare", "--anno", "10000"}, natale),
+         "vesmo-cli rivoluzione: anno fuori da -4712..9999: 10000\n"},
+        {Con({"rivoluzione", "--tipo", "solare", "--anno", "1e30"}, natale),
+         "vesmo-cli rivoluzione: anno fuori da -4712..9999: 1e30\n"},
+        {Con({"rivoluzione", "--tipo", "tropica", "--anno", "2000", "--grado", "1e30"}, natale),
+         "vesmo-cli rivoluzione: grado fuori da -360..360: 1e30\n"},
+        {Con({"direzione", "--anni", "1e30"}, natale),
+         "vesmo-cli direzione: anni fuori dal calendario: la data diretta cade oltre -4712..9999: "
+         "1e30\n"},
+        {Con({"direzione", "--anni", "-1e7"}, natale),
+         "vesmo-cli direzione: anni fuori dal calendario: la data diretta cade oltre -4712..9999: "
+         "-1e7\n"},
+        {Con({"ingresso", "--pianeta", "Marte", "--bersaglio", "10", "--partenza", "-1"}, natale),
+         "vesmo-cli ingresso: partenza fuori dall'intervallo 0-5373484.5: -1\n"},
+        {Con({"ingresso", "--pianeta", "Marte", "--bersaglio", "1e30", "--partenza", "2451545"},
+             natale),
+         "vesmo-cli ingresso: bersaglio fuori da 0..360: 1e30\n"},
+    };
+    for (const auto& c : casi) {
+        Esito e = Lancia(c.parole);
+        EXPECT_EQ(e.stato, 2) << c.err;
+        EXPECT_EQ(e.err, c.err);
+        EXPECT_EQ(e.out, "");
+    }
+    // The two ends themselves are in the calendar.
+    EXPECT_EQ(Lancia({"jd", "01/01/-4712"}).out, "-0.500000\n");
+    EXPECT_EQ(Lancia({"jd", "31/12/9999"}).out, "5373483.500000\n");
+    EXPECT_EQ(Lancia({"data", "5373484.49999"}).out, "31/12/9999 23:59:59\n");
+}
+
+TEST(CliArgomenti, DataEOraDelTransito) {
+    using Coppia = std::pair<std::string, std::string>;
+    const std::pair<std::string, Coppia> casi[] = {
+        {"1/1/2026 12:00", {"1/1/2026", "12:00"}},
+        {"1/1/2026 ", {"1/1/2026", ""}},
+        {"  1/1/2026   12:00  ", {"1/1/2026", "12:00"}},
+        {"1/1/2026\t12:00", {"1/1/2026", "12:00"}},
+        {"1/1/2026", {"1/1/2026", ""}},
+        {"", {"", ""}},
+        {"   ", {"", ""}},
+    };
+    for (const auto& [testo, atteso] : casi)
+        EXPECT_EQ(cli::DividiDataOra(testo), atteso) << "'" << testo << "'";
+}
+
+#ifdef VESMO_CON_QT
+TEST(CliRuota, TransitoConSpazioFinale) {
+    const auto file = std::filesystem::temp_directory_path() /
+                      ("vesmo_ruota_" + std::to_string(::getpid()) + ".png");
+    auto base = Con(
+        {"ruota", "--data", "10/04/1987", "--ora", "19:30", "--out", file.string(), "--size", "64"},
+        Greenwich);
+    Esito e = Lancia(Con(base, {"--transito", "1/1/2026 ", "12:00"}));
+    EXPECT_EQ(e.stato, 0) << e.err;
+    EXPECT_TRUE(std::filesystem::exists(file));
+    std::filesystem::remove(file);
+    Esito senzaOra = Lancia(Con(base, {"--transito", "1/1/2026 "}));
+    EXPECT_EQ(senzaOra.stato, 2);
+    EXPECT_EQ(senzaOra.err, "vesmo-cli ruota: --transito vuole data e ora: GG/MM/AAAA HH:MM\n");
+    Esito estiva = Lancia(Con(base, {"--transito", "1/1/2026 12:00", "--estiva-transito", "4"}));
+    EXPECT_EQ(estiva.stato, 2);
+    EXPECT_EQ(estiva.err, "vesmo-cli ruota: estiva-transito fuori da -3..3: 4\n");
+}
+#endif
+
+// The aspect grid of 8 November 2000, the day of the selection's help text. The reference is the
+// Swiss Ephemeris (Moshier) at 18:00 UT: Sun 226.6395, Uranus 316.9687, a square 0.329 short
+// of exact; declinations -16.810 and -16.422, 0.39 apart on the same side: parallel.
+TEST(CliAspetti, GrigliaDelTemaConSeStesso) {
+    const auto tema = Con({"aspetti", "--data", "08/11/2000", "--ora", "18:00"},
+                          {"--lon", "0E00", "--lat", "0N00", "--fuso", "0"});
+    Esito e = Lancia(tema);
+    ASSERT_EQ(e.stato, 0) << e.err;
+    std::istringstream righe(e.out);
+    std::vector<std::string> linee;
+    for (std::string l; std::getline(righe, l);)
+        linee.push_back(l);
+    ASSERT_EQ(linee.size(), 4u + 31u);
+    EXPECT_EQ(linee[2], "Orbita   2,5°");
+    // Column heads, then the two rows of the Sun: 11 characters of row head, 19 a column.
+    const std::string& testa = linee[4];
+    EXPECT_EQ(testa.substr(11, 19), "Sole               ");
+    EXPECT_EQ(testa.substr(11 + 7 * 19, 19), "Urano              ");
+    const std::size_t urano = 11 + 7 * 19;
+    EXPECT_EQ(linee[5].substr(0, 11), "Sole       ");
+    EXPECT_EQ(linee[5].substr(urano, 18), "QUADRATURA        ");
+    // The cells before it hold degree signs: columns are counted in characters.
+    const auto caratteri = [](const std::string& s) {
+        std::size_t n = 0;
+        for (unsigned char c : s)
+            n += (c & 0xC0) != 0x80;
+        return n;
+    };
+    const auto colonna = linee[6].find("0,3°  0,4°P ");
+    ASSERT_NE(colonna, std::string::npos) << linee[6];
+    EXPECT_EQ(caratteri(linee[6].substr(0, colonna)), urano);
+    // The diagonal stays empty, though a point is in conjunction with itself.
+    EXPECT_EQ(linee[5].substr(11, 19), std::string(19, ' '));
+
+    Esito j = Lancia(Con(tema, {"--json"}));
+    ASSERT_EQ(j.stato, 0) << j.err;
+    EXPECT_NE(j.out.find("\"AspettiComparati\": false, \"Orbita\": 2.5"), std::string::npos);
+    const std::string cella = "{\"Riga\": \"Sole\", \"Colonna\": \"Urano\", \"Nome\": "
+                              "\"QUADRATURA       \", \"Angolo\": 90, \"Mancano\": ";
+    const auto dove = j.out.find(cella);
+    ASSERT_NE(dove, std::string::npos) << j.out.substr(0, 400);
+    const double mancano = std::strtod(j.out.c_str() + dove + cella.size(), nullptr);
+    EXPECT_NEAR(mancano, 0.329, 0.05);
+    EXPECT_NE(j.out.find("\"Marca\": \"P\"}", dove), std::string::npos);
+    EXPECT_EQ(j.out.find("{\"Riga\": \"Sole\", \"Colonna\": \"Sole\""), std::string::npos);
+}
+
+TEST(CliAspetti, DueTemi) {
+    const auto tema = Con({"aspetti", "--data", "08/11/2000", "--ora", "18:00", "--orbita", "0.5"},
+                          {"--lon", "0E00", "--lat", "0N00", "--fuso", "0"});
+    // The same instant on both sides: every point meets itself on the diagonal, exactly.
+    Esito e = Lancia(Con(tema, {"--con-data", "08/11/2000", "--con-ora", "18:00", "--json"}));
+    ASSERT_EQ(e.stato, 0) << e.err;
+    EXPECT_NE(e.out.find("\"AspettiComparati\": true, \"Orbita\": 0.5"), std::string::npos);
+    for (const char* punto : {"Sole", "Luna", "LilithVera", "MC"}) {
+        const std::string cella = std::string("{\"Riga\": \"") + punto + "\", \"Colonna\": \"" +
+                                  punto + "\", \"Nome\": \"CONGIUNZIONE      \", \"Angolo\": 0, " +
+                                  "\"Mancano\": 0, \"Declinazione\": 0, \"Marca\": \"";
+        EXPECT_NE(e.out.find(cella), std::string::npos) << punto;
+    }
+    // Twelve hours later the Moon has moved on by about six degrees: no longer on itself.
+    Esito dopo = Lancia(Con(tema, {"--con-data", "09/11/2000", "--con-ora", "06:00", "--json"}));
+    ASSERT_EQ(dopo.stato, 0) << dopo.err;
+    EXPECT_EQ(dopo.out.find("{\"Riga\": \"Luna\", \"Colonna\": \"Luna\""), std::string::npos);
+    EXPECT_NE(dopo.out.find("{\"Riga\": \"Plutone\", \"Colonna\": \"Plutone\", \"Nome\": "
+                            "\"CONGIUNZIONE      \""),
+              std::string::npos);
+
+    struct Caso {
+        std::vector<std::string> aggiunte;
+        std::string err;
+    };
+    const Caso casi[] = {
+        {{"--con-data", "09/11/2000"}, "vesmo-cli aspetti: manca l'opzione --con-ora\n"},
+        {{"--con-ora", "06:00"}, "vesmo-cli aspetti: manca l'opzione --con-data\n"},
+        {{"--con-estiva", "1"}, "vesmo-cli aspetti: --con-estiva va con --con-data e --con-ora\n"},
+        {{"--con-data", "09/11/2000", "--con-ora", "06:00", "--con-estiva", "5"},
+         "vesmo-cli aspetti: con-estiva fuori da -3..3: 5\n"},
+        {{"--con-data", "32/11/2000", "--con-ora", "06:00"},
+         "vesmo-cli aspetti: data non valida: '32/11/2000' (giorno inesistente nel mese)\n"},
+        {{"--orbita", "-1"}, "vesmo-cli aspetti: orbita fuori da 0..180: -1\n"},
+    };
+    for (const auto& c : casi) {
+        Esito x = Lancia(Con(tema, c.aggiunte));
+        EXPECT_EQ(x.stato, 2) << c.err;
+        EXPECT_EQ(x.err, c.err);
+    }
 }

@@ -3,8 +3,11 @@
 
 #include <gtest/gtest.h>
 
+#include <fcntl.h>
 #include <filesystem>
+#include <linux/fs.h>
 #include <string>
+#include <sys/ioctl.h>
 #include <unistd.h>
 
 namespace vesmo::test {
@@ -28,6 +31,48 @@ public:
 
 private:
     std::filesystem::path percorso_;
+};
+
+// Makes a file read-only for the length of a test: its permissions, and for a user who passes
+// them (root) the immutable attribute where the file system has it. Riuscito() tells whether
+// the file really refuses writing.
+class FileSolaLettura {
+public:
+    explicit FileSolaLettura(const std::filesystem::path& file) : file_(file) {
+        std::filesystem::permissions(file_, std::filesystem::perms::owner_read |
+                                                std::filesystem::perms::group_read |
+                                                std::filesystem::perms::others_read);
+        if (::geteuid() == 0) immutabile_ = Attributo(true);
+        int fd = ::open(file_.c_str(), O_WRONLY);
+        riuscito_ = fd < 0;
+        if (fd >= 0) ::close(fd);
+    }
+    ~FileSolaLettura() {
+        if (immutabile_) Attributo(false);
+        std::error_code ec;
+        std::filesystem::permissions(file_, std::filesystem::perms::owner_write,
+                                     std::filesystem::perm_options::add, ec);
+    }
+    FileSolaLettura(const FileSolaLettura&) = delete;
+    FileSolaLettura& operator=(const FileSolaLettura&) = delete;
+    bool Riuscito() const { return riuscito_; }
+
+private:
+    bool Attributo(bool acceso) {
+        int fd = ::open(file_.c_str(), O_RDONLY);
+        if (fd < 0) return false;
+        int flag = 0;
+        bool ok = ::ioctl(fd, FS_IOC_GETFLAGS, &flag) == 0;
+        if (ok) {
+            flag = acceso ? (flag | FS_IMMUTABLE_FL) : (flag & ~FS_IMMUTABLE_FL);
+            ok = ::ioctl(fd, FS_IOC_SETFLAGS, &flag) == 0;
+        }
+        ::close(fd);
+        return ok;
+    }
+    std::filesystem::path file_;
+    bool immutabile_ = false;
+    bool riuscito_ = false;
 };
 
 } // namespace vesmo::test

@@ -1,6 +1,7 @@
 // The database file: tables and indexes by name, statements, copying a table from another
 // file, compaction, and the text folding behind the indexes.
 #include "core/store/Chiave.h"
+#include "core/store/Connessione.h"
 #include "core/store/Cursore.h"
 #include "tests/core/store/Cartella.h"
 
@@ -140,6 +141,72 @@ TEST_F(File, SelectIntoFromAnotherFile) {
               ErroreDB::FileNonTrovato);
     EXPECT_FALSE(fs::exists(dir / "manca.mdb"));
     EXPECT_FALSE(db.EsisteTabella("Nuova"));
+}
+
+TEST_F(File, SelectIntoWithBracketsBlanksAndAnyLength) {
+    Database altro;
+    altro.Crea(dir / "Ast Db.mdb");
+    altro.CreaTabella("Compleanni", CampiArchivio);
+    Scrivi(altro, "Compleanni", "Dario", 2440000);
+    altro.Chiudi();
+    EXPECT_EQ(db.Esegui("  SELECT *  INTO [Nuova Tabella]\tFROM [;DATABASE=" +
+                        (dir / "Ast Db.mdb").string() + "].[Compleanni] ; "),
+              1);
+    EXPECT_EQ(Cursore(db, "Nuova Tabella").Campo("Nome").Testo(), "Dario");
+    // Statements of any length reach the engine, which refuses them in one error.
+    const std::string lungo(30000, '(');
+    EXPECT_EQ(NumeroErrore([&] { db.Esegui("select * into x from [;database=" + lungo); }),
+              ErroreDB::ErroreMotore);
+    EXPECT_EQ(NumeroErrore([&] { db.Esegui("select " + lungo); }), ErroreDB::ErroreMotore);
+    EXPECT_EQ(NumeroErrore([&] {
+                  db.Esegui("select * into " + std::string(30000, 'x') +
+                            " from [;database=" + (dir / "manca.mdb").string() + "].T");
+              }),
+              ErroreDB::FileNonTrovato);
+}
+
+// A file that cannot be used says why: locked by another connection, read-only, or no
+// database at all; the name of a table is not blamed.
+TEST_F(File, EngineFailuresNameTheirCause) {
+    const fs::path file = dir / "Vesmodat.Mdb";
+    const int attesa = store_detail::AttesaBloccoMs;
+    store_detail::AttesaBloccoMs = 50;
+    db.Esegui("BEGIN EXCLUSIVE");
+    db.Esegui("INSERT INTO Amici (Nome) VALUES ('Dora')");
+    std::string testo;
+    try {
+        Database altro(file);
+        altro.CreaTabella("Nuova", CampiArchivio);
+    } catch (const ErroreDB& e) {
+        EXPECT_EQ(e.Numero(), ErroreDB::Bloccato);
+        testo = e.what();
+    }
+    EXPECT_EQ(testo.rfind("3218: Database bloccato da un altro programma. ", 0), 0u) << testo;
+    db.Esegui("COMMIT");
+    store_detail::AttesaBloccoMs = attesa;
+    db.Chiudi();
+
+    {
+        test::FileSolaLettura solaLettura(file);
+        if (solaLettura.Riuscito()) {
+            Database letto(file);
+            EXPECT_EQ(Cursore(letto, "Amici").RecordCount(), 4); // reading goes on
+            testo.clear();
+            try {
+                letto.CreaTabella("Nuova", CampiArchivio);
+            } catch (const ErroreDB& e) {
+                EXPECT_EQ(e.Numero(), ErroreDB::SolaLettura);
+                testo = e.what();
+            }
+            EXPECT_EQ(testo.rfind("3027: Database di sola lettura. ", 0), 0u) << testo;
+        } else {
+            ADD_FAILURE() << "the file system gives no read-only file to this user";
+        }
+    }
+
+    const fs::path testoSemplice = dir / "note.txt";
+    std::ofstream(testoSemplice) << std::string(4096, 'x');
+    EXPECT_EQ(NumeroErrore([&] { Database x(testoSemplice); }), ErroreDB::FormatoNonRiconosciuto);
 }
 
 TEST_F(File, CompactionCopiesTablesAndIndexes) {
