@@ -87,6 +87,22 @@ int GiorniDelMese(int mese, int anno) {
 
 } // namespace
 
+std::string UnaRiga(std::string_view testo) {
+    std::string r;
+    r.reserve(testo.size());
+    for (char c : testo) {
+        if (c == '\n')
+            r += "\\n";
+        else if (c == '\r')
+            r += "\\r";
+        else if ((static_cast<unsigned char>(c) < 0x20 && c != '\t') || c == 0x7f)
+            r += '?';
+        else
+            r += c;
+    }
+    return r;
+}
+
 std::size_t ContaCifre(std::string_view testo, std::size_t da) {
     std::size_t n = 0;
     while (da + n < testo.size() && testo[da + n] >= '0' && testo[da + n] <= '9')

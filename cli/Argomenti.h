@@ -67,6 +67,9 @@ double LeggiGiornoGiuliano(const std::string& testo, const std::string& cosa);
 // "GG/MM/AAAA HH:MM" split at the blanks into date and time; blanks around either are dropped
 // and a missing part is empty.
 std::pair<std::string, std::string> DividiDataOra(const std::string& testo);
+// A message made one line whatever the user typed: line ends read "\n", "\r", other control
+// characters "?".
+std::string UnaRiga(std::string_view testo);
 // How many digits stand in `testo` from position `da`.
 std::size_t ContaCifre(std::string_view testo, std::size_t da);
 

@@ -70,19 +70,19 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
     }
     auto it = comandi.find(parole[0]);
     if (it == comandi.end()) {
-        err << "vesmo-cli: comando sconosciuto: " << parole[0] << '\n';
+        err << "vesmo-cli: comando sconosciuto: " << UnaRiga(parole[0]) << '\n';
         return 2;
     }
     try {
         return it->second(Parole(parole.begin() + 1, parole.end()), out);
     } catch (const ErroreArgomenti& e) {
-        err << "vesmo-cli " << parole[0] << ": " << e.what() << '\n';
+        err << "vesmo-cli " << parole[0] << ": " << UnaRiga(e.what()) << '\n';
         return 2;
     } catch (const ErroreAritmetico& e) {
-        err << "vesmo-cli " << parole[0] << ": errore di calcolo: " << e.what() << '\n';
+        err << "vesmo-cli " << parole[0] << ": errore di calcolo: " << UnaRiga(e.what()) << '\n';
         return 1;
     } catch (const std::exception& e) {
-        err << "vesmo-cli " << parole[0] << ": " << e.what() << '\n';
+        err << "vesmo-cli " << parole[0] << ": " << UnaRiga(e.what()) << '\n';
         return 1;
     }
 }

@@ -26,12 +26,11 @@ public:
     static constexpr int NessunRecordCorrente = 3021; // no current record
     static constexpr int ChiaveDuplicata = 3022;      // a unique index would hold a key twice
     static constexpr int FileNonTrovato = 3024;       // the database file does not exist
-    static constexpr int SolaLettura =
-        3027; // write through a read-only cursor or to a read-only file
-    static constexpr int TabellaNonTrovata = 3078;       // no table of that name
-    static constexpr int CampoTroppoPiccolo = 3163;      // text longer than the field's size
-    static constexpr int RecordEliminato = 3167;         // the record was deleted
-    static constexpr int DatabaseEsistente = 3204;       // create or compact onto an existing file
+    static constexpr int SolaLettura = 3027;          // write through a read-only cursor or file
+    static constexpr int TabellaNonTrovata = 3078;    // no table of that name
+    static constexpr int CampoTroppoPiccolo = 3163;   // text longer than the field's size
+    static constexpr int RecordEliminato = 3167;      // the record was deleted
+    static constexpr int DatabaseEsistente = 3204;    // create or compact onto an existing file
     static constexpr int OperazioneNonSupportata = 3251; // seek or index on an SQL cursor
     static constexpr int ElementoNonTrovato = 3265;      // no field or index of that name
     static constexpr int IndiceEsistente = 3284;         // create an index whose name exists

@@ -1,0 +1,329 @@
+// Every subcommand of vesmo-cli fed hostile values in every option it takes. The subcommands are
+// those the program lists itself (vesmo-cli --comandi), the options those that a subcommand does
+// not call unknown, and the other options a run needs are the ones its own messages ask for; so
+// a subcommand added later is covered as it is. Each run must end with status 0, 1 or 2, never a
+// signal or a sanitizer report; a refusal is one line on stderr and nothing on stdout; and a value
+// that no option can take is a bad argument (status 2) wherever a typed value is checked.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <iostream>
+#include <map>
+#include <set>
+#include <sstream>
+#include <stdlib.h>
+
+#include "cli/Comandi.h"
+#include "core/Aritmetica.h"
+#include "tests/places/AiutoLuoghi.h"
+
+using namespace vesmo;
+
+namespace {
+
+struct Esito {
+    int stato;
+    std::string out, err;
+};
+
+Esito Lancia(const std::vector<std::string>& parole) {
+    std::ostringstream out, err;
+    int stato = cli::Esegui(parole, out, err);
+    return {stato, out.str(), err.str()};
+}
+
+// Values that no option may take: not numbers, dates, times, coordinates or names of anything.
+std::vector<std::string> Inaccettabili() {
+    return {"",
+            "nan",
+            "NaN",
+            "-nan",
+            "inf",
+            "-inf",
+            "1e400",
+            "-1e400",
+            std::string(30000, '9'),
+            "-" + std::string(30000, '9'),
+            "1e" + std::string(30000, '9'),
+            "\xff\xfe",
+            "\xc3\x28",
+            "a\xff"
+            "b",
+            "'; DROP TABLE AllCity; --",
+            "\" OR 1=1 --",
+            "%",
+            "_%",
+            "[;database=/etc/passwd].x",
+            "1/1/-99999",
+            "99/99/99999",
+            "\x01\x02\x7f",
+            "a\nb"};
+}
+
+// Values that may or may not be taken, at the edges of what options accept.
+std::vector<std::string> AiMargini() {
+    std::vector<std::string> v{
+        " ", "\t", "-", "--", "---x", ".", "+", "e", "E5", "1e30", "-1e30", "1e308", "1e-400",
+        "0x1p3", "0", "-0", "00", "1,5", "1.5.5", "\xef\xbc\x91\xef\xbc\x92", "\xd9\xa3",
+        "2147483648", "-2147483649", "9223372036854775808", "18446744073709551616",
+        "0." + std::string(30000, '0') + "1", std::string(30000, 'x'), std::string(100000, 'a'),
+        "'", "\"", "\\", "[", "]", "select * from AllCity", "\xed\xa0\x80", "\xf4\x90\x80\x80",
+        "\xc0\xaf", "\n", "\r\n", "\xc3\xa9", "Citt\xc3\xa0", "\xf0\x9f\x9c\x82",
+        // dates
+        "00/00/0000", "0/0/0", "31/12/-4713", "1/1/-4712", "01/01/-4712", "31/12/9999", "1/1/10000",
+        "29/02/1900", "29/02/2000", "5/10/1582", "15/10/1582", "4/10/1582", "31/04/2000",
+        "1/1/" + std::string(30000, '9'), "01/01/2000 ", " 01/01/2000", "1/1/2026 12:00",
+        "1/1/2026 ", "1/1/2026\t", "01-01-2000", "2000/01/01", "1/1/-0",
+        // times
+        "24:00", "23:59:60", "23:59:59.9999999", "00:00", "-1:00", "12:60", "1:2:3.",
+        "12:00:00." + std::string(30000, '0'), "99:99:99", "12:00:00:00",
+        // coordinates
+        "181E00", "180E00", "180W00", "90N00", "91S00", "0E00", "11E53'30", "11E53 30.5",
+        "11E53'99", "11E5", "11.E", "11.8818E", "999.9E", "11e53", "1E" + std::string(30000, '0'),
+        "11X53", "45N24'60", "45N24'" + std::string(30000, '5'), "0.0000001S",
+        // numbers at the limits
+        "-15", "15", "15.0001", "-3", "3", "3.0001", "-360", "360", "361", "1", "12", "13", "31",
+        "32", "22", "23", "0.5", "-0.5", "5373484.5", "5373484.6", "-1", "2451545",
+        "2451545.9999999999", "1e-320", "4.9e-324",
+        // names
+        "Padova", "padova", "PADOVA", "Padova ", " Padova", "Pad", "Xyzzy Nowhere", "Italy",
+        "Zzzzzz", "solare", "sinodica", "natale", "Marte", "Nodo", "geo", "topo", "x.png", "x.svg",
+        "/nonexistent/x.pdf"};
+    // The same texts with blanks around them, and signs in front.
+    const std::size_t n = v.size();
+    for (std::size_t i = 0; i < n; i += 3) {
+        if (v[i].size() > 100) continue;
+        v.push_back(v[i] + " ");
+        v.push_back(" " + v[i]);
+        v.push_back("-" + v[i]);
+    }
+    return v;
+}
+
+// Valid values by option name, to get a run past the options it needs.
+std::map<std::string, std::string> Validi(const std::string& db, const std::string& immagine) {
+    return {{"data", "10/04/1987"},
+            {"ora", "19:30"},
+            {"lon", "11E53"},
+            {"lat", "45N24"},
+            {"fuso", "-1"},
+            {"estiva", "1"},
+            {"tipo", "tropica"},
+            {"anno", "2000"},
+            {"pianeta", "Marte"},
+            {"bersaglio", "10"},
+            {"partenza", "2451545"},
+            {"anni", "30"},
+            {"jd", "2451545"},
+            {"city", "Padova"},
+            {"nazione", "Italy"},
+            {"con-data", "11/04/1987"},
+            {"con-ora", "12:00"},
+            {"out", immagine},
+            {"size", "16"},
+            {"transito", "1/1/2026 12:00"},
+            {"db", db}};
+}
+
+// The "--name" words of a text, in order.
+std::vector<std::string> OpzioniNominate(const std::string& testo) {
+    std::vector<std::string> r;
+    for (std::size_t p = testo.find("--"); p != std::string::npos; p = testo.find("--", p + 2)) {
+        std::size_t i = p + 2;
+        while (i < testo.size() && ((testo[i] >= 'a' && testo[i] <= 'z') || testo[i] == '-'))
+            ++i;
+        if (i > p + 2) r.push_back(testo.substr(p + 2, i - p - 2));
+        p = i - 2;
+    }
+    return r;
+}
+
+std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+class CliOstile : public ::testing::Test {
+protected:
+    test::CartellaLuoghi cartella;
+    std::string db = (cartella / "Vesmodat.Mdb").string();
+    std::map<std::string, std::string> validi = Validi(db, (cartella / "ruota.png").string());
+    std::string fallimenti;
+    int numeroFallimenti = 0;
+    int esecuzioni = 0;
+    int riusciti = 0;
+
+    void SetUp() override {
+        // The ingress search writes its scratch table to the temporary folder at every run: on
+        // a memory file system the waits on the disk do not add up over hundreds of runs.
+        std::error_code ec;
+        if (std::filesystem::is_directory("/dev/shm", ec)) ::setenv("TMPDIR", "/dev/shm", 1);
+        Database d = test::DatabaseLuoghi(db);
+        test::AggiungiCity(d, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+        test::AggiungiCity(d, 380, "Vigonovo (VE)", -GradiDecimali(12, 3, 0) / 15, 45.38, 1, 1);
+        test::AggiungiFuso(d, 1, 1, 1, 1900, "-1", "00");
+        test::AggiungiEstiva(d, 1, 1, 1, 1900, 0, 0, 0, 0);
+        test::AggiungiEstiva(d, 1, 29, 3, 1987, 2, 0, 1, 0);
+        test::AggiungiEstiva(d, 1, 27, 9, 1987, 3, 0, 0, 0);
+    }
+
+    void Fallisce(const std::vector<std::string>& parole, const Esito& e, const std::string& cosa) {
+        if (++numeroFallimenti > 25) return;
+        std::string riga;
+        for (const auto& p : parole)
+            riga += "[" + p.substr(0, 40) + "] ";
+        fallimenti += cosa + " (status " + std::to_string(e.stato) + "): " + riga +
+                      "\n  err: " + e.err.substr(0, 200) + "\n";
+    }
+
+    // Runs one line and checks what every run must keep.
+    Esito Prova(const std::vector<std::string>& parole, bool deveRifiutare) {
+        ++esecuzioni;
+        Esito e = Lancia(parole);
+        if (e.stato == 0) ++riusciti;
+        const auto righe = std::count(e.err.begin(), e.err.end(), '\n');
+        if (e.stato < 0 || e.stato > 2) Fallisce(parole, e, "status outside 0-2");
+        if (e.stato != 0 && !e.out.empty()) Fallisce(parole, e, "output with a failure");
+        if (e.stato == 2 &&
+            (righe != 1 || e.err.back() != '\n' || e.err.rfind("vesmo-cli", 0) != 0))
+            Fallisce(parole, e, "a refusal not in one line");
+        if (e.stato == 1 && righe > 1) Fallisce(parole, e, "a failed lookup in more than one line");
+        if (deveRifiutare && e.stato != 2) Fallisce(parole, e, "a value no option takes, taken");
+        return e;
+    }
+
+    std::set<std::string> Accettate(const std::string& comando,
+                                    const std::vector<std::string>& candidate) {
+        std::set<std::string> r;
+        for (const auto& o : candidate) {
+            Esito e = Lancia({comando, "--" + o, "1"});
+            if (e.err.find("opzione sconosciuta: --" + o + "\n") == std::string::npos) r.insert(o);
+        }
+        return r;
+    }
+
+    // Adds or removes the options that the command's message names, until the run gets past
+    // them or nothing more can be done. `fisse` are never removed.
+    std::vector<std::pair<std::string, std::string>>
+    Completa(const std::string& comando, const std::vector<std::string>& posizionali,
+             std::vector<std::pair<std::string, std::string>> opzioni,
+             const std::set<std::string>& accettate, const std::set<std::string>& fisse) {
+        for (int giro = 0; giro < 12; ++giro) {
+            std::vector<std::string> parole = Con({comando}, posizionali);
+            for (const auto& [o, v] : opzioni)
+                parole = Con(parole, {"--" + o, v});
+            Esito e = Lancia(parole);
+            if (e.stato != 2) break;
+            bool cambiato = false;
+            for (const auto& nome : OpzioniNominate(e.err)) {
+                if (fisse.count(nome)) continue;
+                auto presente = std::find_if(opzioni.begin(), opzioni.end(),
+                                             [&](const auto& p) { return p.first == nome; });
+                if (presente != opzioni.end()) {
+                    opzioni.erase(presente);
+                } else if (accettate.count(nome) && validi.count(nome)) {
+                    opzioni.emplace_back(nome, validi.at(nome));
+                } else {
+                    continue;
+                }
+                cambiato = true;
+                break;
+            }
+            if (!cambiato) break;
+        }
+        return opzioni;
+    }
+};
+
+TEST_F(CliOstile, OgniComandoOgniOpzione) {
+    Esito elenco = Lancia({"--comandi"});
+    ASSERT_EQ(elenco.stato, 0);
+    std::vector<std::string> comandi;
+    std::istringstream righe(elenco.out);
+    for (std::string c; std::getline(righe, c);)
+        comandi.push_back(c);
+    ASSERT_GE(comandi.size(), 10u) << elenco.out;
+    const std::string aiuto = Lancia({"--help"}).out;
+    std::vector<std::string> candidate = OpzioniNominate(aiuto);
+    candidate.insert(candidate.end(), {"json", "db"});
+    std::sort(candidate.begin(), candidate.end());
+    candidate.erase(std::unique(candidate.begin(), candidate.end()), candidate.end());
+    candidate.erase(std::remove(candidate.begin(), candidate.end(), "comandi"), candidate.end());
+
+    const auto inaccettabili = Inaccettabili();
+    std::vector<std::string> tutti = inaccettabili;
+    for (const auto& v : AiMargini())
+        tutti.push_back(v);
+    ASSERT_GE(tutti.size(), 200u);
+
+    // A word that is no command, and no word at all, are bad arguments.
+    for (const auto& v : inaccettabili)
+        Prova({v}, true);
+
+    for (const auto& comando : comandi) {
+        SCOPED_TRACE(comando);
+        const auto accettate = Accettate(comando, candidate);
+        // The positional words the command needs, if any: the first that a run takes.
+        std::vector<std::string> posizionali;
+        std::vector<std::pair<std::string, std::string>> base;
+        if (accettate.count("db")) base.emplace_back("db", db);
+        for (const char* p : {"01/01/2000", "2451545", "Pad"}) {
+            std::vector<std::string> prova{comando, p};
+            if (accettate.count("db")) prova = Con(prova, {"--db", db});
+            if (Lancia(prova).stato != 2) {
+                posizionali.push_back(p);
+                break;
+            }
+        }
+        base = Completa(comando, posizionali, base, accettate, {"db"});
+
+        // Each option in turn takes every value, the others as the base needs them.
+        int opzioniProvate = 0;
+        for (const auto& o : accettate) {
+            auto senza = base;
+            std::erase_if(senza, [&](const auto& p) { return p.first == o; });
+            auto conValido = senza;
+            conValido.emplace_back(o, validi.count(o) ? validi.at(o) : "1");
+            auto opzioni = Completa(comando, posizionali, conValido, accettate, {o, "db"});
+            std::erase_if(opzioni, [&](const auto& p) { return p.first == o; });
+            std::vector<std::string> parole = Con({comando}, posizionali);
+            for (const auto& [nome, v] : opzioni)
+                parole = Con(parole, {"--" + nome, v});
+            // What the option is: checked (a stray word is refused), looked up (not found), or
+            // free text (any value is taken). Every option takes all the values that none may
+            // take; the others go round the options of the command, a share to each (a smaller
+            // one to free text and lookups, which run the whole command for most values).
+            const int tipo = Lancia(Con(parole, {"--" + o, "zz\xc2\xa7"})).stato;
+            const std::size_t quota = tipo == 2 ? 8 : 30;
+            for (std::size_t i = 0; i < tutti.size(); ++i) {
+                const bool inaccettabile = i < inaccettabili.size();
+                if (!inaccettabile && (i + static_cast<std::size_t>(opzioniProvate)) % quota != 0)
+                    continue;
+                Prova(Con(parole, {"--" + o, tutti[i]}), tipo == 2 && inaccettabile);
+            }
+            ++opzioniProvate;
+        }
+        EXPECT_GT(opzioniProvate, 0);
+
+        // Each positional word in turn, and a stray word where none is expected.
+        std::vector<std::string> resto;
+        for (const auto& [nome, v] : base)
+            resto = Con(resto, {"--" + nome, v});
+        for (std::size_t k = 0; k <= posizionali.size(); ++k) {
+            for (std::size_t i = k % 4; i < tutti.size(); i += 4) {
+                auto p = posizionali;
+                if (k < p.size())
+                    p[k] = tutti[i];
+                else
+                    p.push_back(tutti[i]);
+                Prova(Con(Con({comando}, p), resto), false);
+            }
+        }
+    }
+    EXPECT_EQ(numeroFallimenti, 0) << fallimenti;
+    EXPECT_GT(riusciti, 0);
+    std::cout << esecuzioni << " runs of " << comandi.size() << " commands, " << riusciti
+              << " of them taken\n";
+}
+
+} // namespace
