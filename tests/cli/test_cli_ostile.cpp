@@ -152,12 +152,16 @@ protected:
     int numeroFallimenti = 0;
     int esecuzioni = 0;
     int riusciti = 0;
+    std::filesystem::path cartellaDiPrima;
 
     void SetUp() override {
         // The ingress search writes its scratch table to the temporary folder at every run: on
         // a memory file system the waits on the disk do not add up over hundreds of runs.
         std::error_code ec;
         if (std::filesystem::is_directory("/dev/shm", ec)) ::setenv("TMPDIR", "/dev/shm", 1);
+        // Images named by a relative path land in the test's own folder.
+        cartellaDiPrima = std::filesystem::current_path();
+        std::filesystem::current_path(cartella / ".");
         Database d = test::DatabaseLuoghi(db);
         test::AggiungiCity(d, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
         test::AggiungiCity(d, 380, "Vigonovo (VE)", -GradiDecimali(12, 3, 0) / 15, 45.38, 1, 1);
@@ -166,6 +170,8 @@ protected:
         test::AggiungiEstiva(d, 1, 29, 3, 1987, 2, 0, 1, 0);
         test::AggiungiEstiva(d, 1, 27, 9, 1987, 3, 0, 0, 0);
     }
+
+    void TearDown() override { std::filesystem::current_path(cartellaDiPrima); }
 
     void Fallisce(const std::vector<std::string>& parole, const Esito& e, const std::string& cosa) {
         if (++numeroFallimenti > 25) return;
