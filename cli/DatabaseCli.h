@@ -9,7 +9,8 @@
 namespace vesmo::cli {
 
 // --db FILE; else data/Vesmodat.Mdb of the source tree the program was built in (the program
-// stands in build/<dir>/cli/); else ./data/Vesmodat.Mdb.
+// stands in build/<dir>/cli/); else, installed, the workstation's database (its settings' choice
+// or the user's copy of the delivered one); else ./data/Vesmodat.Mdb.
 std::filesystem::path FileDatabase(const Argomenti& a);
 
 // Opens FileDatabase(a); a missing file is told in one line (status 1).
