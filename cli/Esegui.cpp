@@ -27,7 +27,8 @@ const char* const Uso =
     "                               quando il pianeta sarà sul grado G\n"
     "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
-    "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
+    "  cerca TESTO [--nazione NOME] i primi 20 luoghi il cui nome comincia con TESTO, poi\n"
+    "                               quelli con un altro nome che comincia così\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
     "  se no (programma installato) il database dell'utente, se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT

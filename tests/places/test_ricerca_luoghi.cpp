@@ -189,6 +189,7 @@ TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
          1,
          "vesmo-cli luogo: luogo sconosciuto: Pa; forse: Parigné, Paris, Paris (ON)\n"},
         {{"--city", std::string(30000, '7')}, 1, nullptr},
+        {{"--city", "\xff\xfe"}, 1, nullptr},
     };
     for (const Caso& c : casi) {
         std::vector<std::string> parole{"luogo", "--data", "01/07/2000", "--ora", "12:00"};
@@ -199,6 +200,20 @@ TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
             EXPECT_EQ(err, c.errore);
         }
         EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << c.parole[1];
+    }
+    // Every command that casts a chart from a place asks the same.
+    const std::vector<std::vector<std::string>> comandi{
+        {"tema"},
+        {"direzione", "--anni", "30"},
+        {"rivoluzione", "--tipo", "solare", "--anno", "2026"}};
+    for (std::vector<std::string> parole : comandi) {
+        const std::string comando = parole[0];
+        for (const char* p : {"--data", "10/04/1987", "--ora", "19:30", "--city", "Padov"})
+            parole.push_back(p);
+        std::string out, err;
+        EXPECT_EQ(Esegui(parole, file, out, err), 1) << comando;
+        EXPECT_EQ(err, "vesmo-cli " + comando +
+                           ": luogo sconosciuto: Padov; forse: Parigné, Paris, Paris (ON)\n");
     }
     // Found: the whole name, case, accents and blanks aside; the Italian one without letters;
     // another name.
