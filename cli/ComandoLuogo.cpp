@@ -92,6 +92,7 @@ LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
     r.cFusi = m.Data1.Campo("cFusi").Intero();
     r.cEst = m.Data1.Campo("cEst").Intero();
     r.testoData = m.campi.Text3 + '/' + m.campi.Text4 + '/' + m.campi.Text5;
+    r.nomeAlt = luogo.NomeAlt;
     return r;
 }
 
@@ -132,11 +133,13 @@ int ComandoLuogo(const Parole& parole, std::ostream& out) {
             .Numero("Estiva", t.Estiva)
             .Campo("LMT", lmt ? "true" : "false")
             .Testo("Messaggio", messaggio);
+        if (!r.nomeAlt.empty()) j.Testo("NomeAlt", r.nomeAlt);
         out << j.str() << '\n';
         return 0;
     }
-    out << "City       " << t.City.Valore() << '\n'
-        << "Stato      " << t.Stato.Valore() << " (" << t.cNaz << ")\n"
+    out << "City       " << t.City.Valore() << '\n';
+    if (!r.nomeAlt.empty()) out << "Trovato    " << r.nomeAlt << " → " << t.City.Valore() << '\n';
+    out << "Stato      " << t.Stato.Valore() << " (" << t.cNaz << ")\n"
         << "Lon        " << TestoNumeroPunto(t.Lon) << " h  " << TestoCoordinata(t.Lon, 1, 0, false)
         << '\n'
         << "Lat        " << TestoNumeroPunto(t.Lat) << "°  " << TestoCoordinata(t.Lat, 0, 1, false)

@@ -221,25 +221,34 @@ TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
         std::vector<std::string> parole;
         const char* city;
         const char* stato;
+        const char* nomeAlt; // the other name said, "" when the own name found it
     };
     const std::vector<Trovato> trovati{
-        {{"--city", " vÈnezia  "}, "Venezia", "Italy"},
-        {{"--city", "castelvecchio", "--nazione", "Italy"}, "Castelvecchio (PG)", "Italy"},
-        {{"--city", "Parigi"}, "Paris", "France"},
-        {{"--city", "Parigi", "--nazione", "Canada"}, "Paris (ON)", "Canada"},
-        {{"--city", "toronto (on)"}, "Toronto (ON)", "Canada"},
+        {{"--city", " vÈnezia  "}, "Venezia", "Italy", ""},
+        {{"--city", "castelvecchio", "--nazione", "Italy"}, "Castelvecchio (PG)", "Italy", ""},
+        {{"--city", "Parigi"}, "Paris", "France", "Parigi"},
+        {{"--city", "parigi", "--nazione", "Canada"}, "Paris (ON)", "Canada", "Parigi"},
+        {{"--city", "toronto (on)"}, "Toronto (ON)", "Canada", ""},
     };
     for (const Trovato& t : trovati) {
-        std::vector<std::string> parole{"luogo", "--data", "01/07/2000",
-                                        "--ora", "12:00",  "--json"};
+        std::vector<std::string> parole{"luogo", "--data", "01/07/2000", "--ora", "12:00"};
         parole.insert(parole.end(), t.parole.begin(), t.parole.end());
         std::string out, err;
+        ASSERT_EQ(Esegui(parole, file, out, err), 0) << t.parole[1] << err;
+        const std::string riga = std::string("City       ") + t.city + "\n";
+        const std::string trovato =
+            *t.nomeAlt ? std::string("Trovato    ") + t.nomeAlt + " → " + t.city + "\n" : "";
+        EXPECT_EQ(out.rfind(riga + trovato + "Stato      " + t.stato, 0), 0u) << out;
+        parole.push_back("--json");
         ASSERT_EQ(Esegui(parole, file, out, err), 0) << t.parole[1] << err;
         EXPECT_EQ(
             out.rfind(std::string("{\"City\": \"") + t.city + "\", \"Stato\": \"" + t.stato + "\"",
                       0),
             0u)
             << out;
+        const std::string fine =
+            *t.nomeAlt ? std::string(", \"NomeAlt\": \"") + t.nomeAlt + "\"}\n" : "\"}\n";
+        EXPECT_EQ(out.substr(out.size() - fine.size()), fine) << out;
     }
 }
 
