@@ -68,25 +68,20 @@ std::size_t ScriviLuoghi(Database& db, const std::vector<LuogoGeo>& luoghi,
                          const std::map<std::string, std::int32_t>& codici,
                          const std::map<std::string, std::int32_t>& cNaz,
                          std::size_t* alternativi) {
-    // Rows go in by nation and name, so that the file does not depend on the order of the dump.
+    // Rows go in by people, the most first, then by GeoNames number: the file does not depend
+    // on the order of the dump, and of places of one name in several nations the largest comes
+    // first in the order by city. The rank in this order goes with the other names, so that a
+    // name shared by several places finds the largest first.
     std::vector<std::size_t> ordine(luoghi.size());
     std::iota(ordine.begin(), ordine.end(), std::size_t{0});
-    // The rank of each place by its people, the most first: the first place an other name
-    // shared by several places finds.
-    std::vector<std::size_t> perPopolazione = ordine;
-    std::sort(perPopolazione.begin(), perPopolazione.end(), [&](std::size_t a, std::size_t b) {
+    std::sort(ordine.begin(), ordine.end(), [&](std::size_t a, std::size_t b) {
         if (luoghi[a].popolazione != luoghi[b].popolazione)
             return luoghi[a].popolazione > luoghi[b].popolazione;
         return luoghi[a].id < luoghi[b].id;
     });
     std::vector<std::int32_t> rango(luoghi.size());
-    for (std::size_t k = 0; k < perPopolazione.size(); ++k)
-        rango[perPopolazione[k]] = static_cast<std::int32_t>(k);
-    std::sort(ordine.begin(), ordine.end(), [&](std::size_t a, std::size_t b) {
-        if (luoghi[a].paese != luoghi[b].paese) return luoghi[a].paese < luoghi[b].paese;
-        if (nomi[a] != nomi[b]) return nomi[a] < nomi[b];
-        return luoghi[a].id < luoghi[b].id;
-    });
+    for (std::size_t k = 0; k < ordine.size(); ++k)
+        rango[ordine[k]] = static_cast<std::int32_t>(k);
     Cursore c(db, "AllCity");
     std::optional<Cursore> alt;
     if (db.EsisteTabella(TabellaNomiAlternativi)) alt.emplace(db, TabellaNomiAlternativi);

@@ -390,6 +390,43 @@ TEST_F(ComuniCampione, GeoNamesNamesStillFindTheirPlaces) {
     EXPECT_NEAR(lon, -12.51133 / 15, 1e-9);
 }
 
+TEST(LuoghiOmonimi, OfOneNameInSeveralNationsTheLargestIsTakenWithoutANation) {
+    test::CartellaLuoghi cartella;
+    const auto cities = cartella / "cities.txt";
+    {
+        std::ofstream f(cities);
+        auto riga = [&](int id, const char* paese, double lat, double lon, long popolazione,
+                        const char* zona) {
+            f << id << "\tRoma\tRoma\t\t" << lat << '\t' << lon << "\tP\tPPL\t" << paese
+              << "\t\t01\t\t\t\t" << popolazione << "\t\t100\t" << zona << "\t2024-01-01\n";
+        };
+        // Nations before Italy in the order of their letters.
+        riga(2677234, "AL", 41.3, 19.8, 900, "Europe/Tirane");
+        riga(666, "AR", -34.6, -58.4, 12000, "America/Argentina/Buenos_Aires");
+        riga(3169070, "IT", 41.89193, 12.51133, 2318895, "Europe/Rome");
+    }
+    FontiCostruzione f;
+    f.cities = cities;
+    f.nazioni = "/usr/share/iso-codes/json/iso_3166-1.json";
+    const auto db = cartella / "Vesmodat.Mdb";
+    CostruisciDatabaseLuoghi(f, db);
+    struct Caso {
+        std::vector<std::string> parole;
+        const char* stato;
+    };
+    for (const Caso& c : {Caso{{"--city", "Roma"}, "Italy"},
+                          Caso{{"--city", "roma", "--nazione", "Albania"}, "Albania"},
+                          Caso{{"--city", "Roma", "--nazione", "Argentina"}, "Argentina"}}) {
+        std::vector<std::string> parole{"luogo", "--data", "01/07/2000",
+                                        "--ora", "12:00",  "--json"};
+        parole.insert(parole.end(), c.parole.begin(), c.parole.end());
+        std::string out, err;
+        ASSERT_EQ(Esegui(parole, db, out, err), 0) << err;
+        EXPECT_NE(out.find(std::string("\"Stato\": \"") + c.stato + "\""), std::string::npos)
+            << out;
+    }
+}
+
 TEST(ComuniDatabaseIntero, EachComuneOfTheSampleIsFoundAtItsSeat) {
     const std::filesystem::path file = VESMO_DB_LUOGHI;
     if (!std::filesystem::exists(file))
