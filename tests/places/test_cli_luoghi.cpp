@@ -6,6 +6,7 @@
 
 #include "cli/Comandi.h"
 #include "places/CostruzioneLuoghi.h"
+#include "tests/places/AiutoCli.h"
 #include "tests/places/AiutoLuoghi.h"
 
 namespace vesmo {
@@ -31,13 +32,7 @@ protected:
     void SetUp() override { riepilogo = CostruisciDatabaseLuoghi(Fonti(), db); }
 
     int Esegui(std::vector<std::string> parole, std::string& out, std::string& err) {
-        parole.push_back("--db");
-        parole.push_back(db.string());
-        std::ostringstream o, e;
-        const int stato = cli::Esegui(parole, o, e);
-        out = o.str();
-        err = e.str();
-        return stato;
+        return test::EseguiSuDatabase(std::move(parole), db, out, err);
     }
 };
 

@@ -11,6 +11,7 @@
 #include "places/CostruzioneLuoghi.h"
 #include "places/ModelloLuoghi.h"
 #include "places/RicercaLuoghi.h"
+#include "tests/places/AiutoCli.h"
 #include "tests/places/AiutoLuoghi.h"
 
 namespace vesmo {
@@ -31,13 +32,7 @@ void AggiungiNomeAlt(Database& db, int cNaz, const std::string& nome, const std:
 
 int Esegui(std::vector<std::string> parole, const std::filesystem::path& db, std::string& out,
            std::string& err) {
-    parole.push_back("--db");
-    parole.push_back(db.string());
-    std::ostringstream o, e;
-    const int stato = cli::Esegui(parole, o, e);
-    out = o.str();
-    err = e.str();
-    return stato;
+    return test::EseguiSuDatabase(std::move(parole), db, out, err);
 }
 
 // A few places of Italy, France and Canada with some other names.
