@@ -32,8 +32,7 @@ TEST(CliCalcolatrici, RisposteComeLeFinestre) {
         // 1993: 59.12 seconds of the table.
         {{"deltat", "--data", "01/06/1993"}, "DeltaT = 59,12s  = 0,9853m  = 0,0164h\n"},
         // 1900 between 1895 and 1903: -0.0375 minutes.
-        {{"deltat", "--data", "01/06/1900", "--json"},
-         "{\"DeltaT\": -0.0375, \"Secondi\": -2.25}\n"},
+        {{"deltat", "--data", "01/06/1900"}, "DeltaT = -2,25s  = -0,0375m  = -0,0006h\n"},
         // 15 decimal degrees.
         {{"formati", "--gradi-decimali", "15", "--json"},
          "{\"Text1\": \"15\", \"Text2\": \"0\", \"Text3\": \"0,0\", \"Text4\": \"1\", \"Text5\": "
