@@ -282,6 +282,12 @@ TEST_F(NomiDeiLuoghi, CercaListsOwnNamesThenOtherNamesMarked) {
     EXPECT_NE(out.find("\"NomeAlt\": \"Parigi\"}"), std::string::npos) << out;
     EXPECT_EQ(Esegui({"cerca", "Xyz"}, file, out, err), 1);
     EXPECT_EQ(err, "vesmo-cli cerca: nessun luogo a partire da Xyz\n");
+    // Hostile texts are no names: a failed search, on one line.
+    for (const std::string& ostile : {std::string(30000, 'V'), std::string("\xff\xfe"),
+                                      std::string("V' OR 1=1 --"), std::string()}) {
+        EXPECT_EQ(Esegui({"cerca", ostile}, file, out, err), 1) << ostile.substr(0, 20);
+        EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1);
+    }
 }
 
 // The sample of comuni drawn by tests/data/places/campione-comuni.py: each is looked up by its
