@@ -183,7 +183,8 @@ protected:
     }
 
     // Runs one line and checks what every run must keep.
-    Esito Prova(const std::vector<std::string>& parole, bool deveRifiutare) {
+    Esito Prova(const std::vector<std::string>& parole, bool deveRifiutare,
+                bool nonDeveTrovare = false) {
         ++esecuzioni;
         Esito e = Lancia(parole);
         if (e.stato == 0) ++riusciti;
@@ -195,6 +196,7 @@ protected:
             Fallisce(parole, e, "a refusal not in one line");
         if (e.stato == 1 && righe > 1) Fallisce(parole, e, "a failed lookup in more than one line");
         if (deveRifiutare && e.stato != 2) Fallisce(parole, e, "a value no option takes, taken");
+        if (nonDeveTrovare && e.stato == 0) Fallisce(parole, e, "a lookup of no name, found");
         return e;
     }
 
@@ -297,15 +299,17 @@ TEST_F(CliOstile, OgniComandoOgniOpzione) {
                 parole = Con(parole, {"--" + nome, v});
             // What the option is: checked (a stray word is refused), looked up (not found), or
             // free text (any value is taken). Every option takes all the values that none may
-            // take; the others go round the options of the command, a share to each (a smaller
-            // one to free text and lookups, which run the whole command for most values).
+            // take, which a checked option refuses and a lookup does not find; the others go
+            // round the options of the command, a share to each (a smaller one to free text and
+            // lookups, which run the whole command for most values).
             const int tipo = Lancia(Con(parole, {"--" + o, "zz\xc2\xa7"})).stato;
             const std::size_t quota = tipo == 2 ? 8 : 30;
             for (std::size_t i = 0; i < tutti.size(); ++i) {
                 const bool inaccettabile = i < inaccettabili.size();
                 if (!inaccettabile && (i + static_cast<std::size_t>(opzioniProvate)) % quota != 0)
                     continue;
-                Prova(Con(parole, {"--" + o, tutti[i]}), tipo == 2 && inaccettabile);
+                Prova(Con(parole, {"--" + o, tutti[i]}), tipo == 2 && inaccettabile,
+                      tipo == 1 && inaccettabile);
             }
             ++opzioniProvate;
         }
