@@ -167,42 +167,43 @@ std::optional<std::string> NomeNuovoArchivio(const std::string& testo,
     return nome;
 }
 
+namespace {
+
+// What stops the database, in Italian and in English.
+struct Causa {
+    int numero;
+    const char* italiano;
+    const char* inglese;
+};
+constexpr Causa Cause[] = {
+    {ErroreDB::Bloccato, "Il DataBase è bloccato da un altro programma",
+     "The database is locked by another program."},
+    {ErroreDB::SolaLettura, "Il DataBase è di sola lettura", "The database is read-only."},
+    {ErroreDB::DiscoPieno, "Il disco del DataBase è pieno", "The disk of the database is full."},
+    {ErroreDB::ErroreDisco, "Errore del disco nel leggere o scrivere il DataBase",
+     "The disk failed to read or write the database."},
+    {ErroreDB::FileNonApribile, "Il DataBase non si può aprire (permessi del file)",
+     "The database cannot be opened (file permissions)."},
+    {ErroreDB::FormatoNonRiconosciuto, "Il file non è un DataBase valido o è danneggiato",
+     "The file is not a database, or it is damaged."},
+};
+
+const Causa* CercaCausa(int numero) {
+    for (const Causa& c : Cause)
+        if (c.numero == numero) return &c;
+    return nullptr;
+}
+
+} // namespace
+
 std::string CausaErroreDB(int numero) {
-    switch (numero) {
-    case ErroreDB::Bloccato:
-        return "Il DataBase è bloccato da un altro programma";
-    case ErroreDB::SolaLettura:
-        return "Il DataBase è di sola lettura";
-    case ErroreDB::DiscoPieno:
-        return "Il disco del DataBase è pieno";
-    case ErroreDB::ErroreDisco:
-        return "Errore del disco nel leggere o scrivere il DataBase";
-    case ErroreDB::FileNonApribile:
-        return "Il DataBase non si può aprire (permessi del file)";
-    case ErroreDB::FormatoNonRiconosciuto:
-        return "Il file non è un DataBase valido o è danneggiato";
-    default:
-        return "Errore " + std::to_string(numero) + " del DataBase";
-    }
+    const Causa* c = CercaCausa(numero);
+    return c ? c->italiano : "Errore " + std::to_string(numero) + " del DataBase";
 }
 
 std::string CausaErroreDBInglese(int numero) {
-    switch (numero) {
-    case ErroreDB::Bloccato:
-        return "The database is locked by another program.";
-    case ErroreDB::SolaLettura:
-        return "The database is read-only.";
-    case ErroreDB::DiscoPieno:
-        return "The disk of the database is full.";
-    case ErroreDB::ErroreDisco:
-        return "The disk failed to read or write the database.";
-    case ErroreDB::FileNonApribile:
-        return "The database cannot be opened (file permissions).";
-    case ErroreDB::FormatoNonRiconosciuto:
-        return "The file is not a database, or it is damaged.";
-    default:
-        return "Database error " + std::to_string(numero) + ".";
-    }
+    const Causa* c = CercaCausa(numero);
+    return c ? c->inglese : "Database error " + std::to_string(numero) + ".";
 }
 
 std::optional<std::string> CreaArchivioUtente(const std::string& fileDB, const std::string& testo,
