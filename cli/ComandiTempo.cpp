@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <iostream>
 #include <sstream>
+#include <stdexcept>
 
 #include "chart/CalcolaTema.h"
 #include "cli/Argomenti.h"
@@ -86,9 +87,9 @@ int Stampa(const Tema& t, std::int16_t lunaGeo, const Argomenti& a, std::ostream
     return 0;
 }
 
+// A search that finds nothing: its reason on one line of the command's stderr, status 1.
 int NonTrovato(const std::string& perche) {
-    std::cerr << "vesmo-cli: " << perche << '\n';
-    return 1;
+    throw std::runtime_error(perche);
 }
 
 int Riga(const Argomenti& a, const std::string& nome, int predefinita) {

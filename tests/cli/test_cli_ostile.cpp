@@ -194,7 +194,8 @@ protected:
         if (e.stato == 2 &&
             (righe != 1 || e.err.back() != '\n' || e.err.rfind("vesmo-cli", 0) != 0))
             Fallisce(parole, e, "a refusal not in one line");
-        if (e.stato == 1 && righe > 1) Fallisce(parole, e, "a failed lookup in more than one line");
+        if (e.stato == 1 && (righe != 1 || e.err.rfind("vesmo-cli", 0) != 0))
+            Fallisce(parole, e, "a failed lookup not in one line");
         if (deveRifiutare && e.stato != 2) Fallisce(parole, e, "a value no option takes, taken");
         if (nonDeveTrovare && e.stato == 0) Fallisce(parole, e, "a lookup of no name, found");
         return e;
