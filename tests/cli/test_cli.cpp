@@ -435,3 +435,38 @@ TEST(CliAspetti, DueTemi) {
         EXPECT_EQ(x.err, c.err);
     }
 }
+
+// With --city the second chart takes the zone and the summer time of its own date from the
+// places database: 10 April 1987 19:30 is summer time in Padova (TU 17:30), 1 January 1987 12:00
+// is not (TU 11:00).
+TEST(CliAspetti, SecondoTemaDalDatabase) {
+    test::CartellaLuoghi cartella;
+    {
+        Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+        test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+        test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
+        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
+        test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
+    }
+    Esito e = Lancia({"aspetti", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
+                      "--db", (cartella / "Vesmodat.Mdb").string(), "--con-data", "01/01/1987",
+                      "--con-ora", "12:00", "--json"});
+    ASSERT_EQ(e.stato, 0) << e.err;
+    auto jd = [&](const std::string& lato) {
+        const std::string chiave = "\"" + lato + "\": {\"Nome\": \"Tema\", \"JD\": ";
+        const auto dove = e.out.find(chiave);
+        EXPECT_NE(dove, std::string::npos) << lato;
+        return dove == std::string::npos
+                   ? 0.0
+                   : std::strtod(e.out.c_str() + dove + chiave.size(), nullptr);
+    };
+    EXPECT_NEAR(jd("Righe"), 2446895.5 + 17.5 / 24, 1e-9);
+    EXPECT_NEAR(jd("Colonne"), 2446796.5 + 11.0 / 24, 1e-9);
+    Esito estiva = Lancia({"aspetti", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
+                           "--db", (cartella / "Vesmodat.Mdb").string(), "--con-data", "01/01/1987",
+                           "--con-ora", "12:00", "--con-estiva", "1"});
+    EXPECT_EQ(estiva.stato, 2);
+    EXPECT_EQ(estiva.err, "vesmo-cli aspetti: --con-estiva non va con --city: l'ora estiva viene "
+                          "dal database dei luoghi\n");
+}
