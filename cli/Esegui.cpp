@@ -28,6 +28,10 @@ const char* const Uso =
     "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
+    "  salva OPZIONI-TEMA --archivio NOME [--doppio sovrascrivi|aggiungi]\n"
+    "                               scrive il tema nell'archivio (creato se manca)\n"
+    "  archivi                      gli archivi dei temi e quanti temi hanno\n"
+    "  archivio NOME                i temi di un archivio in ordine di nome\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
@@ -53,6 +57,9 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"ingresso", ComandoIngresso},
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
+        {"salva", ComandoSalva},
+        {"archivi", ComandoArchivi},
+        {"archivio", ComandoArchivio},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;
