@@ -10,38 +10,12 @@
 #include "tests/archives/AiutoArchivi.h"
 
 using namespace vesmo;
+using vesmo::test::TemaDiProva;
 
 namespace {
 
-Tema Carta(const std::string& nome, double ora = 12) {
-    Tema t;
-    t.Nome = nome;
-    t.City = "Padova";
-    t.Stato = "Italy";
-    t.Day = GiornoGiuliano(1987, 4, 10);
-    t.OraL = ora;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = GradiDecimali(45, 24, 0);
-    t.Fuso = -1;
-    t.Estiva = 1;
-    t.Cmto = "nota di " + nome;
-    return t;
-}
-
 class Gestione : public vesmo::test::ConArchivi {
 protected:
-    void Riempi(const std::string& archivio, const std::vector<std::string>& nomi) {
-        CreaArchivio(fileDB, archivio);
-        for (const std::string& n : nomi)
-            ASSERT_EQ(SalvaTema(fileDB, archivio, Carta(n), messaggi, "prova"),
-                      EsitoSalvataggio::Aggiunto);
-    }
-    std::vector<std::string> Nomi(const std::string& archivio) {
-        std::vector<std::string> r;
-        for (const Tema& t : Temi(archivio))
-            r.push_back(SenzaSpaziDestra(t.Nome.str()));
-        return r;
-    }
     using V = std::vector<std::string>;
 };
 
@@ -59,7 +33,7 @@ TEST_F(Gestione, TrasportoRaddoppiaEFinisceAncheSuSeStesso) {
     EXPECT_EQ(TrasportaArchivio(fileDB, "Amici", "Famiglia"), 2);
     EXPECT_EQ(Nomi("Famiglia"), (V{"Bruno", "Bruno", "Bruno", "Carla", "Carla"}));
     // The ten fields by value.
-    EXPECT_EQ(Temi("Famiglia").back(), Carta("Carla"));
+    EXPECT_EQ(Temi("Famiglia").back(), TemaDiProva("Carla"));
 
     // Into itself: the charts read before the first append, so the archive doubles once.
     EXPECT_EQ(TrasportaArchivio(fileDB, "Amici", "Amici"), 2);
@@ -110,7 +84,7 @@ TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
                       {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
     }
     for (const char* n : {"Zeno", "Ada", "Ugo"})
-        ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", Carta(n), messaggi, "prova"),
+        ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", TemaDiProva(n), messaggi, "prova"),
                   EsitoSalvataggio::Aggiunto);
 
     EsitoCompleanni e = ImportaCompleanni(fileDB, laterale, messaggi);
@@ -197,7 +171,7 @@ TEST_F(Gestione, CopiaTemaTieneICampiEGliSpazi) {
     rs.Index(IndiceArchivio);
     CopiaTemaIn(db, rs, "Famiglia");
     // No question about the name already there: two stand.
-    EXPECT_EQ(Temi("Famiglia"), (std::vector<Tema>{Carta("Anna"), Carta("Anna")}));
+    EXPECT_EQ(Temi("Famiglia"), (std::vector<Tema>{TemaDiProva("Anna"), TemaDiProva("Anna")}));
     Cursore f(db, "Famiglia");
     f.MoveLast();
     EXPECT_EQ(f.Campo("Nome").Testo(), "Anna                          ");
@@ -223,7 +197,7 @@ TEST(TestiSposta, Messaggi) {
 
 TEST(ImportaInSlot, OgniSlotConISuoiSegni) {
     Sessione s;
-    s.TemaX = Carta("Anna", 19.5);
+    s.TemaX = TemaDiProva("Anna", 19.5);
     s.PosX.Sole.Lo = 20.5;
     for (int slot = 0; slot < 4; ++slot)
         ImportaInSlot(s, slot);

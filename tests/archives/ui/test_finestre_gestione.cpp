@@ -19,34 +19,12 @@
 #include "tests/archives/AiutoArchivi.h"
 
 using namespace vesmo;
+using vesmo::test::TemaDiProva;
 
 namespace {
 
-Tema Carta(const std::string& nome) {
-    Tema t;
-    t.Nome = nome;
-    t.City = "Treviso";
-    t.Stato = "Italy";
-    t.Day = GiornoGiuliano(1975, 6, 2);
-    t.OraL = 4.25;
-    t.Fuso = -1;
-    return t;
-}
-
 class Gestione : public vesmo::test::ConArchivi {
 protected:
-    void Riempi(const std::string& archivio, const std::vector<std::string>& nomi) {
-        CreaArchivio(fileDB, archivio);
-        for (const std::string& n : nomi)
-            ASSERT_EQ(SalvaTema(fileDB, archivio, Carta(n), messaggi, "prova"),
-                      EsitoSalvataggio::Aggiunto);
-    }
-    std::vector<std::string> Nomi(const std::string& archivio) {
-        std::vector<std::string> r;
-        for (const Tema& t : Temi(archivio))
-            r.push_back(SenzaSpaziDestra(t.Nome.str()));
-        return r;
-    }
     static QStringList Voci(const QListWidget* l) {
         QStringList r;
         for (int i = 0; i < l->count(); ++i)
@@ -142,7 +120,7 @@ TEST_F(Gestione, CompleanniDueVolte) {
                       {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
     }
     for (const char* n : {"Ugo", "Ada"})
-        ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", Carta(n), messaggi, "prova"),
+        ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", TemaDiProva(n), messaggi, "prova"),
                   EsitoSalvataggio::Aggiunto);
 
     frmGesArchivi f(sessione, fileDB, messaggi, nullptr, cartella.Percorso().string());

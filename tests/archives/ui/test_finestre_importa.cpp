@@ -25,38 +25,12 @@
 #include "tests/archives/AiutoArchivi.h"
 
 using namespace vesmo;
+using vesmo::test::TemaDiProva;
 
 namespace {
 
-Tema Carta(const std::string& nome, const std::string& cmto = {}) {
-    Tema t;
-    t.Nome = nome;
-    t.City = "Padova";
-    t.Stato = "Italy";
-    t.Day = GiornoGiuliano(1987, 4, 10);
-    t.OraL = 19.5;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = GradiDecimali(45, 24, 0);
-    t.Fuso = -1;
-    t.Estiva = 1;
-    t.Cmto = cmto;
-    return t;
-}
-
 class Importa : public vesmo::test::ConArchivi {
 protected:
-    void Riempi(const std::string& archivio, const std::vector<std::string>& nomi) {
-        CreaArchivio(fileDB, archivio);
-        for (const std::string& n : nomi)
-            ASSERT_EQ(SalvaTema(fileDB, archivio, Carta(n, "nota " + n), messaggi, "prova"),
-                      EsitoSalvataggio::Aggiunto);
-    }
-    std::vector<std::string> Nomi(const std::string& archivio) {
-        std::vector<std::string> r;
-        for (const Tema& t : Temi(archivio))
-            r.push_back(SenzaSpaziDestra(t.Nome.str()));
-        return r;
-    }
     // The name in the grid's current row.
     static std::string Corrente(FinestraImporta& f) {
         QModelIndex i = f.DBGrid1->currentIndex();
@@ -130,7 +104,7 @@ TEST_F(Importa, CercaMentreSiScriveEConLaRicercaEstesa) {
 
 TEST_F(Importa, SenzaOpzioneNienteImporta) {
     Riempi("Amici", {"Anna"});
-    sessione.TemaNat = Carta("Natale");
+    sessione.TemaNat = TemaDiProva("Natale");
     frmImpTnLyx f(sessione, fileDB, messaggi);
     f.show();
     f.cmdImporta->click();
@@ -142,7 +116,7 @@ TEST_F(Importa, SenzaOpzioneNienteImporta) {
         EXPECT_EQ(v.testo, "Selezionare Option");
         EXPECT_EQ(v.icona, Icona::Informazione);
     }
-    EXPECT_EQ(sessione.TemaNat, Carta("Natale"));
+    EXPECT_EQ(sessione.TemaNat, TemaDiProva("Natale"));
     EXPECT_TRUE(f.isVisible());
 
     // With an option, the double click imports and closes.
@@ -223,8 +197,7 @@ TEST_F(Importa, SpostaInUnAltroArchivio) {
     EXPECT_EQ(messaggi.registro[3].testo,
               "Bruno   Trasferito\n\ndall' Archivio   Amici\nall' Archivio     Famiglia");
     EXPECT_EQ(Nomi("Amici"), V{"Anna"});
-    EXPECT_EQ(Temi("Famiglia"),
-              (std::vector<Tema>{Carta("Bruno", "nota Bruno"), Carta("Bruno", "nota Bruno")}));
+    EXPECT_EQ(Temi("Famiglia"), (std::vector<Tema>{TemaDiProva("Bruno"), TemaDiProva("Bruno")}));
     EXPECT_EQ(Corrente(f), "Anna");
 }
 
@@ -285,14 +258,14 @@ TEST_F(Importa, VesmoImportaNelTemaCorrente) {
     EXPECT_EQ(f.findChild<QRadioButton*>("Option1"), nullptr);
     QTest::keyClicks(f.Text1, "B");
     f.cmdImporta->click();
-    EXPECT_EQ(sessione.TemaCorrente, Carta("Bruno", "nota Bruno"));
+    EXPECT_EQ(sessione.TemaCorrente, TemaDiProva("Bruno"));
     EXPECT_FALSE(f.isVisible());
     EXPECT_TRUE(messaggi.registro.empty());
 }
 
 TEST_F(Importa, VesmoArchivioVuoto) {
     CreaArchivio(fileDB, "Vuoto");
-    sessione.TemaCorrente = Carta("Prima");
+    sessione.TemaCorrente = TemaDiProva("Prima");
     frmImpTVesmo f(sessione, fileDB, messaggi);
     f.show();
     f.cmdImporta->click();
@@ -303,7 +276,7 @@ TEST_F(Importa, VesmoArchivioVuoto) {
     EXPECT_EQ(messaggi.registro[1].titolo, "Vesmo - Info Archivi");
     EXPECT_EQ(messaggi.registro[1].testo, "Archivio vuoto.");
     EXPECT_EQ(messaggi.registro[1].icona, Icona::Informazione);
-    EXPECT_EQ(sessione.TemaCorrente, Carta("Prima"));
+    EXPECT_EQ(sessione.TemaCorrente, TemaDiProva("Prima"));
     EXPECT_TRUE(f.isVisible());
 }
 
