@@ -105,10 +105,8 @@ void FinestraImporta::Carica() {
 }
 
 void FinestraImporta::Collega(const std::string& nome) {
+    // The grid's updating stays as Command1 last set it.
     archivio_ = nome;
-    DBGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
-    modello_->Modificabile(false);
-    Command1->setText(QString::fromUtf8(GrigliaOff));
     modello_->Chiudi();
     data1_.reset();
     try {

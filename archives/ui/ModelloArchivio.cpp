@@ -21,15 +21,7 @@ void ModelloArchivio::Apri(Database& db, const std::string& tabella, const std::
     rs_.reset();
     auto rs = std::make_unique<Cursore>(db, tabella);
     rs->Index(indice);
-    campi_.clear();
-    for (const std::string& nome : rs->Campi()) {
-        DefCampo c;
-        c.nome = nome;
-        campi_.push_back(c);
-    }
-    for (DefCampo& c : campi_)
-        for (const DefCampo& vero : db.Campi(tabella))
-            if (vero.nome == c.nome) c = vero;
+    campi_ = db.Campi(tabella);
     rs_ = std::move(rs);
     endResetModel();
     Ricarica();

@@ -234,6 +234,7 @@ TEST_F(Importa, CambioArchivioDallaLista) {
     Riempi("Famiglia", {"Bruno", "Carla"});
     frmImpTnLyx f(sessione, fileDB, messaggi);
     f.show();
+    f.Command1->click(); // the grid's updating on
     QListWidgetItem* famiglia = f.lstArchivi->item(1);
     QTest::mouseClick(f.lstArchivi->viewport(), Qt::LeftButton, {},
                       f.lstArchivi->visualItemRect(famiglia).center());
@@ -241,6 +242,9 @@ TEST_F(Importa, CambioArchivioDallaLista) {
     EXPECT_EQ(Corrente(f), "Bruno");
     EXPECT_EQ(sessione.ArchivioIndice, 1);
     EXPECT_EQ(sessione.ArchivioCorrente, "Famiglia");
+    // The updating stays on for the other archive.
+    EXPECT_EQ(f.Command1->text(), "Griglia Editabile        Grids       Updatable    ON");
+    EXPECT_TRUE(f.DBGrid1->model()->flags(f.DBGrid1->model()->index(0, 0)) & Qt::ItemIsEditable);
     // The next opening starts on the archive last used.
     frmImpTnLyx g(sessione, fileDB, messaggi);
     EXPECT_EQ(g.lstArchivi->currentRow(), 1);
