@@ -149,6 +149,7 @@ void frmImpTnLyx::RecordCambiato() {
 }
 
 void frmImpTnLyx::cdAvanzata_Click() {
+    if (!data1_) return; // no archive to search
     messaggi_.Occupato(true);
     cbEstesa->clear();
     std::vector<std::string> nomi;

@@ -293,3 +293,36 @@ TEST_F(Importa, VesmoEliminaConIlSuoTitolo) {
     EXPECT_EQ(Nomi("Amici"), V{"Bruno"});
     EXPECT_EQ(Corrente(f), "Bruno");
 }
+
+TEST_F(Importa, ArchivioVuotoNelLatoTemi) {
+    CreaArchivio(fileDB, "Vuoto");
+    sessione.TemaDir = TemaDiProva("Direzione");
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    f.show();
+    EXPECT_EQ(f.DidascaliaGriglia->text(), "Vuoto  0");
+    EXPECT_TRUE(f.Anteprima->Vuota());
+    EXPECT_EQ(sessione.TemaX, Tema{});
+    f.Option4->setChecked(true);
+    f.cmdImporta->click();
+    f.cmdElimina->click();
+    f.Text1->setText("x");
+    f.cdAvanzata->click();
+    // Nothing to import or delete: told, and the slot stays.
+    EXPECT_EQ(messaggi.Testi(), (V{"Archivio vuoto", "Archivio vuoto."}));
+    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Info Archivi");
+    EXPECT_EQ(sessione.TemaDir, TemaDiProva("Direzione"));
+    EXPECT_EQ(sessione.DirezioneCalcolata, 0);
+    EXPECT_TRUE(f.isVisible());
+}
+
+TEST_F(Importa, NessunArchivio) {
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    f.show();
+    EXPECT_EQ(f.lstArchivi->count(), 0);
+    EXPECT_EQ(f.cmbCambiaA->count(), 0);
+    f.Text1->setText("x");
+    f.cdAvanzata->click();
+    f.cmdCambiaA->click();
+    f.Command1->click();
+    EXPECT_TRUE(messaggi.registro.empty());
+}
