@@ -4,6 +4,7 @@
 #include <stdexcept>
 
 #include "archives/Archivi.h"
+#include "cli/DatabaseCli.h"
 #include "cli/Json.h"
 #include "cli/OpzioniTema.h"
 #include "core/Testo.h"

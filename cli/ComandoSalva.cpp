@@ -6,6 +6,7 @@
 #include "archives/Archivi.h"
 #include "cli/ArchiviCli.h"
 #include "cli/Comandi.h"
+#include "cli/DatabaseCli.h"
 #include "cli/Json.h"
 #include "cli/OpzioniTema.h"
 #include "core/Testo.h"

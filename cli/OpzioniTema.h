@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,9 +23,6 @@ struct LuogoRisolto {
 };
 LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
                           const std::optional<std::string>& nazione, const Data& d, const Ora& o);
-
-// The database file: --db FILE, else the one the set-up prepared.
-std::filesystem::path FileDatabase(const Argomenti& a);
 
 // The options that describe a chart, for Argomenti::Consenti.
 std::vector<std::string> OpzioniDelTema();
