@@ -1,7 +1,7 @@
-// Whole archives and the charts inside them: the transport (doubles, into itself, from an empty
-// archive), deleting an archive, DupeTableName and the birthdays import with its numbered names,
-// the wider search with quotes and wildcards in the text, deleting and moving a chart, and a
-// picked chart put into each slot.
+// Whole archives and the charts inside them: the transport (by value, from an empty archive),
+// deleting an archive, DupeTableName and the birthdays import with its numbered names, the wider
+// search with quotes and wildcards in the text, deleting a chart, and a picked chart put into
+// each slot.
 #include <gtest/gtest.h>
 
 #include "archives/Archivi.h"
@@ -21,27 +21,18 @@ protected:
 
 } // namespace
 
-TEST_F(Gestione, TrasportoRaddoppiaEFinisceAncheSuSeStesso) {
+TEST_F(Gestione, TrasportoPerValoreEDaArchivioVuoto) {
     Riempi("Amici", {"Carla", "Bruno"});
     Riempi("Famiglia", {"Bruno"});
     CreaArchivio(fileDB, "Vuoto");
-
     EXPECT_EQ(TrasportaArchivio(fileDB, "Amici", "Famiglia"), 2);
     EXPECT_EQ(Nomi("Famiglia"), (V{"Bruno", "Bruno", "Carla"}));
-    EXPECT_EQ(Nomi("Amici"), (V{"Bruno", "Carla"}));
-    // Twice: every chart once more.
-    EXPECT_EQ(TrasportaArchivio(fileDB, "Amici", "Famiglia"), 2);
-    EXPECT_EQ(Nomi("Famiglia"), (V{"Bruno", "Bruno", "Bruno", "Carla", "Carla"}));
-    // The ten fields by value.
+    // The ten fields by value; the source stays.
     EXPECT_EQ(Temi("Famiglia").back(), TemaDiProva("Carla"));
-
-    // Into itself: the charts read before the first append, so the archive doubles once.
-    EXPECT_EQ(TrasportaArchivio(fileDB, "Amici", "Amici"), 2);
-    EXPECT_EQ(Nomi("Amici"), (V{"Bruno", "Bruno", "Carla", "Carla"}));
-
+    EXPECT_EQ(Nomi("Amici"), (V{"Bruno", "Carla"}));
     // An empty source copies nothing, without complaint.
     EXPECT_EQ(TrasportaArchivio(fileDB, "Vuoto", "Amici"), 0);
-    EXPECT_EQ(Nomi("Amici").size(), 4u);
+    EXPECT_EQ(Nomi("Amici").size(), 2u);
 }
 
 TEST_F(Gestione, EliminaArchivioPerNomeEsatto) {
@@ -50,9 +41,6 @@ TEST_F(Gestione, EliminaArchivioPerNomeEsatto) {
     EXPECT_EQ(ElencoArchivi(fileDB), V{"Famiglia"});
     EXPECT_TRUE(EliminaArchivio(fileDB, "Famiglia"));
     EXPECT_TRUE(ElencoArchivi(fileDB).empty());
-    EXPECT_EQ(TestoEliminaArchivio("Famiglia"),
-              "L' Archivio  Famiglia\n\nSarà eliminato senza possibilità di recupero.\n\n"
-              "Continuo?\n");
 }
 
 TEST_F(Gestione, DupeTableName) {
@@ -160,39 +148,6 @@ TEST_F(Gestione, EliminaTemaERestaVicino) {
     EXPECT_TRUE(rs.BOF());
     EXPECT_EQ(rs.RecordCount(), 0);
     EXPECT_THROW(rs.Campo("Nome"), ErroreDB);
-    EXPECT_EQ(TestoEliminaTema("Anna"), "Anna\n\nSarà Eliminato senza possibilità di recupero\n\n");
-}
-
-TEST_F(Gestione, CopiaTemaTieneICampiEGliSpazi) {
-    Riempi("Amici", {"Anna"});
-    Riempi("Famiglia", {"Anna"});
-    Database db(fileDB);
-    Cursore rs(db, "Amici");
-    rs.Index(IndiceArchivio);
-    CopiaTemaIn(db, rs, "Famiglia");
-    // No question about the name already there: two stand.
-    EXPECT_EQ(Temi("Famiglia"), (std::vector<Tema>{TemaDiProva("Anna"), TemaDiProva("Anna")}));
-    Cursore f(db, "Famiglia");
-    f.MoveLast();
-    EXPECT_EQ(f.Campo("Nome").Testo(), "Anna                          ");
-    EXPECT_EQ(Nomi("Amici"), V{"Anna"});
-}
-
-TEST(TestiSposta, Messaggi) {
-    struct Caso {
-        std::string ottenuto, atteso;
-    };
-    const Caso casi[] = {
-        {TestoArchiviUguali("Amici", "Amici"),
-         "Archivio sorgente  Amici\nUGUALE \nArchivio destinazione  Amici\n\n"
-         "Selezionare un altro Archivio sulla lista a scomparsa"},
-        {TestoTrasferire("Anna  ", "Padova  ", "Amici", "Famiglia"),
-         "Anna  \nPadova  \n\nTrasferire da  Amici  a  Famiglia ?\n"},
-        {TestoTrasferito("  Anna   ", "Amici", "Famiglia"),
-         "Anna   Trasferito\n\ndall' Archivio   Amici\nall' Archivio     Famiglia"},
-    };
-    for (const Caso& c : casi)
-        EXPECT_EQ(c.ottenuto, c.atteso);
 }
 
 TEST(ImportaInSlot, OgniSlotConISuoiSegni) {
