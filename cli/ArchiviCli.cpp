@@ -1,5 +1,6 @@
 #include "cli/ArchiviCli.h"
 
+#include <cstdio>
 #include <filesystem>
 #include <stdexcept>
 
@@ -46,8 +47,15 @@ std::string JsonTemaArchivio(const Tema& t) {
 
 namespace {
 
+// A number of the table: at most six decimals, with the dot, right-aligned in its column.
 std::string Numero(double x, std::size_t larghezza) {
-    std::string s = TestoNumero(x, '.');
+    char buf[64];
+    std::snprintf(buf, sizeof buf, "%.6f", x);
+    std::string s = buf;
+    while (s.back() == '0')
+        s.pop_back();
+    if (s.back() == '.') s.pop_back();
+    if (s == "-0") s = "0";
     return s.size() >= larghezza ? s + ' ' : std::string(larghezza - s.size(), ' ') + s + ' ';
 }
 
@@ -63,9 +71,9 @@ std::string RigaTemaArchivio(const Tema& t) {
     std::string cmto = t.Cmto;
     for (char& c : cmto)
         if (c == '\n' || c == '\r' || c == '\t') c = ' ';
-    return t.Nome.str() + ' ' + t.City.str() + ' ' + t.Stato.str() + ' ' + Numero(t.Day, 13) +
-           Numero(t.OraL, 10) + Numero(t.Lon, 10) + Numero(t.Lat, 10) + Numero(t.Fuso, 8) +
-           Numero(t.Estiva, 8) + cmto;
+    return SenzaSpaziDestra(t.Nome.str() + ' ' + t.City.str() + ' ' + t.Stato.str() + ' ' +
+                            Numero(t.Day, 13) + Numero(t.OraL, 10) + Numero(t.Lon, 10) +
+                            Numero(t.Lat, 10) + Numero(t.Fuso, 8) + Numero(t.Estiva, 8) + cmto);
 }
 
 } // namespace vesmo::cli
