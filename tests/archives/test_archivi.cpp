@@ -213,7 +213,7 @@ TEST_F(ArchiviTest, DatabaseBloccatoODiSolaLettura) {
     messaggi.registro.clear();
     {
         test::FileSolaLettura solaLettura(fileDB);
-        ASSERT_TRUE(solaLettura.Riuscito()) << "no read-only file for this user";
+        if (!solaLettura.Riuscito()) GTEST_SKIP() << "no read-only file for this user here";
         EXPECT_EQ(CreaArchivioUtente(fileDB, "Famiglia", {}, messaggi), std::nullopt);
     }
     ASSERT_EQ(messaggi.registro.size(), 1u);

@@ -186,27 +186,23 @@ TEST_F(File, EngineFailuresNameTheirCause) {
     store_detail::AttesaBloccoMs = attesa;
     db.Chiudi();
 
-    {
-        test::FileSolaLettura solaLettura(file);
-        if (solaLettura.Riuscito()) {
-            Database letto(file);
-            EXPECT_EQ(Cursore(letto, "Amici").RecordCount(), 4); // reading goes on
-            testo.clear();
-            try {
-                letto.CreaTabella("Nuova", CampiArchivio);
-            } catch (const ErroreDB& e) {
-                EXPECT_EQ(e.Numero(), ErroreDB::SolaLettura);
-                testo = e.what();
-            }
-            EXPECT_EQ(testo.rfind("3027: Database di sola lettura. ", 0), 0u) << testo;
-        } else {
-            ADD_FAILURE() << "the file system gives no read-only file to this user";
-        }
-    }
-
     const fs::path testoSemplice = dir / "note.txt";
     std::ofstream(testoSemplice) << std::string(4096, 'x');
     EXPECT_EQ(NumeroErrore([&] { Database x(testoSemplice); }), ErroreDB::FormatoNonRiconosciuto);
+
+    // Last, as a user who passes the permissions may find no way to make a file read-only.
+    test::FileSolaLettura solaLettura(file);
+    if (!solaLettura.Riuscito()) GTEST_SKIP() << "no read-only file for this user here";
+    Database letto(file);
+    EXPECT_EQ(Cursore(letto, "Amici").RecordCount(), 4); // reading goes on
+    testo.clear();
+    try {
+        letto.CreaTabella("Nuova", CampiArchivio);
+    } catch (const ErroreDB& e) {
+        EXPECT_EQ(e.Numero(), ErroreDB::SolaLettura);
+        testo = e.what();
+    }
+    EXPECT_EQ(testo.rfind("3027: Database di sola lettura. ", 0), 0u) << testo;
 }
 
 TEST_F(File, CompactionCopiesTablesAndIndexes) {
