@@ -17,8 +17,6 @@
 
 namespace vesmo::cli {
 
-namespace {
-
 // The places database: --db FILE; else data/Vesmodat.Mdb of the source tree the program was
 // built in (the program stands in build/<dir>/cli/); else ./data/Vesmodat.Mdb.
 std::filesystem::path FileDatabase(const Argomenti& a) {
@@ -31,6 +29,8 @@ std::filesystem::path FileDatabase(const Argomenti& a) {
     }
     return "data/Vesmodat.Mdb";
 }
+
+namespace {
 
 Database ApriDatabase(const Argomenti& a) {
     const auto file = FileDatabase(a);

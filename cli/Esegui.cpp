@@ -20,6 +20,7 @@ const char* const Uso =
     "  effemeridi --jd JD           posizioni geocentriche all'istante JD (TU)\n"
     "  rivoluzione --tipo solare|tropica|sinodica OPZIONI-TEMA --anno AAAA [--mese MM]\n"
     "       [--giorno GG] [--ritorno N | --grado G] [--angolo A|natale] [--primo]\n"
+    "       [--rilocata --lon-rilocata LON --lat-rilocata LAT]  rilocata, sul tempo medio locale\n"
     "                               rivoluzione solare o lunare dal tema natale\n"
     "  direzione OPZIONI-TEMA (--anni X | --data-direzione GG/MM/AAAA [--frazione])\n"
     "                               direzione secondaria del tema natale\n"
@@ -28,12 +29,17 @@ const char* const Uso =
     "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
+    "  vicine --lon LON --lat LAT [--db FILE]  le città più vicine al punto, come le\n"
+    "                               elenca la rivoluzione rilocata\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
     "       [--case-transito] [--zodiaco CASA]]   ruota del tema, o doppia con il transito\n"
+    "       [--ascensionale ar|ao] [--arco ANNI]   ruota ascensionale; arco solare\n"
+    "       [--rilocata --tipo T --anno AAAA --lon-rilocata LON --lat-rilocata LAT [--db FILE]]\n"
+    "                               rivoluzione rilocata con la mappa dei fusi e le città vicine\n"
 #endif
     "Ogni comando accetta --json.\n";
 
@@ -53,6 +59,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"ingresso", ComandoIngresso},
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
+        {"vicine", ComandoVicine},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

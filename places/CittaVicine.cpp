@@ -30,18 +30,25 @@ struct Tabelle {
     }
 };
 
-// The text of the current row of AllCity, with the name of its nation.
-std::string Riga(Cursore& citta, Cursore& nazioni) {
+// The current row of AllCity, with the name of its nation.
+CittaVicina Riga(Cursore& citta, Cursore& nazioni) {
     nazioni.Seek("=", citta.Campo("cCity"));
-    std::string nazione = nazioni.NoMatch() ? "" : nazioni.Campo("Nazione").Testo();
-    const double lon = citta.Campo("Lon").Numero(), lat = citta.Campo("Lat").Numero();
-    return SenzaSpazi(citta.Campo("City").Testo()) + " - " + SenzaSpazi(nazione) + " - " +
-           TestoCoordinata(lon, 1, 0, false) + "   " + TestoCoordinata(lat, 0, 1, false);
+    CittaVicina c;
+    c.Nazione = nazioni.NoMatch() ? "" : nazioni.Campo("Nazione").Testo();
+    c.City = citta.Campo("City").Testo();
+    c.Lon = citta.Campo("Lon").Numero();
+    c.Lat = citta.Campo("Lat").Numero();
+    return c;
 }
 
 } // namespace
 
-std::vector<std::string> CercaCittaVicine(const std::filesystem::path& fileDB, double lon,
+std::string CittaVicina::Testo() const {
+    return SenzaSpazi(City) + " - " + SenzaSpazi(Nazione) + " - " +
+           TestoCoordinata(Lon, 1, 0, false) + "   " + TestoCoordinata(Lat, 0, 1, false);
+}
+
+std::vector<CittaVicina> CercaCittaVicine(const std::filesystem::path& fileDB, double lon,
                                           double lat,
                                           const std::function<void(bool)>& costruzione) {
     auto t = std::make_unique<Tabelle>(fileDB);
@@ -60,7 +67,7 @@ std::vector<std::string> CercaCittaVicine(const std::filesystem::path& fileDB, d
     Cursore& citta = *t->citta;
     Cursore& nazioni = *t->nazioni;
 
-    std::vector<std::string> righe;
+    std::vector<CittaVicina> righe;
     if (citta.RecordCount() == 0) {
         t->Chiudi();
         return righe;

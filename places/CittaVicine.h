@@ -11,11 +11,19 @@
 
 namespace vesmo {
 
-// The rows of the list, "City - Nazione - 11E53   45N24", up to eleven, repeats kept. `lon` in
-// hours west positive, `lat` in degrees. When AllCity has no index iLonLat it is built first;
+// One town found: its name, its nation's, and its place (Lon hours west positive, Lat degrees).
+struct CittaVicina {
+    std::string City, Nazione;
+    double Lon = 0, Lat = 0;
+    // The row of the list: "City - Nazione - 11E53   45N24".
+    std::string Testo() const;
+};
+
+// The towns of the list, up to eleven, repeats kept. `lon` in hours west positive, `lat` in
+// degrees. When AllCity has no index iLonLat it is built first;
 // `costruzione` is told true before and false after, so that the window can show its label and
 // the busy pointer. Errors of the database other than the missing index reach the caller.
-std::vector<std::string> CercaCittaVicine(const std::filesystem::path& fileDB, double lon,
+std::vector<CittaVicina> CercaCittaVicine(const std::filesystem::path& fileDB, double lon,
                                           double lat,
                                           const std::function<void(bool)>& costruzione = {});
 

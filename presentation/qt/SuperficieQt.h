@@ -22,6 +22,9 @@ public:
     SuperficieQt(const SuperficieQt&) = delete;
     SuperficieQt& operator=(const SuperficieQt&) = delete;
 
+    // The painter, set to draw in the surface's twips: for a picture beside the drawing.
+    QPainter& Pittore() { return p_; }
+
 protected:
     void FaiEllisse(double x, double y, double rx, double ry, Colore colore) override;
     void FaiArco(double x, double y, double rx, double ry, double a, double ampiezza,

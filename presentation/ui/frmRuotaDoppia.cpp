@@ -500,7 +500,7 @@ void frmRuotaDoppia::Rilocazione(AsseRilocazione asse) {
 void frmRuotaDoppia::CercaVicine() {
     lstCityVicine->clear();
     try {
-        const std::vector<std::string> righe =
+        const std::vector<CittaVicina> righe =
             CercaCittaVicine(FileDB, s_.TemaZ.Lon, s_.TemaZ.Lat, [this](bool inizio) {
                 // The index is built inside the event: the label and the busy pointer are the
                 // only sign of it.
@@ -508,8 +508,8 @@ void frmRuotaDoppia::CercaVicine() {
                 messaggi_.Occupato(inizio);
                 if (inizio) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             });
-        for (const std::string& r : righe)
-            lstCityVicine->addItem(QString::fromStdString(r));
+        for (const CittaVicina& r : righe)
+            lstCityVicine->addItem(QString::fromStdString(r.Testo()));
     } catch (const std::exception& e) {
         lbNeoIndici->hide();
         messaggi_.Occupato(false);

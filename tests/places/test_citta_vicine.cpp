@@ -83,8 +83,12 @@ TEST_F(CittaVicine, IlPercorsoDellaRicerca) {
         // reach Pendio39, which is exactly on the latitude, and return to it five times.
         {"32 passi", 1.95, 40.5, Ripetuta("Pendio39 - Italia - 30W35   40N30", 5)},
     };
-    for (const Caso& c : casi)
-        EXPECT_EQ(CercaCittaVicine(file, c.lon, c.lat), c.righe) << c.perche;
+    for (const Caso& c : casi) {
+        std::vector<std::string> righe;
+        for (const CittaVicina& v : CercaCittaVicine(file, c.lon, c.lat))
+            righe.push_back(v.Testo());
+        EXPECT_EQ(righe, c.righe) << c.perche;
+    }
 }
 
 TEST_F(CittaVicine, IndiceCostruitoUnaVolta) {
