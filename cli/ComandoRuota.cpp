@@ -11,9 +11,11 @@
 #include "chart/CalcolaTema.h"
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
+#include "cli/DatabaseCli.h"
 #include "cli/OpzioniTema.h"
 #include "cli/Rivoluzione.h"
 #include "core/Aritmetica.h"
+#include "core/Cartelle.h"
 #include "core/Messaggi.h"
 #include "places/CittaVicine.h"
 #include "presentation/Rilocazione.h"
@@ -83,7 +85,15 @@ int ModoAscensionale(const Argomenti& a) {
 // the set-up drew beside the places database, the place marked on it, the nearest towns below.
 void MappaERiquadro(Superficie& sup, const Tema& rilocato, const std::filesystem::path& fileDB) {
     const double W = LarghezzaMappaPixel * 15.0, H = AltezzaMappaPixel * 15.0;
-    const QImage mappa(QString::fromStdString((fileDB.parent_path() / "MappaFusi.png").string()));
+    std::filesystem::path fileMappa = fileDB.parent_path() / "MappaFusi.png";
+    std::error_code ec;
+    if (!std::filesystem::exists(fileMappa, ec)) {
+        const auto programma = std::filesystem::read_symlink("/proc/self/exe", ec);
+        const auto consegnato =
+            ec ? std::filesystem::path() : DatabaseConsegnato(programma.parent_path());
+        if (!consegnato.empty()) fileMappa = consegnato.parent_path() / "MappaFusi.png";
+    }
+    const QImage mappa(QString::fromStdString(fileMappa.string()));
     if (auto* qt = dynamic_cast<SuperficieQt*>(&sup); qt && !mappa.isNull())
         qt->Pittore().drawImage(QRectF(0, 0, W, H), mappa);
     const SegnoMappa segno = SegnaMappa(rilocato.Lon, rilocato.Lat, W, H);

@@ -5,6 +5,7 @@
 
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
+#include "cli/DatabaseCli.h"
 #include "cli/Json.h"
 #include "cli/OpzioniTema.h"
 #include "places/CittaVicine.h"

@@ -32,7 +32,7 @@ const char* const Uso =
     "  vicine --lon LON --lat LAT [--db FILE]  le città più vicine al punto, come le\n"
     "                               elenca la rivoluzione rilocata\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
-    "  se no ./data/Vesmodat.Mdb.\n"
+    "  se no (programma installato) il database dell'utente, se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"

@@ -3,7 +3,6 @@
 #pragma once
 
 #include <cstdint>
-#include <filesystem>
 #include <optional>
 #include <string>
 #include <vector>
@@ -24,10 +23,6 @@ struct LuogoRisolto {
 };
 LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
                           const std::optional<std::string>& nazione, const Data& d, const Ora& o);
-
-// The places database: --db FILE, else data/Vesmodat.Mdb of the source tree, else the one in
-// ./data.
-std::filesystem::path FileDatabase(const Argomenti& a);
 
 // The options that describe a chart, for Argomenti::Consenti.
 std::vector<std::string> OpzioniDelTema();

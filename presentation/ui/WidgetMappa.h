@@ -32,7 +32,8 @@ private:
     std::optional<SegnoMappa> segno_;
 };
 
-// The map's file beside the places database.
+// The map's file: beside the places database, else beside the database delivered with an
+// installed program.
 QString FileMappaAccanto(const std::string& fileDB);
 
 } // namespace vesmo
