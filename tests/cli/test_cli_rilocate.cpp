@@ -11,6 +11,7 @@
 #include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
+using namespace vesmo::test;
 using vesmo::cli::Esegui;
 
 namespace {
@@ -49,28 +50,9 @@ TEST(CliVicine, CittaDelDatabase) {
     test::CartellaLuoghi cartella;
     const std::string file = (cartella / "Vesmodat.Mdb").string();
     {
-        Database db;
-        db.Crea(file);
-        CreaSchemaLuoghi(db);
-        Cursore n(db, "Nazioni");
-        n.AddNew();
-        n.Imposta("cNaz", 39);
-        n.Imposta("Nazione", "Italy");
-        n.Imposta("Spec", " ");
-        n.Update();
-        Cursore c(db, "AllCity");
-        c.AddNew();
-        c.Imposta("cCity", 39);
-        c.Imposta("City", "Padova");
-        c.Imposta("Lon", -0.7925);
-        c.Imposta("Lat", 45.4);
-        c.Update();
-        c.AddNew();
-        c.Imposta("cCity", 39);
-        c.Imposta("City", "Trento");
-        c.Imposta("Lon", -0.7475);
-        c.Imposta("Lat", 46.07);
-        c.Update();
+        Database db = DatabaseLuoghi(file);
+        AggiungiCity(db, 380, "Padova", -0.7925, 45.4, 1, 1);
+        AggiungiCity(db, 380, "Trento", -0.7475, 46.07, 1, 1);
     }
     // The point is 11E53 = -0.79222 hours, a little west of Padova (-0.7925). For n = 0 the seek
     // passes Padova and stands on Trento, 0.67 degrees off in latitude and last in the index:

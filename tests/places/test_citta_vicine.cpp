@@ -19,38 +19,20 @@ struct Citta {
 class CittaVicine : public ::testing::Test {
 protected:
     void SetUp() override {
-        Database db;
-        db.Crea(file);
-        CreaSchemaLuoghi(db);
+        Database db = DatabaseLuoghi(file);
         db.IniziaTransazione();
-        Cursore n(db, "Nazioni");
-        n.AddNew();
-        n.Imposta("cNaz", 39);
-        n.Imposta("Nazione", "Italia");
-        n.Imposta("Spec", " ");
-        n.Update();
-        Cursore c(db, "AllCity");
-        auto aggiungi = [&](const std::string& nome, double lon, double lat) {
-            c.AddNew();
-            c.Imposta("cCity", 39);
-            c.Imposta("City", nome);
-            c.Imposta("Lon", lon);
-            c.Imposta("Lat", lat);
-            c.Imposta("cFusi", 1);
-            c.Imposta("cEst", 1);
-            c.Update();
-        };
         for (Citta t : std::vector<Citta>{{"Primo", 0.10, 30},
                                           {"Bravia", 0.20, 46},
                                           {"Cresta", 0.40, 46},
                                           {"Dolo", 0.60, 55},
                                           {"Elce", 1.50, 20},
                                           {"Fiume", 1.55, 20.05}})
-            aggiungi(t.nome, t.lon, t.lat);
+            AggiungiCity(db, 380, t.nome, t.lon, t.lat, 1, 1);
         // A slope of forty towns, each half a degree further south, then one far away.
         for (int k = 0; k < 40; ++k)
-            aggiungi("Pendio" + std::to_string(k), 2.00 + 0.001 * k, 60 - 0.5 * k);
-        aggiungi("Zeta", 3.0, 10);
+            AggiungiCity(db, 380, "Pendio" + std::to_string(k), 2.00 + 0.001 * k, 60 - 0.5 * k, 1,
+                         1);
+        AggiungiCity(db, 380, "Zeta", 3.0, 10, 1, 1);
         db.ConfermaTransazione();
     }
 
@@ -72,16 +54,16 @@ TEST_F(CittaVicine, IlPercorsoDellaRicerca) {
     };
     const std::vector<Caso> casi{
         // Fiume is within 0.1 of both coordinates of the first row found for every n.
-        {"subito", 1.52, 20.02, Ripetuta("Fiume - Italia - 23W15   20N03", 11)},
+        {"subito", 1.52, 20.02, Ripetuta("Fiume - Italy - 23W15   20N03", 11)},
         // From Cresta the walk goes down to Bravia (1 degree off), then swings between Bravia
         // and Cresta, both 1 degree off, until the fifth return: Bravia, the first best.
-        {"pari", 0.30, 45, Ripetuta("Bravia - Italia - 3W00   46N00", 11)},
+        {"pari", 0.30, 45, Ripetuta("Bravia - Italy - 3W00   46N00", 11)},
         // Every seek lands on the first row of the index: the step back reaches BOF.
         {"inizio", 0.05, 80, {}},
         // Down the slope one town a step: the check at the 32nd step of the search stops the
         // walk of n = 0; later walks are stopped by every second check, so n = 1, 3, 5, 7, 9
         // reach Pendio39, which is exactly on the latitude, and return to it five times.
-        {"32 passi", 1.95, 40.5, Ripetuta("Pendio39 - Italia - 30W35   40N30", 5)},
+        {"32 passi", 1.95, 40.5, Ripetuta("Pendio39 - Italy - 30W35   40N30", 5)},
     };
     for (const Caso& c : casi) {
         std::vector<std::string> righe;

@@ -12,12 +12,11 @@
 #include <QPushButton>
 
 #include "core/Aritmetica.h"
-#include "core/store/Cursore.h"
-#include "places/Schema.h"
 #include "presentation/ui/WidgetMappa.h"
 #include "presentation/ui/frmOutDati.h"
 #include "presentation/ui/frmRuotaDoppia.h"
 #include "tests/core/store/Cartella.h"
+#include "tests/places/AiutoLuoghi.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmMenu.h"
 
@@ -44,26 +43,10 @@ protected:
         // A places database of three towns, without the index iLonLat.
         const auto file = cartella / "Vesmodat.Mdb";
         {
-            Database db;
-            db.Crea(file);
-            CreaSchemaLuoghi(db);
-            Cursore n(db, "Nazioni");
-            n.AddNew();
-            n.Imposta("cNaz", 39);
-            n.Imposta("Nazione", "Italy");
-            n.Imposta("Spec", " ");
-            n.Update();
-            Cursore c(db, "AllCity");
-            for (auto [nome, lon, lat] :
-                 {std::tuple{"Vicenza", -0.7695, 45.55}, std::tuple{"Padova", -0.7925, 45.4},
-                  std::tuple{"Venezia", -0.8219, 45.44}}) {
-                c.AddNew();
-                c.Imposta("cCity", 39);
-                c.Imposta("City", nome);
-                c.Imposta("Lon", lon);
-                c.Imposta("Lat", lat);
-                c.Update();
-            }
+            Database db = test::DatabaseLuoghi(file);
+            test::AggiungiCity(db, 380, "Vicenza", -0.7695, 45.55, 1, 1);
+            test::AggiungiCity(db, 380, "Padova", -0.7925, 45.4, 1, 1);
+            test::AggiungiCity(db, 380, "Venezia", -0.8219, 45.44, 1, 1);
         }
         QImage mappa(LarghezzaMappaPixel, AltezzaMappaPixel, QImage::Format_RGB32);
         mappa.fill(Qt::blue);
