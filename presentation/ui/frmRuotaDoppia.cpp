@@ -397,16 +397,23 @@ void frmRuotaDoppia::MostraMappa(bool visibile) {
     lstCityVicine->setVisible(visibile);
 }
 
+// The switches draw their wheel at once, even over a double zodiac.
 void frmRuotaDoppia::mnuRascAR_Click(bool acceso) {
     ModoAscens = acceso ? 1 : 0;
     if (acceso) mnuRascAO->setChecked(false);
-    Ridisegna();
+    if (acceso)
+        DisegnaDoppiaAscensionale();
+    else
+        DisegnaDoppia();
 }
 
 void frmRuotaDoppia::mnuRascAO_Click(bool acceso) {
     ModoAscens = acceso ? 2 : 0;
     if (acceso) mnuRascAR->setChecked(false);
-    Ridisegna();
+    if (acceso)
+        DisegnaDoppiaAscensionale();
+    else
+        DisegnaDoppia();
 }
 
 void frmRuotaDoppia::mnuArco_Click() {

@@ -240,6 +240,11 @@ TEST_F(Rilocate, RuoteAscensionaliAcceseESpente) {
         EXPECT_EQ(w->mnuRascAR->isChecked(), p.ar) << p.voce;
         EXPECT_EQ(w->mnuRascAO->isChecked(), p.ao) << p.voce;
     }
+    // Over the double zodiac of the fifth house the switch draws the ascensional wheel.
+    Voce(w, "mnFilZCasaV")->trigger();
+    EXPECT_EQ(w->Ruota->CasaCoincidente(), 5);
+    Voce(w, "mnuRascAR")->trigger();
+    EXPECT_EQ(w->Ruota->TipoMostrato(), WidgetRuota::Tipo::DoppiaAscensionale);
 
     // The positions window: the same switches, the turn buttons hidden while one is on.
     s.TemaX = f->TemaDelSlot(0);
