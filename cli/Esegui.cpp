@@ -31,6 +31,12 @@ const char* const Uso =
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
     "  vicine --lon LON --lat LAT [--db FILE]  le città più vicine al punto, come le\n"
     "                               elenca la rivoluzione rilocata\n"
+    "  deltat --data GG/MM/AAAA     DeltaT = TE - TU, in secondi, minuti e ore\n"
+    "  eqt --data GG/MM/AAAA --ora HH:MM   equazione del tempo, in radianti\n"
+    "  eclequ --data GG/MM/AAAA --ora HH:MM (--segno N --lon \"G P S\" [--lat \"G P\"] |\n"
+    "       --ar \"H M S\" [--dec \"G P\"])   eclittiche <---> equatoriali\n"
+    "  formati (--gradi \"G P S\" | --ore \"H M S\" | --gradi-decimali X | --ore-decimali X |\n"
+    "       --radianti X)            un angolo nelle cinque notazioni\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
     "  se no (programma installato) il database dell'utente, se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
@@ -60,6 +66,10 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
         {"vicine", ComandoVicine},
+        {"deltat", ComandoDeltaT},
+        {"eqt", ComandoEqT},
+        {"eclequ", ComandoEclEqu},
+        {"formati", ComandoFormati},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;
