@@ -10,6 +10,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <functional>
 
 #include "core/Aritmetica.h"
 #include "presentation/ui/WidgetMappa.h"
@@ -36,6 +37,16 @@ Tema Padova(const char* nome, int anno, double ora) {
     t.Fuso = -1;
     return t;
 }
+
+// The boxes recorded, and every change of the busy pointer told to the test as it happens.
+class MessaggiOccupato : public MessaggiRegistrati {
+public:
+    std::function<void(bool)> Avviso;
+    void Occupato(bool acceso) override {
+        MessaggiRegistrati::Occupato(acceso);
+        if (Avviso) Avviso(acceso);
+    }
+};
 
 class Rilocate : public ::testing::Test {
 protected:
@@ -84,7 +95,7 @@ protected:
     TabellaAspetti aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
+    MessaggiOccupato m;
     std::unique_ptr<frmMenu> f;
 };
 
@@ -124,9 +135,13 @@ TEST_F(Rilocate, AccesaSulPostoESpostataDiPrimi) {
     f->mnuFileSalvo[2]->setCheckable(true);
     f->mnuFileSalvo[2]->setChecked(true);
     const double jd = s.JDRivoluzione;
+    // While the index of the towns is built, the label shows with the busy pointer.
+    std::vector<std::pair<bool, bool>> avvisi; // pointer, label
+    m.Avviso = [&](bool acceso) { avvisi.emplace_back(acceso, w->lbNeoIndici->isVisibleTo(w)); };
 
     // On: the chart cast again where it stands, on local mean time, with the map.
     Voce(w, "mnuAspMirate")->trigger();
+    EXPECT_EQ(avvisi, (std::vector<std::pair<bool, bool>>{{true, true}, {false, false}}));
     EXPECT_TRUE(m.registro.empty());
     EXPECT_EQ(w->txtTempi->text(), "0");
     EXPECT_TRUE(w->picFusi->isVisibleTo(w));
@@ -158,6 +173,8 @@ TEST_F(Rilocate, AccesaSulPostoESpostataDiPrimi) {
     EXPECT_NEAR(s.TemaZ.Lat, 45.9, 1e-12);
     EXPECT_EQ(w->lbCoord->text(), "11E53   45N54");
     EXPECT_NEAR(s.TemaRiv.JD(), jd, 1e-9);
+    // The index is there now: no label, no busy pointer.
+    EXPECT_EQ(avvisi.size(), 2u);
 
     // Off, by the button on the map, then on and off again by the menu.
     w->cmdMirateOFF->click();
