@@ -687,8 +687,16 @@ void frmRuotaDoppia::UpDown1_Change(int passo) {
 }
 
 void frmRuotaDoppia::MostraQuando() {
+    // A relocated chart keeps the Greenwich date of its revolution, so its clock may read
+    // before 0 h or past 24 h: it is shown on its own day.
+    Tema t = s_.TemaZ;
+    if (std::isfinite(t.OraL) && std::fabs(t.OraL) < 1e6) {
+        const double giorni = std::floor(t.OraL / 24);
+        t.OraL -= 24 * giorni;
+        t.Day += giorni;
+    }
     // A date the calendar cannot show leaves the text as it was.
-    if (std::optional<Quando> q = QuandoDelTema(s_.TemaZ)) lbQuando->setText(TestoQuando(*q));
+    if (std::optional<Quando> q = QuandoDelTema(t)) lbQuando->setText(TestoQuando(*q));
 }
 
 void frmRuotaDoppia::Rilascio(QListWidget* lista) {

@@ -176,6 +176,19 @@ TEST_F(Rilocate, AccesaSulPostoESpostataDiPrimi) {
     // The index is there now: no label, no busy pointer.
     EXPECT_EQ(avvisi.size(), 2u);
 
+    // Far west the clock of the revolution's Greenwich day reads before 0 h: the time shown
+    // is that of the day before.
+    w->CaseTra->trigger();
+    w->txtTempi->setText("184"); // to 172 degrees west, 11.47 hours behind Greenwich
+    Voce(w, "UnSec")->trigger();
+    ASSERT_LT(s.TemaZ.OraL, 0);
+    Tema ieri = s.TemaZ;
+    ieri.Day -= 1;
+    ieri.OraL += 24;
+    const std::optional<Quando> q = QuandoDelTema(ieri);
+    ASSERT_TRUE(q);
+    EXPECT_EQ(w->lbQuando->text(), TestoQuando(*q));
+
     // Off, by the button on the map, then on and off again by the menu.
     w->cmdMirateOFF->click();
     EXPECT_FALSE(w->picFusi->isVisibleTo(w));
