@@ -34,6 +34,9 @@ const char* const Uso =
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
     "       [--case-transito] [--zodiaco CASA]]   ruota del tema, o doppia con il transito\n"
+    "  stampa OPZIONI-DEL-TEMA --out FILE.pdf|.png [--aspetti] [--orbita G]\n"
+    "       [--slot natale|transito|rivoluzione|direzione] [--bmp NOME [--dir CARTELLA]]\n"
+    "                               pagina stampata del tema (A4), o i due file .bmp\n"
 #endif
     "Ogni comando accetta --json.\n";
 
@@ -47,6 +50,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"effemeridi", ComandoEffemeridi},
 #ifdef VESMO_CON_QT
         {"ruota", ComandoRuota},
+        {"stampa", ComandoStampa},
 #endif
         {"rivoluzione", ComandoRivoluzione},
         {"direzione", ComandoDirezione},

@@ -47,6 +47,9 @@ struct OpzioniRuota {
     bool DisegnaAspetti = false;
     TabellaAspetti Aspetti = TabellaAspettiDiLyx();
     bool ColoriRidotti = false;
+    // The printed wheel: black outlines on the page, no erasing disc, fills or bevels, every
+    // sign, body and aspect line in the pen's colour.
+    bool BiancoNero = false;
     std::int32_t LunaNeraVera = 1;
     GeometriaRuota Geometria;
 
