@@ -27,6 +27,7 @@
 #include "presentation/ui/frmOutDati.h"
 #include "timecharts/Direzioni.h"
 #include "timecharts/ui/MenuRuote.h"
+#include "timecharts/ui/MenuStampe.h"
 #include "timecharts/ui/MenuTempo.h"
 
 namespace vesmo {
@@ -227,6 +228,7 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     resize(1000, 560);
     CollegaMenuTempo(*this, s_, messaggi_);
     CollegaMenuRuote(*this, s_, aspetti_, messaggi_);
+    CollegaMenuStampe(*this, s_, aspetti_, messaggi_);
 }
 
 frmMenu::~frmMenu() {
