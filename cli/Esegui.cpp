@@ -29,7 +29,7 @@ const char* const Uso =
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
-    "  se no ./data/Vesmodat.Mdb.\n"
+    "  se no (programma installato) il database dell'utente, se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
