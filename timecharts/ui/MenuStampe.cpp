@@ -7,6 +7,13 @@
 namespace vesmo {
 
 frmStampe* ApriStampe(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messaggi& m) {
+    // The form is loaded once: while it stands open the entry only brings it forward.
+    for (frmStampe* aperto : menu.findChildren<frmStampe*>(Qt::FindDirectChildrenOnly)) {
+        if (!aperto->isVisible()) continue;
+        aperto->raise();
+        aperto->activateWindow();
+        return aperto;
+    }
     auto* f = new frmStampe(s, aspetti, menu.stato, m, &menu);
     f->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<frmMenu> io(&menu);

@@ -13,8 +13,9 @@ namespace vesmo {
 void CollegaMenuStampe(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
                        Messaggi& messaggi);
 
-// Opens the printing form on the menu; null when it unloaded itself at load (no slot chosen):
-// that error, 364, is cleared here and nothing is told. Any other error is reported.
+// Opens the printing form on the menu, or brings forward the one already open; null when it
+// unloaded itself at load (no slot chosen): that error, 364, is cleared here and nothing is told.
+// Any other error is reported.
 frmStampe* ApriStampe(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
                       Messaggi& messaggi);
 

@@ -85,6 +85,14 @@ TEST_F(MenuStampe, LoSlotSceltoVaInStampa) {
     EXPECT_EQ(st->OpzioniDellaPagina().CheStampa, 3);
     EXPECT_EQ(s.TemaX.Nome, s.TemaRiv.Nome);
     EXPECT_TRUE(m.registro.empty());
+
+    // Open already: the entry brings it forward, without asking the slot again.
+    st->mnuFileStampeChe[0]->trigger();
+    f->findChild<QAction*>("mnuFileStampe")->trigger();
+    ASSERT_EQ(Aperte().size(), 1);
+    EXPECT_EQ(Aperte()[0], st);
+    EXPECT_EQ(st->OpzioniDellaPagina().CheStampa, 1);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
 }
 
 TEST_F(MenuStampe, SenzaSceltaNessunErrore) {
