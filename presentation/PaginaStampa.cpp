@@ -134,16 +134,6 @@ void GlifoSegnoPagina(Superficie& sup, int segno, double x, double y) {
     sup.SpessorePenna(1);
 }
 
-// The orb as the session's single prints it: up to seven significant digits, the comma.
-std::string TestoOrbita(float orbita) {
-    char b[32];
-    std::snprintf(b, sizeof b, "%.7g", static_cast<double>(orbita));
-    std::string t = b;
-    for (char& c : t)
-        if (c == '.') c = SeparatoreDecimale;
-    return t;
-}
-
 } // namespace
 
 const char* TitoloPagina(int cheStampa) {
@@ -349,7 +339,7 @@ void DisegnaTabellaStampa(Superficie& sup, const Tema& tema, const Posizioni& po
     Riquadro(sup, x0 + 1650, y0 + 3900, x0 + Destra, y0 + 3900 + H);
     testo(1700, 3900,
           "Aspetti Selezionati (" + std::to_string(c.NumAspetti) + "), Orbita " +
-              TestoOrbita(o.Aspetti.Orbita));
+              TestoSingolo(o.Aspetti.Orbita));
 
     // 8. The aspects, flowing from x 1700: a new row for each first point, and where a row is
     // full; what would pass the bottom of the table is left out.
