@@ -86,8 +86,12 @@ frmStampe::frmStampe(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& st
         return d.exec() == QDialog::Accepted;
     };
     ScegliFilePdf = [this] {
+        // The chart's name as the file's, in the user's home.
+        QString nome = QS(SenzaSpazi(tema_.Nome.str()));
+        if (nome.isEmpty()) nome = QStringLiteral("Vesmo");
         return QFileDialog::getSaveFileName(this, QStringLiteral("Lyx - Salva PDF"),
-                                            QDir::homePath(), QStringLiteral("PDF (*.pdf)"));
+                                            QDir::home().filePath(nome + QStringLiteral(".pdf")),
+                                            QStringLiteral("PDF (*.pdf)"));
     };
     ScegliSlot = [this] {
         frmCheStampe f(this);

@@ -468,3 +468,20 @@ TEST(PaginaStampa, LeDueParti) {
     for (const Figura& f : alta.figure)
         EXPECT_LT(f.y1, 7500) << f.testo;
 }
+
+TEST(PaginaStampa, TemaVuoto) {
+    // An empty slot prints a blank record: every point at 0 Ariete, nothing left out.
+    auto sup = Componi(Posizioni(), Opzioni(), Tema());
+    for (int i = 1; i <= 12; ++i) {
+        EXPECT_EQ(Cella(sup, i, 350), "00°00'00''") << "riga " << i;
+        EXPECT_EQ(Cella(sup, i, 1700), "Cardinale") << "riga " << i;
+    }
+    EXPECT_EQ(Cella(sup, 13, 350), "00°00'");
+    EXPECT_EQ(Cella(sup, 1, 4550), "Cardinali 14");
+    EXPECT_EQ(Cella(sup, 4, 4550), "Fuoco 14");
+    // Ariete: the Sun exalted, Venus exiled by day, Mars at home by night, Saturn fallen.
+    EXPECT_EQ(Cella(sup, 8, 4550), "Domicilio 1");
+    EXPECT_EQ(Cella(sup, 9, 4550), "Esilio 1");
+    EXPECT_EQ(Cella(sup, 10, 4550), "Esaltazione 1");
+    EXPECT_EQ(Cella(sup, 11, 4550), "Caduta 1");
+}
