@@ -230,6 +230,7 @@ PuntiDellaRuota DisegnaRuotaStampa(Superficie& sup, const Tema& tema, const Posi
     r.Aspetti = o.Aspetti;
     r.LunaNeraVera = o.LunaNeraVera;
     r.BiancoNero = true;
+    r.SpessoreGlifi = o.SpessoreGlifi;
     r.Geometria.CentroX = G::CentroX;
     r.Geometria.CentroY = G::CentroY;
     sup.ColorePenna(Nero);

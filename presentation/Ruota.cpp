@@ -223,8 +223,10 @@ PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni&
         p.Y = P.Y(R2, L);
         sup.Linea(p.X, p.Y, P.X(R2 - 175, L), P.Y(R2 - 175, L), penna);
         double r = R2 - p.Anello * g.PassoPianeti;
+        if (bn) sup.SpessorePenna(o.SpessoreGlifi);
         DisegnaGlifo(sup, GlifoCorpo(static_cast<int>(i)), g.PassoPianeti, P.X(r, L), P.Y(r, L),
                      coloreCorpo(static_cast<int>(i)));
+        if (bn) sup.SpessorePenna(1);
     }
     // 9. Ascendant and Midheaven: the ends of their aspect lines only.
     for (std::size_t i = 13; i <= 14; ++i) {
