@@ -16,6 +16,7 @@ int ComandoTema(const Parole& parole, std::ostream& out);
 int ComandoEffemeridi(const Parole& parole, std::ostream& out);
 #ifdef VESMO_CON_QT
 int ComandoRuota(const Parole& parole, std::ostream& out);
+int ComandoStampa(const Parole& parole, std::ostream& out);
 #endif
 int ComandoRivoluzione(const Parole& parole, std::ostream& out);
 int ComandoDirezione(const Parole& parole, std::ostream& out);

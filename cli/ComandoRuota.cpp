@@ -1,7 +1,5 @@
 // vesmo-cli ruota: the wheel of a chart written to a PNG, SVG or PDF file; with --transito the
 // double wheel of that transit at the natal place, or its double zodiac.
-#include <QCoreApplication>
-#include <QGuiApplication>
 #include <QImage>
 #include <filesystem>
 #include <iostream>
@@ -9,6 +7,7 @@
 #include <sstream>
 
 #include "chart/CalcolaTema.h"
+#include "cli/ApplicazioneGrafica.h"
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
 #include "cli/DatabaseCli.h"
@@ -28,15 +27,6 @@
 namespace vesmo::cli {
 
 namespace {
-
-// Fonts need an application of the GUI: one on the offscreen platform, for this command.
-std::unique_ptr<QGuiApplication> ApplicazioneGrafica() {
-    if (QCoreApplication::instance()) return nullptr;
-    static int argc = 3;
-    static char nome[] = "vesmo-cli", opzione[] = "-platform", piattaforma[] = "offscreen";
-    static char* argv[] = {nome, opzione, piattaforma, nullptr};
-    return std::make_unique<QGuiApplication>(argc, argv);
-}
 
 int LeggiIntero(const std::string& testo, const std::string& cosa, int minimo, int massimo) {
     double v = LeggiNumero(testo, cosa);

@@ -52,6 +52,9 @@ const char* const Uso =
     "       [--ascensionale ar|ao] [--arco ANNI]   ruota ascensionale; arco solare\n"
     "       [--rilocata --tipo T --anno AAAA --lon-rilocata LON --lat-rilocata LAT [--db FILE]]\n"
     "                               rivoluzione rilocata con la mappa dei fusi e le città vicine\n"
+    "  stampa OPZIONI-DEL-TEMA --out FILE.pdf|.png [--aspetti] [--orbita G]\n"
+    "       [--slot natale|transito|rivoluzione|direzione] [--bmp NOME [--dir CARTELLA]]\n"
+    "                               pagina stampata del tema (A4), o i due file .bmp\n"
 #endif
     "Ogni comando accetta --json.\n";
 
@@ -65,6 +68,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"effemeridi", ComandoEffemeridi},
 #ifdef VESMO_CON_QT
         {"ruota", ComandoRuota},
+        {"stampa", ComandoStampa},
 #endif
         {"rivoluzione", ComandoRivoluzione},
         {"direzione", ComandoDirezione},
