@@ -1,0 +1,25 @@
+// The commands that draw (wheels, the printed page) need fonts, and fonts need an application
+// of the GUI: one on the offscreen platform, made for the command when none runs yet.
+#pragma once
+
+#include <QCoreApplication>
+#include <QGuiApplication>
+#include <memory>
+
+namespace vesmo::cli {
+
+inline std::unique_ptr<QGuiApplication> ApplicazioneGrafica() {
+    if (QCoreApplication::instance()) return nullptr;
+    static int argc;
+    static char nome[] = "vesmo-cli", opzione[] = "-platform", piattaforma[] = "offscreen";
+    static char* argv[4];
+    // The application takes the options it knows out of argv: set them again for each run.
+    argc = 3;
+    argv[0] = nome;
+    argv[1] = opzione;
+    argv[2] = piattaforma;
+    argv[3] = nullptr;
+    return std::make_unique<QGuiApplication>(argc, argv);
+}
+
+} // namespace vesmo::cli
