@@ -404,7 +404,7 @@ std::string RigaEsportazione(const Tema& tema, std::optional<double>& avviso) {
     const double d = tema.Fuso - tema.Estiva;
     double zOre, zMinuti, zSecondi;
     GradiPrimiSecondi(d, zOre, zMinuti, zSecondi);
-    if (std::fabs(zSecondi) >= 1 && !lmt) avviso = zSecondi;
+    if (std::fabs(zSecondi) >= 1 && !lmt) avviso = std::round(std::fabs(zSecondi) * 100) / 100;
 
     // The Ascendant at the clock time's obliquity and the local sidereal time.
     double e = Radianti(Obliquita(tema.Day + tema.OraL / 24));
