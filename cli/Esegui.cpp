@@ -28,6 +28,16 @@ const char* const Uso =
     "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
+    "  importa FILE [--archivio NOME] [--log FILE]   file di testo Solar Fire in un nuovo "
+    "archivio\n"
+    "  esporta ARCHIVIO [--out FILE]   archivio in un file di testo, un tema per riga\n"
+    "  query --da ARCHIVIO --a NOME --punto PUNTO (--luogo SEGNO|CASA | --angolo PUNTO|SEGNO|CASA\n"
+    "       --aspetto NOME|GRADI [--orbita X] | --verso diretto|retrogrado) [--luna geo|topo]\n"
+    "       [--condizione \"--punto P --luogo ...\"]...   i temi dell'archivio che soddisfano\n"
+    "       tutte le condizioni, copiati nella tabella Q_NOME; per esempio\n"
+    "       query --da Miei --a SolCngMerVenToro --punto Sole --angolo Mercurio\n"
+    "             --aspetto congiunzione --condizione \"--punto Venere --luogo Toro\"\n"
+    "  importa, esporta e query leggono --db FILE come luogo e cerca.\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
@@ -53,6 +63,9 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"ingresso", ComandoIngresso},
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
+        {"importa", ComandoImporta},
+        {"esporta", ComandoEsporta},
+        {"query", ComandoQuery},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;
