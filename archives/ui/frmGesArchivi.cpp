@@ -7,10 +7,12 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 #include "archives/Archivi.h"
+#include "archives/ui/ImportaEsporta.h"
 #include "core/qt/MessaggiQt.h"
 
 namespace vesmo {
@@ -71,6 +73,23 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     tutto->addWidget(Frame2);
     tutto->addLayout(pulsanti);
     resize(380, 420);
+
+    auto* menu = new QMenuBar(this);
+    QMenu* mnFile = menu->addMenu(QStringLiteral("&File"));
+    mnFile->setObjectName("mnFile");
+    QMenu* mnFileImp = mnFile->addMenu(QStringLiteral("&Importa Archivio"));
+    mnFileImp->setObjectName("mnFileImp");
+    mnFileImpSFtxt = mnFileImp->addAction(QStringLiteral("&Simple Text Solar Fire"));
+    mnFileImpSFtxt->setObjectName("mnFileImpSFtxt");
+    QMenu* mnFileExp = mnFile->addMenu(QStringLiteral("&Esporta Archivio"));
+    mnFileExp->setObjectName("mnFileExp");
+    mnFileTT = mnFileExp->addAction(QStringLiteral("File di &Testo"));
+    mnFileTT->setObjectName("mnFileTT");
+    tutto->setMenuBar(menu);
+    connect(mnFileImpSFtxt, &QAction::triggered, this,
+            [this] { mnFileImpSFtxt_Click(this, lstArchivi, fileDB_, messaggi_); });
+    connect(mnFileTT, &QAction::triggered, this,
+            [this] { mnFileTT_Click(lstArchivi, fileDB_, messaggi_); });
 
     connect(cmdCrea, &QPushButton::clicked, this, &frmGesArchivi::cmdCrea_Click);
     connect(cmdSalva, &QPushButton::clicked, this, &frmGesArchivi::cmdSalva_Click);

@@ -11,6 +11,7 @@
 
 class QComboBox;
 class QGroupBox;
+class QAction;
 class QLabel;
 class QLineEdit;
 class QListWidget;
@@ -39,6 +40,7 @@ public:
     QLineEdit* Text1;
     QLabel* Label1;
     QComboBox* Combo1;
+    QAction *mnFileImpSFtxt, *mnFileTT;
 
 public slots:
     void cmdCrea_Click();
