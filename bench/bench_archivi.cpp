@@ -5,6 +5,7 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <ctime>
 #include <filesystem>
 #include <fstream>
 #include <random>
@@ -86,11 +87,26 @@ Dati& D() {
 
 using Orologio = std::chrono::steady_clock;
 
-// Microseconds of wall time per chart since `inizio` (the workers' time is not the calling
-// thread's, so the processor time would tell too little).
-void PerTema(benchmark::State& state, std::int64_t temi, Orologio::time_point inizio) {
-    const double us = std::chrono::duration<double, std::micro>(Orologio::now() - inizio).count();
+// Processor time of the whole process, every thread included, in microseconds.
+double TempoProcessore() {
+    timespec t{};
+    clock_gettime(CLOCK_PROCESS_CPUTIME_ID, &t);
+    return static_cast<double>(t.tv_sec) * 1e6 + static_cast<double>(t.tv_nsec) / 1e3;
+}
+
+struct Inizio {
+    Orologio::time_point parete = Orologio::now();
+    double processore = TempoProcessore();
+};
+
+// Microseconds per chart since `inizio`: of wall time, and of processor time summed over all the
+// threads (the figure that does not depend on how busy the machine is).
+void PerTema(benchmark::State& state, std::int64_t temi, const Inizio& inizio) {
+    const double us =
+        std::chrono::duration<double, std::micro>(Orologio::now() - inizio.parete).count();
+    const double cpu = TempoProcessore() - inizio.processore;
     state.counters["us/tema"] = temi > 0 ? us / static_cast<double>(temi) : 0;
+    state.counters["cpu_us/tema"] = temi > 0 ? cpu / static_cast<double>(temi) : 0;
 }
 
 } // namespace
@@ -98,7 +114,7 @@ void PerTema(benchmark::State& state, std::int64_t temi, Orologio::time_point in
 static void BM_Importa100000(benchmark::State& state) {
     Dati& d = D();
     std::int64_t importati = 0;
-    const auto inizio = Orologio::now();
+    const Inizio inizio;
     for (auto _ : state) {
         const std::string nome = "Imp" + std::to_string(d.importazioni++);
         importati +=
@@ -116,7 +132,7 @@ static void Query(benchmark::State& state, std::vector<CondizioneQuery> condizio
     d.Prepara();
     MessaggiRegistrati m;
     std::int64_t esaminati = 0, trovati = 0;
-    const auto inizio = Orologio::now();
+    const Inizio inizio;
     for (auto _ : state) {
         EsitoQuery e = EseguiQuery(d.db.string(), "Temi", "Q_" + std::to_string(d.query++),
                                    condizioni, 1, m, {}, fili);
@@ -182,7 +198,7 @@ static void BM_TemaInteroPerTema(benchmark::State& state) {
     d.Prepara();
     MessaggiRegistrati m;
     std::int64_t n = 0;
-    const auto inizio = Orologio::now();
+    const Inizio inizio;
     for (auto _ : state) {
         for (const Tema& t : d.temi) {
             Case c;
@@ -207,7 +223,7 @@ static void BM_SwissEphemeris100000(benchmark::State& state) {
                          SE_MEAN_NODE, SE_MEAN_APOG, SE_OSCU_APOG};
     char err[256];
     std::int64_t n = 0;
-    const auto inizio = Orologio::now();
+    const Inizio inizio;
     for (auto _ : state) {
         for (const Tema& t : d.temi) {
             const double jd = t.JD();
