@@ -273,7 +273,14 @@ EsitoQuery EseguiQuery(const std::string& fileDB, const std::string& sorgente,
     Cursore out(db, risultato);
     db.IniziaTransazione();
     try {
+        auto prossimoAvviso = Orologio::now() + passo;
         for (std::size_t i = 0; i < righe.size() && fatto[i]; ++i) {
+            // The window stays alive while the hits are written; a stop asked now changes
+            // nothing, the charts are cast already.
+            if (avanzamento && Orologio::now() >= prossimoAvviso) {
+                avanzamento(contati.load(), totale);
+                prossimoAvviso = Orologio::now() + passo;
+            }
             RipetiMessaggi(esiti[i].messaggi, messaggi);
             ++esito.Esaminati;
             if (esiti[i].interrotto) break;
