@@ -1,39 +1,38 @@
 #include "cli/ArchiviCli.h"
 
 #include <filesystem>
+#include <stdexcept>
 #include <system_error>
+
+#include "cli/DatabaseCli.h"
+#include "core/Cartelle.h"
 
 namespace vesmo::cli {
 
-namespace {
-
-std::filesystem::path CartellaEseguibile() {
-    std::error_code ec;
-    const auto programma = std::filesystem::read_symlink("/proc/self/exe", ec);
-    return ec ? std::filesystem::path() : programma.parent_path();
-}
-
-} // namespace
+namespace fs = std::filesystem;
 
 std::string DatabaseArchivi(const Argomenti& a) {
-    std::filesystem::path file = "data/Vesmodat.Mdb";
+    const fs::path file = FileDatabase(a);
     std::error_code ec;
-    if (auto db = a.Opzione("db")) {
-        file = *db;
-    } else {
-        const auto vicino = CartellaEseguibile() / "../../../data/Vesmodat.Mdb";
-        if (std::filesystem::exists(vicino, ec)) file = vicino.lexically_normal();
-    }
-    if (!std::filesystem::exists(file, ec))
-        throw ErroreArgomenti("database non trovato: " + file.string());
+    if (!fs::is_regular_file(file, ec))
+        throw std::runtime_error("database non trovato: " + file.string());
     return file.string();
 }
 
 std::string CartellaProgramma() {
     std::error_code ec;
-    const auto app = (CartellaEseguibile() / "../app").lexically_normal();
-    if (std::filesystem::is_directory(app, ec)) return app.string();
-    return std::filesystem::current_path(ec).string();
+    const auto programma = fs::read_symlink("/proc/self/exe", ec);
+    if (!ec) {
+        const fs::path cartella = programma.parent_path();
+        const auto app = (cartella / "../app").lexically_normal();
+        if (fs::is_directory(app, ec)) return app.string();
+        if (ProgrammaInstallato(cartella)) {
+            const fs::path dati = CartellaDatiUtente();
+            fs::create_directories(dati, ec);
+            if (!ec) return dati.string();
+        }
+    }
+    return fs::current_path(ec).string();
 }
 
 } // namespace vesmo::cli

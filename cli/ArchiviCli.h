@@ -8,11 +8,13 @@
 
 namespace vesmo::cli {
 
-// --db FILE; else data/Vesmodat.Mdb of the source tree the program was built in; else
-// ./data/Vesmodat.Mdb. A file that does not exist is a bad argument.
+// The database of FileDatabase (--db FILE or the usual one); a missing file is told in one line
+// (status 1).
 std::string DatabaseArchivi(const Argomenti& a);
 
-// The workstation's folder beside this program (build/<dir>/app), else the current folder.
+// The workstation's folder for the files it writes beside itself: build/<dir>/app beside this
+// program in a build tree; the user's data folder for an installed program; else the current
+// folder.
 std::string CartellaProgramma();
 
 } // namespace vesmo::cli

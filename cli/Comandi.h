@@ -25,6 +25,10 @@ int ComandoCerca(const Parole& parole, std::ostream& out);
 int ComandoImporta(const Parole& parole, std::ostream& out);
 int ComandoEsporta(const Parole& parole, std::ostream& out);
 int ComandoQuery(const Parole& parole, std::ostream& out);
+int ComandoDeltaT(const Parole& parole, std::ostream& out);
+int ComandoEqT(const Parole& parole, std::ostream& out);
+int ComandoEclEqu(const Parole& parole, std::ostream& out);
+int ComandoFormati(const Parole& parole, std::ostream& out);
 
 // Runs a whole command line (without the program's name); returns the exit status.
 int Esegui(const Parole& parole, std::ostream& out, std::ostream& err);

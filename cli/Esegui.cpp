@@ -27,9 +27,10 @@ const char* const Uso =
     "                               quando il pianeta sarà sul grado G\n"
     "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
-    "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
-    "  importa FILE [--archivio NOME] [--log FILE]   file di testo Solar Fire in un nuovo "
-    "archivio\n"
+    "  cerca TESTO [--nazione NOME] i primi 20 luoghi il cui nome comincia con TESTO, poi\n"
+    "                               quelli con un altro nome che comincia così\n"
+    "  importa FILE [--archivio NOME] [--log FILE]\n"
+    "                               file di testo Solar Fire in un nuovo archivio\n"
     "  esporta ARCHIVIO [--out FILE]   archivio in un file di testo, un tema per riga\n"
     "  query --da ARCHIVIO --a NOME --punto PUNTO (--luogo SEGNO|CASA | --angolo PUNTO|SEGNO|CASA\n"
     "       --aspetto NOME|GRADI [--orbita X] | --verso diretto|retrogrado) [--luna geo|topo]\n"
@@ -38,8 +39,14 @@ const char* const Uso =
     "       query --da Miei --a SolCngMerVenToro --punto Sole --angolo Mercurio\n"
     "             --aspetto congiunzione --condizione \"--punto Venere --luogo Toro\"\n"
     "  importa, esporta e query leggono --db FILE come luogo e cerca.\n"
+    "  deltat --data GG/MM/AAAA     DeltaT = TE - TU, in secondi, minuti e ore\n"
+    "  eqt --data GG/MM/AAAA --ora HH:MM   equazione del tempo, in radianti\n"
+    "  eclequ --data GG/MM/AAAA --ora HH:MM (--segno N --lon \"G P S\" [--lat \"G P\"] |\n"
+    "       --ar \"H M S\" [--dec \"G P\"])   eclittiche <---> equatoriali\n"
+    "  formati (--gradi \"G P S\" | --ore \"H M S\" | --gradi-decimali X | --ore-decimali X |\n"
+    "       --radianti X)            un angolo nelle cinque notazioni\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
-    "  se no ./data/Vesmodat.Mdb.\n"
+    "  se no (programma installato) il database dell'utente, se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
@@ -66,6 +73,10 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"importa", ComandoImporta},
         {"esporta", ComandoEsporta},
         {"query", ComandoQuery},
+        {"deltat", ComandoDeltaT},
+        {"eqt", ComandoEqT},
+        {"eclequ", ComandoEclEqu},
+        {"formati", ComandoFormati},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

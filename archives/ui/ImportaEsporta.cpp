@@ -5,19 +5,21 @@
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QListWidget>
-#include <QStandardPaths>
+#include <filesystem>
 
 #include "archives/ImportaEsporta.h"
+#include "core/Cartelle.h"
 #include "core/qt/MessaggiQt.h"
 
 namespace vesmo {
 
 QString CartellaProgrammaQt() {
     const QString programma = QCoreApplication::applicationDirPath();
-    if (QFileInfo(programma).isWritable()) return programma;
-    const QString dati = QStandardPaths::writableLocation(QStandardPaths::AppDataLocation);
-    QDir().mkpath(dati);
-    return dati;
+    if (!ProgrammaInstallato(SS(programma))) return programma;
+    const std::filesystem::path dati = CartellaDatiUtente();
+    std::error_code ec;
+    std::filesystem::create_directories(dati, ec);
+    return QS(dati.string());
 }
 
 QString DialogoImportSF(QWidget* genitore, const QString& cartella) {

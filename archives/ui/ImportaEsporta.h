@@ -15,7 +15,7 @@ class QWidget;
 
 namespace vesmo {
 
-// The program's own folder: the executable's when it is writable, else the user's data folder.
+// The program's own folder, or the user's data folder when the program runs installed.
 QString CartellaProgrammaQt();
 
 // The import's file dialog: title "Import Archivio Solar Fire", the three filters, the first in
