@@ -11,6 +11,17 @@
 
 namespace vesmo::test {
 
+// The charts of an archive in index order.
+inline std::vector<Tema> TemiArchivio(const std::string& fileDB, const std::string& archivio) {
+    Database db(fileDB);
+    Cursore rs(db, archivio);
+    rs.Index(IndiceArchivio);
+    std::vector<Tema> r;
+    for (; !rs.Eof(); rs.MoveNext())
+        LeggiRecordTema(rs, r.emplace_back());
+    return r;
+}
+
 class ConArchivi : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -19,15 +30,7 @@ protected:
         db.Crea(fileDB);
         CreaSchemaLuoghi(db);
     }
-    std::vector<Tema> Temi(const std::string& archivio) {
-        Database db(fileDB);
-        Cursore rs(db, archivio);
-        rs.Index(IndiceArchivio);
-        std::vector<Tema> r;
-        for (; !rs.Eof(); rs.MoveNext())
-            LeggiRecordTema(rs, r.emplace_back());
-        return r;
-    }
+    std::vector<Tema> Temi(const std::string& archivio) { return TemiArchivio(fileDB, archivio); }
     Cartella cartella;
     std::string fileDB;
     MessaggiRegistrati messaggi;

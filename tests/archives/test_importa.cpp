@@ -13,7 +13,7 @@
 #include "archives/ImportaEsporta.h"
 #include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
-#include "tests/core/store/Cartella.h"
+#include "tests/archives/AiutoArchivi.h"
 
 namespace vesmo::test {
 namespace {
@@ -197,15 +197,7 @@ protected:
         std::ifstream in(p, std::ios::binary);
         return std::string(std::istreambuf_iterator<char>(in), {});
     }
-    std::vector<Tema> Temi(const std::string& archivio) {
-        Database db(fileDB);
-        Cursore rs(db, archivio);
-        rs.Index(IndiceArchivio);
-        std::vector<Tema> r;
-        for (; !rs.Eof(); rs.MoveNext())
-            LeggiRecordTema(rs, r.emplace_back());
-        return r;
-    }
+    std::vector<Tema> Temi(const std::string& archivio) { return TemiArchivio(fileDB, archivio); }
     Cartella cartella;
     std::string fileDB;
     MessaggiRegistrati messaggi;
