@@ -154,9 +154,11 @@ struct EsitoTema {
     std::vector<MessaggiRegistrati::Voce> messaggi;
 };
 
+// The database keeps one table of a name whatever its case: a result name typed in other
+// letters adds to the table that stands.
 bool EsisteTabella(const Database& db, const std::string& nome) {
     for (const std::string& t : db.Tabelle())
-        if (SenzaSpazi(t) == nome) return true;
+        if (UgualeSenzaCaso(SenzaSpazi(t), nome)) return true;
     return false;
 }
 

@@ -353,6 +353,11 @@ TEST_F(QueryArchivio, SecondaEsecuzioneAggiungeDoppioniEStessaTabella) {
     EXPECT_EQ(e1->Trovati, 40);
     EXPECT_EQ(e2->Trovati, 40);
     EXPECT_EQ(Nomi("Q_Copia").size(), 80u);
+    // The same name in other letters adds to the same table.
+    auto e4 = AvvioQuery(fileDB, "Q_Tutti", "Q_COPIA", {ovunque}, 1, messaggi);
+    ASSERT_TRUE(e4);
+    EXPECT_EQ(Nomi("Q_Copia").size(), 120u);
+    EXPECT_TRUE(messaggi.registro.empty());
     // The source as its own result: each chart of the start is tested once.
     auto e3 = AvvioQuery(fileDB, "Q_Tutti", "Q_Tutti", {ovunque}, 1, messaggi);
     ASSERT_TRUE(e3);
