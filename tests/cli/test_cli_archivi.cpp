@@ -1,6 +1,7 @@
 // vesmo-cli importa, esporta and query on a database of the test's own folder.
 #include <gtest/gtest.h>
 
+#include <filesystem>
 #include <fstream>
 #include <sstream>
 
@@ -61,6 +62,15 @@ TEST_F(CliArchivi, ImportaEsportaEQuery) {
     Esito j = Lancia({"importa", file, "--archivio", "Altro", "--log", log, "--json"});
     EXPECT_EQ(j.out, "{\"Archivio\": \"Altro\", \"Importati\": 2, \"Scartati\": 1, \"Log\": " +
                          std::string("\"") + log + "\"}\n");
+
+    // A file with nothing refused: no log.
+    const std::string pulito = (cartella / "pulito.txt").string();
+    std::ofstream(pulito) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
+                             "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
+    Esito p = Lancia({"importa", pulito, "--log", (cartella / "pulito.log").string(), "--json"});
+    EXPECT_EQ(p.out, "{\"Archivio\": \"pulitotxt\", \"Importati\": 1, \"Scartati\": 0, "
+                     "\"Log\": null}\n");
+    EXPECT_FALSE(std::filesystem::exists(cartella / "pulito.log"));
 
     const std::string txt = (cartella / "fuori.txt").string();
     Esito e = Lancia({"esporta", "temitxt", "--out", txt});
