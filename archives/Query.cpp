@@ -187,52 +187,36 @@ EsitoQuery EseguiQuery(const std::string& fileDB, const std::string& sorgente,
         esito.NuovaTabella = true;
     }
 
-    // The source as it stands now, in index order.
-    std::vector<RigaSorgente> righe;
-    std::int64_t totale;
-    {
-        Cursore rs(db, sorgente);
-        rs.Index(IndiceArchivio);
-        totale = rs.RecordCount();
-        righe.reserve(static_cast<std::size_t>(totale));
-        auto prossimo = Orologio::now() + passo;
-        for (; !rs.Eof(); rs.MoveNext()) {
-            RigaSorgente& r = righe.emplace_back();
-            for (std::size_t i = 0; i < 10; ++i)
-                r.campi[i] = rs.Campo(CampiCopia[i]);
-            r.tema.Nome = r.campi[0].Testo();
-            r.tema.City = r.campi[1].Testo();
-            r.tema.Stato = r.campi[2].Testo();
-            r.tema.Day = r.campi[3].Numero();
-            r.tema.OraL = r.campi[4].Numero();
-            r.tema.Lon = r.campi[5].Numero();
-            r.tema.Lat = r.campi[6].Numero();
-            r.tema.Fuso = r.campi[7].Numero();
-            r.tema.Estiva = r.campi[8].Numero();
-            if (avanzamento && Orologio::now() >= prossimo) {
-                if (!avanzamento(0, totale)) {
-                    esito.Fermata = true;
-                    return esito;
-                }
-                prossimo = Orologio::now() + passo;
-            }
-        }
-    }
-    totale = static_cast<std::int64_t>(righe.size());
-
-    // The charts are cast by the workers; this thread tells the progress and hears a stop.
-    const BisognoQuery bisogno = BisognoDi(condizioni);
-    std::vector<EsitoTema> esiti(righe.size());
-    std::vector<char> fatto(righe.size(), 0);
+    // The source as it stands now, in index order. This thread reads it and tells the progress;
+    // the workers cast each chart as soon as it has been read.
+    Cursore rs(db, sorgente);
+    rs.Index(IndiceArchivio);
+    const auto contati0 = rs.RecordCount();
+    const std::size_t n = static_cast<std::size_t>(std::max<std::int64_t>(0, contati0));
+    std::vector<RigaSorgente> righe(n);
+    std::vector<EsitoTema> esiti(n);
+    std::vector<char> fatto(n, 0);
+    std::atomic<std::size_t> letti{0};
+    std::atomic<bool> letturaFinita{false};
     std::atomic<std::size_t> prossimo{0};
     std::atomic<std::int64_t> contati{0};
     std::atomic<bool> ferma{false};
+    const BisognoQuery bisogno = BisognoDi(condizioni);
+
     auto lavora = [&] {
         MessaggiRegistrati m;
         for (;;) {
             if (ferma.load(std::memory_order_relaxed)) return;
             std::size_t i = prossimo.fetch_add(1);
-            if (i >= righe.size()) return;
+            if (i >= n) return;
+            // Ahead of the reading: wait for the row.
+            while (i >= letti.load(std::memory_order_acquire)) {
+                if (ferma.load(std::memory_order_relaxed)) return;
+                if (letturaFinita.load(std::memory_order_acquire) &&
+                    i >= letti.load(std::memory_order_acquire))
+                    return;
+                std::this_thread::sleep_for(std::chrono::microseconds(100));
+            }
             Case cuspidi;
             Posizioni pos;
             m.registro.clear();
@@ -255,18 +239,51 @@ EsitoQuery EseguiQuery(const std::string& fileDB, const std::string& sorgente,
         }
     };
     if (fili == 0) fili = std::max(1u, std::thread::hardware_concurrency());
-    fili =
-        static_cast<unsigned>(std::min<std::size_t>(fili, std::max<std::size_t>(1, righe.size())));
+    fili = static_cast<unsigned>(std::min<std::size_t>(fili, std::max<std::size_t>(1, n)));
+    std::int64_t totale = static_cast<std::int64_t>(n);
+    auto chiedi = [&] {
+        if (avanzamento && !avanzamento(contati.load(), totale)) {
+            ferma = true;
+            esito.Fermata = true;
+        }
+    };
     {
         std::vector<std::jthread> lavoratori;
         for (unsigned k = 0; k < fili; ++k)
             lavoratori.emplace_back(lavora);
+        try {
+            auto prossimoAvviso = Orologio::now() + passo;
+            std::size_t k = 0;
+            for (; k < n && !rs.Eof() && !ferma.load(); rs.MoveNext(), ++k) {
+                RigaSorgente& r = righe[k];
+                for (std::size_t c = 0; c < 10; ++c)
+                    r.campi[c] = rs.Campo(CampiCopia[c]);
+                r.tema.Nome = r.campi[0].Testo();
+                r.tema.City = r.campi[1].Testo();
+                r.tema.Stato = r.campi[2].Testo();
+                r.tema.Day = r.campi[3].Numero();
+                r.tema.OraL = r.campi[4].Numero();
+                r.tema.Lon = r.campi[5].Numero();
+                r.tema.Lat = r.campi[6].Numero();
+                r.tema.Fuso = r.campi[7].Numero();
+                r.tema.Estiva = r.campi[8].Numero();
+                letti.store(k + 1, std::memory_order_release);
+                if (Orologio::now() >= prossimoAvviso) {
+                    chiedi();
+                    prossimoAvviso = Orologio::now() + passo;
+                }
+            }
+            totale = static_cast<std::int64_t>(k);
+        } catch (...) {
+            ferma = true;
+            letturaFinita = true;
+            throw;
+        }
+        letturaFinita = true;
+        rs.Chiudi();
         while (contati.load() < totale && !ferma.load()) {
             std::this_thread::sleep_for(std::chrono::milliseconds(20));
-            if (avanzamento && !avanzamento(contati.load(), totale)) {
-                ferma = true;
-                esito.Fermata = true;
-            }
+            chiedi();
         }
     }
 
@@ -276,7 +293,7 @@ EsitoQuery EseguiQuery(const std::string& fileDB, const std::string& sorgente,
     db.IniziaTransazione();
     try {
         auto prossimoAvviso = Orologio::now() + passo;
-        for (std::size_t i = 0; i < righe.size() && fatto[i]; ++i) {
+        for (std::size_t i = 0; i < n && fatto[i]; ++i) {
             // The window stays alive while the hits are written; a stop asked now changes
             // nothing, the charts are cast already.
             if (avanzamento && Orologio::now() >= prossimoAvviso) {
