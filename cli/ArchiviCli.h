@@ -1,20 +1,26 @@
-// What the archive commands of vesmo-cli share: the database file and the folder where the
-// workstation puts the files it writes beside itself.
+// What the archive commands of vesmo-cli share: the database opened from --db, an archive
+// found by its name, and a chart row as a table line or a JSON object.
 #pragma once
 
+#include <optional>
 #include <string>
 
 #include "cli/Argomenti.h"
+#include "core/Tema.h"
+#include "core/store/Cursore.h"
+#include "core/store/Database.h"
 
 namespace vesmo::cli {
 
-// The database of FileDatabase (--db FILE or the usual one); a missing file is told in one line
-// (status 1).
-std::string DatabaseArchivi(const Argomenti& a);
-
-// The workstation's folder for the files it writes beside itself: build/<dir>/app beside this
-// program in a build tree; the user's data folder for an installed program; else the current
-// folder.
-std::string CartellaProgramma();
+// The database of --db (or the one the set-up prepared); a missing file is an error (status 1).
+Database ApriArchivi(const Argomenti& a);
+// The archive of that name: the exact name, else the one equal to it ignoring case.
+std::optional<std::string> TrovaArchivio(const Database& db, const std::string& nome);
+// A chart as JSON, the archive's field names.
+std::string JsonTemaArchivio(const Tema& t);
+// A chart as one line of a table.
+std::string RigaTemaArchivio(const Tema& t);
+// The head of that table.
+std::string TestataTemi();
 
 } // namespace vesmo::cli

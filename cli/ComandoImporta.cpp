@@ -5,7 +5,7 @@
 
 #include "archives/Archivi.h"
 #include "archives/ImportaEsporta.h"
-#include "cli/ArchiviCli.h"
+#include "cli/FileArchivi.h"
 #include "cli/Comandi.h"
 #include "cli/Json.h"
 #include "core/Testo.h"

@@ -7,7 +7,7 @@
 #include "archives/Archivi.h"
 #include "archives/Query.h"
 #include "chart/Aspetti.h"
-#include "cli/ArchiviCli.h"
+#include "cli/FileArchivi.h"
 #include "cli/Comandi.h"
 #include "cli/Json.h"
 #include "core/Testo.h"

@@ -1,15 +1,19 @@
-// vesmo-cli importa, esporta and query on a database of the test's own folder.
+// vesmo-cli salva, archivi and archivio on a database file: a chart stored into a new archive,
+// the refusal of a second chart of the same name and the two answers of --doppio, the checks of
+// a new archive's name, the charts listed in index order, and the statuses of what is not there.
 #include <gtest/gtest.h>
 
-#include <filesystem>
-#include <fstream>
+#include <algorithm>
 #include <sstream>
 
 #include "cli/Comandi.h"
 #include "core/store/Database.h"
+#include "places/Schema.h"
 #include "tests/core/store/Cartella.h"
 
-namespace vesmo::test {
+using namespace vesmo;
+using vesmo::cli::Esegui;
+
 namespace {
 
 struct Esito {
@@ -20,127 +24,142 @@ struct Esito {
 class CliArchivi : public ::testing::Test {
 protected:
     void SetUp() override {
-        db = (cartella / "Vesmodat.Mdb").string();
-        Database d;
-        d.Crea(db);
-        // By the Swiss Ephemeris (Moshier): the Sun at 351.8, Venus at 325.5 (Aquarius) on
-        // 12 March 1960; the Sun at 71.3, Venus at 101.3 (Cancer) on 2 June 1946.
-        file = (cartella / "temi.txt").string();
-        std::ofstream(file)
-            << "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
-               "\"Italia\",\"45N26\",\"12E30\"\n"
-               "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
-               "\"USA\",\"40N42\",\"74W00\"\n"
-               "\"Rotto\",\"2 jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
-               "\"USA\",\"40N42\",\"74W00\"\n";
+        fileDB = (cartella / "Vesmodat.Mdb").string();
+        Database db;
+        db.Crea(fileDB);
+        CreaSchemaLuoghi(db);
     }
     Esito Lancia(std::vector<std::string> parole) {
         parole.push_back("--db");
-        parole.push_back(db);
+        parole.push_back(fileDB);
         std::ostringstream out, err;
-        int stato = cli::Esegui(parole, out, err);
+        int stato = Esegui(parole, out, err);
         return {stato, out.str(), err.str()};
     }
-    Cartella cartella;
-    std::string db, file;
+    Esito Salva(const std::string& nome, const std::string& archivio,
+                std::vector<std::string> altro = {}) {
+        std::vector<std::string> p = {"salva",      "--data",   "10/04/1987", "--ora",  "19:30",
+                                      "--lon",      "11E53",    "--lat",      "45N24",  "--fuso",
+                                      "-1",         "--estiva", "1",          "--nome", nome,
+                                      "--archivio", archivio};
+        p.insert(p.end(), altro.begin(), altro.end());
+        return Lancia(p);
+    }
+    static int Righe(const std::string& s) {
+        return static_cast<int>(std::count(s.begin(), s.end(), '\n'));
+    }
+    vesmo::test::Cartella cartella;
+    std::string fileDB;
 };
 
-TEST_F(CliArchivi, ImportaEsportaEQuery) {
-    const std::string log = (cartella / "temi.log").string();
-    Esito i = Lancia({"importa", file, "--log", log});
-    EXPECT_EQ(i.stato, 0) << i.err;
-    EXPECT_EQ(i.out, "Archivio   temitxt\nImportati  2\nScartati   1\nLog        " + log + "\n");
-    std::ifstream in(log);
-    std::string riga;
-    std::getline(in, riga);
-    EXPECT_EQ(riga, "  [Errore  Mese SF: 2 jun 1946 ]");
+} // namespace
 
-    Esito doppio = Lancia({"importa", file, "--log", log});
-    EXPECT_EQ(doppio.stato, 1);
-    EXPECT_EQ(doppio.err, "vesmo-cli importa: l'archivio temitxt esiste già\n");
+TEST_F(CliArchivi, SalvaInUnArchivioNuovoELoElenca) {
+    // No archive yet: nothing to list.
+    Esito vuoto = Lancia({"archivi"});
+    EXPECT_EQ(vuoto.stato, 1);
+    EXPECT_EQ(Righe(vuoto.err), 1);
 
-    Esito j = Lancia({"importa", file, "--archivio", "Altro", "--log", log, "--json"});
-    EXPECT_EQ(j.out, "{\"Archivio\": \"Altro\", \"Importati\": 2, \"Scartati\": 1, \"Log\": " +
-                         std::string("\"") + log + "\"}\n");
-
-    // A file with nothing refused: no log.
-    const std::string pulito = (cartella / "pulito.txt").string();
-    std::ofstream(pulito) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
-                             "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
-    Esito p = Lancia({"importa", pulito, "--log", (cartella / "pulito.log").string(), "--json"});
-    EXPECT_EQ(p.out, "{\"Archivio\": \"pulitotxt\", \"Importati\": 1, \"Scartati\": 0, "
-                     "\"Log\": null}\n");
-    EXPECT_FALSE(std::filesystem::exists(cartella / "pulito.log"));
-
-    const std::string txt = (cartella / "fuori.txt").string();
-    Esito e = Lancia({"esporta", "temitxt", "--out", txt});
+    Esito e = Salva("Carla", "Amici");
     EXPECT_EQ(e.stato, 0) << e.err;
-    EXPECT_EQ(e.out, "Archivio  temitxt\nFile      " + txt + "\nRecords   2\n");
-    std::ifstream t(txt);
-    std::getline(t, riga);
-    EXPECT_EQ(riga.substr(0, 48), "* Bianchi, 02/06/1946, 07:00,  , +05:00, New Yor");
-    EXPECT_EQ(Lancia({"esporta", "Nessuno"}).stato, 1);
+    EXPECT_NE(e.out.find("Archivio  Amici  (creato)\n"), std::string::npos) << e.out;
+    EXPECT_EQ(Salva("Anna", "Amici").stato, 0);
+    EXPECT_EQ(
+        Salva("Bruno", "Amici", {"--json"})
+            .out.rfind("{\"Archivio\": \"Amici\", \"Creato\": false, \"Esito\": \"aggiunto\"", 0),
+        0u);
 
-    Esito q =
-        Lancia({"query", "--da", "temitxt", "--a", "pesci", "--punto", "sole", "--luogo", "PESCI"});
-    EXPECT_EQ(q.stato, 0) << q.err;
-    EXPECT_EQ(q.out, "Tabella    Q_pesci\nEsaminati  2\nTrovati    1\n");
-    // A house row with its blanks typed any way.
-    Esito c = Lancia({"query", "--da", "temitxt", "--a", "Case", "--punto", "Sole", "--luogo",
-                      "i casa", "--json"});
-    EXPECT_EQ(c.err, "");
-    EXPECT_EQ(c.out.substr(0, 28), "{\"Tabella\": \"Q_Case\", \"Esami");
-    // The help's two steps as one command: nothing here has Venus in Taurus.
-    Esito due = Lancia({"query", "--da", "temitxt", "--a", "SolCngMerVenToro", "--punto", "Sole",
-                        "--angolo", "Mercurio", "--aspetto", "congiunzione", "--orbita", "30",
-                        "--condizione", "--punto Venere --luogo Toro"});
-    EXPECT_EQ(due.stato, 1);
-    EXPECT_EQ(due.out, "Tabella    Q_SolCngMerVenToro\nEsaminati  2\nTrovati    0\n");
-    Esito ariete = Lancia({"query", "--da", "temitxt", "--a", "VenAr", "--condizione",
-                           "--punto Venere --luogo Ariete", "--condizione",
-                           "--punto Sole --angolo Ariete --aspetto 330 --orbita 30"});
-    EXPECT_EQ(ariete.err, "vesmo-cli query: aspetto sconosciuto: 330\n");
-    ariete =
-        Lancia({"query", "--da", "temitxt", "--a", "VenAr", "--condizione",
-                "--punto Venere --luogo acquario", "--condizione", "--punto Sole --luogo Pesci"});
-    EXPECT_EQ(ariete.out, "Tabella    Q_VenAr\nEsaminati  2\nTrovati    1\n");
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  3\n");
+    EXPECT_EQ(Lancia({"archivi", "--json"}).out, "[{\"Archivio\": \"Amici\", \"Temi\": 3}]\n");
+
+    // The charts in index order, with the ten fields: 10 April 1987 at 0h is JD 2446895.5,
+    // 11°53' east is 0.79222 hours east (negative), 45°24' north 45.4 degrees.
+    Esito j = Lancia({"archivio", "Amici", "--json"});
+    EXPECT_EQ(j.stato, 0);
+    const std::string anna = "{\"Nome\": \"Anna                          \", \"City\": \"";
+    EXPECT_EQ(j.out.rfind("[" + anna, 0), 0u) << j.out;
+    EXPECT_LT(j.out.find("Anna "), j.out.find("Bruno "));
+    EXPECT_LT(j.out.find("Bruno "), j.out.find("Carla "));
+    EXPECT_NE(j.out.find("\"Day\": 2446895.5, \"OraL\": 19.5, \"Lon\": -0.79222222222222"),
+              std::string::npos)
+        << j.out;
+    EXPECT_NE(j.out.find("\"Lat\": 45.4, \"Fuso\": -1, \"Estiva\": 1, \"Cmto\": \"\"}"),
+              std::string::npos)
+        << j.out;
+    Esito t = Lancia({"archivio", "amici"});
+    EXPECT_EQ(t.stato, 0);
+    EXPECT_EQ(Righe(t.out), 4); // the head and three charts
+    EXPECT_EQ(t.out.find("Nome"), 0u);
 }
 
-TEST_F(CliArchivi, ArgomentiSbagliati) {
-    Lancia({"importa", file, "--log", (cartella / "x.log").string()});
+TEST_F(CliArchivi, NomeDoppio) {
+    ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
+    // Refused: one line, status 1, nothing written.
+    Esito e = Salva("Anna", "Amici");
+    EXPECT_EQ(e.stato, 1);
+    EXPECT_EQ(Righe(e.err), 1);
+    EXPECT_TRUE(e.out.empty());
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
+
+    EXPECT_EQ(Salva("Anna", "Amici", {"--doppio", "aggiungi"}).stato, 0);
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
+    std::vector<std::string> p = {"salva",    "--data",     "10/04/1987", "--ora",      "08:00",
+                                  "--lon",    "11E53",      "--lat",      "45N24",      "--fuso",
+                                  "-1",       "--nome",     "Anna",       "--archivio", "Amici",
+                                  "--doppio", "sovrascrivi"};
+    EXPECT_EQ(Lancia(p).stato, 0);
+    Esito j = Lancia({"archivio", "Amici", "--json"});
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
+    // The first of the two is rewritten, the second stays.
+    EXPECT_LT(j.out.find("\"OraL\": 8,"), j.out.find("\"OraL\": 19.5,")) << j.out;
+}
+
+TEST_F(CliArchivi, ArgomentiSbagliatiENomiRifiutati) {
+    ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
     struct Caso {
         std::vector<std::string> parole;
-        std::string err;
-    } casi[] = {
-        {{"importa"}, "uso: vesmo-cli importa FILE"},
-        {{"importa", "/nessun/file.txt"}, "file non trovato: /nessun/file.txt"},
-        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--verso", "diretto"},
-         "Selezione  NON  valida!"},
-        {{"query", "--da", "temitxt", "--a", "X", "--punto", "MC", "--luogo", "I Casa"},
-         "Selezione  NON  valida!"},
-        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Cerere", "--luogo", "Toro"},
-         "punto sconosciuto: Cerere"},
-        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole"},
-         "una e una sola tra --luogo, --angolo e --verso"},
-        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--angolo", "Luna",
-          "--aspetto", "33"},
-         "aspetto sconosciuto: 33"},
-        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--angolo", "Luna",
-          "--aspetto", "0", "--orbita", "abc"},
-         "orbita"},
-        {{"query", "--da", "temitxt", "--a", "X", "--punto", "------------", "--luogo", "Toro"},
-         "punto sconosciuto: ------------"},
-        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--luogo", "Toro", "--luna",
-          "marte"},
-         "--luna geo o topo"},
+        int stato;
+    };
+    const std::vector<Caso> casi = {
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--nome", "Ugo", "--archivio", "AMICI"},
+         2}, // equal but for case to an archive
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--nome", "Ugo", "--archivio", "Nazioni"},
+         2}, // a place table
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--nome", "Ugo", "--archivio", "   "},
+         2},
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--nome", "Ugo", "--archivio", "Amici", "--doppio", "forse"},
+         2},
+        {{"salva", "--data", "31/02/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--archivio", "Amici"},
+         2},
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1"},
+         2}, // no archive
+        {{"archivio"}, 2},
+        {{"archivio", "Nessuno"}, 1},
+        {{"archivio", "Nazioni"}, 1}, // not an archive
+        {{"archivi", "extra"}, 2},
     };
     for (const Caso& c : casi) {
         Esito e = Lancia(c.parole);
-        EXPECT_EQ(e.stato, 2) << c.err << " / " << e.err;
-        EXPECT_NE(e.err.find(c.err), std::string::npos) << e.err;
-        EXPECT_EQ(e.out, "");
+        EXPECT_EQ(e.stato, c.stato) << c.parole.back() << ": " << e.err;
+        EXPECT_EQ(Righe(e.err), 1) << e.err;
     }
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
 }
 
-} // namespace
-} // namespace vesmo::test
+TEST_F(CliArchivi, NomiOstili) {
+    for (const char* nome : {"Quote\"s' ; drop", "O'Brien [x]"}) {
+        Esito e = Salva("D'Annunzio \"Vate\"", nome, {"--json"});
+        EXPECT_EQ(e.stato, 0) << e.err;
+        Esito l = Lancia({"archivio", nome, "--json"});
+        EXPECT_EQ(l.stato, 0) << l.err;
+        EXPECT_NE(l.out.find("D'Annunzio \\\"Vate\\\""), std::string::npos) << l.out;
+    }
+    Esito a = Lancia({"archivi"});
+    EXPECT_NE(a.out.find("Quote\"s' ; drop  1\n"), std::string::npos) << a.out;
+}
