@@ -32,6 +32,16 @@ const char* const Uso =
     "                               quelli con un altro nome che comincia così\n"
     "  vicine --lon LON --lat LAT [--db FILE]  le città più vicine al punto, come le\n"
     "                               elenca la rivoluzione rilocata\n"
+    "  importa FILE [--archivio NOME] [--log FILE]\n"
+    "                               file di testo Solar Fire in un nuovo archivio\n"
+    "  esporta ARCHIVIO [--out FILE]   archivio in un file di testo, un tema per riga\n"
+    "  query --da ARCHIVIO --a NOME --punto PUNTO (--luogo SEGNO|CASA | --angolo PUNTO|SEGNO|CASA\n"
+    "       --aspetto NOME|GRADI [--orbita X] | --verso diretto|retrogrado) [--luna geo|topo]\n"
+    "       [--condizione \"--punto P --luogo ...\"]...   i temi dell'archivio che soddisfano\n"
+    "       tutte le condizioni, copiati nella tabella Q_NOME; per esempio\n"
+    "       query --da Miei --a SolCngMerVenToro --punto Sole --angolo Mercurio\n"
+    "             --aspetto congiunzione --condizione \"--punto Venere --luogo Toro\"\n"
+    "  importa, esporta e query leggono --db FILE come luogo e cerca.\n"
     "  deltat --data GG/MM/AAAA     DeltaT = TE - TU, in secondi, minuti e ore\n"
     "  eqt --data GG/MM/AAAA --ora HH:MM   equazione del tempo, in radianti\n"
     "  eclequ --data GG/MM/AAAA --ora HH:MM (--segno N --lon \"G P S\" [--lat \"G P\"] |\n"
@@ -76,6 +86,9 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
         {"vicine", ComandoVicine},
+        {"importa", ComandoImporta},
+        {"esporta", ComandoEsporta},
+        {"query", ComandoQuery},
         {"deltat", ComandoDeltaT},
         {"eqt", ComandoEqT},
         {"eclequ", ComandoEclEqu},

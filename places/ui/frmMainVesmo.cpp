@@ -17,6 +17,7 @@
 
 #include "archives/ui/frmGesArchivi.h"
 #include "archives/ui/frmImpTVesmo.h"
+#include "archives/ui/frmQuery.h"
 #include "astrolog/Astrolog.h"
 #include "astrolog/qt/AvviaProgramma.h"
 #include "core/qt/MessaggiQt.h"
@@ -104,6 +105,12 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     mnuFilOrdN->setCheckable(true);
     mnuFile->addSeparator();
     mnuFilEsci = azione(mnuFile, "mnuFilEsci", "&Esci");
+    MnuQ = menuBar()->addAction(QStringLiteral("&Query"));
+    MnuQ->setObjectName("MnuQ");
+    connect(MnuQ, &QAction::triggered, this, [this] {
+        frmQuery q(sessione_, percorsi_.FileDB, messaggi_, this);
+        q.exec();
+    });
     QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
     mnuAbout = azione(aiuto, "mnuAbout", "&About");
 

@@ -41,6 +41,7 @@ public:
     // Opens the chart half (set by the program, which owns it).
     std::function<void()> AvviaLyx;
     QMenu* mnuFile;
+    QAction* MnuQ; // the chart query
 
     // Hooks for the parts of the launcher that live in other subsystems (archives, Astrolog,
     // the chart half); each adds its own menu entries through this window.
