@@ -22,6 +22,7 @@ int ComandoDirezione(const Parole& parole, std::ostream& out);
 int ComandoIngresso(const Parole& parole, std::ostream& out);
 int ComandoLuogo(const Parole& parole, std::ostream& out);
 int ComandoCerca(const Parole& parole, std::ostream& out);
+int ComandoDb(const Parole& parole, std::ostream& out);
 
 // Runs a whole command line (without the program's name); returns the exit status.
 int Esegui(const Parole& parole, std::ostream& out, std::ostream& err);

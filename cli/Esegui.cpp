@@ -28,6 +28,10 @@ const char* const Uso =
     "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
+    "  db pulizia fusi|estive [--elimina]  codici senza luoghi (e loro eliminazione)\n"
+    "  db compatta                  compattazione del database dei luoghi\n"
+    "  db copia fusi|estive --da CODICE --a CODICE   copia di una lista sotto un nuovo codice\n"
+    "  db zona CODICE, db estive CODICE   la lista datata di un codice\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
@@ -53,6 +57,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"ingresso", ComandoIngresso},
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
+        {"db", ComandoDb},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;
