@@ -159,7 +159,9 @@ void ModelloFusiEstive::Elenca() {
     Text23.clear();
     LegendaVisibile = false;
     Text2Visibile = true;
-    Database db(fileDB);
+    Database proprio;
+    if (!condiviso) proprio.Apri(fileDB);
+    Database& db = condiviso ? *condiviso : proprio;
     if (ZoomFuso == -1) {
         const auto codice = static_cast<std::int32_t>(ZoomCFusi);
         Cursore c(db, "Fusi");
@@ -213,7 +215,9 @@ bool ModelloFusiEstive::Command1_Click() {
         return false;
     }
     {
-        Database db(fileDB);
+        Database proprio;
+        if (!condiviso) proprio.Apri(fileDB);
+        Database& db = condiviso ? *condiviso : proprio;
         if (ZoomFuso == -1) {
             if (SenzaSpazi(Text22).empty()) Text22 = "00";
             if (SenzaSpazi(Text23).empty()) Text23 = "00";

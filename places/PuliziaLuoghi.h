@@ -57,6 +57,9 @@ bool CompattaDatabase(const std::filesystem::path& fileDB, Messaggi& messaggi);
 struct ModelloFusiEstive {
     std::filesystem::path fileDB;
     Messaggi& messaggi;
+    // When set, the lists are read and the rows written through this connection instead of one
+    // of the form's own: the entry form's, which is in the middle of a lookup when it asks.
+    Database* condiviso = nullptr;
     std::int16_t ZoomFuso = 0; // -1 zone list, 0 summer time list
     double ZoomCFusi = 0, ZoomCEst = 0, ZoomAnno = 0;
     int contatore = 1; // rows added in summer time mode, plus one

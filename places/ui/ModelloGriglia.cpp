@@ -1,6 +1,7 @@
 #include "places/ui/ModelloGriglia.h"
 
 #include "core/qt/MessaggiQt.h"
+#include "places/ModuloDati.h"
 
 namespace vesmo {
 
@@ -40,6 +41,38 @@ QVariant ModelloGriglia::headerData(int sezione, Qt::Orientation o, int ruolo) c
     if (ruolo != Qt::DisplayRole) return {};
     if (o == Qt::Horizontal) return campi_.value(sezione);
     return {};
+}
+
+Qt::ItemFlags ModelloGriglia::flags(const QModelIndex& indice) const {
+    Qt::ItemFlags f = QAbstractTableModel::flags(indice);
+    if (modificabile_ && indice.isValid()) f |= Qt::ItemIsEditable;
+    return f;
+}
+
+bool ModelloGriglia::setData(const QModelIndex& indice, const QVariant& valore, int ruolo) {
+    if (!modificabile_ || !indice.isValid() || ruolo != Qt::EditRole) return false;
+    auto& riga = righe_.at(static_cast<std::size_t>(indice.row()));
+    const std::string campo = SS(campi_.value(indice.column()));
+    const std::string testo = SS(valore.toString());
+    try {
+        scrittura_->VaiA(riga.s);
+        // A number stays a number: a field that holds one is given the number typed.
+        const Valore prima = scrittura_->Campo(campo);
+        Valore nuovo(testo);
+        double n = 0;
+        if (prima.ENumero() && NumeroDaCasella(testo, n)) nuovo = Valore(n);
+        scrittura_->Edit();
+        scrittura_->Imposta(campo, nuovo);
+        scrittura_->Update();
+        riga.celle.at(static_cast<std::size_t>(indice.column())) =
+            QS(scrittura_->Campo(campo).Testo());
+    } catch (const std::exception& e) {
+        if (scrittura_->Modo() != ModoModifica::Nessuno) scrittura_->CancelUpdate();
+        if (Errore) Errore(e);
+        return false;
+    }
+    emit dataChanged(indice, indice);
+    return true;
 }
 
 int ModelloGriglia::RigaDi(const Segnalibro& s) const {

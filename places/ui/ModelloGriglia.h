@@ -4,6 +4,7 @@
 
 #include <QAbstractTableModel>
 #include <QStringList>
+#include <functional>
 #include <unordered_map>
 #include <vector>
 
@@ -27,6 +28,18 @@ public:
     QVariant data(const QModelIndex& indice, int ruolo) const override;
     QVariant headerData(int sezione, Qt::Orientation o, int ruolo) const override;
 
+    // Editing: when on, a cell typed in is written straight to its row through `c` (the cursor
+    // the rows were read from), without any check of the table's relations. A write the store
+    // refuses is handed to Errore and the cell keeps its value.
+    void Modificabile(Cursore* c, bool acceso) {
+        scrittura_ = c;
+        modificabile_ = acceso && c != nullptr;
+    }
+    bool Modificabile() const { return modificabile_; }
+    std::function<void(const std::exception&)> Errore;
+    Qt::ItemFlags flags(const QModelIndex& indice) const override;
+    bool setData(const QModelIndex& indice, const QVariant& valore, int ruolo) override;
+
     // The row of a bookmark (-1 when absent), and the bookmark of a row.
     int RigaDi(const Segnalibro& s) const;
     Segnalibro SegnalibroDi(int riga) const { return righe_.at(static_cast<std::size_t>(riga)).s; }
@@ -39,6 +52,8 @@ private:
     QStringList campi_;
     std::vector<Riga> righe_;
     std::unordered_map<std::int64_t, int> perSegnalibro_;
+    Cursore* scrittura_ = nullptr;
+    bool modificabile_ = false;
 };
 
 } // namespace vesmo
