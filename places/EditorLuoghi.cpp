@@ -207,6 +207,7 @@ void ModelloDbEdit::CercaNazione(const std::string& testo) {
 void ModelloDbEdit::Text19_Change() {
     CercaNazione(campi.Text19);
     if (Data2.BOF() || Data2.Eof()) return;
+    DBGrid2_RowColChange();
     campi.Text1 = campi.Text21 = std::to_string(CNazCorrente());
     campi.Text25 = Data2.Campo("Spec").Testo();
     campi.Text2.clear();
@@ -214,12 +215,15 @@ void ModelloDbEdit::Text19_Change() {
     campi.Text20.clear();
 }
 
+// The nation grid follows the cursor, and the places follow the nation grid.
 void ModelloDbEdit::Text29_Change() {
     CercaNazione(campi.Text29);
+    DBGrid2_RowColChange();
 }
 
 void ModelloDbEdit::Text31_Change() {
     CercaNazione(campi.Text31);
+    DBGrid2_RowColChange();
 }
 
 void ModelloDbEdit::Text2_Change() {
@@ -230,6 +234,7 @@ void ModelloDbEdit::Text2_Change() {
     } catch (const ErroreDB&) {
         if (Data1.RecordCount() > 0) Data1.MoveFirst();
     }
+    DBGrid1_RowColChange();
 }
 
 void ModelloDbEdit::Text30_Change() {
@@ -240,6 +245,7 @@ void ModelloDbEdit::Text30_Change() {
     } catch (const ErroreDB&) {
         if (Data1.RecordCount() > 0) Data1.MoveFirst();
     }
+    DBGrid1_RowColChange();
 }
 
 void ModelloDbEdit::DBGrid2_RowColChange() {

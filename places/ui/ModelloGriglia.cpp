@@ -8,8 +8,41 @@ namespace vesmo {
 ModelloGriglia::ModelloGriglia(QStringList campi, QObject* genitore)
     : QAbstractTableModel(genitore), campi_(std::move(campi)) {}
 
+void ModelloGriglia::CaricaSuRichiesta(Cursore& c, Database& db) {
+    beginResetModel();
+    righe_.clear();
+    perSegnalibro_.clear();
+    lettore_ = std::make_unique<Cursore>(db, c.Tabella());
+    std::optional<Segnalibro> dove;
+    if (!c.BOF() && !c.Eof()) dove = c.Bookmark();
+    if (c.RecordCount() > 0) {
+        righe_.reserve(static_cast<std::size_t>(c.RecordCount()));
+        for (c.MoveFirst(); !c.Eof(); c.MoveNext()) {
+            Riga r;
+            r.s = c.Bookmark();
+            perSegnalibro_[r.s.riga] = static_cast<int>(righe_.size());
+            righe_.push_back(std::move(r));
+        }
+    }
+    if (dove) c.VaiA(*dove);
+    endResetModel();
+}
+
+void ModelloGriglia::LeggiCelle(const Riga& r) const {
+    r.celle.clear();
+    try {
+        lettore_->VaiA(r.s);
+        for (const QString& campo : campi_)
+            r.celle.push_back(QS(lettore_->Campo(SS(campo)).Testo()));
+    } catch (const ErroreDB&) {
+        // Deleted since the grid was filled: an empty row.
+        r.celle.assign(static_cast<std::size_t>(campi_.size()), QString());
+    }
+}
+
 void ModelloGriglia::Carica(Cursore& c) {
     beginResetModel();
+    lettore_.reset();
     righe_.clear();
     perSegnalibro_.clear();
     std::optional<Segnalibro> dove;
@@ -32,9 +65,10 @@ void ModelloGriglia::Carica(Cursore& c) {
 }
 
 QVariant ModelloGriglia::data(const QModelIndex& indice, int ruolo) const {
-    if (!indice.isValid() || ruolo != Qt::DisplayRole) return {};
-    return righe_.at(static_cast<std::size_t>(indice.row()))
-        .celle.at(static_cast<std::size_t>(indice.column()));
+    if (!indice.isValid() || (ruolo != Qt::DisplayRole && ruolo != Qt::EditRole)) return {};
+    const Riga& r = righe_.at(static_cast<std::size_t>(indice.row()));
+    if (r.celle.empty()) LeggiCelle(r);
+    return r.celle.at(static_cast<std::size_t>(indice.column()));
 }
 
 QVariant ModelloGriglia::headerData(int sezione, Qt::Orientation o, int ruolo) const {
@@ -64,6 +98,7 @@ bool ModelloGriglia::setData(const QModelIndex& indice, const QVariant& valore, 
         scrittura_->Edit();
         scrittura_->Imposta(campo, nuovo);
         scrittura_->Update();
+        if (riga.celle.empty()) LeggiCelle(riga);
         riga.celle.at(static_cast<std::size_t>(indice.column())) =
             QS(scrittura_->Campo(campo).Testo());
     } catch (const std::exception& e) {

@@ -5,6 +5,7 @@
 #include <QAbstractTableModel>
 #include <QStringList>
 #include <functional>
+#include <memory>
 #include <unordered_map>
 #include <vector>
 
@@ -20,6 +21,10 @@ public:
 
     // Reads every row of the cursor in index order; the cursor ends where it started.
     void Carica(Cursore& c);
+    // The same, but only the rows' places are read now: a row's cells are read when the view
+    // first asks for them, through a cursor of the grid's own on the same table of `db` (a
+    // bookmark names its row in the whole table). For tables of a hundred thousand rows.
+    void CaricaSuRichiesta(Cursore& c, Database& db);
 
     int rowCount(const QModelIndex& = {}) const override { return static_cast<int>(righe_.size()); }
     int columnCount(const QModelIndex& = {}) const override {
@@ -47,11 +52,13 @@ public:
 private:
     struct Riga {
         Segnalibro s;
-        std::vector<QString> celle;
+        mutable std::vector<QString> celle; // empty until read
     };
+    void LeggiCelle(const Riga& r) const;
     QStringList campi_;
     std::vector<Riga> righe_;
     std::unordered_map<std::int64_t, int> perSegnalibro_;
+    std::unique_ptr<Cursore> lettore_;
     Cursore* scrittura_ = nullptr;
     bool modificabile_ = false;
 };

@@ -636,7 +636,7 @@ bool frmDbEdit::Form_Load() {
     Cursore* cursori[6] = {&m_->Data1, &m_->Data2, &m_->Data3, &m_->Data4, &m_->Data6, &m_->Data7};
     for (int k = 0; k < 6; ++k) {
         griglie_[k] = new ModelloGriglia(colonne[k], this);
-        griglie_[k]->Carica(*cursori[k]);
+        griglie_[k]->CaricaSuRichiesta(*cursori[k], db_);
         griglie_[k]->Errore = [this](const std::exception& e) {
             messaggi_.Mostra("Vesmo - Errore [frmDbEdit.DBGrid]", e.what(), Pulsanti::Ok,
                              Icona::Critico);
@@ -753,7 +753,7 @@ void frmDbEdit::Esegui(const char* routine, const std::function<void()>& azione,
     }
     Cursore* cursori[6] = {&m_->Data1, &m_->Data2, &m_->Data3, &m_->Data4, &m_->Data6, &m_->Data7};
     for (int k : daRicaricare)
-        griglie_[k]->Carica(*cursori[k]);
+        griglie_[k]->CaricaSuRichiesta(*cursori[k], db_);
     messaggi_.Occupato(false);
     AControlli();
 }

@@ -198,6 +198,7 @@ frmFusiEstive::frmFusiEstive(ModelloFusiEstive& modello, QWidget* genitore)
     data->addWidget(Text17);
     data->addWidget(Text8);
     data->addWidget(Text5);
+    data->addStretch(1);
     g->addLayout(data, 5, 1);
     g->addWidget(Label6, 5, 2);
     auto* ora = new QHBoxLayout;
@@ -209,6 +210,7 @@ frmFusiEstive::frmFusiEstive(ModelloFusiEstive& modello, QWidget* genitore)
     valore->addWidget(Text22);
     valore->addWidget(Text23);
     valore->addWidget(Combo5);
+    valore->addStretch(1);
     g->addLayout(valore, 5, 4);
     auto* bottoni = new QHBoxLayout;
     bottoni->addStretch(1);
@@ -216,6 +218,7 @@ frmFusiEstive::frmFusiEstive(ModelloFusiEstive& modello, QWidget* genitore)
     bottoni->addWidget(Command2);
     g->addLayout(bottoni, 6, 0, 1, 6);
     g->setRowStretch(2, 1);
+    g->setColumnStretch(5, 1);
     connect(Command1, &QPushButton::clicked, this, &frmFusiEstive::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &QDialog::accept);
     resize(780, 460);

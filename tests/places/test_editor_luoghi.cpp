@@ -177,9 +177,19 @@ TEST_F(Editor, DeletingAPlaceAsksItsQuestions) {
 }
 
 TEST_F(Editor, DeletingAPlaceOfAnotherNationIsRefused) {
+    // A nation without places: the place cursor cannot follow it.
+    {
+        Cursore n(db, "Nazioni");
+        n.AddNew();
+        n.Imposta("cNaz", 250);
+        n.Imposta("Nazione", "France");
+        n.Imposta("Spec", " ");
+        n.Update();
+    }
     ModelloDbEdit& e = Su("Italy", "Padova");
-    e.campi.Text29 = "Canada";
+    e.campi.Text29 = "France";
     e.Text29_Change();
+    EXPECT_EQ(e.Data2.Campo("Nazione").Testo(), "France");
     e.CmdElimCity_Click();
     ASSERT_EQ(messaggi.registro.size(), 1u);
     EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Accesso Errato");
