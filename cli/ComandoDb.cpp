@@ -3,10 +3,10 @@
 // list of one code.
 #include <filesystem>
 #include <stdexcept>
-#include <system_error>
 
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
+#include "cli/DatabaseCli.h"
 #include "cli/Json.h"
 #include "core/store/Cursore.h"
 #include "places/EditorLuoghi.h"
@@ -21,18 +21,9 @@ const char* const UsoDb =
     "uso: vesmo-cli db pulizia fusi|estive [--elimina] | compatta | copia fusi|estive --da "
     "CODICE --a CODICE | zona CODICE | estive CODICE [--db FILE] [--json]";
 
-// --db FILE; else data/Vesmodat.Mdb of the source tree the program was built in; else
-// ./data/Vesmodat.Mdb.
+// The database file of --db or the usual one, which must exist.
 std::filesystem::path FileDb(const Argomenti& a) {
-    std::filesystem::path file = "data/Vesmodat.Mdb";
-    if (auto db = a.Opzione("db")) {
-        file = *db;
-    } else {
-        std::error_code ec;
-        const auto programma = std::filesystem::read_symlink("/proc/self/exe", ec);
-        const auto vicino = programma.parent_path() / "../../../data/Vesmodat.Mdb";
-        if (!ec && std::filesystem::exists(vicino, ec)) file = vicino.lexically_normal();
-    }
+    const auto file = FileDatabase(a);
     if (!std::filesystem::is_regular_file(file))
         throw std::runtime_error("database dei luoghi non trovato: " + file.string());
     return file;

@@ -8,6 +8,7 @@
 
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
+#include "cli/DatabaseCli.h"
 #include "cli/Json.h"
 #include "cli/OpzioniTema.h"
 #include "core/Aritmetica.h"
@@ -18,27 +19,6 @@
 namespace vesmo::cli {
 
 namespace {
-
-// The places database: --db FILE; else data/Vesmodat.Mdb of the source tree the program was
-// built in (the program stands in build/<dir>/cli/); else ./data/Vesmodat.Mdb.
-std::filesystem::path FileDatabase(const Argomenti& a) {
-    if (auto db = a.Opzione("db")) return *db;
-    std::error_code ec;
-    const auto programma = std::filesystem::read_symlink("/proc/self/exe", ec);
-    if (!ec) {
-        const auto vicino = programma.parent_path() / "../../../data/Vesmodat.Mdb";
-        if (std::filesystem::exists(vicino, ec)) return vicino.lexically_normal();
-    }
-    return "data/Vesmodat.Mdb";
-}
-
-Database ApriDatabase(const Argomenti& a) {
-    const auto file = FileDatabase(a);
-    if (!std::filesystem::exists(file))
-        throw std::runtime_error("database dei luoghi non trovato: " + file.string() +
-                                 " (scripts/prepara-dati lo costruisce, --db ne indica un altro)");
-    return Database(file);
-}
 
 // Places the nation cursor of a model sorted by nation on the nation named `nome`.
 void TrovaNazione(ModelloLuoghi& m, const std::string& nome) {

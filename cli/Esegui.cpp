@@ -33,7 +33,7 @@ const char* const Uso =
     "  db copia fusi|estive --da CODICE --a CODICE   copia di una lista sotto un nuovo codice\n"
     "  db zona CODICE, db estive CODICE   la lista datata di un codice\n"
     "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
-    "  se no ./data/Vesmodat.Mdb.\n"
+    "  se no (programma installato) il database dell'utente, se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
