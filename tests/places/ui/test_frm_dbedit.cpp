@@ -364,6 +364,12 @@ TEST_F(FinestreDb, MissingZoneQuestionOpensTheZoneList) {
         if (auto* d = qobject_cast<frmFusiEstive*>(QApplication::activeModalWidget())) {
             titolo = d->windowTitle();
             voce = d->List1->item(0)->text();
+            // A row added there, while the launcher is in the middle of its lookup.
+            d->Text17->setText("1");
+            d->Text8->setText("1");
+            d->Text5->setText("1900");
+            d->Text22->setText("1");
+            d->Command1->click();
             d->accept();
         }
     });
@@ -374,6 +380,7 @@ TEST_F(FinestreDb, MissingZoneQuestionOpensTheZoneList) {
     EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Aggiornamenti");
     EXPECT_EQ(titolo, "Vesmo - Fuso di   Italy");
     EXPECT_EQ(voce, QString(15, ' ') + "NON DISPONIBILE");
+    EXPECT_EQ(Conta(file, "select count(*) from Fusi where cFusi = 44 and fH_h = '-1'"), 1);
 }
 
 } // namespace
