@@ -440,14 +440,8 @@ QWidget* frmDbEdit::TabFusoEstive() {
             [this] { Esegui("cmdHpCodFE", [this] { m_->cmdHpCodFE_Click(); }); });
     connect(cmdZfFE, &QPushButton::clicked, this,
             [this] { Esegui("cmdZfFE", [this] { m_->cmdZfFE_Click(); }); });
-    connect(cmdZeFE, &QPushButton::clicked, this, [this] {
-        Esegui("cmdZeFE", [this] {
-            m_->cmdZeFE_Click();
-            if (m_->campi.Combo9.Scelta().empty()) return;
-            m_->campi.cmbZoneOrarie.voci = LegendaZone(db_, m_->campi.lstZmFE.voci);
-            m_->campi.cmbZoneOrarie.indice = m_->campi.cmbZoneOrarie.voci.empty() ? -1 : 0;
-        });
-    });
+    connect(cmdZeFE, &QPushButton::clicked, this,
+            [this] { Esegui("cmdZeFE", [this] { m_->cmdZeFE_Click(); }); });
     connect(Command7, &QPushButton::clicked, this, [this] {
         Esegui("Command7", [this] { m_->Command7_Click(); }, {2, 3});
     });
