@@ -107,6 +107,13 @@ TEST_F(FinestreDb, EditorTabsAndGridSwitch) {
     auto* g3 = f.DBGrid3->model();
     ASSERT_TRUE(g3->setData(g3->index(0, 5), QStringLiteral("30"), Qt::EditRole));
     EXPECT_EQ(Conta(file, "select count(*) from Fusi where fH_m = '30'"), 1);
+    EXPECT_EQ(g3->data(g3->index(0, 5)).toString(), "30");
+    // A value the table refuses (fH_m holds two characters) is told, and the cell keeps its own.
+    EXPECT_FALSE(g3->setData(g3->index(0, 5), QStringLiteral("123"), Qt::EditRole));
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Errore [frmDbEdit.DBGrid]");
+    EXPECT_EQ(g3->data(g3->index(0, 5)).toString(), "30");
+    EXPECT_EQ(Conta(file, "select count(*) from Fusi where fH_m = '30'"), 1);
     Clic(&f, "Command1");
     EXPECT_EQ(f.Command1->text(), "Griglie Modificabili   Grids       Updatable  OFF");
     EXPECT_FALSE(g3->flags(g3->index(0, 0)) & Qt::ItemIsEditable);
