@@ -9,10 +9,19 @@ ModelloGriglia::ModelloGriglia(QStringList campi, QObject* genitore)
     : QAbstractTableModel(genitore), campi_(std::move(campi)) {}
 
 void ModelloGriglia::CaricaSuRichiesta(Cursore& c, Database& db) {
+    lettore_ = std::make_unique<Cursore>(db, c.Tabella());
+    Percorri(c, false);
+}
+
+void ModelloGriglia::Carica(Cursore& c) {
+    lettore_.reset();
+    Percorri(c, true);
+}
+
+void ModelloGriglia::Percorri(Cursore& c, bool celle) {
     beginResetModel();
     righe_.clear();
     perSegnalibro_.clear();
-    lettore_ = std::make_unique<Cursore>(db, c.Tabella());
     std::optional<Segnalibro> dove;
     if (!c.BOF() && !c.Eof()) dove = c.Bookmark();
     if (c.RecordCount() > 0) {
@@ -20,6 +29,9 @@ void ModelloGriglia::CaricaSuRichiesta(Cursore& c, Database& db) {
         for (c.MoveFirst(); !c.Eof(); c.MoveNext()) {
             Riga r;
             r.s = c.Bookmark();
+            if (celle)
+                for (const QString& campo : campi_)
+                    r.celle.push_back(QS(c.Campo(SS(campo)).Testo()));
             perSegnalibro_[r.s.riga] = static_cast<int>(righe_.size());
             righe_.push_back(std::move(r));
         }
@@ -38,30 +50,6 @@ void ModelloGriglia::LeggiCelle(const Riga& r) const {
         // Deleted since the grid was filled: an empty row.
         r.celle.assign(static_cast<std::size_t>(campi_.size()), QString());
     }
-}
-
-void ModelloGriglia::Carica(Cursore& c) {
-    beginResetModel();
-    lettore_.reset();
-    righe_.clear();
-    perSegnalibro_.clear();
-    std::optional<Segnalibro> dove;
-    if (!c.BOF() && !c.Eof()) dove = c.Bookmark();
-    if (c.RecordCount() > 0) {
-        righe_.reserve(static_cast<std::size_t>(c.RecordCount()));
-        for (c.MoveFirst(); !c.Eof(); c.MoveNext()) {
-            Riga r;
-            r.s = c.Bookmark();
-            for (const QString& campo : campi_) {
-                Valore v = c.Campo(SS(campo));
-                r.celle.push_back(QS(v.Testo()));
-            }
-            perSegnalibro_[r.s.riga] = static_cast<int>(righe_.size());
-            righe_.push_back(std::move(r));
-        }
-    }
-    if (dove) c.VaiA(*dove);
-    endResetModel();
 }
 
 QVariant ModelloGriglia::data(const QModelIndex& indice, int ruolo) const {

@@ -55,6 +55,8 @@ private:
         mutable std::vector<QString> celle; // empty until read
     };
     void LeggiCelle(const Riga& r) const;
+    // Reads the rows' places in index order, with their cells when `celle`.
+    void Percorri(Cursore& c, bool celle);
     QStringList campi_;
     std::vector<Riga> righe_;
     std::unordered_map<std::int64_t, int> perSegnalibro_;

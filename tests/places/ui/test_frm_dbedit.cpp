@@ -75,6 +75,17 @@ protected:
         QTest::keyClicks(t, testo);
     }
     // A click as the user gives it (on a check box's own mark, not the middle of its row).
+    // The launcher's settings: this database, sorted by nation, the default place in Italy.
+    void Impostazioni(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& percorsi,
+                      const char* city) {
+        percorsi.FileDB = file.string();
+        percorsi.FileIni = (cartella / "Vesmodat.ini").string();
+        cfg.NazioneDefault = "Italy";
+        cfg.CityDefault = city;
+        cfg.Ordinamento = "N";
+        ScriviConfig(percorsi.FileIni, cfg);
+        PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+    }
     void Clic(QWidget* f, const char* nome) { Trova<QAbstractButton>(f, nome)->click(); }
     test::CartellaLuoghi cartella;
     std::filesystem::path file = cartella / "Vesmodat.Mdb";
@@ -301,13 +312,7 @@ TEST_F(FinestreDb, LauncherEntries) {
     Sessione sessione;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
-    percorsi.FileDB = file.string();
-    percorsi.FileIni = (cartella / "Vesmodat.ini").string();
-    cfg.NazioneDefault = "Italy";
-    cfg.CityDefault = "Aosta";
-    cfg.Ordinamento = "N";
-    ScriviConfig(percorsi.FileIni, cfg);
-    PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+    Impostazioni(sessione, cfg, percorsi, "Aosta");
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     f.show();
@@ -358,13 +363,7 @@ TEST_F(FinestreDb, MissingZoneQuestionOpensTheZoneList) {
     Sessione sessione;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
-    percorsi.FileDB = file.string();
-    percorsi.FileIni = (cartella / "Vesmodat.ini").string();
-    cfg.NazioneDefault = "Italy";
-    cfg.CityDefault = "Bari";
-    cfg.Ordinamento = "N";
-    ScriviConfig(percorsi.FileIni, cfg);
-    PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+    Impostazioni(sessione, cfg, percorsi, "Bari");
     messaggi.risposte = {Risposta::Si};
     QString titolo, voce;
     QTimer::singleShot(0, [&] {
