@@ -390,3 +390,36 @@ TEST_F(FinestreDb, MissingZoneQuestionOpensTheZoneList) {
 }
 
 } // namespace
+
+namespace {
+
+TEST_F(FinestreDb, CompactionFromTheLauncherClosesItsCursorsFirst) {
+    Sessione sessione;
+    ConfigIni cfg;
+    PercorsiVesmo percorsi;
+    Impostazioni(sessione, cfg, percorsi, "Roma");
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    f.show();
+    f.mnuFilEdit->trigger();
+    ASSERT_NE(f.findChild<frmDbEdit*>(), nullptr);
+    f.mnuFilDbCt->trigger();
+    EXPECT_FALSE(f.isVisible());
+    EXPECT_EQ(f.findChild<frmDbEdit*>(), nullptr);
+    EXPECT_EQ(f.Dati->Luoghi(), nullptr);
+    frmPulizia* p = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* x = qobject_cast<frmPulizia*>(w); x && x->isVisible()) p = x;
+    ASSERT_NE(p, nullptr);
+    EXPECT_FALSE(p->List1->isVisible());
+    QTest::mouseClick(p->Command1, Qt::LeftButton);
+    EXPECT_TRUE(messaggi.registro.empty());
+    EXPECT_FALSE(std::filesystem::exists(cartella / "Neo_Vesmodat.mdb"));
+    // Back on the launcher, on the compacted file.
+    EXPECT_TRUE(f.isVisible());
+    ASSERT_NE(f.Dati->Luoghi(), nullptr);
+    EXPECT_EQ(f.Dati->Text2->text(), "Roma");
+    EXPECT_EQ(f.Dati->NumeroCity(), 4);
+}
+
+} // namespace
