@@ -26,9 +26,11 @@ std::int32_t Intero(const Cursore& c, std::string_view campo) {
     return static_cast<std::int32_t>(c.Campo(campo).Intero());
 }
 
-// The value of a box read by value, as a code.
+// The value of a box read by value, as a code; a number beyond the codes' range stops at it.
 std::int32_t Codice(const std::string& testo) {
-    return static_cast<std::int32_t>(std::trunc(ValoreTesto(testo)));
+    const double v = std::trunc(ValoreTesto(testo));
+    if (std::isnan(v)) return 0;
+    return static_cast<std::int32_t>(std::clamp(v, -2147483648.0, 2147483647.0));
 }
 
 std::string Cifre(double x, const char* figura) {

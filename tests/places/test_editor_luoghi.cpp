@@ -250,19 +250,23 @@ TEST_F(Editor, NewRowsOfTheDatedLists) {
     e.campi.Text33 = "10001";
     e.Command7_Click();
     EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 10001"), 0);
+    // A code far beyond any list is refused in the same way.
+    e.campi.Text33 = "99999999999999999999";
+    e.Command7_Click();
     // Empty date boxes.
     e.campi.Text33 = "1";
     e.campi.Text8.clear();
     e.Command7_Click();
-    ASSERT_EQ(messaggi.registro.size(), 4u);
+    ASSERT_EQ(messaggi.registro.size(), 5u);
     EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Fusi");
     EXPECT_EQ(messaggi.registro[0].testo,
               "New Fusi. Eseguito\n" + std::string(30, '-') + "\nNew time zone. Done\n");
     EXPECT_EQ(messaggi.registro[2].titolo, "Info Codici");
     EXPECT_EQ(messaggi.registro[2].testo,
               "cFusi  o  cEst > 10000\nNessuna Azione\nclick su tab    ZoneOrarie\n");
-    EXPECT_EQ(messaggi.registro[3].titolo, "Vesmo - Errore Estive");
-    EXPECT_EQ(messaggi.registro[3].testo, "Caselle Nuova Riga vuote\n" + std::string(30, '-') +
+    EXPECT_EQ(messaggi.registro[3].testo, messaggi.registro[2].testo);
+    EXPECT_EQ(messaggi.registro[4].titolo, "Vesmo - Errore Estive");
+    EXPECT_EQ(messaggi.registro[4].testo, "Caselle Nuova Riga vuote\n" + std::string(30, '-') +
                                               "\nDay  or  Mese  or  Anno  not legal\n");
 }
 
