@@ -67,7 +67,9 @@ std::string DataRiga(const Cursore& c) {
 std::string TestoGradiPrimi(double gradi, char positivo, char negativo) {
     double g = 0, p = 0, s = 0;
     GradiPrimiSecondi(std::fabs(gradi), g, p, s);
-    if (s > 30) p += 1;
+    // Seconds compared at a millionth, so that 30 seconds stored as 29.9999999 or 30.0000001
+    // count as 30.
+    if (std::round(s * 1e6) / 1e6 > 30) p += 1;
     if (p >= 60) {
         p -= 60;
         g += 1;

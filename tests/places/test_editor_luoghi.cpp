@@ -526,11 +526,18 @@ TEST_F(Pulizia, PlacesOfANation) {
         Database db(file);
         test::AggiungiCity(db, 380, "Zeta", -0.5, 45.5, 3, 4);
         test::AggiungiCity(db, 380, "Sud", 0.25, -33.25, 5, 6);
+        // 30 seconds do not raise the minutes, 31 do.
+        test::AggiungiCity(db, 380, "Trenta", -GradiDecimali(9, 0, 30) / 15,
+                           GradiDecimali(44, 59, 30), 1, 1);
+        test::AggiungiCity(db, 380, "Trentuno", -GradiDecimali(9, 0, 31) / 15,
+                           GradiDecimali(44, 58, 31), 1, 1);
     }
     Database db(file);
     const auto righe = RigheZoomNazione(db, 380);
-    ASSERT_EQ(righe.size(), 3u);
-    EXPECT_EQ(righe[2], "Zeta" + std::string(26, ' ') + "  7E30 45N30  , 3  4");
+    ASSERT_EQ(righe.size(), 5u);
+    EXPECT_EQ(righe[2], "Trenta" + std::string(24, ' ') + "  9E00 44N59  , 1  1");
+    EXPECT_EQ(righe[3], "Trentuno" + std::string(22, ' ') + "  9E01 44N59  , 1  1");
+    EXPECT_EQ(righe[4], "Zeta" + std::string(26, ' ') + "  7E30 45N30  , 3  4");
     EXPECT_EQ(righe[1], "Sud" + std::string(27, ' ') + "  3W45 33S15  , 5  6");
     // 0.79 h = 11°51'; 45.4° = 45°24'.
     EXPECT_EQ(righe[0], "Padova" + std::string(24, ' ') + "  11E51 45N24  , 1  1");
