@@ -208,6 +208,7 @@ void ModelloFusiEstive::Elenca() {
 }
 
 bool ModelloFusiEstive::Command1_Click() {
+    if (Unita()) return false;
     const double giorno = ValoreTesto(Text17), mese = ValoreTesto(Text8), anno = ValoreTesto(Text5);
     if (giorno == 0 || mese == 0 || anno == 0) {
         messaggi.Mostra("Vesmo - Errore Estive", Righe({"Caselle Nuova Riga vuote"}), Pulsanti::Ok,

@@ -67,6 +67,9 @@ struct ModelloFusiEstive {
     ListaTesti List1, cmbZoneOrarie;
     std::string Text2; // the heading
     bool Text2Visibile = true, LegendaVisibile = false;
+    // A combined list (a code of 10000 and above in summer-time mode) is only shown: its rows
+    // belong to FusiEstiveUniti, and a row of Estive under its code would be read by nobody.
+    bool Unita() const { return ZoomFuso != -1 && ZoomCEst >= 10000; }
     std::string Text17, Text8, Text5, Text6, Text7, Text22, Text23;
     int Combo5 = 0; // 0 "EST", 1 "OVEST"
     std::string Label6;
@@ -78,7 +81,7 @@ struct ModelloFusiEstive {
     // The load: the boxes of the mode, then the list.
     void Form_Load();
     void Elenca();
-    // Adds the row of the boxes; false when a date box is empty (said).
+    // Adds the row of the boxes; false when a date box is empty (said) or the list is combined.
     bool Command1_Click();
 };
 

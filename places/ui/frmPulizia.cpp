@@ -190,10 +190,15 @@ frmFusiEstive::frmFusiEstive(ModelloFusiEstive& modello, QWidget* genitore)
     g->addWidget(Text2, 1, 0, 1, 6);
     g->addWidget(List1, 2, 0, 1, 6);
     g->addWidget(cmbZoneOrarie, 3, 0, 1, 6);
-    g->addWidget(new QLabel(QStringLiteral("Nuova Riga "), this), 4, 0);
-    g->addWidget(new QLabel(QStringLiteral("Day Mese   Anno"), this), 4, 1);
+    auto etichetta = [this](const char* testo) {
+        auto* l = new QLabel(QString::fromUtf8(testo), this);
+        l->setObjectName("Nuova");
+        return l;
+    };
+    g->addWidget(etichetta("Nuova Riga "), 4, 0);
+    g->addWidget(etichetta("Day Mese   Anno"), 4, 1);
     g->addWidget(Label4, 4, 3);
-    g->addWidget(new QLabel(QStringLiteral("In vigore "), this), 4, 4);
+    g->addWidget(etichetta("In vigore "), 4, 4);
     auto* data = new QHBoxLayout;
     data->addWidget(Text17);
     data->addWidget(Text8);
@@ -275,12 +280,20 @@ void frmFusiEstive::AControlli() {
     Text23->setText(QS(m_.Text23));
     Combo5->setCurrentIndex(m_.Combo5);
     const bool zona = m_.ZoomFuso == -1;
+    const bool nuova = !m_.Unita();
     Combo5->setVisible(zona);
+    for (QWidget* w : findChildren<QWidget*>(QStringLiteral("Nuova")))
+        w->setVisible(nuova);
+    for (QWidget* w :
+         {static_cast<QWidget*>(Text17), static_cast<QWidget*>(Text8), static_cast<QWidget*>(Text5),
+          static_cast<QWidget*>(Text22), static_cast<QWidget*>(Text23),
+          static_cast<QWidget*>(Label2), static_cast<QWidget*>(Command1)})
+        w->setVisible(nuova);
     for (QWidget* w : {static_cast<QWidget*>(Text6), static_cast<QWidget*>(Text7),
                        static_cast<QWidget*>(Label4)})
-        w->setVisible(m_.OraVisibile);
+        w->setVisible(m_.OraVisibile && nuova);
     Label6->setText(QS(m_.Label6));
-    Label6->setVisible(m_.OraVisibile && m_.Label6Visibile);
+    Label6->setVisible(m_.OraVisibile && m_.Label6Visibile && nuova);
 }
 
 void ApriZonaFusiEstive(const std::string& fileDB, Database* condiviso, std::int32_t cFusi,

@@ -521,6 +521,44 @@ TEST_F(Pulizia, SummerTimeYearBoxFilledForTwoRowsOnly) {
     EXPECT_EQ(f.List1.voci.size(), 3u);
 }
 
+TEST_F(Pulizia, CombinedListIsOnlyShown) {
+    {
+        Database db(file);
+        Cursore z(db, "ZoneOrarie");
+        z.AddNew();
+        z.Imposta("ZZonenNummer", 12);
+        z.Imposta("ZZonenCode", "CET");
+        z.Imposta("ZZonenText", "Central European Standard Time");
+        z.Imposta("ZUnterschied", 1.0 / 24);
+        z.Imposta("plusmin", "+");
+        z.Update();
+        Cursore u(db, "FusiEstiveUniti");
+        u.AddNew();
+        u.Imposta("TTN", 12000);
+        u.Imposta("TTV", 0);
+        u.Imposta("ZZo", 12);
+        u.Imposta("wdata", 1.0); // 31/12/1899
+        u.Update();
+    }
+    ModelloFusiEstive f(file, messaggi);
+    f.ZoomCEst = 12000;
+    f.ZoomAnno = 1950;
+    f.Form_Load();
+    EXPECT_TRUE(f.Unita());
+    EXPECT_EQ(f.Text2, "Cod $ ExtraCod , ZZonenNummer * Data [ZonaOraria]");
+    ASSERT_EQ(f.List1.voci.size(), 1u);
+    // A "+" zone is east of Greenwich: one hour with the sign reversed.
+    EXPECT_EQ(f.List1.voci[0], "12000 $ 000 , 12 * 31/12/1899 [ - 01:00:00] ");
+    EXPECT_TRUE(f.LegendaVisibile);
+    EXPECT_EQ(
+        f.cmbZoneOrarie.voci,
+        (std::vector<std::string>{"12 $ CET , Central European Standard Time ( -01:00:00 ) "}));
+    f.Text17 = "1", f.Text8 = "1", f.Text5 = "1950";
+    EXPECT_FALSE(f.Command1_Click());
+    Database db(file);
+    EXPECT_EQ(Conta(db, "select count(*) from Estive where cEst = 12000"), 0);
+}
+
 TEST_F(Pulizia, PlacesOfANation) {
     {
         Database db(file);
