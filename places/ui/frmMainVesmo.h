@@ -36,6 +36,7 @@ public:
     QCheckBox* ChkGEO;
     QPushButton *Command1, *Command6;
     QAction *mnuFilAvvia, *mnuFilSI, *mnuFilGes, *mnuFilSalva;
+    QAction* mnuFilImp;
     QAction *mnuFilAvvLyx, *mnuFilePath, *mnuFilOrdC, *mnuFilOrdN, *mnuFilEsci, *mnuAbout;
     // The places database: its editor, the zooms, the cleaning and the compaction.
     QAction *mnuZN = nullptr, *mnuZE = nullptr, *mnuFilEdit = nullptr, *mnuFilDbCt = nullptr,
