@@ -55,10 +55,9 @@ int Pulizia(const Argomenti& a, std::ostream& out) {
     const auto file = FileDb(a);
     const EsitoScansione esito = ScansionePulizia(file, lista);
     std::int64_t eliminate = 0;
-    if (a.Flag("elimina")) {
-        eliminate = EliminaRighe(file, lista, esito.codici);
-        EliminaIndiceLavoro(file, lista);
-    }
+    if (a.Flag("elimina")) eliminate = EliminaRighe(file, lista, esito.codici);
+    // No later step of a script would drop the work index: it goes now.
+    EliminaIndiceLavoro(file, lista);
     if (a.Flag("json")) {
         JsonLista codici;
         for (auto c : esito.codici)

@@ -21,6 +21,11 @@ protected:
         test::AggiungiEstiva(d, 1, 29, 3, 1987, 2, 0, 1, 0);
         test::AggiungiEstiva(d, 1, 27, 9, 1987, 3, 0, 0, 0);
     }
+    std::int64_t Conta(const std::string& sql) {
+        Database d(db);
+        Cursore c = Cursore::Sql(d, sql);
+        return c.Campo(c.Campi().at(0)).Intero();
+    }
     int Esegui(std::vector<std::string> parole) {
         parole.push_back("--db");
         parole.push_back(db.string());
@@ -38,10 +43,12 @@ protected:
 TEST_F(CliDb, CleaningListsThenDeletes) {
     ASSERT_EQ(Esegui({"db", "pulizia", "fusi", "--json"}), 0) << err;
     EXPECT_EQ(out, "{\"Esaminate\": 4, \"Codici\": [7], \"Eliminate\": 0}\n");
+    EXPECT_FALSE(Database(db).EsisteIndice("AllCity", "IndFusi"));
+    EXPECT_EQ(Conta("select count(*) from Fusi where cFusi = 7"), 2);
     ASSERT_EQ(Esegui({"db", "pulizia", "fusi", "--elimina"}), 0) << err;
     EXPECT_EQ(out, "4  Righe esaminate - (1 Codici da Eliminare)\n7\n2  Righe Eliminate da Fusi\n");
-    Database d(db);
-    EXPECT_FALSE(d.EsisteIndice("AllCity", "IndFusi"));
+    EXPECT_FALSE(Database(db).EsisteIndice("AllCity", "IndFusi"));
+    EXPECT_EQ(Conta("select count(*) from Fusi where cFusi = 7"), 0);
     ASSERT_EQ(Esegui({"db", "pulizia", "estive"}), 0) << err;
     EXPECT_EQ(out, "2  Righe esaminate - (0 Codici da Eliminare)\n");
 }
