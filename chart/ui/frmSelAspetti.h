@@ -70,7 +70,7 @@ private:
     Messaggi& messaggi_;
 };
 
-// The text of a single as the box shows it: up to seven significant digits, the comma.
+// The text of a single as the box shows it (core/Testo.h).
 std::string TestoSingolo(float x);
 
 } // namespace vesmo

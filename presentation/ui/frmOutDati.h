@@ -101,6 +101,8 @@ public slots:
     void Command2_MouseDown();
     void Command4_Click();
     void UpDown1_Change(int passo);
+    // The ascensional wheel of the chart shown, by ModoAscens.
+    void DisegnaRuotaAscensionale();
 
 protected:
     void closeEvent(QCloseEvent* e) override;
