@@ -52,6 +52,10 @@ const char* const Uso =
     "                               scrive il tema nell'archivio (creato se manca)\n"
     "  archivi                      gli archivi dei temi e quanti temi hanno\n"
     "  archivio NOME                i temi di un archivio in ordine di nome\n"
+    "  db pulizia fusi|estive [--elimina]  codici senza luoghi (e loro eliminazione)\n"
+    "  db compatta                  compattazione del database dei luoghi\n"
+    "  db copia fusi|estive --da CODICE --a CODICE   copia di una lista sotto un nuovo codice\n"
+    "  db zona CODICE, db estive CODICE   la lista datata di un codice\n"
     "  luogo, cerca, salva, archivi e archivio leggono --db FILE, se no data/Vesmodat.Mdb\n"
     "  dei sorgenti del programma, se no (programma installato) il database dell'utente,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
@@ -96,6 +100,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"salva", ComandoSalva},
         {"archivi", ComandoArchivi},
         {"archivio", ComandoArchivio},
+        {"db", ComandoDb},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

@@ -140,6 +140,7 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     connect(mnuFilOrdN, &QAction::triggered, this, &frmMainVesmo::mnuFilOrdN_Click);
     connect(mnuFilEsci, &QAction::triggered, this, &frmMainVesmo::mnuFilEsci_Click);
     connect(mnuAbout, &QAction::triggered, this, &frmMainVesmo::mnuAbout_Click);
+    CreaMenuDb();
     resize(1100, 680);
 }
 
