@@ -35,8 +35,13 @@ const char* const Uso =
     "       --ar \"H M S\" [--dec \"G P\"])   eclittiche <---> equatoriali\n"
     "  formati (--gradi \"G P S\" | --ore \"H M S\" | --gradi-decimali X | --ore-decimali X |\n"
     "       --radianti X)            un angolo nelle cinque notazioni\n"
-    "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
-    "  se no (programma installato) il database dell'utente, se no ./data/Vesmodat.Mdb.\n"
+    "  salva OPZIONI-TEMA --archivio NOME [--doppio sovrascrivi|aggiungi]\n"
+    "                               scrive il tema nell'archivio (creato se manca)\n"
+    "  archivi                      gli archivi dei temi e quanti temi hanno\n"
+    "  archivio NOME                i temi di un archivio in ordine di nome\n"
+    "  luogo, cerca, salva, archivi e archivio leggono --db FILE, se no data/Vesmodat.Mdb\n"
+    "  dei sorgenti del programma, se no (programma installato) il database dell'utente,\n"
+    "  se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
@@ -64,6 +69,9 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"eqt", ComandoEqT},
         {"eclequ", ComandoEclEqu},
         {"formati", ComandoFormati},
+        {"salva", ComandoSalva},
+        {"archivi", ComandoArchivi},
+        {"archivio", ComandoArchivio},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

@@ -27,6 +27,7 @@
 #include "ephemeris/TestoDatiTema.h"
 #include "presentation/ui/frmOutDati.h"
 #include "timecharts/Direzioni.h"
+#include "timecharts/ui/MenuImporta.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/MenuTempo.h"
 
@@ -245,6 +246,7 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     resize(1000, 560);
     CollegaMenuTempo(*this, s_, messaggi_);
     CollegaMenuRuote(*this, s_, aspetti_, messaggi_);
+    CollegaMenuImporta(*this, s_, percorsi_.FileDB, messaggi_);
 }
 
 frmMenu::~frmMenu() {

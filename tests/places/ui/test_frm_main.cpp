@@ -2,6 +2,7 @@
 // typing in the city box and the grids, recomputes on a new date, and says what is wrong.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
@@ -12,6 +13,7 @@
 #include <QTableView>
 #include <QTest>
 
+#include "archives/Archivi.h"
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "places/RicercaLuoghi.h"
@@ -19,6 +21,7 @@
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
 #include "tests/places/AiutoLuoghi.h"
+#include "tests/timecharts/ui/Modale.h"
 
 using namespace vesmo;
 
@@ -296,4 +299,38 @@ TEST_F(Lanciatore, InputSenzaCittaNonChiude) {
     g.cmdCalcola->click();
     EXPECT_EQ(sessione.DatiOk, -1);
     EXPECT_EQ(g.AnnoRiv, 2030.f);
+}
+
+TEST_F(Lanciatore, ImportaTemaDaArchivio) {
+    CreaArchivio(percorsi.FileDB, "Amici");
+    Tema t;
+    t.Nome = "Giulia Neri";
+    t.City = "Roma";
+    t.Stato = "Italy";
+    t.Day = GiornoGiuliano(1960, 3, 21);
+    t.OraL = 7.25;
+    t.Lon = -0.8322;
+    t.Lat = 41.9;
+    t.Fuso = -1;
+    t.Cmto = "da archivio";
+    ASSERT_EQ(SalvaTema(percorsi.FileDB, "Amici", t, messaggi, "prova"),
+              EsitoSalvataggio::Aggiunto);
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    QAction* voce = f.findChild<QAction*>("mnuFilImp");
+    ASSERT_NE(voce, nullptr);
+    EXPECT_EQ(voce->text(), "I&mporta  Tema");
+    test::AlModale("frmImpTVesmo",
+                   [](QWidget* w) { test::Figlio<QPushButton>(w, "cmdImporta")->click(); });
+    voce->trigger();
+    EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Giulia Neri");
+    EXPECT_EQ(sessione.TemaCorrente.Cmto, "da archivio");
+    // The entry form shows the chart picked.
+    PannelloDati* d = f.Dati;
+    EXPECT_EQ(d->Text1->text(), "Giulia Neri");
+    EXPECT_EQ(d->Text2->text(), "Roma");
+    EXPECT_EQ(d->Text3->text(), "21");
+    EXPECT_EQ(d->Text5->text(), "1960");
+    EXPECT_EQ(d->Text6->text(), "7");
+    EXPECT_EQ(d->Text7->text(), "15");
 }
