@@ -24,6 +24,9 @@ int ComandoIngresso(const Parole& parole, std::ostream& out);
 int ComandoLuogo(const Parole& parole, std::ostream& out);
 int ComandoCerca(const Parole& parole, std::ostream& out);
 int ComandoVicine(const Parole& parole, std::ostream& out);
+int ComandoImporta(const Parole& parole, std::ostream& out);
+int ComandoEsporta(const Parole& parole, std::ostream& out);
+int ComandoQuery(const Parole& parole, std::ostream& out);
 int ComandoDeltaT(const Parole& parole, std::ostream& out);
 int ComandoEqT(const Parole& parole, std::ostream& out);
 int ComandoEclEqu(const Parole& parole, std::ostream& out);
@@ -31,6 +34,7 @@ int ComandoFormati(const Parole& parole, std::ostream& out);
 int ComandoSalva(const Parole& parole, std::ostream& out);
 int ComandoArchivi(const Parole& parole, std::ostream& out);
 int ComandoArchivio(const Parole& parole, std::ostream& out);
+int ComandoDb(const Parole& parole, std::ostream& out);
 int ComandoAspetti(const Parole& parole, std::ostream& out);
 
 // Runs a whole command line (without the program's name); returns the exit status.

@@ -32,6 +32,16 @@ const char* const Uso =
     "                               quelli con un altro nome che comincia così\n"
     "  vicine --lon LON --lat LAT [--db FILE]  le città più vicine al punto, come le\n"
     "                               elenca la rivoluzione rilocata\n"
+    "  importa FILE [--archivio NOME] [--log FILE]\n"
+    "                               file di testo Solar Fire in un nuovo archivio\n"
+    "  esporta ARCHIVIO [--out FILE]   archivio in un file di testo, un tema per riga\n"
+    "  query --da ARCHIVIO --a NOME --punto PUNTO (--luogo SEGNO|CASA | --angolo PUNTO|SEGNO|CASA\n"
+    "       --aspetto NOME|GRADI [--orbita X] | --verso diretto|retrogrado) [--luna geo|topo]\n"
+    "       [--condizione \"--punto P --luogo ...\"]...   i temi dell'archivio che soddisfano\n"
+    "       tutte le condizioni, copiati nella tabella Q_NOME; per esempio\n"
+    "       query --da Miei --a SolCngMerVenToro --punto Sole --angolo Mercurio\n"
+    "             --aspetto congiunzione --condizione \"--punto Venere --luogo Toro\"\n"
+    "  importa, esporta e query leggono --db FILE come luogo e cerca.\n"
     "  deltat --data GG/MM/AAAA     DeltaT = TE - TU, in secondi, minuti e ore\n"
     "  eqt --data GG/MM/AAAA --ora HH:MM   equazione del tempo, in radianti\n"
     "  eclequ --data GG/MM/AAAA --ora HH:MM (--segno N --lon \"G P S\" [--lat \"G P\"] |\n"
@@ -45,6 +55,10 @@ const char* const Uso =
     "                               scrive il tema nell'archivio (creato se manca)\n"
     "  archivi                      gli archivi dei temi e quanti temi hanno\n"
     "  archivio NOME                i temi di un archivio in ordine di nome\n"
+    "  db pulizia fusi|estive [--elimina]  codici senza luoghi (e loro eliminazione)\n"
+    "  db compatta                  compattazione del database dei luoghi\n"
+    "  db copia fusi|estive --da CODICE --a CODICE   copia di una lista sotto un nuovo codice\n"
+    "  db zona CODICE, db estive CODICE   la lista datata di un codice\n"
     "  luogo, cerca, salva, archivi e archivio leggono --db FILE, se no data/Vesmodat.Mdb\n"
     "  dei sorgenti del programma, se no (programma installato) il database dell'utente,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
@@ -81,6 +95,9 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"cerca", ComandoCerca},
         {"aspetti", ComandoAspetti},
         {"vicine", ComandoVicine},
+        {"importa", ComandoImporta},
+        {"esporta", ComandoEsporta},
+        {"query", ComandoQuery},
         {"deltat", ComandoDeltaT},
         {"eqt", ComandoEqT},
         {"eclequ", ComandoEclEqu},
@@ -88,6 +105,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"salva", ComandoSalva},
         {"archivi", ComandoArchivi},
         {"archivio", ComandoArchivio},
+        {"db", ComandoDb},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

@@ -10,7 +10,7 @@
 
 namespace vesmo {
 
-std::int16_t PlacidoNonDefinito = 0;
+thread_local std::int16_t PlacidoNonDefinito = 0;
 
 const char* const NomiSegni[12] = {"Ariete", "Toro",  "Gemell", "Cancro", "Leone", "Vergin",
                                    "Bilan",  "Scorp", "Sagit",  "Capri",  "Acqua", "Pesci"};

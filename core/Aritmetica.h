@@ -15,7 +15,7 @@ inline constexpr double PI = 3.141592653589793;
 
 // Raised by ArcoCoseno for an argument outside -1..1; the house calculation clears it before
 // it starts and reads it at the end.
-extern std::int16_t PlacidoNonDefinito;
+extern thread_local std::int16_t PlacidoNonDefinito;
 
 // An arithmetic fault that the platform would report as a run-time error ("Overflow").
 class ErroreAritmetico : public std::runtime_error {

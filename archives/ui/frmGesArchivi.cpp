@@ -16,6 +16,7 @@
 
 #include "archives/Archivi.h"
 #include "archives/Gestione.h"
+#include "archives/ui/ImportaEsporta.h"
 #include "core/qt/MessaggiQt.h"
 
 namespace vesmo {
@@ -119,6 +120,12 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     mnFileTT = mnFileExp->addAction(QStringLiteral("File di &Testo"));
     mnFileTT->setObjectName("mnFileTT");
     mnFileTT->setEnabled(false);
+    mnFileImpSFtxt->setEnabled(true);
+    mnFileTT->setEnabled(true);
+    connect(mnFileImpSFtxt, &QAction::triggered, this,
+            [this] { mnFileImpSFtxt_Click(this, lstArchivi, fileDB_, messaggi_); });
+    connect(mnFileTT, &QAction::triggered, this,
+            [this] { mnFileTT_Click(lstArchivi, fileDB_, messaggi_); });
 
     auto* colonnaDestra = new QVBoxLayout;
     colonnaDestra->addWidget(Frame2);

@@ -18,6 +18,7 @@
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "places/ui/ModelloGriglia.h"
+#include "places/ui/frmPulizia.h"
 
 namespace vesmo {
 
@@ -258,6 +259,9 @@ bool PannelloDati::Carica(const std::string& fileDB, char ordinamento) {
     try {
         db_.Apri(fileDB);
         luoghi_ = std::make_unique<ModelloLuoghi>(db_, messaggi_, ordinamento_, form_);
+        luoghi_->ApriFusiEstive = [this, fileDB](std::int32_t cFusi, const std::string& d) {
+            ApriZonaFusiEstive(fileDB, &db_, cFusi, d, messaggi_, window());
+        };
     } catch (const std::exception& e) {
         luoghi_.reset();
         db_.Chiudi();

@@ -45,6 +45,8 @@ public:
     // The number of places, for the frame's caption.
     std::int64_t NumeroCity() const;
     char Ordinamento() const { return ordinamento_; }
+    // The cursors on the place tables (null before Carica or after Chiudi).
+    ModelloLuoghi* Luoghi() const { return luoghi_.get(); }
 
     QLineEdit *Text1, *Text2, *Text3, *Text4, *Text5, *Text6, *Text7, *Text8, *Text9, *Text10,
         *Text11, *Text12, *Text13, *Text14, *Text15, *Text16, *Text18, *Text19, *Text22, *Text23;

@@ -17,6 +17,7 @@
 
 #include "archives/ui/frmGesArchivi.h"
 #include "archives/ui/frmImpTVesmo.h"
+#include "archives/ui/frmQuery.h"
 #include "astrolog/Astrolog.h"
 #include "astrolog/qt/AvviaProgramma.h"
 #include "core/qt/MessaggiQt.h"
@@ -104,6 +105,12 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     mnuFilOrdN->setCheckable(true);
     mnuFile->addSeparator();
     mnuFilEsci = azione(mnuFile, "mnuFilEsci", "&Esci");
+    MnuQ = menuBar()->addAction(QStringLiteral("&Query"));
+    MnuQ->setObjectName("MnuQ");
+    connect(MnuQ, &QAction::triggered, this, [this] {
+        frmQuery q(sessione_, percorsi_.FileDB, messaggi_, this);
+        q.exec();
+    });
     QMenu* aiuto = menuBar()->addMenu(QStringLiteral("&?"));
     mnuAbout = azione(aiuto, "mnuAbout", "&About");
 
@@ -133,6 +140,7 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     connect(mnuFilOrdN, &QAction::triggered, this, &frmMainVesmo::mnuFilOrdN_Click);
     connect(mnuFilEsci, &QAction::triggered, this, &frmMainVesmo::mnuFilEsci_Click);
     connect(mnuAbout, &QAction::triggered, this, &frmMainVesmo::mnuAbout_Click);
+    CreaMenuDb();
     resize(1100, 680);
 }
 

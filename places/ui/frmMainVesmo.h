@@ -38,9 +38,13 @@ public:
     QAction *mnuFilAvvia, *mnuFilSI, *mnuFilGes, *mnuFilSalva;
     QAction* mnuFilImp;
     QAction *mnuFilAvvLyx, *mnuFilePath, *mnuFilOrdC, *mnuFilOrdN, *mnuFilEsci, *mnuAbout;
+    // The places database: its editor, the zooms, the cleaning and the compaction.
+    QAction *mnuZN = nullptr, *mnuZE = nullptr, *mnuFilEdit = nullptr, *mnuFilDbCt = nullptr,
+            *mnuFilDbPulEst = nullptr, *mnuFilDbPilFusi = nullptr;
     // Opens the chart half (set by the program, which owns it).
     std::function<void()> AvviaLyx;
     QMenu* mnuFile;
+    QAction* MnuQ; // the chart query
 
     // Hooks for the parts of the launcher that live in other subsystems (archives, Astrolog,
     // the chart half); each adds its own menu entries through this window.
@@ -54,12 +58,19 @@ public slots:
     void mnuAbout_Click();
     void Command1_Click();
     void Command6_Click();
+    void mnuZN_Click();
+    void mnuZE_Click();
+    void mnuFilEdit_Click();
+    void mnuFilDbCt_Click();
+    // Opens frmPulizia in mode 1 (Fusi), 2 (Estive) or 3 (compaction).
+    void ApriPulizia(int modo);
 
 protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
     void CambiaOrdinamento(char ordine);
+    void CreaMenuDb();
 
     Sessione& sessione_;
     ConfigIni& cfg_;

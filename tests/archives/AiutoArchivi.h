@@ -14,6 +14,17 @@
 
 namespace vesmo::test {
 
+// The charts of an archive in index order.
+inline std::vector<Tema> TemiArchivio(const std::string& fileDB, const std::string& archivio) {
+    Database db(fileDB);
+    Cursore rs(db, archivio);
+    rs.Index(IndiceArchivio);
+    std::vector<Tema> r;
+    for (; !rs.Eof(); rs.MoveNext())
+        LeggiRecordTema(rs, r.emplace_back());
+    return r;
+}
+
 // A chart born in Padova on 10 April 1987 at 19:30 local time (zone -1, summer time 1), with
 // the comment "nota " and its name.
 inline Tema TemaDiProva(const std::string& nome, double ora = 19.5) {
@@ -39,15 +50,7 @@ protected:
         db.Crea(fileDB);
         CreaSchemaLuoghi(db);
     }
-    std::vector<Tema> Temi(const std::string& archivio) {
-        Database db(fileDB);
-        Cursore rs(db, archivio);
-        rs.Index(IndiceArchivio);
-        std::vector<Tema> r;
-        for (; !rs.Eof(); rs.MoveNext())
-            LeggiRecordTema(rs, r.emplace_back());
-        return r;
-    }
+    std::vector<Tema> Temi(const std::string& archivio) { return TemiArchivio(fileDB, archivio); }
     // Creates the archive and saves a chart of each name into it.
     void Riempi(const std::string& archivio, const std::vector<std::string>& nomi) {
         CreaArchivio(fileDB, archivio);

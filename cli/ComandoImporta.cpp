@@ -1,0 +1,53 @@
+// vesmo-cli importa: a Solar Fire text chart file into a new archive, with the log of the records
+// refused.
+#include <filesystem>
+#include <stdexcept>
+
+#include "archives/Archivi.h"
+#include "archives/ImportaEsporta.h"
+#include "cli/FileArchivi.h"
+#include "cli/Comandi.h"
+#include "cli/Json.h"
+#include "core/Testo.h"
+
+namespace vesmo::cli {
+
+int ComandoImporta(const Parole& parole, std::ostream& out) {
+    Argomenti a(parole, {"json"});
+    a.Consenti({"archivio", "log", "db", "json"});
+    if (a.Posizionali().size() != 1)
+        throw ErroreArgomenti(
+            "uso: vesmo-cli importa FILE [--archivio NOME] [--log FILE] [--db FILE] [--json]");
+    const std::string file = a.Posizionali()[0];
+    std::error_code ec;
+    if (!std::filesystem::is_regular_file(file, ec))
+        throw ErroreArgomenti("file non trovato: " + file);
+    const std::string fileDB = DatabaseArchivi(a);
+    std::string nome = a.Opzione("archivio")
+                           ? SenzaSpazi(*a.Opzione("archivio"))
+                           : NomeArchivioDaTitolo(std::filesystem::path(file).filename().string());
+    if (nome.empty()) throw ErroreArgomenti("nome dell'archivio vuoto");
+    for (const std::string& esistente : ElencoArchivi(fileDB))
+        if (UgualeSenzaCaso(esistente, nome))
+            throw std::runtime_error("l'archivio " + esistente + " esiste già");
+    const std::string log =
+        a.Opzione("log") ? *a.Opzione("log")
+                         : (std::filesystem::path(CartellaProgramma()) / (nome + ".log")).string();
+    const EsitoImport e = ImportaSF(fileDB, nome, file, log);
+    if (a.Flag("json")) {
+        JsonOggetto j;
+        j.Testo("Archivio", e.Archivio)
+            .Numero("Importati", static_cast<double>(e.Importati))
+            .Numero("Scartati", static_cast<double>(e.Scartati))
+            .Campo("Log", e.Log.empty() ? "null" : JsonTesto(e.Log));
+        out << j.str() << '\n';
+        return 0;
+    }
+    out << "Archivio   " << e.Archivio << '\n'
+        << "Importati  " << e.Importati << '\n'
+        << "Scartati   " << e.Scartati << '\n'
+        << "Log        " << (e.Log.empty() ? "-" : e.Log) << '\n';
+    return 0;
+}
+
+} // namespace vesmo::cli

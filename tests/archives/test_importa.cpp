@@ -1,0 +1,515 @@
+// The text import of Solar Fire chart files and the text export of an archive, on hand-made
+// files. Julian days come from the proleptic calendar (Python's datetime counting days from
+// 2000-01-01 = JD 2451544.5); the Ascendants of the export from Meeus' sidereal time and mean
+// obliquity, chosen where a nutation-sized change of the sidereal time keeps the same minute.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <random>
+#include <sstream>
+
+#include "archives/Archivi.h"
+#include "archives/ImportaEsporta.h"
+#include "core/Aritmetica.h"
+#include "core/store/Cursore.h"
+#include "tests/archives/AiutoArchivi.h"
+
+namespace vesmo::test {
+namespace {
+
+std::vector<std::string> Campi(const std::string& testo) {
+    std::istringstream in(testo);
+    LettoreCampiSF l(in);
+    std::vector<std::string> r;
+    std::string c;
+    while (l.InizioRecord())
+        for (int i = 0; i < 10 && l.Campo(c); ++i)
+            r.push_back(c);
+    return r;
+}
+
+TEST(LettoreCampiSF, SeparatoriVirgoletteEFineRiga) {
+    struct Caso {
+        const char* testo;
+        std::vector<std::string> campi;
+    } casi[] = {
+        {"a,b,c\n", {"a", "b", "c"}},
+        {"\"Rossi, Mario\",12 Mar 1960\n", {"Rossi, Mario", "12 Mar 1960"}},
+        {"  a  ,  b \r\nc", {"a", "b", "c"}},
+        {"\"x\"junk,y\n", {"x", "y"}},
+        {"a,\nb,c\n", {"a", "b", "c"}},   // a line end behind a comma ends nothing more
+        {"a\rb\r\nc\n", {"a", "b", "c"}}, // CR, CR LF and LF all end a field
+        {"a,,b\n", {"a", "", "b"}},       // an empty field between two commas
+        // empty lines between records are skipped
+        {"\n\n  \na,b,c,d,e,f,g,h,i,j\n\n\n1,2,3,4,5,6,7,8,9,10",
+         {"a", "b", "c", "d", "e", "f", "g", "h", "i", "j",
+          "1", "2", "3", "4", "5", "6", "7", "8", "9", "10"}},
+        {"\xEF\xBB\xBF"
+         "a,b",
+         {"a", "b"}}, // the UTF-8 mark at the start
+        {"\"open, never closed", {"open, never closed"}},
+    };
+    for (const Caso& c : casi)
+        EXPECT_EQ(Campi(c.testo), c.campi) << c.testo;
+}
+
+TEST(LettoreCampiSF, CampoEnormeTenutoAllaLunghezzaMassima) {
+    std::string testo(3'000'000, 'x');
+    testo += ",fine\n";
+    auto campi = Campi(testo);
+    ASSERT_EQ(campi.size(), 2u);
+    EXPECT_EQ(campi[0].size(), LettoreCampiSF::LunghezzaMassima);
+    EXPECT_EQ(campi[1], "fine");
+}
+
+RecordSF Record(const std::string& nome, const std::string& data, const std::string& ora,
+                const std::string& ampm, const std::string& fuso, const std::string& lat = "45N26",
+                const std::string& lon = "12E30") {
+    return {nome, data, ora, ampm, "CET", fuso, "Padova", "Italia", lat, lon};
+}
+
+TEST(TemaDaRecordSF, DataOraFusoECoordinate) {
+    struct Caso {
+        RecordSF record;
+        double day, oraL, fuso, lat, lonOre;
+    } casi[] = {
+        {Record("A", "12 Mar 1960", "10:30", "AM", "-01:00"), 2437005.5, 10.5, -1, 45 + 26.0 / 60,
+         -12.5 / 15},
+        // "PM" adds 12 below noon only: 12:05 stays five past twelve.
+        {Record("B", "12 Mar 1960", "12:05", "PM", "-01:00"), 2437005.5, 12 + 5.0 / 60, -1,
+         45 + 26.0 / 60, -12.5 / 15},
+        {Record("C", "12 Mar 1960", "01:15", "PM", "-01:00"), 2437005.5, 13.25, -1, 45 + 26.0 / 60,
+         -12.5 / 15},
+        {Record("D", "12 Mar 1960", "12:30", "AM", "05:00"), 2437005.5, 12.5, 5, 45 + 26.0 / 60,
+         -12.5 / 15},
+        // Seconds behind a second colon; an offset of -00:30 carries no sign into the hours.
+        {Record("E", "1 Jan 2000", "10:30:36", "", "-00:30", "33S52", "151E13"), 2451544.5, 10.51,
+         0.5, -(33 + 52.0 / 60), -(151 + 13.0 / 60) / 15},
+        {Record("F", "2 Jun 1946", "07:00", "AM", "05:00:00", "40N42", "74W00"), 2431973.5, 7, 5,
+         40.7, 74.0 / 15},
+    };
+    for (const Caso& c : casi) {
+        Tema t;
+        auto errore = TemaDaRecordSF(c.record, t);
+        ASSERT_FALSE(errore) << *errore;
+        EXPECT_EQ(t.Day, c.day) << c.record[0];
+        EXPECT_NEAR(t.OraL, c.oraL, 1e-12) << c.record[0];
+        EXPECT_NEAR(t.Fuso, c.fuso, 1e-12) << c.record[0];
+        EXPECT_NEAR(t.Lat, c.lat, 1e-12) << c.record[0];
+        EXPECT_NEAR(t.Lon, c.lonOre, 1e-12) << c.record[0];
+        EXPECT_EQ(t.Estiva, 0) << c.record[0];
+        EXPECT_EQ(t.ZonaSF.str(), "CET    ");
+        EXPECT_EQ(t.City.Valore(), "Padova");
+        EXPECT_EQ(t.Stato.Valore(), "Italia");
+        EXPECT_EQ(t.Cmto, "");
+    }
+}
+
+TEST(TemaDaRecordSF, VirgolaNelNomeDiventaUnoSpazioELeLarghezzeSonoQuelleDelTema) {
+    Tema t;
+    RecordSF r = Record("Rossi, Mario", "12 Mar 1960", "10:30", "", "-01:00");
+    r[4] = "EuropeRome";
+    r[6] = std::string(40, 'c');
+    ASSERT_FALSE(TemaDaRecordSF(r, t));
+    EXPECT_EQ(t.Nome.str(), "Rossi  Mario" + std::string(18, ' '));
+    EXPECT_EQ(t.ZonaSF.str(), "EuropeR");
+    EXPECT_EQ(t.City.str(), std::string(30, 'c'));
+}
+
+TEST(TemaDaRecordSF, RigheDelLogPerOgniErrore) {
+    struct Caso {
+        RecordSF record;
+        const char* riga;
+    } casi[] = {
+        {Record("A", "12 mar 1960", "10:30", "", "-01:00"), "  [Errore  Mese SF: 12 mar 1960 ]"},
+        {Record("A", "12 Mar 1960", "1030", "", "-01:00"), "  [Errore  Ora SF: 1030 ]"},
+        {Record("A", "12 Mar 1960", "10:30", "", "-0100"), "  [Errore  TimeZone SF: -0100 ]"},
+        // The first failure ends the record: the month before the time.
+        {Record("A", "12 Xyz 1960", "1030", "", "-0100"), "  [Errore  Mese SF: 12 Xyz 1960 ]"},
+        {Record("A", "12 Mar 1960", "1030", "", "-0100"), "  [Errore  Ora SF: 1030 ]"},
+        // Marks without numbers, and numbers out of their range.
+        {Record("A", "xx Mar 1960", "10:30", "", "-01:00"), "  [Errore  Campo SF: xx Mar 1960 ]"},
+        {Record("A", "12 Mar", "10:30", "", "-01:00"), "  [Errore  Campo SF: 12 Mar ]"},
+        {Record("A", "40 Mar 1960", "10:30", "", "-01:00"), "  [Errore  Campo SF: 40 Mar 1960 ]"},
+        {Record("A", "12 Mar 1960", "ab:cd", "", "-01:00"), "  [Errore  Campo SF: ab:cd ]"},
+        {Record("A", "12 Mar 1960", "10:75", "", "-01:00"), "  [Errore  Campo SF: 10:75 ]"},
+        {Record("A", "12 Mar 1960", "10:30", "", "-x:00"), "  [Errore  Campo SF: -x:00 ]"},
+        {Record("A", "12 Mar 1960", "10:30", "", "-01:00", "45X26"),
+         "  [Errore  Campo SF: 45X26 ]"},
+        {Record("A", "12 Mar 1960", "10:30", "", "-01:00", "45N26", "999E00"),
+         "  [Errore  Campo SF: 999E00 ]"},
+        {Record("A", "12 Mar 1960", "10:30", "", "-01:00", "45N26", ""), "  [Errore  Campo SF:  ]"},
+        // A comma inside the quotes reaches the log as a blank.
+        {Record("A", "12 mar, 1960", "10:30", "", "-01:00"), "  [Errore  Mese SF: 12 mar  1960 ]"},
+    };
+    for (const Caso& c : casi) {
+        Tema t;
+        auto errore = TemaDaRecordSF(c.record, t);
+        ASSERT_TRUE(errore) << c.riga;
+        EXPECT_EQ(*errore, c.riga);
+    }
+}
+
+TEST(TestoCampoSF, Utf8TenutoWindows1252ConvertitoControlliInSpazi) {
+    EXPECT_EQ(TestoCampoSF("Città"), "Città");
+    EXPECT_EQ(TestoCampoSF("Citt\xE0"), "Città");
+    EXPECT_EQ(TestoCampoSF("\x80uro"), "€uro");
+    EXPECT_EQ(TestoCampoSF(std::string("a\0b\x01", 4)), "a b ");
+    EXPECT_EQ(TestoCampoSF("\xC0\xAF"), "À¯"); // an overlong form is not UTF-8
+}
+
+TEST(NomeArchivio, DalTitoloDelFile) {
+    EXPECT_EQ(NomeArchivioDaTitolo("foo.txt"), "footxt");
+    EXPECT_EQ(NomeArchivioDaTitolo("a.b.txt"), "ab.txt");
+    EXPECT_EQ(NomeArchivioDaTitolo("senzapunto"), "senzapunto");
+}
+
+TEST(NomeArchivio, NomeDoppioChiedeUnAltroNome) {
+    MessaggiRegistrati m;
+    m.input = {std::string("Secondo"), std::string("terzo")};
+    auto nome =
+        NomeArchivioImport("footxt", {"Altro", "FOOTXT", "secondo", "Ultimo"}, "/tmp/foo.txt", m);
+    ASSERT_TRUE(nome);
+    EXPECT_EQ(*nome, "terzo");
+    ASSERT_EQ(m.registro.size(), 2u);
+    EXPECT_EQ(m.registro[0].titolo, "Import File - Nome Doppio");
+    EXPECT_EQ(m.registro[0].testo, "L'Archivio  footxt  Esiste già\n"
+                                   "Digitare un nome diverso o annullare \n"
+                                   "L'import del file  /tmp/foo.txt");
+    m.input = {std::string("")};
+    EXPECT_FALSE(NomeArchivioImport("a", {"A"}, "/tmp/a", m));
+}
+
+class Importazione : public ::testing::Test {
+protected:
+    void SetUp() override {
+        fileDB = (cartella / "Vesmodat.Mdb").string();
+        Database db;
+        db.Crea(fileDB);
+    }
+    std::string Scrivi(const std::string& nome, const std::string& testo) {
+        std::string p = (cartella / nome).string();
+        std::ofstream(p, std::ios::binary) << testo;
+        return p;
+    }
+    std::string Leggi(const std::string& p) {
+        std::ifstream in(p, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
+    }
+    std::vector<Tema> Temi(const std::string& archivio) { return TemiArchivio(fileDB, archivio); }
+    Cartella cartella;
+    std::string fileDB;
+    MessaggiRegistrati messaggi;
+};
+
+TEST_F(Importazione, FileSenzaErroriNonLasciaLogEToglieQuelloVecchio) {
+    std::string file =
+        Scrivi("temi.txt", "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
+                           "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\r\n"
+                           "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\","
+                           "\"05:00\",\"New York\",\"USA\",\"40N42\",\"74W00\"\r\n");
+    std::string logGiusto = (cartella / "temitxt.log").string();
+    std::ofstream(logGiusto) << "vecchio\n";
+    auto esito = ImportaArchivioSF(fileDB, file, {"Altro"}, cartella.Percorso().string(), messaggi);
+    ASSERT_TRUE(esito);
+    EXPECT_EQ(esito->Archivio, "temitxt");
+    EXPECT_EQ(esito->Importati, 2);
+    EXPECT_EQ(esito->Scartati, 0);
+    EXPECT_EQ(esito->Log, "");
+    EXPECT_FALSE(std::filesystem::exists(logGiusto));
+    EXPECT_TRUE(messaggi.registro.empty());
+    auto temi = Temi("temitxt");
+    ASSERT_EQ(temi.size(), 2u);
+    EXPECT_EQ(temi[0].Nome.Valore(), "Bianchi");
+    EXPECT_EQ(temi[1].Nome.Valore(), "Rossi  Mario");
+    EXPECT_EQ(temi[1].Day, 2437005.5);
+    EXPECT_EQ(temi[1].Estiva, 0);
+    EXPECT_EQ(temi[1].Cmto, "");
+    EXPECT_EQ(ElencoArchivi(fileDB), (std::vector<std::string>{"temitxt"}));
+}
+
+TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
+    std::string file = Scrivi("misti.txt",
+                              // over two lines
+                              "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
+                              "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                              "\"Due\",\"12 mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
+                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                              "\"Tre\",\"12 Mar 1960\",\"1030\",\"AM\",\"CET\",\"-01:00\","
+                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                              "\"Quattro\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-0100\","
+                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                              "\"Cinque\",\"12 Mar 1960\",\"10:30\",\"PM\",\"CET\",\"-01:00\","
+                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                              // the file ends inside a record
+                              "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
+    auto esito = ImportaArchivioSF(fileDB, file, {}, cartella.Percorso().string(), messaggi);
+    ASSERT_TRUE(esito);
+    const std::string log = (cartella / "mistitxt.log").string();
+    EXPECT_EQ(esito->Importati, 2);
+    EXPECT_EQ(esito->Scartati, 4);
+    EXPECT_EQ(esito->Log, log);
+    EXPECT_EQ(Leggi(log), "  [Errore  Mese SF: 12 mar 1960 ]\n"
+                          "  [Errore  Ora SF: 1030 ]\n"
+                          "  [Errore  TimeZone SF: -0100 ]\n"
+                          "  [Errore  Campo SF: Sei,12 Mar 1960,10:30 ]\n");
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - frmGesArchivi.mnFileImpSFtxt");
+    EXPECT_EQ(messaggi.registro[0].testo, "Errori! Esamina il file di testo\n\n" + log);
+    EXPECT_EQ(messaggi.registro[0].icona, Icona::Critico);
+    auto temi = Temi("mistitxt");
+    ASSERT_EQ(temi.size(), 2u);
+    EXPECT_EQ(temi[0].Nome.Valore(), "Cinque");
+    EXPECT_NEAR(temi[0].OraL, 22.5, 1e-12);
+    EXPECT_EQ(temi[1].Nome.Valore(), "Uno");
+    EXPECT_NEAR(temi[1].Fuso, -1, 1e-12);
+}
+
+TEST_F(Importazione, NomeDoppioAnnullatoNonImportaNulla) {
+    std::string file = Scrivi("a.txt", "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
+                                       "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n");
+    CreaArchivio(fileDB, "atxt");
+    messaggi.input = {std::nullopt};
+    EXPECT_FALSE(ImportaArchivioSF(fileDB, file, {"ATXT"}, cartella.Percorso().string(), messaggi));
+    EXPECT_TRUE(Temi("atxt").empty());
+}
+
+// A reader holding the file while the import commits: the engine refuses the commit, and the
+// import leaves nothing of the new archive behind.
+TEST_F(Importazione, ImportInterrottoDaUnErroreDelDatabaseNonLasciaRighe) {
+    std::string testo;
+    for (int i = 0; i < 50; ++i)
+        testo += "\"T" + std::to_string(i) +
+                 "\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\",\"Italia\","
+                 "\"45N26\",\"12E30\"\n";
+    std::string file = Scrivi("lungo.txt", testo);
+    Database lettore(fileDB);
+    std::unique_ptr<LetturaUnica> lettura;
+    int righe = 0;
+    EXPECT_THROW(ImportaSF(fileDB, "lungotxt", file, (cartella / "lungotxt.log").string(),
+                           [&](std::uint64_t) {
+                               if (++righe == 20) lettura = std::make_unique<LetturaUnica>(lettore);
+                               if (lettura) lettore.Tabelle();
+                           }),
+                 ErroreDB);
+    lettura.reset();
+    EXPECT_GE(righe, 20);
+    Database db(fileDB);
+    EXPECT_FALSE(db.EsisteTabella("lungotxt"));
+    EXPECT_TRUE(ElencoArchivi(db).empty());
+}
+
+// Randomised files: cut records, stray quotes, huge fields, binary bytes, invalid UTF-8 and a
+// 10 MB line. Nothing crashes, the archive holds exactly the charts counted as imported, and
+// each refused record is one line of the log in one of the four forms.
+TEST_F(Importazione, FileCasualiNonRomponoNulla) {
+    auto forma = [](const std::string& riga) {
+        for (const char* cosa : {"Mese", "Ora", "TimeZone", "Campo"}) {
+            const std::string inizio = std::string("  [Errore  ") + cosa + " SF: ";
+            if (riga.rfind(inizio, 0) == 0 && riga.size() >= inizio.size() + 2 &&
+                riga.compare(riga.size() - 2, 2, " ]") == 0)
+                return true;
+        }
+        return false;
+    };
+    const std::string buono = "\"Nome\",\"12 Mar 1960\",\"10:30\",\"PM\",\"CET\",\"-01:00\","
+                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
+    for (unsigned seme = 1; seme <= 12; ++seme) {
+        std::mt19937 g(seme);
+        std::string testo;
+        int pezzi = 30 + static_cast<int>(g() % 40);
+        for (int k = 0; k < pezzi; ++k) {
+            std::string r = buono;
+            switch (g() % 8) {
+            case 0: // cut
+                r.resize(g() % r.size());
+                break;
+            case 1: // stray quote
+                r.insert(g() % r.size(), "\"");
+                break;
+            case 2: // binary bytes
+                for (int i = 0; i < 20; ++i)
+                    r[g() % r.size()] = static_cast<char>(g() % 256);
+                break;
+            case 3: // invalid UTF-8 in the name
+                r.insert(2, "\xC3\x28\xFF\xFE\xED\xA0\x80");
+                break;
+            case 4: // a huge field
+                r.insert(2, std::string(50'000 + g() % 1000, 'N'));
+                break;
+            default:
+                break;
+            }
+            testo += r;
+        }
+        if (seme == 6) testo += std::string(10'000'000, 'Z') + "\n";
+        if (seme == 11) testo += "\"" + std::string(10'000'000, ',') + "\n";
+        std::string nome = "caso" + std::to_string(seme);
+        std::string file = Scrivi(nome + ".txt", testo);
+        std::string log = (cartella / (nome + ".log")).string();
+        EsitoImport esito;
+        ASSERT_NO_THROW(esito = ImportaSF(fileDB, nome, file, log)) << seme;
+        EXPECT_EQ(static_cast<std::int64_t>(Temi(nome).size()), esito.Importati) << seme;
+        std::vector<std::string> righe;
+        if (esito.Scartati) {
+            std::ifstream in(log, std::ios::binary);
+            for (std::string riga; std::getline(in, riga);)
+                righe.push_back(riga);
+        }
+        EXPECT_EQ(static_cast<std::int64_t>(righe.size()), esito.Scartati) << seme;
+        for (const std::string& riga : righe)
+            EXPECT_TRUE(forma(riga)) << seme << ": " << riga.substr(0, 80);
+    }
+}
+
+// Whole records damaged in one field each keep their count: every bad one is in the log.
+TEST_F(Importazione, OgniRecordErratoEUnaRigaDelLog) {
+    std::mt19937 g(7);
+    std::string testo;
+    int buoni = 0, cattivi = 0;
+    for (int k = 0; k < 400; ++k) {
+        std::string data = "12 Mar 1960", ora = "10:30", fuso = "-01:00", nome = "N";
+        switch (g() % 6) {
+        case 0:
+            data = "12 mar 1960";
+            break;
+        case 1:
+            ora = "1030";
+            break;
+        case 2:
+            fuso = std::string(5000, '9');
+            break;
+        case 3:
+            nome = "\xFF\xC3\x28\x01" + std::string(g() % 100000, 'x');
+            break;
+        default:
+            break;
+        }
+        bool cattivo = data != "12 Mar 1960" || ora != "10:30" || fuso != "-01:00";
+        (cattivo ? cattivi : buoni)++;
+        testo += "\"" + nome + "\",\"" + data + "\",\"" + ora + "\",\"AM\",\"CET\",\"" + fuso +
+                 "\",\"P\",\"I\",\"45N26\",\"12E30\"\n";
+    }
+    std::string file = Scrivi("contati.txt", testo);
+    auto esito = ImportaSF(fileDB, "contati", file, (cartella / "contati.log").string());
+    EXPECT_EQ(esito.Importati, buoni);
+    EXPECT_EQ(esito.Scartati, cattivi);
+    EXPECT_EQ(static_cast<int>(Temi("contati").size()), buoni);
+}
+
+// The export line, case by case.
+Tema TemaEsportato(const char* nome, int anno, int mese, int giorno, double ora, double lonOre,
+                   double lat, double fuso, double estiva, const char* city, const char* stato) {
+    Tema t;
+    t.Nome = nome;
+    t.Day = GiornoGiuliano(anno, mese, giorno);
+    t.OraL = ora;
+    t.Lon = lonOre;
+    t.Lat = lat;
+    t.Fuso = fuso;
+    t.Estiva = estiva;
+    t.City = city;
+    t.Stato = stato;
+    return t;
+}
+
+TEST(RigaEsportazione, Casi) {
+    struct Caso {
+        Tema tema;
+        const char* riga;
+    } casi[] = {
+        {TemaEsportato("Mario Rossi", 1960, 3, 12, 10.25, -12.5 / 15, 45 + 26.0 / 60, -1, 0,
+                       "Padova", "Italia"),
+         "* Mario Rossi, 12/03/1960, 10:15,  , -01:00, Padova, Italia, 012E30 45N26, 17Gem42"},
+        // Fuso -1 with summer time 1: the offset is -02:00.
+        {TemaEsportato("Summer", 1987, 4, 10, 19.5, -(11 + 53.0 / 60) / 15, 45.4, -1, 1, "Verona",
+                       "Italia"),
+         "* Summer, 10/04/1987, 19:30,  , -02:00, Verona, Italia, 011E53 45N24, 17Bil14"},
+        {TemaEsportato("West", 1946, 6, 2, 7, 74.0 / 15, 40.7, 5, 0, "New York", "USA"),
+         "* West, 02/06/1946, 07:00,  , +05:00, New York, USA, 074W00 40N42, 15Can53"},
+        // Zone equal to the longitude: "LMT".
+        {TemaEsportato("Lmt", 1900, 1, 1, 0, 0, 51.5, 0, 0, "London", "UK"),
+         "* Lmt, 01/01/1900, 00:00, LMT, +00:00, London, UK, 000W00 51N30, 07Bil11"},
+    };
+    for (const Caso& c : casi) {
+        std::optional<double> avviso;
+        EXPECT_EQ(RigaEsportazione(c.tema, avviso), c.riga);
+        EXPECT_FALSE(avviso) << c.riga;
+    }
+}
+
+TEST(RigaEsportazione, MinutiArrotondatiSenzaRiportoAnnoSenzaFormato) {
+    Tema t =
+        TemaEsportato("  Spazi  ", 800, 3, 15, GradiDecimali(10, 59, 30), 0, 0, 0, 0, " Qui ", "");
+    std::optional<double> avviso;
+    std::string riga = RigaEsportazione(t, avviso);
+    EXPECT_EQ(riga.substr(0, 36), "* Spazi, 15/03/800, 10:60, LMT, +00:");
+    EXPECT_NE(riga.find(", Qui, , "), std::string::npos) << riga;
+}
+
+TEST(RigaEsportazione, FusoConSecondi) {
+    const double fuso = -GradiDecimali(12, 29, 30) / 15; // 0h 49m 58s east
+    std::optional<double> avviso;
+    // As the longitude: "LMT" and no warning.
+    Tema lmt = TemaEsportato("A", 1900, 1, 1, 12, fuso, 45, fuso, 0, "X", "Y");
+    EXPECT_NE(RigaEsportazione(lmt, avviso).find(", LMT, -00:49, "), std::string::npos);
+    EXPECT_FALSE(avviso);
+    Tema altro = TemaEsportato("B", 1900, 1, 1, 12, -0.8, 45, fuso, 0, "X", "Y");
+    EXPECT_NE(RigaEsportazione(altro, avviso).find(",  , -00:49, "), std::string::npos);
+    ASSERT_TRUE(avviso);
+    EXPECT_NEAR(std::fabs(*avviso), 58, 1e-6);
+}
+
+TEST_F(Importazione, EsportazioneDiUnArchivio) {
+    CreaArchivio(fileDB, "Mio");
+    {
+        Database db(fileDB);
+        Cursore rs(db, "Mio");
+        std::int16_t aggiungi = -1, modifica = 0;
+        const double fuso = -GradiDecimali(12, 29, 30) / 15;
+        ScriviTema(rs,
+                   TemaEsportato("Zeta", 1960, 3, 12, 10.25, -12.5 / 15, 45 + 26.0 / 60, -1, 0,
+                                 "Padova", "Italia"),
+                   aggiungi, modifica);
+        ScriviTema(rs, TemaEsportato("Alfa", 1900, 1, 1, 12, -0.8, 45, fuso, 0, "X", "Y"), aggiungi,
+                   modifica);
+    }
+    const std::string percorso = (cartella / "Mio.txt").string();
+    std::ofstream(percorso) << "vecchio contenuto che sparisce\n";
+    auto scritto = EsportaArchivio(fileDB, "Mio", cartella.Percorso().string(), messaggi);
+    ASSERT_TRUE(scritto);
+    EXPECT_EQ(*scritto, percorso);
+    std::string testo = Leggi(percorso);
+    EXPECT_EQ(testo.substr(0, 9), "* Alfa, 0");
+    EXPECT_NE(testo.find("\n* Zeta, 12/03/1960, 10:15,  , -01:00, Padova, Italia, 012E30 45N26, "
+                         "17Gem42\n"),
+              std::string::npos);
+    ASSERT_EQ(messaggi.registro.size(), 3u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Export Archivi");
+    EXPECT_EQ(messaggi.registro[0].testo, "Scrittura del file " + percorso);
+    EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::OkAnnulla);
+    EXPECT_EQ(messaggi.registro[1].titolo, "AVVISO frmGesArchivi.mnFileTT");
+    EXPECT_EQ(messaggi.registro[1].testo,
+              "Errore TimeZone con secondi!!! Alfa" + std::string(26, ' ') + ", 58");
+    EXPECT_EQ(messaggi.registro[1].icona, Icona::Critico);
+    EXPECT_EQ(messaggi.registro[2].titolo, "Vesmo - Info File GesArchivi");
+    EXPECT_EQ(messaggi.registro[2].testo,
+              "Tabella  Mio\n\nScritta nel File  \n" + percorso + "\nNumero di Records: 2");
+}
+
+TEST_F(Importazione, EsportazioneAnnullataOArchivioVuoto) {
+    CreaArchivio(fileDB, "Vuoto");
+    messaggi.risposte = {Risposta::Annulla};
+    EXPECT_FALSE(EsportaArchivio(fileDB, "Vuoto", cartella.Percorso().string(), messaggi));
+    EXPECT_FALSE(std::filesystem::exists(cartella / "Vuoto.txt"));
+    messaggi.registro.clear();
+    auto scritto = EsportaArchivio(fileDB, "Vuoto", cartella.Percorso().string(), messaggi);
+    ASSERT_TRUE(scritto);
+    EXPECT_EQ(Leggi(*scritto), "");
+    EXPECT_EQ(messaggi.registro.back().testo,
+              "Tabella  Vuoto\n\nScritta nel File  \n" + *scritto + "\nNumero di Records: 0");
+}
+
+} // namespace
+} // namespace vesmo::test

@@ -1,0 +1,232 @@
+// The query window driven by its controls, and the text import and export entries of the
+// archive management menu.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QMenu>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTimer>
+#include <fstream>
+#include <random>
+
+#include "archives/Archivi.h"
+#include "archives/ui/ImportaEsporta.h"
+#include "archives/ui/frmGesArchivi.h"
+#include "archives/ui/frmQuery.h"
+#include "core/Aritmetica.h"
+#include "core/store/Cursore.h"
+#include "tests/core/store/Cartella.h"
+
+using namespace vesmo;
+using vesmo::test::Cartella;
+
+namespace {
+
+class FinestraQuery : public ::testing::Test {
+protected:
+    void SetUp() override {
+        fileDB = (cartella / "Vesmodat.Mdb").string();
+        Database db;
+        db.Crea(fileDB);
+    }
+    // Charts of every day of a year at noon in Padova: the Sun passes through every sign.
+    void Riempi(const std::string& archivio, int n) {
+        CreaArchivio(fileDB, archivio);
+        Database db(fileDB);
+        db.IniziaTransazione();
+        Cursore rs(db, archivio);
+        for (int i = 0; i < n; ++i) {
+            Tema t;
+            t.Nome = "T" + std::to_string(100000 + i);
+            t.Day = GiornoGiuliano(2001, 1, 1) + i % 365;
+            t.OraL = 12;
+            t.Lon = -11.88 / 15;
+            t.Lat = 45.4;
+            t.Fuso = -1;
+            std::int16_t aggiungi = -1, modifica = 0;
+            ScriviTema(rs, t, aggiungi, modifica);
+        }
+        rs.Chiudi();
+        db.ConfermaTransazione();
+    }
+    std::int64_t Righe(const std::string& archivio) {
+        Database db(fileDB);
+        return Cursore(db, archivio).RecordCount();
+    }
+    Cartella cartella;
+    std::string fileDB;
+    MessaggiRegistrati messaggi;
+    Sessione sessione;
+};
+
+TEST_F(FinestraQuery, ControlliAlCaricamento) {
+    Riempi("Miei", 3);
+    Riempi("Q_Vecchia", 1);
+    frmQuery f(sessione, fileDB, messaggi);
+    f.show();
+    struct Caso {
+        QString attuale, atteso;
+    } casi[] = {
+        {f.windowTitle(), "Vesmo - Query Astrologiche"},
+        {f.Frame1->title(), ">>     Query Options   >> "},
+        {f.Frame2->title(), "Archivi DataBase"},
+        {f.FrLuna->title(), "Calcolo della Luna "},
+        {f.OpLuogo->text(), "Luogo                           (Segno, Casa)"},
+        {f.OpAngolo->text(),
+         "Angolo                          (Aspetti,                     Orbita)"},
+        {f.OpVerso->text(), "Verso"},
+        {f.OpGeo->text(), "Luna Geocentrica"},
+        {f.OpTopo->text(), "Luna Topocentrica"},
+        {f.CmdAvvio->text(), "&Avvio Query"},
+        {f.cmdEsci->text(), "&Esci"},
+        {f.CmdHelp->text(), "&?"},
+        {f.cmdFerma->text(), "&Ferma"},
+        {f.TxOrbita->text(), "2,5"},
+        {f.LstFrom->currentItem()->text(), "Sole"},
+        {f.LstTo->currentItem()->text(), "Ariete"},
+        {f.CmbAspetti->currentText(), "CONGIUNZIONE  0°"},
+        {f.CmbTbFrom->currentText(), "Miei"},
+        {f.LstFrom->item(13)->text(), "------------"},
+        {f.LstTo->item(13)->text(), "I    Casa"},
+        {f.LstVerso->item(1)->text(), "Retrogrado"},
+    };
+    for (const Caso& c : casi)
+        EXPECT_EQ(c.attuale, c.atteso);
+    EXPECT_EQ(f.LstFrom->count(), 26);
+    EXPECT_EQ(f.LstTo->count(), 39);
+    EXPECT_EQ(f.CmbAspetti->count(), 17);
+    EXPECT_EQ(f.CmbTbFrom->count(), 2);
+    EXPECT_EQ(f.CmbTbTo->count(), 1);
+    EXPECT_TRUE(f.OpLuogo->isChecked());
+    EXPECT_TRUE(f.OpGeo->isChecked());
+    EXPECT_FALSE(f.cmdFerma->isEnabled());
+    EXPECT_EQ(f.PBarFrom->maximum(), 100);
+    EXPECT_TRUE(f.LstTo->isVisible());
+    f.OpVerso->click();
+    EXPECT_FALSE(f.LstTo->isVisible());
+    EXPECT_TRUE(f.LstVerso->isVisible());
+    EXPECT_EQ(f.LstVerso->currentRow(), 0);
+    f.CmbAspetti->setCurrentIndex(4);
+    f.OpAngolo->click();
+    EXPECT_TRUE(f.LstTo->isVisible());
+    EXPECT_EQ(f.CmbAspetti->currentIndex(), 0);
+}
+
+TEST_F(FinestraQuery, MessaggiDiUnaSelezioneSbagliata) {
+    Riempi("Miei", 3);
+    frmQuery f(sessione, fileDB, messaggi);
+    f.CmdAvvio->click();
+    f.CmbTbTo->setCurrentText("X");
+    f.OpVerso->click();
+    f.CmdAvvio->click();
+    f.OpLuogo->click();
+    f.LstFrom->setCurrentRow(23); // MC
+    f.LstTo->setCurrentRow(13);   // I    Casa
+    f.CmdAvvio->click();
+    f.OpAngolo->click();
+    f.TxOrbita->setText("due");
+    f.CmdAvvio->click();
+    ASSERT_EQ(messaggi.registro.size(), 4u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Query");
+    EXPECT_EQ(messaggi.registro[0].testo, "Manca (new) Archivio Query To !!!");
+    EXPECT_EQ(messaggi.registro[1].testo, "Selezione  NON  valida!");
+    EXPECT_EQ(messaggi.registro[2].testo, "Selezione  NON  valida!");
+    EXPECT_EQ(messaggi.registro[3].titolo, "Vesmo - frmQuery.CmdAvvio");
+    Database db(fileDB);
+    EXPECT_FALSE(db.EsisteTabella("Q_X"));
+}
+
+TEST_F(FinestraQuery, EsecuzioneCompletaEAggiunteAllaStessaTabella) {
+    Riempi("Anno", 365);
+    frmQuery f(sessione, fileDB, messaggi);
+    f.show();
+    f.OpTopo->setChecked(true);
+    f.LstTo->setCurrentRow(1); // the Sun in Taurus: about 30 days of the year
+    f.CmbTbTo->setCurrentText("SoleToro");
+    f.CmdAvvio->click();
+    EXPECT_EQ(f.lbNewTb->text(), "Ok! Terminato con successo");
+    EXPECT_EQ(f.PBarFrom->value(), 0);
+    EXPECT_EQ(f.CmbTbTo->currentText(), "Q_SoleToro");
+    EXPECT_EQ(sessione.LunaGeo, 0); // left as chosen here
+    const std::int64_t primo = Righe("Q_SoleToro");
+    EXPECT_GE(primo, 29);
+    EXPECT_LE(primo, 32);
+    EXPECT_EQ(f.CmbTbFrom->count(), 2);
+    EXPECT_EQ(f.CmbTbTo->findText("Q_SoleToro"), 0);
+    f.CmdAvvio->click();
+    EXPECT_EQ(Righe("Q_SoleToro"), 2 * primo);
+    EXPECT_TRUE(messaggi.registro.empty());
+}
+
+TEST_F(FinestraQuery, FermaTieneIColpiTrovatiELaFinestraRispondeDurante) {
+    Riempi("Grande", 4000);
+    frmQuery f(sessione, fileDB, messaggi);
+    f.show();
+    f.LstFrom->setCurrentRow(12); // the true Black Moon, the slowest point
+    f.OpAngolo->click();
+    f.TxOrbita->setText("180");
+    f.CmbTbTo->setCurrentText("Q_Tutte");
+    bool fermaAttivo = false, avvioSpento = false;
+    QTimer::singleShot(40, [&] {
+        fermaAttivo = f.cmdFerma->isEnabled();
+        avvioSpento = !f.CmdAvvio->isEnabled();
+        f.cmdFerma->click();
+    });
+    f.CmdAvvio->click();
+    EXPECT_TRUE(fermaAttivo);
+    EXPECT_TRUE(avvioSpento);
+    const std::int64_t trovati = Righe("Q_Tutte");
+    EXPECT_LT(trovati, 4000);
+    EXPECT_EQ(f.lbNewTb->text().toStdString(), "Query fermata: " + std::to_string(trovati) +
+                                                   " temi esaminati, " + std::to_string(trovati) +
+                                                   " trovati in Q_Tutte");
+    EXPECT_TRUE(f.CmdAvvio->isEnabled());
+    EXPECT_FALSE(f.cmdFerma->isEnabled());
+}
+
+TEST_F(FinestraQuery, MenuDellaGestioneArchivi) {
+    frmGesArchivi g(sessione, fileDB, messaggi);
+    EXPECT_EQ(g.mnFileImpSFtxt->text(), "&Simple Text Solar Fire");
+    EXPECT_EQ(g.mnFileTT->text(), "File di &Testo");
+    auto* mnFile = g.findChild<QMenu*>("mnFile");
+    ASSERT_NE(mnFile, nullptr);
+    EXPECT_EQ(mnFile->title(), "&File");
+    EXPECT_EQ(g.findChild<QMenu*>("mnFileImp")->title(), "&Importa Archivio");
+    EXPECT_EQ(g.findChild<QMenu*>("mnFileExp")->title(), "&Esporta Archivio");
+
+    const std::string file = (cartella / "amici.txt").string();
+    std::ofstream(file) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
+                           "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
+    const QString dir = QString::fromStdString(cartella.Percorso().string());
+    // Cancel in the dialog: nothing happens.
+    mnFileImpSFtxt_Click(&g, g.lstArchivi, fileDB, messaggi, dir,
+                         [](QWidget*, const QString&) { return QString(); });
+    EXPECT_EQ(g.lstArchivi->count(), 0);
+    QString cartellaVista;
+    mnFileImpSFtxt_Click(&g, g.lstArchivi, fileDB, messaggi, dir, [&](QWidget*, const QString& c) {
+        cartellaVista = c;
+        return QString::fromStdString(file);
+    });
+    EXPECT_EQ(cartellaVista, dir);
+    ASSERT_EQ(g.lstArchivi->count(), 1);
+    EXPECT_EQ(g.lstArchivi->item(0)->text(), "amicitxt");
+    EXPECT_EQ(Righe("amicitxt"), 1);
+    EXPECT_TRUE(messaggi.registro.empty());
+
+    g.lstArchivi->setCurrentRow(0);
+    mnFileTT_Click(g.lstArchivi, fileDB, messaggi, dir);
+    ASSERT_EQ(messaggi.registro.size(), 2u);
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Scrittura del file " + cartella.Percorso().string() + "/amicitxt.txt");
+    EXPECT_TRUE(std::filesystem::exists(cartella / "amicitxt.txt"));
+}
+
+} // namespace

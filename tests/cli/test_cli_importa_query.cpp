@@ -1,0 +1,146 @@
+// vesmo-cli importa, esporta and query on a database of the test's own folder.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "cli/Comandi.h"
+#include "core/store/Database.h"
+#include "tests/core/store/Cartella.h"
+
+namespace vesmo::test {
+namespace {
+
+struct Esito {
+    int stato;
+    std::string out, err;
+};
+
+class CliArchivi : public ::testing::Test {
+protected:
+    void SetUp() override {
+        db = (cartella / "Vesmodat.Mdb").string();
+        Database d;
+        d.Crea(db);
+        // By the Swiss Ephemeris (Moshier): the Sun at 351.8, Venus at 325.5 (Aquarius) on
+        // 12 March 1960; the Sun at 71.3, Venus at 101.3 (Cancer) on 2 June 1946.
+        file = (cartella / "temi.txt").string();
+        std::ofstream(file)
+            << "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
+               "\"Italia\",\"45N26\",\"12E30\"\n"
+               "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
+               "\"USA\",\"40N42\",\"74W00\"\n"
+               "\"Rotto\",\"2 jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
+               "\"USA\",\"40N42\",\"74W00\"\n";
+    }
+    Esito Lancia(std::vector<std::string> parole) {
+        parole.push_back("--db");
+        parole.push_back(db);
+        std::ostringstream out, err;
+        int stato = cli::Esegui(parole, out, err);
+        return {stato, out.str(), err.str()};
+    }
+    Cartella cartella;
+    std::string db, file;
+};
+
+TEST_F(CliArchivi, ImportaEsportaEQuery) {
+    const std::string log = (cartella / "temi.log").string();
+    Esito i = Lancia({"importa", file, "--log", log});
+    EXPECT_EQ(i.stato, 0) << i.err;
+    EXPECT_EQ(i.out, "Archivio   temitxt\nImportati  2\nScartati   1\nLog        " + log + "\n");
+    std::ifstream in(log);
+    std::string riga;
+    std::getline(in, riga);
+    EXPECT_EQ(riga, "  [Errore  Mese SF: 2 jun 1946 ]");
+
+    Esito doppio = Lancia({"importa", file, "--log", log});
+    EXPECT_EQ(doppio.stato, 1);
+    EXPECT_EQ(doppio.err, "vesmo-cli importa: l'archivio temitxt esiste già\n");
+
+    Esito j = Lancia({"importa", file, "--archivio", "Altro", "--log", log, "--json"});
+    EXPECT_EQ(j.out, "{\"Archivio\": \"Altro\", \"Importati\": 2, \"Scartati\": 1, \"Log\": " +
+                         std::string("\"") + log + "\"}\n");
+
+    // A file with nothing refused: no log.
+    const std::string pulito = (cartella / "pulito.txt").string();
+    std::ofstream(pulito) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
+                             "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
+    Esito p = Lancia({"importa", pulito, "--log", (cartella / "pulito.log").string(), "--json"});
+    EXPECT_EQ(p.out, "{\"Archivio\": \"pulitotxt\", \"Importati\": 1, \"Scartati\": 0, "
+                     "\"Log\": null}\n");
+    EXPECT_FALSE(std::filesystem::exists(cartella / "pulito.log"));
+
+    const std::string txt = (cartella / "fuori.txt").string();
+    Esito e = Lancia({"esporta", "temitxt", "--out", txt});
+    EXPECT_EQ(e.stato, 0) << e.err;
+    EXPECT_EQ(e.out, "Archivio  temitxt\nFile      " + txt + "\nRecords   2\n");
+    std::ifstream t(txt);
+    std::getline(t, riga);
+    EXPECT_EQ(riga.substr(0, 48), "* Bianchi, 02/06/1946, 07:00,  , +05:00, New Yor");
+    EXPECT_EQ(Lancia({"esporta", "Nessuno"}).stato, 1);
+
+    Esito q =
+        Lancia({"query", "--da", "temitxt", "--a", "pesci", "--punto", "sole", "--luogo", "PESCI"});
+    EXPECT_EQ(q.stato, 0) << q.err;
+    EXPECT_EQ(q.out, "Tabella    Q_pesci\nEsaminati  2\nTrovati    1\n");
+    // A house row with its blanks typed any way.
+    Esito c = Lancia({"query", "--da", "temitxt", "--a", "Case", "--punto", "Sole", "--luogo",
+                      "i casa", "--json"});
+    EXPECT_EQ(c.err, "");
+    EXPECT_EQ(c.out.substr(0, 28), "{\"Tabella\": \"Q_Case\", \"Esami");
+    // The help's two steps as one command: nothing here has Venus in Taurus.
+    Esito due = Lancia({"query", "--da", "temitxt", "--a", "SolCngMerVenToro", "--punto", "Sole",
+                        "--angolo", "Mercurio", "--aspetto", "congiunzione", "--orbita", "30",
+                        "--condizione", "--punto Venere --luogo Toro"});
+    EXPECT_EQ(due.stato, 1);
+    EXPECT_EQ(due.out, "Tabella    Q_SolCngMerVenToro\nEsaminati  2\nTrovati    0\n");
+    Esito ariete = Lancia({"query", "--da", "temitxt", "--a", "VenAr", "--condizione",
+                           "--punto Venere --luogo Ariete", "--condizione",
+                           "--punto Sole --angolo Ariete --aspetto 330 --orbita 30"});
+    EXPECT_EQ(ariete.err, "vesmo-cli query: aspetto sconosciuto: 330\n");
+    ariete =
+        Lancia({"query", "--da", "temitxt", "--a", "VenAr", "--condizione",
+                "--punto Venere --luogo acquario", "--condizione", "--punto Sole --luogo Pesci"});
+    EXPECT_EQ(ariete.out, "Tabella    Q_VenAr\nEsaminati  2\nTrovati    1\n");
+}
+
+TEST_F(CliArchivi, ArgomentiSbagliati) {
+    Lancia({"importa", file, "--log", (cartella / "x.log").string()});
+    struct Caso {
+        std::vector<std::string> parole;
+        std::string err;
+    } casi[] = {
+        {{"importa"}, "uso: vesmo-cli importa FILE"},
+        {{"importa", "/nessun/file.txt"}, "file non trovato: /nessun/file.txt"},
+        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--verso", "diretto"},
+         "Selezione  NON  valida!"},
+        {{"query", "--da", "temitxt", "--a", "X", "--punto", "MC", "--luogo", "I Casa"},
+         "Selezione  NON  valida!"},
+        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Cerere", "--luogo", "Toro"},
+         "punto sconosciuto: Cerere"},
+        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole"},
+         "una e una sola tra --luogo, --angolo e --verso"},
+        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--angolo", "Luna",
+          "--aspetto", "33"},
+         "aspetto sconosciuto: 33"},
+        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--angolo", "Luna",
+          "--aspetto", "0", "--orbita", "abc"},
+         "orbita"},
+        {{"query", "--da", "temitxt", "--a", "X", "--punto", "------------", "--luogo", "Toro"},
+         "punto sconosciuto: ------------"},
+        {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--luogo", "Toro", "--luna",
+          "marte"},
+         "--luna geo o topo"},
+    };
+    for (const Caso& c : casi) {
+        Esito e = Lancia(c.parole);
+        EXPECT_EQ(e.stato, 2) << c.err << " / " << e.err;
+        EXPECT_NE(e.err.find(c.err), std::string::npos) << e.err;
+        EXPECT_EQ(e.out, "");
+    }
+}
+
+} // namespace
+} // namespace vesmo::test

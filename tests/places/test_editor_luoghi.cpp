@@ -1,0 +1,585 @@
+// The places editor and the cleaning on small databases: new nations and places, the three
+// questions of a delete, free codes, new rows of the dated lists and their copy, the scan and
+// delete of unused codes, the compaction and its failure, the lists beside the entry form.
+#include <gtest/gtest.h>
+
+#include <fstream>
+
+#include "core/Aritmetica.h"
+#include "places/EditorLuoghi.h"
+#include "places/PuliziaLuoghi.h"
+#include "tests/places/AiutoLuoghi.h"
+
+using namespace vesmo;
+
+namespace {
+
+std::int64_t Conta(Database& db, const std::string& sql) {
+    Cursore c = Cursore::Sql(db, sql);
+    return c.Campo(c.Campi().at(0)).Intero();
+}
+
+class Editor : public ::testing::Test {
+protected:
+    void SetUp() override {
+        db = test::DatabaseLuoghi(file);
+        test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+        test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
+        test::AggiungiCity(db, 380, "Aosta", -0.49, 45.7, 3, 3);
+        test::AggiungiCity(db, 124, "Vancouver BC", 8.2, 49.25, 2, 2);
+        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+        test::AggiungiFuso(db, 2, 1, 1, 1900, "8", "00");
+        test::AggiungiFuso(db, 3, 1, 1, 1900, "-1", "00");
+        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
+        test::AggiungiEstiva(db, 2, 1, 1, 1900, 0, 0, 0, 0);
+        test::AggiungiEstiva(db, 3, 1, 1, 1900, 0, 0, 0, 0);
+    }
+    // The model with the nation cursor on `nazione` and the place cursor on `city`.
+    ModelloDbEdit& Su(const std::string& nazione, const std::string& city = "") {
+        m = std::make_unique<ModelloDbEdit>(db, messaggi, file.string());
+        m->campi.Text19 = nazione;
+        m->Text19_Change();
+        if (!city.empty()) {
+            m->campi.Text30 = city;
+            m->Text30_Change();
+        }
+        return *m;
+    }
+    void NuovaCity(ModelloDbEdit& e, const std::string& citta) {
+        e.campi.Text2 = citta;
+        e.campi.Text9 = "7", e.campi.Text10 = "30", e.campi.Text11 = "0";
+        e.campi.Text13 = "45", e.campi.Text14 = "30", e.campi.Text15 = "0";
+    }
+    test::CartellaLuoghi cartella;
+    std::filesystem::path file = cartella / "Vesmodat.Mdb";
+    Database db;
+    MessaggiRegistrati messaggi;
+    std::unique_ptr<ModelloDbEdit> m;
+};
+
+TEST_F(Editor, NewNationWithAFreeCodeThenASecondPlace) {
+    ModelloDbEdit& e = Su("Italy");
+    e.campi.ChkNewNaz = true;
+    e.ChkNewNaz_Click();
+    EXPECT_FALSE(e.campi.ZoomVisibili);
+    e.campi.Text19 = "Slovenia";
+    e.campi.Text21 = "1";
+    e.cmdHelpCod_Click(); // 1, 2 and 3 are lists already
+    EXPECT_EQ(e.campi.Text21, "4");
+    EXPECT_EQ(e.campi.Text18, "4");
+    EXPECT_EQ(e.campi.Text20, "4");
+    NuovaCity(e, "Lubiana");
+    messaggi.risposte = {Risposta::Si};
+    e.CmdAddNewCity_Click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - AddNew City - Nazione NUOVA ");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Nuovo codice 4\nNuova City Lubiana\ne nuova Nazione Slovenia\nProcedo?\n" +
+                  std::string(30, '-') + "\nNew code \nNew city \nAnd new country \nContinue?\n");
+    EXPECT_EQ(Conta(db, "select count(*) from Nazioni where cNaz = 4 and Nazione = 'Slovenia' "
+                        "and Spec = ' '"),
+              1);
+    EXPECT_EQ(Conta(db, "select count(*) from AllCity where cCity = 4"), 1);
+    // 7°30' east is half an hour east, negative; 45°30' north.
+    EXPECT_EQ(Conta(db, "select count(*) from AllCity where City = 'Lubiana' and Lon = -0.5 and "
+                        "Lat = 45.5 and cFusi = 4 and cEst = 4"),
+              1);
+    // The same code and name again: only a second place, no question.
+    NuovaCity(e, "Maribor");
+    e.CmdAddNewCity_Click();
+    EXPECT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(Conta(db, "select count(*) from Nazioni where cNaz = 4"), 1);
+    EXPECT_EQ(Conta(db, "select count(*) from AllCity where cCity = 4"), 2);
+}
+
+TEST_F(Editor, RefusalsOfANewPlace) {
+    ModelloDbEdit& e = Su("Italy");
+    e.campi.ChkNewNaz = true;
+    e.ChkNewNaz_Click();
+    e.campi.Text19 = "Francia";
+    e.campi.Text21 = "380";
+    e.campi.Text18 = e.campi.Text20 = "1";
+    NuovaCity(e, "Nizza");
+    e.CmdAddNewCity_Click();
+    // Empty code boxes, then letters in a coordinate box.
+    e.campi.Text18.clear();
+    e.CmdAddNewCity_Click();
+    e.campi.Text18 = "1";
+    e.campi.Text10 = "3O";
+    e.CmdAddNewCity_Click();
+    ASSERT_EQ(messaggi.registro.size(), 3u);
+    const std::string d(30, '-');
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - New City");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Il codice 380 \nCorrisponde alla Nazione Italy\nEsecuzione annullata\n" + d +
+                  "\nThe code 380\nStands for Italy\nAccess denied\n");
+    EXPECT_EQ(messaggi.registro[1].titolo, "Vesmo - AddNew City");
+    EXPECT_EQ(messaggi.registro[1].testo, "E' Necessario inserire\ntutti i Codici\nEsecuzione "
+                                          "Annullata\n" +
+                                              d + "\nSet Every code\nAccess denied\n");
+    EXPECT_EQ(messaggi.registro[2].titolo, "DbEdit - Errore ");
+    EXPECT_EQ(messaggi.registro[2].testo,
+              "Tipo non corrispondente \nCaselle Coordinate Geografiche \nvuote o con valori "
+              "NON numerici\nOperazione Annullata\n");
+    EXPECT_EQ(Conta(db, "select count(*) from AllCity"), 4);
+    EXPECT_EQ(Conta(db, "select count(*) from Nazioni"), 2);
+}
+
+TEST_F(Editor, DeletingTheLastPlaceOfANationDeletesTheNationAndKeepsItsLists) {
+    ModelloDbEdit& e = Su("Canada", "Vancouver");
+    messaggi.risposte = {Risposta::Si};
+    e.CmdElimCity_Click();
+    ASSERT_EQ(messaggi.registro.size(), 2u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Unica City");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Vancouver BC  è l'unica City di  Canada\nLa sua Eliminazione comporterà anche "
+              "\nl'Eliminazione di  Canada\nProcedo?\n" +
+                  std::string(29, '-') +
+                  "\nDeleting this City means...\nDeleting the Nation\nContinue?\n");
+    EXPECT_EQ(messaggi.registro[1].titolo, "Vesmo - Elimina City");
+    EXPECT_EQ(messaggi.registro[1].testo, "Operazione eseguita\nFacoltative:\nPulizia Fusi e "
+                                          "Pulizia Estive\n" +
+                                              std::string(30, '-') + "\nDone\n");
+    EXPECT_EQ(Conta(db, "select count(*) from AllCity where cCity = 124"), 0);
+    EXPECT_EQ(Conta(db, "select count(*) from Nazioni where cNaz = 124"), 0);
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 2"), 1);
+    EXPECT_EQ(Conta(db, "select count(*) from Estive where cEst = 2"), 1);
+}
+
+TEST_F(Editor, DeletingAPlaceAsksItsQuestions) {
+    // Aosta alone has the lists 3: the question of the unique lists, then the delete.
+    ModelloDbEdit& e = Su("Italy", "Aosta");
+    messaggi.risposte = {Risposta::No};
+    e.CmdElimCity_Click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Unici Fusi ed Estive");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "cFusi = 3   e/o \n   cEst = 3\nin copia unica per la Nazione Italy\nProcedo?\n");
+    EXPECT_EQ(e.Data1.Campo("City").Testo(), "Aosta"); // back where it was
+    messaggi.risposte = {Risposta::Si, Risposta::No};
+    e.CmdElimCity_Click();
+    ASSERT_EQ(messaggi.registro.size(), 3u);
+    EXPECT_EQ(messaggi.registro[2].titolo, "Vesmo - Delete City");
+    const std::string f = file.string();
+    EXPECT_EQ(messaggi.registro[2].testo, "Elimino dal DataBase " + f + "\n\nCity Aosta ?\n" +
+                                              std::string(30, '-') + "\nDelete from database " + f +
+                                              "\n\nCity Aosta ?\n");
+    EXPECT_EQ(Conta(db, "select count(*) from AllCity"), 4);
+    // Padova shares its lists with Roma: only the last question, and the row goes.
+    e.campi.Text30 = "Padova";
+    e.Text30_Change();
+    messaggi.risposte = {Risposta::Si};
+    e.CmdElimCity_Click();
+    ASSERT_EQ(messaggi.registro.size(), 4u);
+    EXPECT_EQ(messaggi.registro[3].titolo, "Vesmo - Delete City");
+    EXPECT_EQ(Conta(db, "select count(*) from AllCity where City = 'Padova'"), 0);
+    EXPECT_EQ(Conta(db, "select count(*) from Nazioni where cNaz = 380"), 1);
+}
+
+TEST_F(Editor, DeletingAPlaceOfAnotherNationIsRefused) {
+    // A nation without places: the place cursor cannot follow it.
+    {
+        Cursore n(db, "Nazioni");
+        n.AddNew();
+        n.Imposta("cNaz", 250);
+        n.Imposta("Nazione", "France");
+        n.Imposta("Spec", " ");
+        n.Update();
+    }
+    ModelloDbEdit& e = Su("Italy", "Padova");
+    e.campi.Text29 = "France";
+    e.Text29_Change();
+    EXPECT_EQ(e.Data2.Campo("Nazione").Testo(), "France");
+    e.CmdElimCity_Click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Accesso Errato");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Errore Elimina City\nCNaz <> cCity\nOrdinamento per Nazioni\nImpostare PRIMA la "
+              "Nazione\n" +
+                  std::string(26, '-') +
+                  "\nError: Delete City\nCNaz <> cCity\nSet Order by nation\nSet Nation, "
+                  "please\n");
+    EXPECT_EQ(Conta(db, "select count(*) from AllCity"), 4);
+}
+
+TEST_F(Editor, CodeListsOfANationInOrderOfFirstAppearance) {
+    ModelloDbEdit& e = Su("Italy");
+    e.cmdHelpCod_Click();
+    EXPECT_EQ(e.campi.Text1, "380");
+    // Aosta (3) comes first in the order of names, then Padova and Roma (1).
+    EXPECT_EQ(e.campi.Combo6.voci, (std::vector<std::string>{"3", "1"}));
+    EXPECT_EQ(e.campi.Combo7.voci, (std::vector<std::string>{"3", "1"}));
+    e.campi.Combo6.indice = 1;
+    e.cmdZoomF_Click();
+    EXPECT_EQ(e.campi.TestaZoom, "City                          cFusi  cEst");
+    ASSERT_EQ(e.campi.lstZoom.voci.size(), 2u);
+    EXPECT_EQ(e.campi.lstZoom.voci[0], "Padova" + std::string(24, ' ') + "11E53 45N24 1  1");
+    EXPECT_EQ(e.campi.cmbMaxMin.voci.at(0).substr(0, 12), "Max Ovest = ");
+    EXPECT_EQ(e.campi.cmbMaxMin.voci.at(2), " ============================");
+    // The third tab: several codes of each kind show the two options, and no code is taken.
+    e.cmdHpCodFE_Click();
+    EXPECT_TRUE(e.campi.OpzioniVisibili);
+    EXPECT_EQ(e.campi.Text33, "");
+    EXPECT_EQ(e.campi.Text36, "Cod         Dal                          Fusi");
+    EXPECT_EQ(e.campi.lstZmFE.voci,
+              (std::vector<std::string>{"003" + std::string(5, ' ') + "01/01/1900" +
+                                        std::string(15, ' ') + "-01:00"}));
+    e.campi.Text31 = "Canada";
+    e.Text31_Change();
+    e.cmdHpCodFE_Click();
+    EXPECT_FALSE(e.campi.OpzioniVisibili);
+    EXPECT_EQ(e.campi.Text33, "2");
+    EXPECT_EQ(e.campi.Text34, "2");
+}
+
+TEST_F(Editor, NewRowsOfTheDatedLists) {
+    ModelloDbEdit& e = Su("Italy");
+    e.campi.Text17 = "1", e.campi.Text8 = "1", e.campi.Text5 = "1950";
+    // One hour east, typed as "1" with "EST".
+    e.campi.Text33 = "1";
+    e.campi.Text22 = "1";
+    e.campi.Combo5 = 0;
+    e.Command7_Click();
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 1 and Anno = 1950 and fH_h = "
+                        "'-1' and fH_m = '00'"),
+              1);
+    // Exactly 10000 passes, 10001 is refused.
+    e.campi.Text33 = "10000";
+    e.Command7_Click();
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 10000"), 1);
+    e.campi.Text33 = "10001";
+    e.Command7_Click();
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 10001"), 0);
+    // A code far beyond any list is refused in the same way.
+    e.campi.Text33 = "99999999999999999999";
+    e.Command7_Click();
+    // Empty date boxes.
+    e.campi.Text33 = "1";
+    e.campi.Text8.clear();
+    e.Command7_Click();
+    ASSERT_EQ(messaggi.registro.size(), 5u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Fusi");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "New Fusi. Eseguito\n" + std::string(30, '-') + "\nNew time zone. Done\n");
+    EXPECT_EQ(messaggi.registro[2].titolo, "Info Codici");
+    EXPECT_EQ(messaggi.registro[2].testo,
+              "cFusi  o  cEst > 10000\nNessuna Azione\nclick su tab    ZoneOrarie\n");
+    EXPECT_EQ(messaggi.registro[3].testo, messaggi.registro[2].testo);
+    EXPECT_EQ(messaggi.registro[4].titolo, "Vesmo - Errore Estive");
+    EXPECT_EQ(messaggi.registro[4].testo, "Caselle Nuova Riga vuote\n" + std::string(30, '-') +
+                                              "\nDay  or  Mese  or  Anno  not legal\n");
+}
+
+TEST_F(Editor, OneRowForEachCodeOfTheNationWithOneMessage) {
+    ModelloDbEdit& e = Su("Italy");
+    e.campi.Text31 = "Italy";
+    e.Text31_Change();
+    e.Option2_Click();
+    e.cmdHpCodFE_Click();
+    ASSERT_TRUE(e.campi.OpzioniVisibili);
+    e.campi.Option5 = false;
+    e.campi.Text34 = "1";
+    e.campi.Text17 = "28", e.campi.Text8 = "3", e.campi.Text5 = "1999";
+    e.campi.Text6 = "2", e.campi.Text7 = "0", e.campi.Text22 = "1", e.campi.Text23 = "0";
+    e.Command7_Click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Estive");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "New Estive. Eseguito\n" + std::string(30, '-') + "\nNew summer time. Done\n");
+    EXPECT_EQ(Conta(db, "select count(*) from Estive where Anno = 1999 and h = 2 and HE_h = 1"), 2);
+    EXPECT_EQ(Conta(db, "select count(*) from Estive where Anno = 1999 and cEst in (1, 3)"), 2);
+}
+
+TEST_F(Editor, CopyOfAList) {
+    test::AggiungiFuso(db, 10000, 1, 1, 1900, "0", "00");
+    test::AggiungiFuso(db, 10000, 1, 1, 1940, "-1", "00");
+    ModelloDbEdit& e = Su("Italy");
+    e.campi.Text3 = "10000";
+    e.Text3_Change();
+    EXPECT_EQ(e.campi.Frame3, "cFusi (from)");
+    e.campi.Text26 = "77";
+    e.Command3_Click();
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 77"), 2);
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 77 and Anno = 1940 and fH_h "
+                        "= '-1'"),
+              1);
+    // A missing code, a new code above 10000, the summer-time copy of an absent list.
+    e.campi.Text3 = "55";
+    e.Text3_Change();
+    EXPECT_EQ(e.campi.Frame3, "55 cFusi (from) - Assente ");
+    e.Command3_Click();
+    e.campi.Text3 = "1";
+    e.campi.Text26 = "10001";
+    e.Command3_Click();
+    e.Option4_Click();
+    e.campi.Text4 = "0";
+    e.Command3_Click();
+    ASSERT_EQ(messaggi.registro.size(), 4u);
+    const std::string d = "\n" + std::string(30, '-') + "\n";
+    EXPECT_EQ(messaggi.registro[0].testo, "Eseguito" + d + "Done\n");
+    EXPECT_EQ(messaggi.registro[1].titolo, "Vesmo - Copia Fusi");
+    EXPECT_EQ(messaggi.registro[1].testo,
+              "cFusi (from) non valido !" + d + "cFusi (from) not legal !\n");
+    EXPECT_EQ(messaggi.registro[2].testo,
+              "cFusi (nuova Copia) non valido !" + d + "cFusi (nuova Copia) not legal !\n");
+    EXPECT_EQ(messaggi.registro[3].titolo, "Vesmo - Copia Estive");
+    EXPECT_EQ(messaggi.registro[3].testo,
+              "cEst(from) non valido !" + d + "cEst (from) not legal !\n");
+}
+
+TEST_F(Editor, CombinedListRows) {
+    ModelloDbEdit& e = Su("Italy");
+    e.campi.Text44 = "9999";
+    e.Command5_Click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Info Codici");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Codice  9999 < 10000\nNessuna Azione\nclick su tab    Fuso / Estive \n");
+    e.campi.Text44 = "10000";
+    e.campi.Text45 = "0";
+    e.campi.Text46 = "12";
+    e.campi.Text39 = "1", e.campi.Text40 = "4", e.campi.Text41 = "1980";
+    e.campi.Text42 = "2", e.campi.Text43 = "0";
+    e.Command5_Click();
+    EXPECT_EQ(Conta(db, "select count(*) from FusiEstiveUniti where TTN = 10000 and ZZo = 12"), 1);
+    EXPECT_EQ(e.campi.Text38, "Cod $ ExtraCod , ZZonenNummer * Data [ ZUnterschied ]");
+    ASSERT_EQ(e.campi.List1.voci.size(), 1u);
+    EXPECT_EQ(e.campi.List1.voci[0].substr(0, 35), "10000 $ 000 , 12 * 01/04/1980 02:00");
+    // An extra code asks first; no stops.
+    e.campi.Text45 = "5";
+    messaggi.risposte = {Risposta::No};
+    e.Command5_Click();
+    EXPECT_EQ(messaggi.registro.back().testo, "Attenzione!\nExtraCod <> 0\nContinuo ?\n");
+    EXPECT_EQ(Conta(db, "select count(*) from FusiEstiveUniti"), 1);
+}
+
+TEST_F(Editor, DeletingOneRowAsksWithTheRowsFields) {
+    test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
+    ModelloDbEdit& e = Su("Italy");
+    e.campi.Text35 = "1";
+    e.Text35_Change();
+    EXPECT_EQ(e.campi.Frame35, "cEst");
+    messaggi.risposte = {Risposta::Si};
+    e.Command4_Click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Elimina Una riga Estive");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Elimino la riga  1\nDa 29/03/1987 Alle 02:00  Estive 1:00 ?\nATTENZIONE! "
+              "Eliminare successivamente anche\nl'eventuale seconda riga dell' anno 1987\n"
+              "Procedo?\n" +
+                  std::string(30, '-') +
+                  "\nDelete row 1\nFrom 29/03/1987 Hour 02:00  Summer time 1:00 ?\nContinue?\n");
+    EXPECT_EQ(Conta(db, "select count(*) from Estive where cEst = 1"), 1);
+    e.campi.Text32 = "4";
+    e.Text32_Change();
+    EXPECT_EQ(e.campi.Frame32, "4 cFusi - Assente ");
+    e.campi.Text47 = "12000";
+    e.Text47_Change();
+    EXPECT_EQ(e.campi.Frame47, "12000 cod TTN - Assente ");
+}
+
+// --- the cleaning ---
+
+class Pulizia : public ::testing::Test {
+protected:
+    void SetUp() override {
+        Database db = test::DatabaseLuoghi(file);
+        test::AggiungiCity(db, 380, "Padova", -0.79, 45.4, 1, 1);
+        test::AggiungiCity(db, 124, "Vancouver BC", 8.2, 49.25, 2, 2);
+        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+        test::AggiungiFuso(db, 7, 1, 1, 1900, "-1", "00"); // unused, two rows
+        test::AggiungiFuso(db, 7, 1, 1, 1940, "-2", "00");
+        test::AggiungiFuso(db, 2, 1, 1, 1900, "8", "00");
+        test::AggiungiFuso(db, 12000, 1, 1, 1900, "1", "00"); // unused but combined
+        test::AggiungiFuso(db, 9, 1, 1, 1900, "1", "00");     // unused
+        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
+        test::AggiungiEstiva(db, 2, 1, 1, 1900, 0, 0, 0, 0);
+    }
+    test::CartellaLuoghi cartella;
+    std::filesystem::path file = cartella / "Vesmodat.Mdb";
+    MessaggiRegistrati messaggi;
+};
+
+TEST_F(Pulizia, ScanListsUnusedOrdinaryCodesOnce) {
+    const EsitoScansione esito = ScansionePulizia(file, ListaPulizia::Fusi);
+    EXPECT_EQ(esito.esaminate, 6);
+    EXPECT_EQ(esito.codici, (std::vector<std::int32_t>{7, 9}));
+    EXPECT_EQ(TestoScansione(esito), "6  Righe esaminate - (2 Codici da Eliminare)");
+    {
+        Database db(file);
+        EXPECT_TRUE(db.EsisteIndice("AllCity", "IndFusi"));
+    }
+    // Every code of Estive is used.
+    const EsitoScansione estive = ScansionePulizia(file, ListaPulizia::Estive);
+    EXPECT_TRUE(estive.codici.empty());
+    EXPECT_EQ(TestoScansione(estive), "2  Righe esaminate - (0 Codici da Eliminare)");
+}
+
+TEST_F(Pulizia, DeleteTakesOnlyTheSelectedCodesAndTheIndexGoesAtTheEnd) {
+    const EsitoScansione esito = ScansionePulizia(file, ListaPulizia::Fusi);
+    // A scan again, as after an interrupted cleaning: the index left there is used.
+    EXPECT_EQ(ScansionePulizia(file, ListaPulizia::Fusi).codici, esito.codici);
+    // 9 unselected by the user.
+    const std::int64_t eliminate = EliminaRighe(file, ListaPulizia::Fusi, {7});
+    EXPECT_EQ(eliminate, 2);
+    EXPECT_EQ(TestoEliminate(eliminate, ListaPulizia::Fusi), "2  Righe Eliminate da Fusi");
+    EliminaIndiceLavoro(file, ListaPulizia::Fusi);
+    Database db(file);
+    EXPECT_FALSE(db.EsisteIndice("AllCity", "IndFusi"));
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 7"), 0);
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 9"), 1);
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 12000"), 1);
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi"), 4);
+}
+
+TEST_F(Pulizia, CompactionKeepsTheNameAndLeavesNoCopy) {
+    EXPECT_EQ(TestoCompattazione("/d/Vesmodat.Mdb"),
+              "\n          Deframmentazione del Database\n\n     /d/Vesmodat.Mdb\n");
+    // A copy left by an earlier run is replaced.
+    { std::ofstream(cartella / "Neo_Vesmodat.mdb") << "vecchio"; }
+    EXPECT_TRUE(CompattaDatabase(file, messaggi));
+    EXPECT_TRUE(messaggi.registro.empty());
+    EXPECT_FALSE(std::filesystem::exists(cartella / "Neo_Vesmodat.mdb"));
+    Database db(file);
+    EXPECT_EQ(Conta(db, "select count(*) from Fusi"), 6);
+}
+
+TEST_F(Pulizia, AFailedCompactionLeavesTheSourceWhole) {
+    std::vector<std::vector<std::string>> prima;
+    auto righe = [&] {
+        Database db(file);
+        std::vector<std::vector<std::string>> r;
+        for (const char* t : {"Nazioni", "AllCity", "Fusi", "Estive"}) {
+            Cursore c(db, t);
+            for (; !c.Eof(); c.MoveNext()) {
+                std::vector<std::string> riga{t};
+                for (const auto& campo : c.Campi())
+                    riga.push_back(c.Campo(campo).Testo());
+                r.push_back(riga);
+            }
+        }
+        return r;
+    };
+    prima = righe();
+    std::filesystem::create_directory(cartella / "Neo_Vesmodat.mdb");
+    EXPECT_FALSE(CompattaDatabase(file, messaggi));
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Db Compact");
+    EXPECT_NE(messaggi.registro[0].testo.find("Compattazione non riuscita"), std::string::npos);
+    EXPECT_NE(messaggi.registro[0].testo.find((cartella / "Neo_Vesmodat.mdb").string()),
+              std::string::npos);
+    EXPECT_TRUE(std::filesystem::is_directory(cartella / "Neo_Vesmodat.mdb"));
+    EXPECT_EQ(righe(), prima);
+    Database db(file);
+    test::AggiungiFuso(db, 5, 1, 1, 1900, "0", "00"); // still writable
+}
+
+// --- the lists beside the entry form ---
+
+TEST_F(Pulizia, ZoneListNotAvailableThenTwoAddsInDateOrder) {
+    ModelloFusiEstive f(file, messaggi);
+    f.ZoomFuso = -1;
+    f.ZoomCFusi = 44;
+    f.Form_Load();
+    EXPECT_FALSE(f.OraVisibile);
+    EXPECT_FALSE(f.Text2Visibile);
+    EXPECT_EQ(f.List1.voci, (std::vector<std::string>{std::string(15, ' ') + "NON DISPONIBILE"}));
+    f.Text17 = "1", f.Text8 = "5", f.Text5 = "1950", f.Text22 = "1";
+    ASSERT_TRUE(f.Command1_Click());
+    f.Text17 = "1", f.Text8 = "1", f.Text5 = "1900", f.Text22 = "0", f.Combo5 = 1;
+    ASSERT_TRUE(f.Command1_Click());
+    EXPECT_TRUE(f.Text2Visibile);
+    EXPECT_EQ(f.Text2, " Cod          Dal           Fuso");
+    const std::string b20(20, ' '), b25(25, ' ');
+    EXPECT_EQ(f.List1.voci, (std::vector<std::string>{"044" + b20 + "01/01/1900" + b25 + "0:00",
+                                                      "044" + b20 + "01/05/1950" + b25 + "-1:00"}));
+    f.Text8.clear();
+    EXPECT_FALSE(f.Command1_Click());
+    EXPECT_EQ(messaggi.registro.at(0).titolo, "Vesmo - Errore Estive");
+    EXPECT_EQ(messaggi.registro.at(0).testo, "Caselle Nuova Riga vuote\n");
+}
+
+TEST_F(Pulizia, SummerTimeYearBoxFilledForTwoRowsOnly) {
+    ModelloFusiEstive f(file, messaggi);
+    f.ZoomCEst = 1;
+    f.ZoomAnno = 1988;
+    f.Form_Load();
+    EXPECT_EQ(f.Label6, "(1)");
+    EXPECT_EQ(f.Text5, "1988");
+    EXPECT_EQ(f.Text2, " Cod         Dal           h:m         Estive");
+    EXPECT_EQ(f.List1.voci, (std::vector<std::string>{"001" + std::string(15, ' ') + "29/03/1987" +
+                                                      std::string(25, ' ') + "02:00" +
+                                                      std::string(25, ' ') + "1:0"}));
+    f.Text17 = "27", f.Text8 = "3", f.Text6 = "2", f.Text22 = "1";
+    ASSERT_TRUE(f.Command1_Click());
+    EXPECT_EQ(f.Label6, "(2)");
+    EXPECT_EQ(f.Text5, "1988");
+    f.Text17 = "25", f.Text8 = "9", f.Text6 = "3";
+    ASSERT_TRUE(f.Command1_Click());
+    EXPECT_FALSE(f.Label6Visibile);
+    EXPECT_EQ(f.Text5, "");
+    EXPECT_EQ(f.List1.voci.size(), 3u);
+}
+
+TEST_F(Pulizia, CombinedListIsOnlyShown) {
+    {
+        Database db(file);
+        Cursore z(db, "ZoneOrarie");
+        z.AddNew();
+        z.Imposta("ZZonenNummer", 12);
+        z.Imposta("ZZonenCode", "CET");
+        z.Imposta("ZZonenText", "Central European Standard Time");
+        z.Imposta("ZUnterschied", 1.0 / 24);
+        z.Imposta("plusmin", "+");
+        z.Update();
+        Cursore u(db, "FusiEstiveUniti");
+        u.AddNew();
+        u.Imposta("TTN", 12000);
+        u.Imposta("TTV", 0);
+        u.Imposta("ZZo", 12);
+        u.Imposta("wdata", 1.0); // 31/12/1899
+        u.Update();
+    }
+    ModelloFusiEstive f(file, messaggi);
+    f.ZoomCEst = 12000;
+    f.ZoomAnno = 1950;
+    f.Form_Load();
+    EXPECT_TRUE(f.Unita());
+    EXPECT_EQ(f.Text2, "Cod $ ExtraCod , ZZonenNummer * Data [ZonaOraria]");
+    ASSERT_EQ(f.List1.voci.size(), 1u);
+    // A "+" zone is east of Greenwich: one hour with the sign reversed.
+    EXPECT_EQ(f.List1.voci[0], "12000 $ 000 , 12 * 31/12/1899 [ - 01:00:00] ");
+    EXPECT_TRUE(f.LegendaVisibile);
+    EXPECT_EQ(
+        f.cmbZoneOrarie.voci,
+        (std::vector<std::string>{"12 $ CET , Central European Standard Time ( -01:00:00 ) "}));
+    f.Text17 = "1", f.Text8 = "1", f.Text5 = "1950";
+    EXPECT_FALSE(f.Command1_Click());
+    Database db(file);
+    EXPECT_EQ(Conta(db, "select count(*) from Estive where cEst = 12000"), 0);
+}
+
+TEST_F(Pulizia, PlacesOfANation) {
+    {
+        Database db(file);
+        test::AggiungiCity(db, 380, "Zeta", -0.5, 45.5, 3, 4);
+        test::AggiungiCity(db, 380, "Sud", 0.25, -33.25, 5, 6);
+        // 30 seconds do not raise the minutes, 31 do.
+        test::AggiungiCity(db, 380, "Trenta", -GradiDecimali(9, 0, 30) / 15,
+                           GradiDecimali(44, 59, 30), 1, 1);
+        test::AggiungiCity(db, 380, "Trentuno", -GradiDecimali(9, 0, 31) / 15,
+                           GradiDecimali(44, 58, 31), 1, 1);
+    }
+    Database db(file);
+    const auto righe = RigheZoomNazione(db, 380);
+    ASSERT_EQ(righe.size(), 5u);
+    EXPECT_EQ(righe[2], "Trenta" + std::string(24, ' ') + "  9E00 44N59  , 1  1");
+    EXPECT_EQ(righe[3], "Trentuno" + std::string(22, ' ') + "  9E01 44N59  , 1  1");
+    EXPECT_EQ(righe[4], "Zeta" + std::string(26, ' ') + "  7E30 45N30  , 3  4");
+    EXPECT_EQ(righe[1], "Sud" + std::string(27, ' ') + "  3W45 33S15  , 5  6");
+    // 0.79 h = 11°51'; 45.4° = 45°24'.
+    EXPECT_EQ(righe[0], "Padova" + std::string(24, ' ') + "  11E51 45N24  , 1  1");
+    EXPECT_TRUE(RigheZoomNazione(db, 999).empty());
+}
+
+} // namespace
