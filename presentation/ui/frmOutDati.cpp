@@ -305,7 +305,8 @@ frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& 
 }
 
 void frmOutDati::Form_Load() {
-    Toolbar1->setVisible(stato_.TransitoPosizioni != 0);
+    transito_ = stato_.TransitoPosizioni != 0;
+    Toolbar1->setVisible(transito_);
     ModoAscens = 0;
     Didascalia();
     mnuAspDC->setChecked(stato_.DisegnaAspetti != 0);
@@ -383,7 +384,7 @@ void frmOutDati::MostraArchi(int riga) {
 }
 
 void frmOutDati::Toolbar1_ButtonClick(UnitaTempo unita) {
-    if (!stato_.TransitoPosizioni) return;
+    if (!transito_) return;
     const std::optional<double> quanti = PassoDigitato(SS(txtTempi->text()), messaggi_);
     if (!quanti) return;
     s_.TemaX = tema_;
@@ -544,7 +545,7 @@ void frmOutDati::Command2_MouseDown() {
 void frmOutDati::closeEvent(QCloseEvent* e) {
     Timer1->stop();
     Timer2->stop();
-    stato_.TransitoPosizioni = 0;
+    if (transito_) stato_.TransitoPosizioni = 0;
     e->accept();
 }
 

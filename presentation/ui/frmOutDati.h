@@ -41,7 +41,9 @@ class frmOutDati : public QMainWindow {
     Q_OBJECT
 public:
     // The time-stepping toolbar shows only when stato.TransitoPosizioni is true as the window is
-    // made (the menu sets it for the transit slot); closing the window clears it. `fileDB` is the
+    // made (the menu sets it for the transit slot): the window keeps that as its own, so that
+    // another positions window opened later has no toolbar. Closing the transit's window clears
+    // the flag. `fileDB` is the
     // database of the archives browsed.
     frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
                const std::string& fileDB, Messaggi& messaggi, QWidget* genitore = nullptr);
@@ -55,6 +57,8 @@ public:
     // closes it with its other secondary windows.
     std::function<void(QWidget*)> RegistraSecondaria;
 
+    // The window shows the transit slot: it has the time-stepping toolbar.
+    bool MostraTransito() const { return transito_; }
     // The chart shown.
     const Tema& TemaMostrato() const { return tema_; }
     const Posizioni& PosMostrate() const { return pos_; }
@@ -119,6 +123,7 @@ private:
     StatoRuote& stato_;
     std::string fileDB_;
     Messaggi& messaggi_;
+    bool transito_ = false;
     Tema tema_;
     Posizioni pos_;
     Case cuspidi_;

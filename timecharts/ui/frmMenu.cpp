@@ -50,6 +50,20 @@ const char* const ParoleMemo[4] = {"Tema N.", "Transito", "Rivoluzione", "Direzi
 const char* const DidascalieMemo[4] = {"[Tema Natale] - ", "[Transito] - ", "[Rivoluzione] - ",
                                        "[Direzione] - "};
 
+// An open window comes to the front, restored if it was minimised; false when there is none
+// (a window closed and not yet deleted counts as none).
+bool Aperta(const QPointer<QWidget>& w) {
+    return w && w->isVisible();
+}
+bool PortaDavanti(QWidget* w) {
+    if (!Aperta(w)) return false;
+    if (w->isMinimized()) w->showNormal();
+    w->show();
+    w->raise();
+    w->activateWindow();
+    return true;
+}
+
 QLabel* Etichetta(QWidget* g, const QString& nome, const QFont& f) {
     auto* l = new QLabel(g);
     l->setObjectName(nome);
@@ -62,8 +76,8 @@ QLabel* Etichetta(QWidget* g, const QString& nome, const QFont& f) {
 
 frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& cfgLyx,
                  const PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), cfg_(cfgLyx), percorsi_(percorsi),
-      messaggi_(messaggi) {
+    : QMainWindow(genitore), stato(sessione.Ruote), s_(sessione), aspetti_(aspetti), cfg_(cfgLyx),
+      percorsi_(percorsi), messaggi_(messaggi) {
     setObjectName("frmMenu");
     setWindowTitle(
         QStringLiteral("Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria."));
@@ -451,9 +465,11 @@ void frmMenu::ApriMemo(int slot) {
 }
 
 void frmMenu::ApriPosizioni(int slot) {
+    if (PortaDavanti(posizioni_[static_cast<std::size_t>(slot)])) return;
     s_.TemaX = TemaDelSlot(slot);
     s_.PosX = PosDelSlot(slot);
-    if (slot == 1) stato.TransitoPosizioni = -1;
+    // Only the transit's window takes the time-stepping toolbar.
+    stato.TransitoPosizioni = slot == 1 ? -1 : 0;
     auto* f = new frmOutDati(s_, aspetti_, stato, percorsi_.FileDB, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     f->RegistraSecondaria = [this](QWidget* w) { RegistraSecondaria(w); };
@@ -464,22 +480,28 @@ void frmMenu::ApriPosizioni(int slot) {
         AggiornaFrames(2);
     };
     RegistraSecondaria(f);
+    posizioni_[static_cast<std::size_t>(slot)] = f;
+    // The flag stays true while the transit's window is open, whichever window came last.
+    stato.TransitoPosizioni = Aperta(posizioni_[1]) ? -1 : 0;
     f->show();
 }
 
 void frmMenu::ApriDomicili(int slot) {
     static const char* const etichette[4] = {"[tema natale] ", "[transito] ", "[Rivoluzione] ",
                                              "[Direzione] "};
+    if (PortaDavanti(domicili_[static_cast<std::size_t>(slot)])) return;
     s_.PosDomi = PosDelSlot(slot);
     auto* f = new frmDomicili(s_, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     f->setWindowTitle(f->windowTitle() + QString::fromUtf8(etichette[slot]) +
                       QS(TemaDelSlot(slot).Nome.str()));
     RegistraSecondaria(f);
+    domicili_[static_cast<std::size_t>(slot)] = f;
     f->show();
 }
 
 void frmMenu::ApriSelezioneAspetti() {
+    if (PortaDavanti(selezione_)) return;
     s_.TemaX = s_.TemaNat;
     s_.PosX = s_.PosNat;
     s_.TemaY = s_.TemaNat;
@@ -487,6 +509,7 @@ void frmMenu::ApriSelezioneAspetti() {
     auto* f = new frmSelAspetti(s_, aspetti_, stato, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     RegistraSecondaria(f);
+    selezione_ = f;
     f->show();
 }
 

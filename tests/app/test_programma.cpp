@@ -1,0 +1,133 @@
+// The program as main() starts it: the launcher, the chart half and back, again and again, with
+// the event loop running as it does for the user.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QComboBox>
+#include <QLineEdit>
+#include <QPushButton>
+#include <QTimer>
+#include <functional>
+#include <vector>
+
+#include "app/Programma.h"
+#include "core/Aritmetica.h"
+#include "core/ui/frmInputIni.h"
+#include "places/ui/PannelloDati.h"
+#include "places/ui/frmMainVesmo.h"
+#include "presentation/ui/frmOutDati.h"
+#include "tests/places/AiutoLuoghi.h"
+#include "timecharts/ui/frmMenu.h"
+
+using namespace vesmo;
+
+namespace {
+
+class ProgrammaTest : public ::testing::Test {
+protected:
+    void SetUp() override {
+        {
+            Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+            db.IniziaTransazione();
+            test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+            test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
+            test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+            test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
+            db.ConfermaTransazione();
+        }
+        ConfigIni cfg;
+        cfg.PathDB = (cartella / "Vesmodat.Mdb").string();
+        cfg.NazioneDefault = "Italy";
+        cfg.CityDefault = "Padova";
+        cfg.Ordinamento = "N";
+        ScriviConfig((cartella / "Vesmodat.ini").string(), cfg);
+    }
+
+    // Runs the steps one after another from the event loop, as the user's clicks would come,
+    // and ends the loop with status 7 after the last; a program that quits on its own ends it
+    // earlier with its own status.
+    int Esegui(std::vector<std::function<void()>> passi) {
+        fatti = 0;
+        auto prossimo = std::make_shared<std::function<void(std::size_t)>>();
+        *prossimo = [this, passi, prossimo](std::size_t i) {
+            if (i == passi.size()) {
+                QCoreApplication::exit(7);
+                return;
+            }
+            passi[i]();
+            ++fatti;
+            QTimer::singleShot(30, qApp, [prossimo, i] { (*prossimo)(i + 1); });
+        };
+        QTimer::singleShot(0, qApp, [prossimo] { (*prossimo)(0); });
+        return QApplication::exec();
+    }
+
+    test::CartellaLuoghi cartella;
+    MessaggiRegistrati messaggi;
+    std::size_t fatti = 0;
+};
+
+QString Cartella(const test::CartellaLuoghi& c) {
+    return QString::fromStdString((c / "").string());
+}
+
+} // namespace
+
+TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
+    Programma p(messaggi);
+    ASSERT_TRUE(p.Avvia(Cartella(cartella), [](frmInputIni&) {
+        ADD_FAILURE() << "il dialogo della prima volta si è aperto";
+        return false;
+    }));
+    // The user types a chart of their own into the launcher.
+    frmMainVesmo& vesmo = *p.principale;
+    vesmo.Dati->Text1->setText("Prova Andata");
+    ASSERT_TRUE(vesmo.Dati->LeggiTema(p.sessione.TemaCorrente));
+    const Tema lasciato = p.sessione.TemaCorrente;
+
+    auto entra = [&] {
+        vesmo.mnuFilAvvLyx->trigger();
+        ASSERT_TRUE(p.menu);
+        EXPECT_TRUE(p.menu->isVisible());
+        EXPECT_FALSE(vesmo.isVisible());
+        EXPECT_EQ(p.sessione.TemaNat.Nome.Valore(), "Prova Andata");
+    };
+    auto tornato = [&] {
+        EXPECT_FALSE(p.menu);
+        EXPECT_TRUE(vesmo.isVisible());
+        EXPECT_EQ(p.sessione.TemaCorrente, lasciato);
+        EXPECT_EQ(vesmo.Dati->Text1->text(), "Prova Andata");
+    };
+    const int esito = Esegui({
+        entra,
+        [&] {
+            // The wheel's switches set in the positions window of the natal chart.
+            p.menu->findChild<QAction*>("mnUnCieloPosizione")->trigger();
+            auto* pos = p.menu->findChild<frmOutDati*>();
+            if (!pos) {
+                for (QWidget* w : QApplication::topLevelWidgets())
+                    if (auto* f = qobject_cast<frmOutDati*>(w); f && f->isVisible()) pos = f;
+            }
+            ASSERT_NE(pos, nullptr);
+            pos->mnuAspDC->trigger();
+            pos->comboNodi->setCurrentIndex(5);
+            pos->comboNodi_Click(5);
+        },
+        [&] { p.menu->Command1->click(); },
+        tornato,
+        entra,
+        [&] {
+            EXPECT_EQ(p.sessione.Ruote.DisegnaAspetti, -1);
+            EXPECT_EQ(p.sessione.Ruote.NodiScelti, 5);
+            p.menu->findChild<QAction*>("mnuFileEsci")->trigger();
+        },
+        tornato,
+        entra,
+        [&] { p.menu->Command1->click(); },
+        tornato,
+    });
+    EXPECT_EQ(esito, 7) << "il programma è finito dopo " << fatti << " passi";
+    EXPECT_EQ(fatti, 10u);
+    EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
+}
