@@ -175,8 +175,12 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     for (int i = 0; i < 4; ++i) {
         mnuFileSalvo[static_cast<std::size_t>(i)] = voce(salvo, nomiSalvo[i], testiSalvo[i]);
         mnuFileSalvo[static_cast<std::size_t>(i)]->setCheckable(true);
+        // The entry's mark tells whether the slot was saved: a click does not toggle it.
         connect(mnuFileSalvo[static_cast<std::size_t>(i)], &QAction::triggered, this,
-                [this, i] { Salvo(i); });
+                [this, i](bool segnata) {
+                    mnuFileSalvo[static_cast<std::size_t>(i)]->setChecked(!segnata);
+                    Salvo(i);
+                });
     }
     mnuFile->addSeparator();
     mnuFileEsci = voce(mnuFile, "mnuFileEsci", "&Esci. Ritorna ad Vesmo");
@@ -442,10 +446,10 @@ void frmMenu::mnuTransitInput_Click() {
     s_.PosX = s_.PosVuoto;
     if (!s_.TransitoCalcolato) {
         s_.TemaX = s_.TemaNat;
-        // " Tra" over the four characters from the 25th of the name.
-        std::string nome = s_.TemaX.Nome.str();
-        std::string testa = PrimiCaratteri(nome, 24);
-        s_.TemaX.Nome = testa + " Tra";
+        // " Tra" over the four characters from the 25th of the name; the last two stay.
+        const std::string nome = TagliaOAllunga(s_.TemaX.Nome.str(), 30);
+        const std::string coda = nome.substr(PrimiCaratteri(nome, 28).size());
+        s_.TemaX.Nome = PrimiCaratteri(nome, 24) + " Tra" + coda;
         QDateTime ora = QDateTime::currentDateTime();
         s_.TemaX.Day = GiornoGiuliano(static_cast<float>(ora.date().year()),
                                       static_cast<float>(ora.date().month()),
@@ -515,7 +519,6 @@ void frmMenu::ApriSelezioneAspetti() {
 
 void frmMenu::Salvo(int slot) {
     QAction* voce = mnuFileSalvo[static_cast<std::size_t>(slot)];
-    voce->setChecked(false);
     s_.TemaSalva = TemaDelSlot(slot);
     frmSalvoLyx f(s_, percorsi_.FileDB, messaggi_, this);
     f.exec();
