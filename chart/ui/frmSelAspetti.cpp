@@ -34,7 +34,8 @@ std::string TestoSingolo(float x) {
 
 frmSelAspetti::frmSelAspetti(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
                              Messaggi& messaggi, QWidget* genitore)
-    : QWidget(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), messaggi_(messaggi) {
+    : QWidget(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), propri_(messaggi, this),
+      messaggi_(propri_) {
     setObjectName("frmSelAspetti");
     setWindowFlag(Qt::Window);
     setAttribute(Qt::WA_DeleteOnClose, false);

@@ -9,6 +9,7 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/qt/MessaggiQt.h"
 #include "presentation/StatoRuote.h"
 
 class QAction;
@@ -67,6 +68,8 @@ private:
     Sessione& s_;
     TabellaAspetti& aspetti_;
     StatoRuote& stato_;
+    // The boxes raised here stand over this window.
+    MessaggiDellaFinestra propri_;
     Messaggi& messaggi_;
 };
 

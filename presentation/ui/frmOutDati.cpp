@@ -87,7 +87,7 @@ QString TestoQuando(const Quando& q) {
 frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
                        const std::string& fileDB, Messaggi& messaggi, QWidget* genitore)
     : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), fileDB_(fileDB),
-      messaggi_(messaggi), tema_(sessione.TemaX), pos_(sessione.PosX) {
+      propri_(messaggi, this), messaggi_(propri_), tema_(sessione.TemaX), pos_(sessione.PosX) {
     setObjectName("frmOutDati");
     setAttribute(Qt::WA_DeleteOnClose, false);
     setWindowTitle(QStringLiteral("Lyx - Posizioni, Domicili, Aspetti"));

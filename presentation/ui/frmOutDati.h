@@ -15,6 +15,7 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/qt/MessaggiQt.h"
 #include "core/store/Cursore.h"
 #include "presentation/StatoRuote.h"
 #include "presentation/ui/PassiTema.h"
@@ -122,6 +123,8 @@ private:
     TabellaAspetti& aspetti_;
     StatoRuote& stato_;
     std::string fileDB_;
+    // The boxes raised here stand over this window.
+    MessaggiDellaFinestra propri_;
     Messaggi& messaggi_;
     bool transito_ = false;
     Tema tema_;

@@ -5,18 +5,24 @@
 #include <QAction>
 #include <QApplication>
 #include <QComboBox>
+#include <QDialogButtonBox>
+#include <QInputDialog>
 #include <QLineEdit>
+#include <QMessageBox>
 #include <QPushButton>
 #include <QTimer>
 #include <functional>
 #include <vector>
 
 #include "app/Programma.h"
+#include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
+#include "core/qt/MessaggiQt.h"
 #include "core/ui/frmInputIni.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmMainVesmo.h"
 #include "presentation/ui/frmOutDati.h"
+#include "presentation/ui/frmRuotaDoppia.h"
 #include "tests/places/AiutoLuoghi.h"
 #include "timecharts/ui/frmMenu.h"
 
@@ -130,4 +136,80 @@ TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
     EXPECT_EQ(esito, 7) << "il programma è finito dopo " << fatti << " passi";
     EXPECT_EQ(fatti, 10u);
     EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
+}
+
+namespace {
+
+// What stood over the first modal box that showed while `azione` ran: its parent, its buttons'
+// texts without their mnemonics. The box is closed with Escape.
+struct Box {
+    QWidget* genitore = nullptr;
+    QStringList pulsanti;
+};
+Box PrimoBox(const std::function<void()>& azione) {
+    Box visto;
+    QTimer t;
+    QObject::connect(&t, &QTimer::timeout, [&] {
+        QWidget* w = QApplication::activeModalWidget();
+        if (!w) return;
+        t.stop();
+        visto.genitore = w->parentWidget();
+        if (auto* box = qobject_cast<QMessageBox*>(w))
+            for (QAbstractButton* b : box->buttons())
+                visto.pulsanti << b->text().remove('&');
+        if (auto* d = qobject_cast<QDialog*>(w)) d->reject();
+    });
+    t.start(5);
+    azione();
+    return visto;
+}
+
+} // namespace
+
+TEST(Messaggi, IBoxStannoSopraLaFinestraCheLiSolleva) {
+    QWidget menu;
+    menu.setObjectName("frmMenu");
+    MessaggiQt messaggi(&menu);
+    Sessione s;
+    TabellaAspetti aspetti;
+    aspetti.EntraInLyx();
+    StatoRuote stato;
+
+    frmOutDati pos(s, aspetti, stato, "", messaggi);
+    pos.show();
+    // Pluto's nodes are not computed: the box stands over the positions window.
+    EXPECT_EQ(PrimoBox([&] { pos.comboNodi_Click(26); }).genitore, &pos);
+    // So does the input box of the rotation.
+    EXPECT_EQ(PrimoBox([&] { pos.mnuRotQ_Click(); }).genitore, &pos);
+
+    frmRuotaDoppia doppia(s, aspetti, stato, messaggi, Esterno::Transito);
+    doppia.show();
+    // The aspect selection with no kind of line switched on.
+    stato.DisegnaAspetti = stato.DisegnaAspettiEst = stato.DisegnaAspettiCmp = 0;
+    EXPECT_EQ(PrimoBox([&] { doppia.mnuAspSelezione_Click(); }).genitore, &doppia);
+
+    // The boxes of the program itself keep their window.
+    EXPECT_EQ(PrimoBox([&] {
+                  messaggi.Mostra("Lyx - Prova", "prova", Pulsanti::Ok, Icona::Informazione);
+              }).genitore,
+              &menu);
+}
+
+TEST(Messaggi, PulsantiInItaliano) {
+    ASSERT_TRUE(CaricaTraduzioniQt(*qApp)) << "mancano le traduzioni di Qt (qt6-translations-l10n)";
+    MessaggiQt messaggi;
+    // The question of a name already in the archive: its text names the buttons it shows.
+    const Box b = PrimoBox([&] {
+        messaggi.Mostra("Tema Doppio",
+                        "Prova\n\nè GIA' PRESENTE nel DataBase\n\nSì =          Sovrascrivo\n"
+                        "No =         Aggiungo senza sovrascrivere\n"
+                        "Annulla =  Nessun salvataggio\n\n",
+                        Pulsanti::SiNoAnnulla, Icona::Domanda);
+    });
+    EXPECT_TRUE(b.pulsanti.contains("Sì")) << b.pulsanti.join(",").toStdString();
+    EXPECT_TRUE(b.pulsanti.contains("No"));
+    EXPECT_TRUE(b.pulsanti.contains("Annulla"));
+    QDialogButtonBox apri(QDialogButtonBox::Open | QDialogButtonBox::Cancel);
+    EXPECT_EQ(apri.button(QDialogButtonBox::Open)->text().remove('&'), "Apri");
+    EXPECT_EQ(apri.button(QDialogButtonBox::Cancel)->text().remove('&'), "Annulla");
 }

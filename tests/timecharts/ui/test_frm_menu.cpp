@@ -174,7 +174,7 @@ TEST_F(Menu, AggiornaConDueEtichette) {
 }
 
 // Saving a slot: the archive gets the chart, the entry its check mark, and a slot with a comment
-// shows it in its frame's caption; a save cancelled at "Tema Doppio" leaves the entry unmarked.
+// shows it in its frame's caption; a save cancelled at "Tema Doppio" keeps the mark of the earlier save.
 TEST_F(Menu, SalvoSegnaLaVoce) {
     vesmo::test::Cartella cartella;
     percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
