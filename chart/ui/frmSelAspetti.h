@@ -40,6 +40,7 @@ public:
     QRadioButton *Option1, *Option2;
     QGroupBox* Frame2;
     QLineEdit* Text1;
+    QLabel* lblOrbita;
     QLabel *Label1, *Label2, *Label3;
     QPushButton* Command1;
     QMenuBar* barraMenu;
