@@ -190,4 +190,29 @@ std::string FormatoNumero(double x, std::string_view figura, char decimale, char
     return r;
 }
 
+std::size_t LeggiNumero(std::string_view s, double& valore) {
+    std::size_t i = 0;
+    std::string numero;
+    if (i < s.size() && (s[i] == '-' || s[i] == '+')) numero += s[i++];
+    bool cifre = false, separatore = false;
+    std::size_t fine = 0;
+    for (; i < s.size(); ++i) {
+        const char c = s[i];
+        if (c >= '0' && c <= '9') {
+            numero += c;
+            cifre = true;
+            fine = i + 1;
+        } else if ((c == ',' || c == '.') && !separatore) {
+            numero += '.';
+            separatore = true;
+            if (cifre) fine = i + 1;
+        } else {
+            break;
+        }
+    }
+    if (!cifre) return 0;
+    valore = std::strtod(numero.c_str(), nullptr);
+    return fine;
+}
+
 } // namespace vesmo

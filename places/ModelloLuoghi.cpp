@@ -43,23 +43,8 @@ double ValoreTesto(std::string_view s) {
     std::size_t i = 0;
     while (i < s.size() && (s[i] == ' ' || s[i] == '\t'))
         ++i;
-    std::string numero;
-    if (i < s.size() && (s[i] == '-' || s[i] == '+')) numero += s[i++];
-    bool cifre = false, punto = false;
-    for (; i < s.size(); ++i) {
-        const char c = s[i];
-        if (c >= '0' && c <= '9') {
-            numero += c;
-            cifre = true;
-        } else if (c == '.' && !punto) {
-            numero += c;
-            punto = true;
-        } else {
-            break;
-        }
-    }
-    if (!cifre) return 0;
-    return std::strtod(numero.c_str(), nullptr);
+    double v = 0;
+    return LeggiNumero(s.substr(i), v) > 0 ? v : 0;
 }
 
 std::string TestoDataOra(double seriale) {

@@ -262,3 +262,28 @@ TEST_F(Lanciatore, InputSenzaCittaNonChiude) {
     EXPECT_EQ(sessione.DatiOk, -1);
     EXPECT_EQ(g.AnnoRiv, 2030.f);
 }
+
+// A revolution's year, month and day may hold fractions typed with the comma: "1998,5" starts
+// the solar search in July 1998.
+TEST_F(Lanciatore, FrazioniDellaRivoluzione) {
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx sol(sessione, percorsi.FileDB, 'C', messaggi);
+    sol.TagCommand4 = "daRivSol";
+    sol.Form_Load();
+    sol.Dati->Text5->setText("1998,5");
+    sol.cmdCalcola->click();
+    EXPECT_EQ(sessione.DatiOk, -1);
+    EXPECT_EQ(sol.AnnoRiv, 1998.5f);
+
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx lun(sessione, percorsi.FileDB, 'C', messaggi);
+    lun.TagCommand4 = "daRivLun";
+    lun.Form_Load();
+    lun.Dati->Text5->setText("2001");
+    lun.Dati->Text4->setText("6,5");
+    lun.Dati->Text3->setText("10,25");
+    lun.cmdCalcola->click();
+    EXPECT_EQ(lun.AnnoRiv, 2001.f);
+    EXPECT_EQ(lun.MeseRiv, 6.5f);
+    EXPECT_EQ(lun.GiornoRiv, 10.25f);
+}
