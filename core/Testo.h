@@ -29,6 +29,10 @@ std::string ALatin1(std::string_view utf8);
 std::size_t CercaSenzaCaso(std::string_view pagliaio, std::string_view ago);
 bool UgualeSenzaCaso(std::string_view a, std::string_view b);
 
+// In capitals: the ASCII letters and the accented letters of the Latin alphabets ("Côte
+// d'Ivoire" "CÔTE D'IVOIRE"); everything else stays as it is.
+std::string Maiuscole(std::string_view utf8);
+
 // The decimal separator of the workstation: the Italian comma.
 inline constexpr char SeparatoreDecimale = ',';
 inline constexpr char SeparatoreMigliaia = '.';

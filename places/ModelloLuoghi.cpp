@@ -18,12 +18,6 @@ constexpr double Tolleranza = 0.00001;
 constexpr double OrigineSeriale = 2415018.5;
 constexpr double UnOra = 1.0 / 24.0;
 
-std::string Maiuscole(std::string s) {
-    for (char& c : s)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return s;
-}
-
 // The wanted moment of the fields as a Julian day.
 double MomentoVoluto(const Tema& tema) {
     return tema.Day + tema.OraL / 24.0;
