@@ -45,6 +45,8 @@ bool Programma::Avvia(const QString& cartellaProgramma,
     // The chart half hides the launcher before it shows itself, and leaving it closes its last
     // window before the launcher comes back: only the launcher's own exit ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
+    // Every form, the boxes included, takes the icon of Uranus.
+    QApplication::setWindowIcon(IconaUrano());
     splash_ = std::make_unique<frmUrano>();
     splash_->show();
     QApplication::processEvents();

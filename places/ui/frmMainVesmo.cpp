@@ -74,6 +74,10 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
         Text17->setVisible(e.Text17Visibile);
         Dati->Pannello2->setText(QS(e.Pannello2));
     });
+    // The box of the user's sidereal value follows the list whoever moves it (the load puts
+    // it back on index 0).
+    connect(Combo1, &QComboBox::currentIndexChanged, this,
+            [this](int i) { Text17->setVisible(Combo1_Click(i).Text17Visibile); });
     connect(ChkGEO, &QCheckBox::toggled, this,
             [this](bool v) { ChkGEO->setText(QS(DidascaliaChkGEO(v))); });
     connect(Command1, &QPushButton::clicked, this, &frmMainVesmo::Command1_Click);

@@ -92,10 +92,16 @@ TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
     ASSERT_TRUE(vesmo.Dati->LeggiTema(p.sessione.TemaCorrente));
     const Tema lasciato = p.sessione.TemaCorrente;
 
+    // Every window takes the icon of Uranus.
+    ASSERT_FALSE(QApplication::windowIcon().isNull());
+    const qint64 urano = QApplication::windowIcon().cacheKey();
+    EXPECT_EQ(vesmo.windowIcon().cacheKey(), urano);
+
     auto entra = [&] {
         vesmo.mnuFilAvvLyx->trigger();
         ASSERT_TRUE(p.menu);
         EXPECT_TRUE(p.menu->isVisible());
+        EXPECT_EQ(p.menu->windowIcon().cacheKey(), urano);
         EXPECT_FALSE(vesmo.isVisible());
         EXPECT_EQ(p.sessione.TemaNat.Nome.Valore(), "Prova Andata");
     };

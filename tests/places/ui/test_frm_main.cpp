@@ -186,6 +186,15 @@ TEST_F(Lanciatore, PonteAstrologSenzaProgramma) {
     EXPECT_FALSE(f.Text17->isHidden());
     EXPECT_EQ(f.Dati->Pannello2->text(), "Siderale Utente. Es: 2,5 ruota gli elementi della carta "
                                          "di un angolo pari a (Siderale - 2,5)");
+    // Back on index 0, by the user or by the load, the box hides again.
+    f.Combo1->setCurrentIndex(0);
+    emit f.Combo1->activated(0);
+    EXPECT_TRUE(f.Text17->isHidden());
+    f.Combo1->setCurrentIndex(5);
+    EXPECT_FALSE(f.Text17->isHidden());
+    f.Form_Load();
+    EXPECT_EQ(f.Combo1->currentIndex(), 0);
+    EXPECT_TRUE(f.Text17->isHidden());
     // No program set: the user is told, and the form's chart is read into the record.
     f.Dati->Text1->setText("Anna Bianchi");
     f.Command1->click();
