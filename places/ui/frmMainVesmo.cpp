@@ -184,10 +184,22 @@ void frmMainVesmo::mnuFilOrdN_Click() {
 }
 
 void frmMainVesmo::mnuFilePath_Click() {
+    // The dialog shows the record as the file holds it: what an earlier "&Ok" stored.
+    ConfigIni registrato = cfg_;
+    if (!LeggiConfig(percorsi_.FileIni, registrato)) registrato = cfg_;
     frmInputIni f(percorsi_, messaggi_, this);
-    f.MostraConfig(cfg_);
+    f.MostraConfig(registrato);
     f.exec();
-    // New defaults take effect at the next start.
+    if (!f.Salvato) return;
+    // The stored paths and default place are the launcher's from now on; the sort order in
+    // force changes only through its own menu entries, and the default place is looked up at
+    // the next start.
+    std::string errore;
+    ConfigIni scritto;
+    if (LeggiConfig(percorsi_.FileIni, scritto, &errore)) {
+        scritto.Ordinamento = cfg_.Ordinamento;
+        cfg_ = scritto;
+    }
 }
 
 void frmMainVesmo::mnuFilEsci_Click() {

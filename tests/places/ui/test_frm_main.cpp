@@ -9,15 +9,18 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableView>
 #include <QTest>
 
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/frmInputIni.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
 #include "tests/places/AiutoLuoghi.h"
+#include "tests/timecharts/ui/Modale.h"
 
 using namespace vesmo;
 
@@ -295,4 +298,39 @@ TEST_F(Lanciatore, FrazioniDellaRivoluzione) {
     EXPECT_EQ(lun.AnnoRiv, 2001.f);
     EXPECT_EQ(lun.MeseRiv, 6.5f);
     EXPECT_EQ(lun.GiornoRiv, 10.25f);
+}
+
+// "&Default  Vesmo": "&Ok" is the dialog's default button and stores the record; opened again,
+// the dialog shows what was stored.
+TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    bool visto = false;
+    test::AlModale("frmInputIni", [&](QWidget* w) {
+        auto* d = static_cast<frmInputIni*>(w);
+        EXPECT_TRUE(d->CmdOk->isDefault());
+        EXPECT_EQ(d->TextCity->text(), "Padova");
+        d->TextNaz->setText("Canada");
+        d->TextCity->setText("Vancouver BC");
+        d->OptCity->setChecked(true);
+        d->CmdOk->click();
+    });
+    f.mnuFilePath->trigger();
+    ConfigIni letto;
+    ASSERT_TRUE(LeggiConfig(percorsi.FileIni, letto));
+    EXPECT_EQ(letto.CityDefault.Valore(), "Vancouver BC");
+    EXPECT_EQ(letto.Ordinamento.str(), "C");
+    test::AlModale("frmInputIni", [&](QWidget* w) {
+        auto* d = static_cast<frmInputIni*>(w);
+        visto = true;
+        EXPECT_EQ(d->TextNaz->text(), "Canada");
+        EXPECT_EQ(d->TextCity->text(), "Vancouver BC");
+        EXPECT_TRUE(d->OptCity->isChecked());
+        d->cmdEsci->click();
+    });
+    f.mnuFilePath->trigger();
+    EXPECT_TRUE(visto);
+    // The sort order in force is the menu's until its own entries change it.
+    EXPECT_TRUE(f.mnuFilOrdN->isChecked());
+    EXPECT_TRUE(messaggi.registro.empty());
 }
