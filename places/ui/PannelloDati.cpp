@@ -293,13 +293,14 @@ bool PannelloDati::Carica(const std::string& fileDB, char ordinamento) {
     Frame5->setTitle(
         QStringLiteral(" DataBase (") + QString::number(NumeroCity()) +
         (form_ == FormIngresso::MainVesmo ? QStringLiteral(" City) ") : QStringLiteral(" City)")));
-    VaiAlLuogoDelTema();
-    Command4_Click();
+    // A place that is not in the database (the default place of another database): the
+    // record stays as it is, and there is nothing to import.
+    if (VaiAlLuogoDelTema()) Command4_Click();
     return true;
 }
 
-void PannelloDati::VaiAlLuogoDelTema() {
-    if (!luoghi_) return;
+bool PannelloDati::VaiAlLuogoDelTema() {
+    if (!luoghi_) return false;
     try {
         if (ordinamento_ == 'N') {
             luoghi_->Data2.Seek("<=", Valore(tema_.Stato.Valore()));
@@ -315,10 +316,11 @@ void PannelloDati::VaiAlLuogoDelTema() {
             LampoRosso();
         else
             MostraTema();
-        return;
+        return false;
     }
     SelezionaRigaGriglia(DBGrid1, griglia1_, luoghi_->Data1);
     SelezionaRigaGriglia(DBGrid2, griglia2_, luoghi_->Data2);
+    return true;
 }
 
 void PannelloDati::LampoRosso() {

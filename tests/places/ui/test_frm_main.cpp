@@ -334,3 +334,24 @@ TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
     EXPECT_TRUE(f.mnuFilOrdN->isChecked());
     EXPECT_TRUE(messaggi.registro.empty());
 }
+
+// A default place whose nation is not in the database: the load shows the record and stops, with
+// no box at start-up and nothing imported; the same in the chart half's input form.
+TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
+    cfg.NazioneDefault = "Austria";
+    cfg.CityDefault = "Wien";
+    PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+    const Tema prima = sessione.TemaCorrente;
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
+    EXPECT_EQ(f.Dati->Text19->text(), "Austria");
+    EXPECT_EQ(f.Dati->Text2->text(), "Wien");
+    EXPECT_EQ(sessione.TemaCorrente, prima);
+
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx g(sessione, percorsi.FileDB, 'N', messaggi);
+    g.Form_Load();
+    EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
+    EXPECT_EQ(g.Dati->Text2->text(), "Wien");
+}
