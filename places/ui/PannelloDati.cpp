@@ -469,7 +469,9 @@ void PannelloDati::RicalcolaData() {
     if (Trim(SS(Text19->text())) != Trim(nazione) || Trim(SS(Text2->text())) != Trim(city)) return;
     Command5_Click();
     Stato("");
-    DataPerLaRicerca();
+    // The resolution starts again from a clean state: a local mean time found for the earlier
+    // date must not stay ticked for the new one.
+    DataPerLaRicerca().TagChkSolare.clear();
     try {
         luoghi_->CaricaTemaDaDB(tema_);
     } catch (const std::exception& e) {

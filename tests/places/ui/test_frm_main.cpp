@@ -355,3 +355,39 @@ TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
     EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
     EXPECT_EQ(g.Dati->Text2->text(), "Wien");
 }
+
+// The year goes to 1850, before Padova's first zone row (local mean time), and back to 1987:
+// the zone and the summer time of 1987 come back on the screen, in the record and in what the
+// form reads, and local mean time is no longer ticked.
+TEST_F(Lanciatore, AnnoCorrettoTogliIlTempoMedioLocale) {
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    PannelloDati* d = f.Dati;
+    d->Command4->click();
+    ASSERT_EQ(d->Text8->text(), "-1");
+    QFocusEvent uscita(QEvent::FocusOut);
+    auto anno = [&](const char* testo) {
+        d->Text5->setText(testo);
+        QApplication::sendEvent(d->Text5, &uscita);
+    };
+    messaggi.risposte.push_back(Risposta::No);
+    anno("1850");
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Aggiornamenti");
+    EXPECT_TRUE(d->chkSolare->isChecked());
+    EXPECT_EQ(d->Text8->text(), "99");
+
+    anno("1987");
+    EXPECT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_FALSE(d->chkSolare->isChecked());
+    EXPECT_EQ(d->Text8->text(), "-1");
+    EXPECT_EQ(d->Text22->text(), "1");
+    const Tema& t = sessione.TemaCorrente;
+    EXPECT_EQ(t.Fuso, -1);
+    EXPECT_EQ(t.Estiva, 1);
+    Tema letto;
+    ASSERT_TRUE(d->LeggiTema(letto));
+    EXPECT_EQ(letto.Fuso, -1);
+    EXPECT_EQ(letto.Estiva, 1);
+    EXPECT_EQ(letto.Day, GiornoGiuliano(1987, 4, 10));
+}
