@@ -251,19 +251,39 @@ TEST_F(Lanciatore, InputDelLatoTemi) {
     EXPECT_EQ(sessione.TemaCorrente.Day, GiornoGiuliano(1987, 4, 10));
 }
 
-TEST_F(Lanciatore, InputSenzaCittaNonChiude) {
+// "Ca&lcola" clears TemaX, reads the form and sets DatiOk: without a city the user is told and
+// the chart stays blank; a box that holds no number keeps the form open.
+TEST_F(Lanciatore, InputSenzaCittaTemaVuoto) {
     sessione.TemaX = sessione.TemaCorrente;
     frmInDatiLyx f(sessione, percorsi.FileDB, 'C', messaggi);
     f.TagCommand4 = "daRivSol";
     f.Form_Load();
-    Tema prima = sessione.TemaX;
+    f.show();
     f.Dati->Text2->clear();
     f.cmdCalcola->click();
+    EXPECT_EQ(messaggi.registro.back().titolo, "Lyx - Manca Città");
+    EXPECT_EQ(messaggi.registro.back().testo, "Attenzione! \rNon è stata scelta nessuna Città");
+    EXPECT_EQ(sessione.DatiOk, -1);
+    EXPECT_EQ(sessione.TemaX.Nome, sessione.TemaVuoto.Nome);
+    EXPECT_EQ(sessione.TemaX.City, sessione.TemaVuoto.City);
+    EXPECT_EQ(sessione.TemaX.Day, 0);
+    EXPECT_EQ(sessione.TemaX.Lat, 0);
+    EXPECT_FALSE(f.isVisible());
+
+    sessione.DatiOk = 0;
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx n(sessione, percorsi.FileDB, 'C', messaggi);
+    n.Form_Load();
+    n.show();
+    const Tema prima = sessione.TemaX;
+    n.Dati->Text9->setText("11x");
+    n.cmdCalcola->click();
+    EXPECT_EQ(messaggi.registro.back().titolo, "Vesmo - Dati non validi");
     EXPECT_EQ(sessione.DatiOk, 0);
     EXPECT_EQ(sessione.TemaX, prima);
-    EXPECT_EQ(messaggi.registro.back().titolo, "Lyx - Manca Città");
+    EXPECT_TRUE(n.isVisible());
     // Cancelled: DatiOk stays as it was.
-    f.Command2->click();
+    n.Command2->click();
     EXPECT_EQ(sessione.DatiOk, 0);
     // With a city, the revolution's year comes back with the chart.
     frmInDatiLyx g(sessione, percorsi.FileDB, 'C', messaggi);
