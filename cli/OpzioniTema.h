@@ -20,6 +20,7 @@ struct LuogoRisolto {
     bool lmt = false;      // local mean time was set
     std::int64_t cFusi = 0, cEst = 0;
     std::string testoData;
+    std::string nomeAlt; // the other name of the place that found it ("Parigi"), else ""
 };
 LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
                           const std::optional<std::string>& nazione, const Data& d, const Ora& o);

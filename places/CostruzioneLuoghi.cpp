@@ -2,10 +2,13 @@
 
 #include <algorithm>
 #include <numeric>
+#include <optional>
 #include <set>
 
 #include "core/Testo.h"
+#include "core/store/Chiave.h"
 #include "core/store/Cursore.h"
+#include "places/RicercaLuoghi.h"
 #include "places/Schema.h"
 #include "places/Tzif.h"
 
@@ -63,17 +66,26 @@ void ScriviStoria(Database& db, const StoriaZona& storia) {
 std::size_t ScriviLuoghi(Database& db, const std::vector<LuogoGeo>& luoghi,
                          const std::vector<std::string>& nomi,
                          const std::map<std::string, std::int32_t>& codici,
-                         const std::map<std::string, std::int32_t>& cNaz) {
-    // Rows go in by nation and name, so that the file does not depend on the order of the dump.
+                         const std::map<std::string, std::int32_t>& cNaz,
+                         std::size_t* alternativi) {
+    // Rows go in by people, the most first, then by GeoNames number: the file does not depend
+    // on the order of the dump, and of places of one name in several nations the largest comes
+    // first in the order by city. The rank in this order goes with the other names, so that a
+    // name shared by several places finds the largest first.
     std::vector<std::size_t> ordine(luoghi.size());
     std::iota(ordine.begin(), ordine.end(), std::size_t{0});
     std::sort(ordine.begin(), ordine.end(), [&](std::size_t a, std::size_t b) {
-        if (luoghi[a].paese != luoghi[b].paese) return luoghi[a].paese < luoghi[b].paese;
-        if (nomi[a] != nomi[b]) return nomi[a] < nomi[b];
+        if (luoghi[a].popolazione != luoghi[b].popolazione)
+            return luoghi[a].popolazione > luoghi[b].popolazione;
         return luoghi[a].id < luoghi[b].id;
     });
+    std::vector<std::int32_t> rango(luoghi.size());
+    for (std::size_t k = 0; k < ordine.size(); ++k)
+        rango[ordine[k]] = static_cast<std::int32_t>(k);
     Cursore c(db, "AllCity");
-    std::size_t scartati = 0;
+    std::optional<Cursore> alt;
+    if (db.EsisteTabella(TabellaNomiAlternativi)) alt.emplace(db, TabellaNomiAlternativi);
+    std::size_t scartati = 0, scritti = 0;
     for (std::size_t i : ordine) {
         const LuogoGeo& l = luoghi[i];
         auto naz = cNaz.find(l.paese);
@@ -90,7 +102,23 @@ std::size_t ScriviLuoghi(Database& db, const std::vector<LuogoGeo>& luoghi,
         c.Imposta("cFusi", zona->second);
         c.Imposta("cEst", zona->second);
         c.Update();
+        if (!alt) continue;
+        auto scrivi = [&](const std::string& nome) {
+            alt->AddNew();
+            alt->Imposta("cCity", naz->second);
+            alt->Imposta("NomeAlt", nome);
+            alt->Imposta("City", nomi[i]);
+            alt->Imposta("Rango", rango[i]);
+            alt->Update();
+            ++scritti;
+        };
+        const std::string intero = store_detail::PiegaTesto(l.nome);
+        if (store_detail::PiegaTesto(nomi[i]).substr(0, intero.size()) != intero)
+            scrivi(PrimiCaratteri(l.nome, LarghezzaCity));
+        for (const std::string& a : l.alternativi)
+            scrivi(a);
     }
+    if (alternativi) *alternativi = scritti;
     return scartati;
 }
 
@@ -107,7 +135,12 @@ RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
         cNaz[n.alpha2] = n.cNaz;
 
     std::size_t illeggibili = 0;
-    const std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(fonti.cities.string(), &illeggibili);
+    std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(fonti.cities.string(), &illeggibili);
+    if (!fonti.comuni.empty()) {
+        const std::vector<Comune> comuni = LeggiFileComuni(fonti.comuni);
+        ApplicaComuni(luoghi, comuni);
+        r.comuni = comuni.size();
+    }
     const std::vector<std::string> nomi = NomiLuoghi(luoghi);
     const std::map<std::string, std::int32_t> codici = CodiciZone(luoghi);
 
@@ -127,6 +160,7 @@ RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
         Database db;
         db.Crea(lavoro);
         CreaSchemaLuoghi(db);
+        CreaTabellaNomiAlternativi(db);
         db.IniziaTransazione();
         ScriviNazioni(db, nazioni);
         for (const StoriaZona& s : storie) {
@@ -134,7 +168,7 @@ RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
             r.righeFusi += s.fusi.size();
             r.righeEstive += s.estive.size();
         }
-        r.scartati = ScriviLuoghi(db, luoghi, nomi, codici, cNaz) + illeggibili;
+        r.scartati = ScriviLuoghi(db, luoghi, nomi, codici, cNaz, &r.nomiAlternativi) + illeggibili;
         db.ConfermaTransazione();
         db.Chiudi();
     }

@@ -7,6 +7,7 @@
 #include <istream>
 #include <iterator>
 #include <map>
+#include <set>
 
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
@@ -208,6 +209,64 @@ std::string LeggiTutto(const std::string& percorso) {
     return std::string((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>());
 }
 
+// True when the text is written in Latin letters (with their accents, apostrophes, hyphens),
+// holds a letter, and is valid UTF-8.
+bool ScritturaLatina(std::string_view s) {
+    bool lettera = false;
+    for (std::size_t i = 0; i < s.size();) {
+        const auto b = static_cast<unsigned char>(s[i]);
+        std::uint32_t c;
+        std::size_t n;
+        if (b < 0x80) {
+            c = b;
+            n = 1;
+        } else if ((b & 0xE0) == 0xC0) {
+            c = b & 0x1Fu;
+            n = 2;
+        } else if ((b & 0xF0) == 0xE0) {
+            c = b & 0x0Fu;
+            n = 3;
+        } else {
+            return false; // four-byte characters are no Latin letters
+        }
+        if (i + n > s.size()) return false;
+        for (std::size_t k = 1; k < n; ++k) {
+            const auto t = static_cast<unsigned char>(s[i + k]);
+            if ((t & 0xC0) != 0x80) return false;
+            c = (c << 6) | (t & 0x3Fu);
+        }
+        i += n;
+        if (c < 0x20 || (c >= 0x7F && c < 0xA0)) return false;
+        const bool latina = (c >= 'A' && c <= 'Z') || (c >= 'a' && c <= 'z') ||
+                            (c >= 0xC0 && c < 0x250 && c != 0xD7 && c != 0xF7) ||
+                            (c >= 0x1E00 && c < 0x1F00);
+        lettera = lettera || latina;
+        const bool segno = c < 0xC0 || latina || (c >= 0x2B0 && c < 0x370) || c == 0x2018 ||
+                           c == 0x2019 || c == 0x2010 || c == 0x2011;
+        if (!segno) return false;
+    }
+    return lettera;
+}
+
+// A short code in capitals ("ROM", "LIRF"): an airport's, not a name people say.
+bool Sigla(std::string_view s) {
+    return s.size() <= 4 &&
+           std::all_of(s.begin(), s.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
+}
+
+// The alternate names of a place from GeoNames' comma-separated list.
+std::vector<std::string> NomiAlternativi(std::string_view lista, const std::string& nome) {
+    std::vector<std::string> nomi;
+    if (lista.empty()) return nomi;
+    std::set<std::string> visti{store_detail::PiegaTesto(nome)};
+    for (std::string_view a : Dividi(lista, ',')) {
+        std::string n = SenzaSpazi(a);
+        if (n.empty() || Sigla(n) || LunghezzaCaratteri(n) > 60 || !ScritturaLatina(n)) continue;
+        if (visti.insert(store_detail::PiegaTesto(n)).second) nomi.push_back(std::move(n));
+    }
+    return nomi;
+}
+
 bool SoloLettere(std::string_view s) {
     return !s.empty() && s.size() <= 3 &&
            std::all_of(s.begin(), s.end(), [](char c) { return c >= 'A' && c <= 'Z'; });
@@ -216,6 +275,7 @@ bool SoloLettere(std::string_view s) {
 // The region that tells apart two places of one name: a province of letters (Italy, Spain),
 // else the GeoNames region code (the state for the United States).
 std::string Regione(const LuogoGeo& l) {
+    if (!l.sigla.empty()) return l.sigla;
     if (SoloLettere(l.admin2)) return l.admin2;
     return l.admin1;
 }
@@ -245,10 +305,14 @@ std::vector<LuogoGeo> LeggiLuoghiGeo(std::istream& in, std::size_t* scartate) {
             continue;
         }
         l.nome = SenzaSpazi(f[1]);
+        l.tipo = std::string(f[7]);
         l.paese = std::string(f[8]);
         l.admin1 = std::string(f[10]);
         l.admin2 = std::string(f[11]);
+        l.admin3 = std::string(f[12]);
+        std::from_chars(f[14].data(), f[14].data() + f[14].size(), l.popolazione);
         l.zona = std::string(f[17]);
+        l.alternativi = NomiAlternativi(f[3], l.nome);
         luoghi.push_back(std::move(l));
     }
     if (scartate) *scartate = scarti;
@@ -259,6 +323,81 @@ std::vector<LuogoGeo> LeggiFileLuoghiGeo(const std::string& percorso, std::size_
     std::ifstream f(percorso, std::ios::binary);
     if (!f) throw ErroreFonte("file non trovato: " + percorso);
     return LeggiLuoghiGeo(f, scartate);
+}
+
+std::vector<Comune> LeggiComuni(std::string_view json) {
+    std::vector<Comune> comuni;
+    LettoreJson(json).Oggetti([&](const std::map<std::string, std::string>& campi) {
+        auto nome = campi.find("nome");
+        auto codice = campi.find("codice");
+        auto sigla = campi.find("sigla");
+        if (nome == campi.end() || codice == campi.end() || sigla == campi.end()) return;
+        comuni.push_back({SenzaSpazi(nome->second), codice->second, sigla->second});
+    });
+    return comuni;
+}
+
+std::vector<Comune> LeggiFileComuni(const std::filesystem::path& percorso) {
+    if (!std::filesystem::is_directory(percorso)) return LeggiComuni(LeggiTutto(percorso));
+    std::vector<std::filesystem::path> file;
+    for (const auto& voce : std::filesystem::directory_iterator(percorso))
+        if (voce.path().extension() == ".json") file.push_back(voce.path());
+    std::sort(file.begin(), file.end());
+    std::vector<Comune> comuni;
+    for (const auto& f : file)
+        for (Comune& c : LeggiComuni(LeggiTutto(f)))
+            comuni.push_back(std::move(c));
+    if (comuni.empty()) throw ErroreFonte("nessun comune in " + percorso.string());
+    return comuni;
+}
+
+namespace {
+
+// GeoNames marks the seat of a division, the comune's included, with these feature codes.
+bool Capoluogo(const LuogoGeo& l) {
+    return l.tipo == "PPLC" || l.tipo == "PPLA" || l.tipo == "PPLA2" || l.tipo == "PPLA3";
+}
+
+} // namespace
+
+void ApplicaComuni(std::vector<LuogoGeo>& luoghi, const std::vector<Comune>& comuni) {
+    std::map<std::string, const Comune*> perCodice;
+    for (const Comune& c : comuni)
+        perCodice[c.codice] = &c;
+    std::map<std::string, std::size_t> sedi; // code -> the seat's place
+    for (std::size_t i = 0; i < luoghi.size(); ++i) {
+        LuogoGeo& l = luoghi[i];
+        if (l.paese != "IT") continue;
+        auto c = perCodice.find(l.admin3);
+        if (c == perCodice.end()) continue;
+        l.sigla = c->second->sigla;
+        auto [s, nuova] = sedi.emplace(l.admin3, i);
+        if (nuova) continue;
+        const LuogoGeo& sede = luoghi[s->second];
+        const std::string nomeComune = store_detail::PiegaTesto(c->second->nome);
+        const bool omonima = store_detail::PiegaTesto(l.nome) == nomeComune;
+        const bool sedeOmonima = store_detail::PiegaTesto(sede.nome) == nomeComune;
+        if (omonima != sedeOmonima) {
+            if (omonima) s->second = i;
+        } else if (Capoluogo(l) != Capoluogo(sede)) {
+            if (Capoluogo(l)) s->second = i;
+        } else if (l.popolazione > sede.popolazione ||
+                   (l.popolazione == sede.popolazione && l.id < sede.id)) {
+            s->second = i;
+        }
+    }
+    for (const auto& [codice, i] : sedi) {
+        LuogoGeo& l = luoghi[i];
+        const std::string& nome = perCodice.at(codice)->nome;
+        if (l.nome == nome) continue;
+        // The GeoNames name stays a way to find the place.
+        const std::string piegato = store_detail::PiegaTesto(nome);
+        std::erase_if(l.alternativi,
+                      [&](const std::string& a) { return store_detail::PiegaTesto(a) == piegato; });
+        if (store_detail::PiegaTesto(l.nome) != piegato)
+            l.alternativi.insert(l.alternativi.begin(), l.nome);
+        l.nome = nome;
+    }
 }
 
 std::vector<NazioneIso> LeggiNazioniIso(std::string_view json) {

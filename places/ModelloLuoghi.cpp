@@ -6,6 +6,7 @@
 
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
+#include "core/store/Chiave.h"
 
 namespace vesmo {
 
@@ -72,6 +73,42 @@ ModelloLuoghi::ModelloLuoghi(Database& d, Messaggi& m, char ord, FormIngresso f)
     Data3.Index("iFusi");
     Data4.Index("IndEstiTbEstive");
     Data5.Index("IndCoNazi");
+}
+
+std::string ModelloLuoghi::DigitaCity(const std::string& testo) {
+    std::optional<std::int32_t> cNaz;
+    if (ordinamento == 'N') {
+        cNaz = static_cast<std::int32_t>(Data2.Campo("cNaz").Intero());
+        Data1.Seek(">=", *cNaz, Valore(testo));
+        if (Data1.NoMatch()) Data1.MoveLast();
+    } else {
+        Data1.Seek(">=", Valore(testo));
+        Data2.Seek("=", Data1.Campo("cCity"));
+    }
+    const std::string t = SenzaSpazi(testo);
+    if (t.empty()) return "";
+    // The seek stands on the place when the text is its name, or its name without the
+    // province letters that follow it.
+    if (!Data1.NoMatch() && !Data1.BOF() && !Data1.Eof() &&
+        (!cNaz || Data1.Campo("cCity").Intero() == *cNaz)) {
+        const std::string city = store_detail::PiegaTesto(Data1.Campo("City").Testo());
+        const std::string nome = store_detail::PiegaTesto(t);
+        if (city == nome || city.rfind(nome + " (", 0) == 0) return "";
+    }
+    if (!ricerca_) ricerca_ = std::make_unique<RicercaLuoghi>(db);
+    const auto l = ricerca_->NomeAlternativo(cNaz, t);
+    if (!l) return "";
+    if (cNaz) {
+        Data1.Seek("=", l->cCity, Valore(l->City));
+    } else {
+        Data1.Seek("=", Valore(l->City));
+        while (!Data1.NoMatch() && !Data1.Eof() && Data1.Campo("cCity").Intero() != l->cCity &&
+               store_detail::PiegaTesto(Data1.Campo("City").Testo()) ==
+                   store_detail::PiegaTesto(l->City))
+            Data1.MoveNext();
+        Data2.Seek("=", l->cCity);
+    }
+    return l->NomeAlt + " → " + l->City;
 }
 
 void ModelloLuoghi::SeekFuso(std::int32_t cFusi, std::int32_t anno, std::int32_t mese) {

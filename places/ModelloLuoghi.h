@@ -7,6 +7,7 @@
 
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <optional>
 #include <string>
 
@@ -14,6 +15,7 @@
 #include "core/Tema.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
+#include "places/RicercaLuoghi.h"
 
 namespace vesmo {
 
@@ -70,11 +72,19 @@ public:
     // The resolution on a combined list (FusiEstiveUniti with ZoneOrarie).
     void CaricaTemaDaUniti(Tema& tema);
 
+    // A change of the city typed (Text2): seeks the places ">=" the text, by city or within the
+    // current nation as the sort order says (a seek error propagates). When the text is no
+    // place's name there (province letters aside) but is another name of a place, the cursors
+    // go to that place and the text for the status bar is returned ("Parigi → Paris");
+    // otherwise "".
+    std::string DigitaCity(const std::string& testo);
+
     // The steps of Command4 before the display: SeekFuso and CercaEstive with the place's
     // codes and the year and month of the fields, then CaricaTemaDaDB.
     void ImportaCity(Tema& tema);
 
 private:
+    std::unique_ptr<RicercaLuoghi> ricerca_;
     bool fusiNoMatch_ = true;
     bool estiveNoMatch_ = true;
 

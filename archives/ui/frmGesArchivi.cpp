@@ -1,16 +1,21 @@
 #include "archives/ui/frmGesArchivi.h"
 
 #include <QComboBox>
+#include <QDialogButtonBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QMenu>
+#include <QMenuBar>
 #include <QPushButton>
 #include <QVBoxLayout>
+#include <filesystem>
 
 #include "archives/Archivi.h"
+#include "archives/Gestione.h"
 #include "core/qt/MessaggiQt.h"
 
 namespace vesmo {
@@ -25,8 +30,9 @@ constexpr int Pixel(int twips) {
 } // namespace
 
 frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Messaggi& messaggi,
-                             QWidget* genitore)
-    : QDialog(genitore), s_(sessione), fileDB_(fileDB), messaggi_(messaggi) {
+                             QWidget* genitore, const std::string& cartellaProgramma)
+    : QDialog(genitore), s_(sessione), fileDB_(fileDB), messaggi_(messaggi),
+      cartellaProgramma_(cartellaProgramma) {
     setObjectName("frmGesArchivi");
     setWindowTitle(QStringLiteral("Vesmo - Gestione Archivi Temi Natali"));
     setModal(true);
@@ -35,8 +41,11 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     Frame1->setObjectName("Frame1");
     lstArchivi = new QListWidget(Frame1);
     lstArchivi->setObjectName("lstArchivi");
+    cmdElimina = new QPushButton(QStringLiteral("&Elimina Archivio Selezionato"), Frame1);
+    cmdElimina->setObjectName("cmdElimina");
     auto* l1 = new QVBoxLayout(Frame1);
     l1->addWidget(lstArchivi);
+    l1->addWidget(cmdElimina);
 
     Frame2 = new QGroupBox(QStringLiteral("Crea Nuovo Archivio"), this);
     Frame2->setObjectName("Frame2");
@@ -56,6 +65,36 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     l2->addWidget(Label1, 1, 0);
     l2->addWidget(Combo1, 1, 1);
 
+    Frame3 = new QGroupBox(QStringLiteral("Trasporta  Archivi"), this);
+    Frame3->setObjectName("Frame3");
+    cmdTrasporta = new QPushButton(QStringLiteral("&Trasporta"), Frame3);
+    cmdTrasporta->setObjectName("cmdTrasporta");
+    List1 = new QListWidget(Frame3);
+    List1->setObjectName("List1");
+    cmdOkTrasporta = new QPushButton(QStringLiteral("Ok   --->"), Frame3);
+    cmdOkTrasporta->setObjectName("cmdOkTrasporta");
+    Command1 = new QPushButton(QStringLiteral("?"), Frame3);
+    Command1->setObjectName("Command1");
+    auto* l3 = new QGridLayout(Frame3);
+    l3->addWidget(cmdTrasporta, 0, 0);
+    l3->addWidget(Command1, 0, 1);
+    l3->addWidget(List1, 1, 0, 1, 2);
+    l3->addWidget(cmdOkTrasporta, 2, 0, 1, 2);
+    List1->hide();
+    cmdOkTrasporta->hide();
+    Command1->hide();
+
+    Frame4 = new QGroupBox(QStringLiteral("Importa Compleanni  da AstDbTmp.mdb"), this);
+    Frame4->setObjectName("Frame4");
+    Command2 = new QPushButton(QStringLiteral("Importa"), Frame4);
+    Command2->setObjectName("Command2");
+    Command3 = new QPushButton(QStringLiteral("?"), Frame4);
+    Command3->setObjectName("Command3");
+    auto* l4 = new QHBoxLayout(Frame4);
+    l4->addWidget(Command2, 1);
+    l4->addWidget(Command3);
+    Frame4->hide();
+
     cmdSalva = new QPushButton(QStringLiteral("&Salva  Tema"), this);
     cmdSalva->setObjectName("cmdSalva");
     cmdSalva->hide();
@@ -66,37 +105,168 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     pulsanti->addStretch(1);
     pulsanti->addWidget(Command4);
 
+    // The text import and export live in their own forms, which connect these entries.
+    auto* barra = new QMenuBar(this);
+    mnFile = barra->addMenu(QStringLiteral("&File"));
+    mnFile->setObjectName("mnFile");
+    mnFileImp = mnFile->addMenu(QStringLiteral("&Importa Archivio"));
+    mnFileImp->setObjectName("mnFileImp");
+    mnFileImpSFtxt = mnFileImp->addAction(QStringLiteral("&Simple Text Solar Fire"));
+    mnFileImpSFtxt->setObjectName("mnFileImpSFtxt");
+    mnFileImpSFtxt->setEnabled(false);
+    mnFileExp = mnFile->addMenu(QStringLiteral("&Esporta Archivio"));
+    mnFileExp->setObjectName("mnFileExp");
+    mnFileTT = mnFileExp->addAction(QStringLiteral("File di &Testo"));
+    mnFileTT->setObjectName("mnFileTT");
+    mnFileTT->setEnabled(false);
+
+    auto* colonnaDestra = new QVBoxLayout;
+    colonnaDestra->addWidget(Frame2);
+    colonnaDestra->addWidget(Frame3, 1);
+    colonnaDestra->addWidget(Frame4);
+    auto* corpo = new QHBoxLayout;
+    corpo->addWidget(Frame1, 1);
+    corpo->addLayout(colonnaDestra, 1);
     auto* tutto = new QVBoxLayout(this);
-    tutto->addWidget(Frame1, 1);
-    tutto->addWidget(Frame2);
+    tutto->setMenuBar(barra);
+    tutto->addLayout(corpo, 1);
     tutto->addLayout(pulsanti);
-    resize(380, 420);
+    resize(560, 460);
 
     connect(cmdCrea, &QPushButton::clicked, this, &frmGesArchivi::cmdCrea_Click);
     connect(cmdSalva, &QPushButton::clicked, this, &frmGesArchivi::cmdSalva_Click);
     connect(Command4, &QPushButton::clicked, this, &frmGesArchivi::Command4_Click);
     connect(lstArchivi, &QListWidget::itemDoubleClicked, this, &frmGesArchivi::lstArchivi_DblClick);
+    connect(cmdElimina, &QPushButton::clicked, this, &frmGesArchivi::cmdElimina_Click);
+    connect(cmdTrasporta, &QPushButton::clicked, this, &frmGesArchivi::cmdTrasporta_Click);
+    connect(cmdOkTrasporta, &QPushButton::clicked, this, &frmGesArchivi::cmdOkTrasporta_Click);
+    connect(Command1, &QPushButton::clicked, this, &frmGesArchivi::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &frmGesArchivi::Command2_Click);
+    connect(Command3, &QPushButton::clicked, this, &frmGesArchivi::Command3_Click);
 
     RiempiArchivi();
     Combo1->setCurrentIndex(0);
+    std::error_code ec;
+    if (!cartellaProgramma_.empty() &&
+        std::filesystem::is_regular_file(std::filesystem::path(cartellaProgramma_) / FileCompleanni,
+                                         ec))
+        Frame4->show();
 }
 
 void frmGesArchivi::ModoSalvo() {
     Frame2->hide();
+    Frame3->hide();
+    cmdElimina->hide();
     setWindowTitle(QStringLiteral("Vesmo - Salvo"));
     cmdSalva->show();
     resize(width(), Pixel(3000));
 }
 
 void frmGesArchivi::RiempiArchivi() {
-    lstArchivi->clear();
+    std::int16_t quale = 0;
+    Riempi(quale);
+}
+
+void frmGesArchivi::Riempi(std::int16_t& quale) {
+    QListWidget* lista = quale == 0 ? lstArchivi : List1;
+    lista->clear();
     try {
         for (const std::string& a : ElencoArchivi(fileDB_))
-            lstArchivi->addItem(QS(a));
+            lista->addItem(QS(a));
     } catch (const std::exception& e) {
         AvvisoErroreDB(messaggi_, "frmGesArchivi.Riempi", e);
     }
-    if (lstArchivi->count() > 0) lstArchivi->setCurrentRow(0);
+    if (lista->count() > 0) lista->setCurrentRow(0);
+}
+
+void frmGesArchivi::cmdElimina_Click() {
+    QListWidgetItem* voce = lstArchivi->currentItem();
+    if (!voce) return;
+    const std::string nome = SS(voce->text());
+    if (messaggi_.Mostra("Lyx - Gestione Archivi", TestoEliminaArchivio(nome), Pulsanti::SiNo,
+                         Icona::Informazione) == Risposta::Si) {
+        try {
+            EliminaArchivio(fileDB_, nome);
+        } catch (const std::exception& e) {
+            AvvisoErroreDB(messaggi_, "frmGesArchivi.cmdElimina", e);
+        }
+    }
+    s_.ArchivioIndice = 0;
+    s_.ArchivioCorrente = SS(lstArchivi->item(0)->text());
+    RiempiArchivi();
+}
+
+void frmGesArchivi::cmdTrasporta_Click() {
+    std::int16_t quale = 1;
+    Riempi(quale);
+    List1->show();
+    cmdOkTrasporta->show();
+    Command1->show();
+}
+
+void frmGesArchivi::cmdOkTrasporta_Click() {
+    QListWidgetItem* da = lstArchivi->currentItem();
+    QListWidgetItem* a = List1->currentItem();
+    if (da && a) {
+        messaggi_.Occupato(true);
+        try {
+            TrasportaArchivio(fileDB_, SS(da->text()), SS(a->text()));
+        } catch (const std::exception& e) {
+            messaggi_.Occupato(false);
+            AvvisoErroreDB(messaggi_, "frmGesArchivi.cmdOkTrasporta", e);
+        }
+    }
+    List1->hide();
+    cmdOkTrasporta->hide();
+    Command1->hide();
+    messaggi_.Occupato(false);
+}
+
+void frmGesArchivi::Command1_Click() {
+    MostraAiuto(QStringLiteral("Help - Trasporta Temi"),
+                {QStringLiteral("Trasporta tutti i Temi Natali contenuti nell'Archivio"),
+                 QStringLiteral("selezionato in Archivi Disponibili"),
+                 QStringLiteral("dentro l'Archivio selezionato in Trasporta Archivi"),
+                 QString(59, QLatin1Char('-')),
+                 QStringLiteral("Copy FROM  Archivi Disponibili   TO   Trasporta Archivi")});
+}
+
+void frmGesArchivi::Command2_Click() {
+    messaggi_.Occupato(true);
+    try {
+        const EsitoCompleanni e = ImportaCompleanni(
+            fileDB_, std::filesystem::path(cartellaProgramma_) / FileCompleanni, messaggi_);
+        Command2->setText(QS(DidascaliaImportati(e.importati)));
+    } catch (const std::exception& e) {
+        messaggi_.Occupato(false);
+        AvvisoErroreDB(messaggi_, "frmGesArchivi.Command2", e);
+    }
+    RiempiArchivi();
+    messaggi_.Occupato(false);
+}
+
+void frmGesArchivi::Command3_Click() {
+    MostraAiuto(QStringLiteral("Help - Importa Compleanni"),
+                {QStringLiteral("AstDbTmp.mdb  DEVE  essere presente"),
+                 QStringLiteral("nella stessa cartella di Vesmo.exe")});
+}
+
+void frmGesArchivi::MostraAiuto(const QString& titolo, const QStringList& righe) {
+    if (aiuto_) aiuto_->close();
+    aiuto_ = new QDialog(this);
+    aiuto_->setObjectName("frmHelp");
+    aiuto_->setAttribute(Qt::WA_DeleteOnClose);
+    aiuto_->setWindowTitle(titolo);
+    auto* testo = new QLabel(righe.join(QLatin1Char('\n')), aiuto_);
+    testo->setObjectName("lbHelpFuso");
+    auto* ok = new QPushButton(QStringLiteral("&Ok"), aiuto_);
+    ok->setObjectName("Command1");
+    connect(ok, &QPushButton::clicked, aiuto_, &QDialog::close);
+    auto* l = new QVBoxLayout(aiuto_);
+    l->addWidget(testo);
+    l->addWidget(ok, 0, Qt::AlignRight);
+    connect(aiuto_, &QObject::destroyed, this, [this] { aiuto_ = nullptr; });
+    aiuto_->show();
 }
 
 void frmGesArchivi::cmdCrea_Click() {

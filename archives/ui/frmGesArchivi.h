@@ -1,9 +1,11 @@
-// The archive management form of the launcher half: the list of archives, the creation of a new
-// one, and the save of the entry form's chart. Opened as management form, or reduced to a save
-// dialog by ModoSalvo().
+// The archive management form of the launcher half: the list of archives, the creation and the
+// deletion of an archive, the transport of all charts of one archive into another, the import of
+// a table of birthdays from a side database, and the save of the entry form's chart. Opened as
+// management form, or reduced to a save dialog by ModoSalvo().
 #pragma once
 
 #include <QDialog>
+#include <cstdint>
 #include <string>
 
 #include "core/Messaggi.h"
@@ -15,6 +17,8 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
+class QMenu;
+class QAction;
 class QPushButton;
 
 namespace vesmo {
@@ -22,9 +26,10 @@ namespace vesmo {
 class frmGesArchivi : public QDialog {
     Q_OBJECT
 public:
-    // Lists the archives of `fileDB` and selects the first.
+    // Lists the archives of `fileDB` and selects the first. The birthdays import is offered when
+    // "AstDbTmp.mdb" stands in `cartellaProgramma`.
     frmGesArchivi(Sessione& sessione, const std::string& fileDB, Messaggi& messaggi,
-                  QWidget* genitore = nullptr);
+                  QWidget* genitore = nullptr, const std::string& cartellaProgramma = {});
 
     // The save mode of mnuFilSalva (the caller has run LeggiTema on TemaCorrente): only the list,
     // cmdSalva and Command4, caption "Vesmo - Salvo".
@@ -32,24 +37,42 @@ public:
 
     // Fills lstArchivi again and selects its first item.
     void RiempiArchivi();
+    // The fill routine: 0 lstArchivi, 1 List1; the first item selected.
+    void Riempi(std::int16_t& quale);
 
-    QGroupBox *Frame1, *Frame2;
-    QListWidget* lstArchivi;
-    QPushButton *cmdSalva, *Command4, *cmdCrea;
+    QGroupBox *Frame1, *Frame2, *Frame3, *Frame4;
+    QListWidget *lstArchivi, *List1;
+    QPushButton *cmdSalva, *Command4, *cmdCrea, *cmdElimina;
+    QPushButton *cmdTrasporta, *cmdOkTrasporta, *Command1, *Command2, *Command3;
     QLineEdit* Text1;
     QLabel* Label1;
     QComboBox* Combo1;
+    // The menu of the text import and export; their entries are wired by those forms.
+    QMenu *mnFile, *mnFileImp, *mnFileExp;
+    QAction *mnFileImpSFtxt, *mnFileTT;
+    // The help form last shown by Command1 or Command3.
+    QDialog* Aiuto() const { return aiuto_; }
 
 public slots:
     void cmdCrea_Click();
+    void cmdElimina_Click();
+    void cmdTrasporta_Click();
+    void cmdOkTrasporta_Click();
+    void Command1_Click();
+    void Command2_Click();
+    void Command3_Click();
     void cmdSalva_Click();
     void Command4_Click();
     void lstArchivi_DblClick(QListWidgetItem*);
 
 private:
+    void MostraAiuto(const QString& titolo, const QStringList& righe);
+
     Sessione& s_;
     std::string fileDB_;
     Messaggi& messaggi_;
+    std::string cartellaProgramma_;
+    QDialog* aiuto_ = nullptr;
 };
 
 } // namespace vesmo

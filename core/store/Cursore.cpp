@@ -58,6 +58,7 @@ struct StatoCursore {
     std::size_t pos = 0;
     std::vector<Riga> tutte; // an SQL cursor's whole result; id is the row's place in it
     std::string testoSql;
+    std::vector<Valore> parametri; // bound to ?1, ?2... of testoSql
     std::uint64_t versioneFinestra = 0;
     Riga corrente;
     std::uint64_t versioneCorrente = 0;
@@ -309,6 +310,8 @@ namespace {
 
 void Esegui(StatoCursore& s) {
     store_detail::Istruzione st(*s.conn, s.testoSql);
+    for (std::size_t i = 0; i < s.parametri.size(); ++i)
+        st.Lega(static_cast<int>(i) + 1, s.parametri[i]);
     s.campi.clear();
     for (int i = 0; i < st.Colonne(); ++i) {
         DefCampo d;
@@ -330,14 +333,44 @@ void Esegui(StatoCursore& s) {
 } // namespace
 
 Cursore Cursore::Sql(Database& db, std::string_view sql) {
+    return Sql(db, sql, {});
+}
+
+Cursore Cursore::Sql(Database& db, std::string_view sql, const std::vector<Valore>& parametri) {
     Cursore cur;
     StatoCursore& s = *cur.s_;
     s.conn = db.conn_;
     db.Conn();
     s.sql = true;
     s.testoSql = std::string(sql);
+    s.parametri = parametri;
     Esegui(s);
     return cur;
+}
+
+std::vector<Segnalibro> Cursore::Segnalibri() const {
+    StatoCursore& s = S();
+    std::vector<Segnalibro> r;
+    if (s.sql) {
+        r.reserve(s.tutte.size());
+        for (const Riga& riga : s.tutte)
+            r.push_back(Segnalibro{riga.id});
+        return r;
+    }
+    std::string k = "rowid";
+    if (!s.campiIndice.empty()) {
+        k = std::string(store_detail::NomeFunzioneChiave) + "(";
+        for (std::size_t i = 0; i < s.campiIndice.size(); ++i)
+            k += (i ? ", " : "") +
+                 store_detail::Q(s.campi[static_cast<std::size_t>(s.campiIndice[i])].nome);
+        k += "), rowid";
+    }
+    store_detail::Istruzione st(*s.conn, "SELECT rowid FROM " + store_detail::Q(s.tabella) +
+                                             " ORDER BY " + k);
+    while (st.Passo())
+        r.push_back(Segnalibro{st.Intero(0)});
+    st.Reimposta();
+    return r;
 }
 
 const std::string& Cursore::Tabella() const {

@@ -48,6 +48,9 @@ public:
     // Runs an SQL query and keeps its rows (snapshot): moves, bookmarks, fields, RecordCount;
     // Index, Seek and changes raise 3251 / 3027.
     static Cursore Sql(Database& db, std::string_view sql);
+    // The same with values bound to the statement's parameters ?1, ?2...: a text goes in as it
+    // stands, apostrophes included.
+    static Cursore Sql(Database& db, std::string_view sql, const std::vector<Valore>& parametri);
 
     Cursore(Cursore&&) noexcept;
     Cursore& operator=(Cursore&&) noexcept;
@@ -96,6 +99,10 @@ public:
     void VaiA(const Segnalibro& s);
     // The row last added or changed through this cursor (LastModified); 3021 when none.
     Segnalibro UltimoModificato() const;
+
+    // The bookmarks of all rows in the cursor's order, read in one pass without the fields;
+    // the cursor does not move.
+    std::vector<Segnalibro> Segnalibri() const;
 
     // Rows in the table, or in the query's result.
     std::int64_t RecordCount() const;

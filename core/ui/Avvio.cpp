@@ -5,6 +5,7 @@
 #include <QFileInfo>
 #include <QStandardPaths>
 
+#include "core/Cartelle.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/ui/frmInputIni.h"
 
@@ -26,7 +27,12 @@ EsitoAvvio Avvia(const QString& cartellaProgramma, Sessione& sessione, Messaggi&
                  const std::function<bool(frmInputIni&)>& dialogo) {
     EsitoAvvio esito;
     QDir::setCurrent(cartellaProgramma);
-    std::string fileIni = SS(QDir::current().absoluteFilePath(QStringLiteral("Vesmodat.ini")));
+    // Run from its build tree the program keeps its settings beside itself; installed, in the
+    // user's configuration folder.
+    const QString cartellaIni =
+        QString::fromStdString(CartellaImpostazioni(cartellaProgramma.toStdString()).string());
+    QDir().mkpath(cartellaIni);
+    std::string fileIni = SS(QDir(cartellaIni).absoluteFilePath(QStringLiteral("Vesmodat.ini")));
 
     if (!QFileInfo::exists(QS(fileIni))) AvvisoIniAssente(messaggi);
     std::string errore;
@@ -42,6 +48,12 @@ EsitoAvvio Avvia(const QString& cartellaProgramma, Sessione& sessione, Messaggi&
         // The database that the set-up prepared and an Astrolog on the path are offered, so that
         // "&Ok" alone is enough.
         std::string db = DatabasePreparato(cartellaProgramma);
+        // Installed, the user works on a copy of the delivered database, made now.
+        std::string erroreCopia;
+        const auto copia = CopiaUtenteDatabase(cartellaProgramma.toStdString(), &erroreCopia);
+        if (!copia.empty()) db = copia.string();
+        if (!erroreCopia.empty())
+            messaggi.Mostra("Vesmo - Avvio", erroreCopia, Pulsanti::Ok, Icona::Critico);
         QString exe = QStandardPaths::findExecutable(QStringLiteral("astrolog"));
         esito.percorsi.FileDB = db;
         esito.percorsi.CmdAstrolog = exe.isEmpty() ? std::string() : SS(exe) + " ";

@@ -1,5 +1,5 @@
 // vesmo-costruisci-luoghi: builds the place tables of Vesmodat.Mdb from GeoNames' places, the
-// ISO 3166-1 nation names and the system's time-zone database.
+// Italian comuni, the ISO 3166-1 nation names and the system's time-zone database.
 #include <chrono>
 #include <cstdio>
 #include <cstring>
@@ -11,8 +11,10 @@
 namespace {
 
 const char* const Uso =
-    "uso: vesmo-costruisci-luoghi --cities cities1000.txt --nazioni iso_3166-1.json\n"
-    "                             --out Vesmodat.Mdb [--zoneinfo DIR] [--anno-fine AAAA]\n"
+    "uso: vesmo-costruisci-luoghi --cities cities500.txt --nazioni iso_3166-1.json\n"
+    "                             --out Vesmodat.Mdb [--comuni CARTELLA|FILE]\n"
+    "                             [--zoneinfo DIR] [--anno-fine AAAA]\n"
+    "  --comuni     i comuni italiani in JSON (nome, codice ISTAT, sigla della provincia)\n"
     "  --zoneinfo   cartella delle zone (predefinita /usr/share/zoneinfo)\n"
     "  --anno-fine  ultimo anno delle regole dell'ora estiva (predefinito 2100)\n";
 
@@ -37,6 +39,8 @@ int main(int argc, char** argv) {
             fonti.cities = v;
         else if (a == "--nazioni")
             fonti.nazioni = v;
+        else if (a == "--comuni")
+            fonti.comuni = v;
         else if (a == "--zoneinfo")
             fonti.zoneinfo = v;
         else if (a == "--out")
@@ -59,10 +63,10 @@ int main(int argc, char** argv) {
         const vesmo::RiepilogoCostruzione r = vesmo::CostruisciDatabaseLuoghi(fonti, uscita);
         const double secondi =
             std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
-        std::printf("%s: %zu nazioni, %zu luoghi (%zu scartati), %zu zone, %zu righe Fusi, "
-                    "%zu righe Estive, %.1f s\n",
-                    uscita.c_str(), r.nazioni, r.luoghi, r.scartati, r.zone, r.righeFusi,
-                    r.righeEstive, secondi);
+        std::printf("%s: %zu nazioni, %zu luoghi (%zu scartati), %zu comuni, %zu nomi "
+                    "alternativi, %zu zone, %zu righe Fusi, %zu righe Estive, %.1f s\n",
+                    uscita.c_str(), r.nazioni, r.luoghi, r.scartati, r.comuni, r.nomiAlternativi,
+                    r.zone, r.righeFusi, r.righeEstive, secondi);
         return 0;
     } catch (const std::exception& e) {
         std::fprintf(stderr, "vesmo-costruisci-luoghi: %s\n", e.what());

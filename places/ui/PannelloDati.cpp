@@ -535,17 +535,15 @@ void PannelloDati::SelezionaRigaGriglia(QTableView* vista, ModelloGriglia* model
 
 void PannelloDati::Text2_Change(const QString& testo) {
     if (!luoghi_) return;
+    std::string trovato;
     try {
-        if (ordinamento_ == 'C') {
-            luoghi_->Data1.Seek(">=", Valore(SS(testo)));
-            luoghi_->Data2.Seek("=", luoghi_->Data1.Campo("cCity"));
-        } else {
-            luoghi_->Data1.Seek(">=", luoghi_->Data2.Campo("cNaz"), Valore(SS(testo)));
-            if (luoghi_->Data1.NoMatch()) luoghi_->Data1.MoveLast();
-        }
+        trovato = luoghi_->DigitaCity(SS(testo));
     } catch (const std::exception&) {
         return;
     }
+    // The status bar says which other name found the place, and forgets it at the next change.
+    if (!trovato.empty() || nomeAlternativo_) Stato(trovato);
+    nomeAlternativo_ = !trovato.empty();
     SelezionaRigaGriglia(DBGrid1, griglia1_, luoghi_->Data1);
     SelezionaRigaGriglia(DBGrid2, griglia2_, luoghi_->Data2);
     DopoSelezione();

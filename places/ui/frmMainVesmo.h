@@ -36,6 +36,7 @@ public:
     QCheckBox* ChkGEO;
     QPushButton *Command1, *Command6;
     QAction *mnuFilAvvia, *mnuFilSI, *mnuFilGes, *mnuFilSalva;
+    QAction* mnuFilImp;
     QAction *mnuFilAvvLyx, *mnuFilePath, *mnuFilOrdC, *mnuFilOrdN, *mnuFilEsci, *mnuAbout;
     // Opens the chart half (set by the program, which owns it).
     std::function<void()> AvviaLyx;

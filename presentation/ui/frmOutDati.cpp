@@ -360,6 +360,7 @@ void frmOutDati::Ridisegna() {
     o.AngoloRuota = AngoloRuota;
     o.NodiScelti = static_cast<int>(stato_.NodiScelti);
     o.DisegnaAspetti = stato_.DisegnaAspetti != 0;
+    o.ColoriRidotti = stato_.ColoriRidotti != 0;
     o.Aspetti = aspetti_;
     o.LunaNeraVera = s_.LunaNeraVera;
     Ruota->MostraRuota(tema_, pos_, o);

@@ -1,15 +1,35 @@
 // What the archive tests share: a database file with the place tables in the test's own folder,
-// and the charts of an archive read back in index order.
+// a chart to store, an archive filled with charts of given names, and the charts of an archive
+// read back in index order.
 #pragma once
 
 #include <string>
 #include <vector>
 
 #include "archives/Archivi.h"
+#include "core/Aritmetica.h"
+#include "core/Testo.h"
 #include "places/Schema.h"
 #include "tests/core/store/Cartella.h"
 
 namespace vesmo::test {
+
+// A chart born in Padova on 10 April 1987 at 19:30 local time (zone -1, summer time 1), with
+// the comment "nota " and its name.
+inline Tema TemaDiProva(const std::string& nome, double ora = 19.5) {
+    Tema t;
+    t.Nome = nome;
+    t.City = "Padova";
+    t.Stato = "Italy";
+    t.Day = GiornoGiuliano(1987, 4, 10);
+    t.OraL = ora;
+    t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    t.Lat = GradiDecimali(45, 24, 0);
+    t.Fuso = -1;
+    t.Estiva = 1;
+    t.Cmto = "nota " + nome;
+    return t;
+}
 
 class ConArchivi : public ::testing::Test {
 protected:
@@ -26,6 +46,20 @@ protected:
         std::vector<Tema> r;
         for (; !rs.Eof(); rs.MoveNext())
             LeggiRecordTema(rs, r.emplace_back());
+        return r;
+    }
+    // Creates the archive and saves a chart of each name into it.
+    void Riempi(const std::string& archivio, const std::vector<std::string>& nomi) {
+        CreaArchivio(fileDB, archivio);
+        for (const std::string& n : nomi)
+            ASSERT_EQ(SalvaTema(fileDB, archivio, TemaDiProva(n), messaggi, "prova"),
+                      EsitoSalvataggio::Aggiunto);
+    }
+    // The names of an archive in index order, without their padding.
+    std::vector<std::string> Nomi(const std::string& archivio) {
+        std::vector<std::string> r;
+        for (const Tema& t : Temi(archivio))
+            r.push_back(SenzaSpaziDestra(t.Nome.str()));
         return r;
     }
     Cartella cartella;

@@ -6,6 +6,7 @@
 
 #include "cli/Comandi.h"
 #include "places/CostruzioneLuoghi.h"
+#include "tests/places/AiutoCli.h"
 #include "tests/places/AiutoLuoghi.h"
 
 namespace vesmo {
@@ -31,13 +32,7 @@ protected:
     void SetUp() override { riepilogo = CostruisciDatabaseLuoghi(Fonti(), db); }
 
     int Esegui(std::vector<std::string> parole, std::string& out, std::string& err) {
-        parole.push_back("--db");
-        parole.push_back(db.string());
-        std::ostringstream o, e;
-        const int stato = cli::Esegui(parole, o, e);
-        out = o.str();
-        err = e.str();
-        return stato;
+        return test::EseguiSuDatabase(std::move(parole), db, out, err);
     }
 };
 
@@ -64,19 +59,19 @@ TEST_F(CliLuoghi, LuogoAsJson) {
                    "\"Fuso\": -1, \"Estiva\": 1, \"LMT\": false, \"Messaggio\": \"\"}\n");
 }
 
-TEST_F(CliLuoghi, LuogoFindsTheFirstPlaceAtOrAfterTheTextWithinTheNation) {
+TEST_F(CliLuoghi, LuogoFindsThePlaceByItsWholeNameWithinTheNation) {
     std::string out, err;
-    ASSERT_EQ(Esegui({"luogo", "--city", "vigo", "--nazione", "italy", "--data", "15/01/1980",
-                      "--ora", "12:00"},
+    ASSERT_EQ(Esegui({"luogo", "--city", "vigonovo (pn) ", "--nazione", "italy", "--data",
+                      "15/01/1980", "--ora", "12:00"},
                      out, err),
               0)
         << err;
     EXPECT_NE(out.find("City       Vigonovo (PN)\n"), std::string::npos) << out;
     EXPECT_NE(out.find("Estiva     0\n"), std::string::npos) << out;
-    // Canada: the province mark explained.
-    ASSERT_EQ(
-        Esegui({"luogo", "--city", "Toronto", "--data", "01/07/2000", "--ora", "12:00"}, out, err),
-        0);
+    // Canada: the province mark, part of the name, explained.
+    ASSERT_EQ(Esegui({"luogo", "--city", "Toronto (ON)", "--data", "01/07/2000", "--ora", "12:00"},
+                     out, err),
+              0);
     EXPECT_NE(out.find("City       Toronto (ON)\n"), std::string::npos) << out;
     EXPECT_NE(out.find("Fuso       5\nEstiva     1\n"), std::string::npos) << out;
     EXPECT_NE(out.find("Provincia  (ON) = Ontario \n"), std::string::npos) << out;
@@ -102,7 +97,12 @@ TEST_F(CliLuoghi, MessagesOfTheResolution) {
 TEST_F(CliLuoghi, UnknownPlacesAndBadArguments) {
     std::string out, err;
     EXPECT_EQ(Esegui({"luogo", "--city", "Zzz"}, out, err), 1);
-    EXPECT_EQ(err, "vesmo-cli luogo: luogo sconosciuto: Zzz\n");
+    EXPECT_EQ(err, "vesmo-cli luogo: luogo sconosciuto: Zzz; forse: Zongzhai (06), Zongzhai (15) "
+                   "34N33, Zongzhai (15) 39N37\n");
+    // A beginning is not a name.
+    EXPECT_EQ(Esegui({"luogo", "--city", "vigo", "--nazione", "italy"}, out, err), 1);
+    EXPECT_EQ(err, "vesmo-cli luogo: luogo sconosciuto: vigo (italy); forse: Vigonovo (PN), "
+                   "Vigonovo (VE)\n");
     EXPECT_EQ(Esegui({"luogo", "--city", "Rome", "--nazione", "Narnia"}, out, err), 1);
     EXPECT_EQ(err, "vesmo-cli luogo: nazione sconosciuta: Narnia\n");
     EXPECT_EQ(Esegui({"luogo", "--city", "Zz", "--nazione", "Canada"}, out, err), 1);

@@ -118,11 +118,15 @@ TEST(ConfrontoIana, ZonesBuiltHereAgreeWithTheCLibrary) {
 TEST(ConfrontoIana, TheBuiltDatabaseAgreesWithTheCLibrary) {
     const std::filesystem::path file = VESMO_DB_LUOGHI;
     const std::filesystem::path cities = VESMO_CITIES;
-    if (!std::filesystem::exists(file) || !std::filesystem::exists(cities))
-        GTEST_SKIP() << "manca " << file << " o " << cities << ": scripts/prepara-dati li prepara";
+    const std::filesystem::path comuni = VESMO_COMUNI;
+    if (!std::filesystem::exists(file) || !std::filesystem::exists(cities) ||
+        !std::filesystem::exists(comuni))
+        GTEST_SKIP() << "manca " << file << ", " << cities << " o " << comuni
+                     << ": scripts/prepara-dati li prepara";
     // The places of the dump, their names in the table and their zone codes, as the builder
     // makes them.
-    const std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(cities.string());
+    std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(cities.string());
+    ApplicaComuni(luoghi, LeggiFileComuni(comuni));
     const std::vector<std::string> nomi = NomiLuoghi(luoghi);
     const auto codici = CodiciZone(luoghi);
     const auto nazioni = LeggiFileNazioniIso("/usr/share/iso-codes/json/iso_3166-1.json");

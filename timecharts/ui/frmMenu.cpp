@@ -17,6 +17,7 @@
 #include "archives/ui/frmSalvoLyx.h"
 #include "astrolog/Astrolog.h"
 #include "astrolog/qt/AvviaProgramma.h"
+#include "calculators/ui/Calcolatrici.h"
 #include "chart/CalcolaTema.h"
 #include "chart/Case.h"
 #include "chart/ui/frmDomicili.h"
@@ -26,6 +27,7 @@
 #include "ephemeris/TestoDatiTema.h"
 #include "presentation/ui/frmOutDati.h"
 #include "timecharts/Direzioni.h"
+#include "timecharts/ui/MenuImporta.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/MenuTempo.h"
 
@@ -168,6 +170,8 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     QMenu* lunaNera = mnuFile->addMenu(QStringLiteral("Luna Nera"));
     mnuFileLunaNMedia = voce(lunaNera, "mnuFileLunaNMedia", "Media ");
     mnuFileLunaNVera = voce(lunaNera, "mnuFileLunaNVera", "Vera");
+    connect(voce(mnuFile, "mnuFileColori", "Im&posta Colori Ruota"), &QAction::triggered, this,
+            [this] { MostraColoriRuota(stato, this); });
     QMenu* salvo = mnuFile->addMenu(QStringLiteral("S&alvo"));
     const char* nomiSalvo[4] = {"mnuFileSalvoTN", "mnuFileSalvoT", "mnuFileSalvoR",
                                 "mnuFileSalvoD"};
@@ -218,6 +222,21 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     connect(voce(mnuDir, "mnuDirMemo", "C&mto"), &QAction::triggered, this,
             [this] { ApriMemo(3); });
     mnuVar = menuBar()->addMenu(QStringLiteral("&Utility"));
+    struct VoceCalcolatrice {
+        const char* nome;
+        const char* testo;
+        Calcolatrice quale;
+    };
+    for (const VoceCalcolatrice& v :
+         {VoceCalcolatrice{"mnuVarEclEqu", "Eclittiche <---> E&quatoriali", Calcolatrice::EclEqu},
+          VoceCalcolatrice{"mnuVarEqT", "&Equazione del Tempo", Calcolatrice::EqT},
+          VoceCalcolatrice{"mnuVarJD", "&Giorni Giuliani  (JD)", Calcolatrice::JD},
+          VoceCalcolatrice{"mnuVarConv", "&Formati Numerici Coordinate", Calcolatrice::Formati},
+          VoceCalcolatrice{"mnuVarET", "&TE, TU", Calcolatrice::TETU}}) {
+        const Calcolatrice quale = v.quale;
+        connect(voce(mnuVar, v.nome, v.testo), &QAction::triggered, this,
+                [this, quale] { MostraCalcolatrice(quale, s_, messaggi_, this); });
+    }
     munVarSca = voce(mnuVar, "munVarSca", "&Pulizia form");
     mnuHefrMenu = menuBar()->addMenu(QStringLiteral("&?"));
     connect(voce(mnuHefrMenu, "mnuHeDecimali", "&Decimali"), &QAction::triggered, this, [this] {
@@ -245,6 +264,7 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     resize(1000, 560);
     CollegaMenuTempo(*this, s_, messaggi_);
     CollegaMenuRuote(*this, s_, aspetti_, messaggi_);
+    CollegaMenuImporta(*this, s_, percorsi_.FileDB, messaggi_);
 }
 
 frmMenu::~frmMenu() {

@@ -474,5 +474,49 @@ TEST_F(Nomi, SqlCursorIsASnapshot) {
     EXPECT_EQ(NumeroErrore([&] { q.AddNew(); }), ErroreDB::SolaLettura);
 }
 
+TEST_F(Liste, SegnalibriInOrdineDellIndiceSenzaMuoversi) {
+    Riempi();
+    Cursore c(db, "Fusi");
+    // Without an index: the order of entry.
+    std::vector<std::string> entrata;
+    for (const Segnalibro& b : c.Segnalibri()) {
+        c.VaiA(b);
+        entrata.push_back(Su(c));
+    }
+    EXPECT_EQ(entrata, (std::vector<std::string>{"b2", "a1", "c1", "a2", "b1", "a3"}));
+    c.Index("iFusi");
+    c.Seek("=", 20);
+    const std::vector<Segnalibro> tutti = c.Segnalibri();
+    EXPECT_EQ(Su(c), "b1"); // the cursor stays where it was
+    std::vector<std::string> ordine;
+    for (const Segnalibro& b : tutti) {
+        c.VaiA(b);
+        ordine.push_back(Su(c));
+    }
+    EXPECT_EQ(ordine, (std::vector<std::string>{"a1", "a2", "a3", "b1", "b2", "c1"}));
+}
+
+TEST_F(Liste, SqlConParametriLegati) {
+    Riempi();
+    Aggiungi(40, 2001, 1, 1, "d'1");
+    struct Caso {
+        std::string valore;
+        std::vector<std::string> attesi;
+    };
+    const Caso casi[] = {
+        {"d'1", {"d'1"}}, // an apostrophe is only a character
+        {"a2", {"a2"}},
+        {"x' OR '1'='1", {}},
+    };
+    for (const Caso& k : casi) {
+        Cursore q = Cursore::Sql(db, "SELECT fH_h FROM Fusi WHERE fH_h = ?1", {Valore(k.valore)});
+        std::vector<std::string> r;
+        for (; !q.Eof(); q.MoveNext())
+            r.push_back(q.Campo("fH_h").Testo());
+        EXPECT_EQ(r, k.attesi) << k.valore;
+        EXPECT_EQ(q.Segnalibri().size(), k.attesi.size());
+    }
+}
+
 } // namespace
 } // namespace vesmo

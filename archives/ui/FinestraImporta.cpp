@@ -1,0 +1,232 @@
+#include "archives/ui/FinestraImporta.h"
+
+#include <QHeaderView>
+#include <QItemSelectionModel>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPushButton>
+#include <QTableView>
+
+#include "archives/Archivi.h"
+#include "archives/Gestione.h"
+#include "archives/ui/ModelloArchivio.h"
+#include "core/qt/MessaggiQt.h"
+
+namespace vesmo {
+
+namespace {
+
+constexpr int Pixel(int twips) {
+    return twips / 15;
+}
+
+} // namespace
+
+FinestraImporta::FinestraImporta(Sessione& sessione, const std::string& fileDB, Messaggi& messaggi,
+                                 const char* prefisso, QWidget* genitore)
+    : QDialog(genitore), s_(sessione), fileDB_(fileDB), messaggi_(messaggi), prefisso_(prefisso) {
+    setModal(true);
+    lstArchivi = new QListWidget(this);
+    lstArchivi->setObjectName("lstArchivi");
+    DBGrid1 = new QTableView(this);
+    DBGrid1->setObjectName("DBGrid1");
+    DBGrid1->setSelectionBehavior(QAbstractItemView::SelectRows);
+    DBGrid1->setSelectionMode(QAbstractItemView::SingleSelection);
+    DBGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+    DBGrid1->verticalHeader()->setDefaultSectionSize(DBGrid1->fontMetrics().height() + 4);
+    DBGrid1->verticalHeader()->hide();
+    modello_ = new ModelloArchivio(this);
+    DBGrid1->setModel(modello_);
+    DidascaliaGriglia = new QLabel(this);
+    DidascaliaGriglia->setObjectName("DidascaliaGriglia");
+    DidascaliaGriglia->setAlignment(Qt::AlignCenter);
+    DidascaliaGriglia->setFrameShape(QFrame::Panel);
+    Text1 = new QLineEdit(this);
+    Text1->setObjectName("Text1");
+    Command1 = new QPushButton(QString::fromUtf8(GrigliaOffIniziale), this);
+    Command1->setObjectName("Command1");
+    cmdImporta = new QPushButton(QStringLiteral("&Importa"), this);
+    cmdImporta->setObjectName("cmdImporta");
+    cmdElimina = new QPushButton(QStringLiteral("&Elimina Tema"), this);
+    cmdElimina->setObjectName("cmdElimina");
+    Command3 = new QPushButton(QStringLiteral("E&sci"), this);
+    Command3->setObjectName("Command3");
+
+    connect(lstArchivi, &QListWidget::itemClicked, this, &FinestraImporta::lstArchivi_Click);
+    connect(Text1, &QLineEdit::textChanged, this, &FinestraImporta::Text1_Change);
+    connect(Command1, &QPushButton::clicked, this, &FinestraImporta::Command1_Click);
+    connect(cmdElimina, &QPushButton::clicked, this, &FinestraImporta::cmdElimina_Click);
+    connect(Command3, &QPushButton::clicked, this, &FinestraImporta::Command3_Click);
+    connect(DBGrid1->selectionModel(), &QItemSelectionModel::currentRowChanged, this,
+            [this](const QModelIndex& i) { RigaGriglia(i.row()); });
+    modello_->Errore = [this](const std::exception& e) {
+        AvvisoErroreDB(messaggi_, objectName().toStdString() + ".DBGrid1", e);
+    };
+    modello_->RigaCambiata = [this](const Segnalibro& s) {
+        // A cell written: the cursor reads its row again, where the row stands now.
+        try {
+            data1_->Refresh();
+            data1_->VaiA(s);
+        } catch (const ErroreDB&) {
+        }
+        Allinea();
+    };
+}
+
+FinestraImporta::~FinestraImporta() {
+    modello_->Chiudi();
+    data1_.reset();
+}
+
+void FinestraImporta::Carica() {
+    std::vector<std::string> archivi;
+    try {
+        db_.Apri(fileDB_);
+        archivi = ElencoArchivi(db_);
+    } catch (const std::exception& e) {
+        AvvisoErroreDB(messaggi_, objectName().toStdString() + ".Form_Load", e);
+    }
+    for (const std::string& a : archivi)
+        lstArchivi->addItem(QS(a));
+    ArchiviElencati(archivi);
+    if (lstArchivi->count() > 0) {
+        int indice = s_.ArchivioIndice;
+        if (indice < 0 || indice >= lstArchivi->count()) indice = 0;
+        lstArchivi->setCurrentRow(indice);
+        s_.ArchivioCorrente = SS(lstArchivi->currentItem()->text());
+        Collega(s_.ArchivioCorrente);
+        Posiziona();
+    } else {
+        RecordCambiato();
+    }
+    Command1->setText(QString::fromUtf8(GrigliaOffIniziale));
+    caricato_ = true;
+}
+
+void FinestraImporta::Collega(const std::string& nome) {
+    // The grid's updating stays as Command1 last set it.
+    archivio_ = nome;
+    modello_->Chiudi();
+    data1_.reset();
+    try {
+        data1_ = std::make_unique<Cursore>(db_, nome);
+        data1_->Index(IndiceArchivio);
+        modello_->Apri(db_, nome, IndiceArchivio);
+    } catch (const std::exception& e) {
+        data1_.reset();
+        AvvisoErroreDB(messaggi_, objectName().toStdString() + ".Data1", e);
+    }
+    DBGrid1->setColumnWidth(0, Pixel(2200));
+    DBGrid1->setColumnWidth(1, Pixel(2100));
+    DidascaliaGriglia->setText(QS(nome) + "  " + QString::number(modello_->rowCount()));
+}
+
+void FinestraImporta::Posiziona() {
+    Allinea();
+}
+
+void FinestraImporta::Allinea() {
+    int riga = -1;
+    if (data1_ && !data1_->BOF() && !data1_->Eof()) {
+        try {
+            riga = modello_->RigaDi(data1_->Bookmark());
+        } catch (const ErroreDB&) {
+        }
+    }
+    allineando_ = true;
+    if (riga >= 0) {
+        DBGrid1->setCurrentIndex(modello_->index(riga, 0));
+        DBGrid1->scrollTo(modello_->index(riga, 0), QAbstractItemView::PositionAtCenter);
+    } else {
+        DBGrid1->setCurrentIndex({});
+    }
+    allineando_ = false;
+    DidascaliaGriglia->setText(QS(archivio_) + "  " + QString::number(modello_->rowCount()));
+    RecordCambiato();
+}
+
+void FinestraImporta::RigaGriglia(int riga) {
+    if (allineando_ || !data1_ || riga < 0) return;
+    try {
+        data1_->VaiA(modello_->SegnalibroDi(riga));
+    } catch (const ErroreDB&) {
+        // The row went meanwhile: the order is read again.
+        modello_->Ricarica();
+        if (data1_->RecordCount() > 0) data1_->MoveFirst();
+        Allinea();
+        return;
+    }
+    RecordCambiato();
+}
+
+void FinestraImporta::DopoSeek() {
+    if (data1_->NoMatch() && data1_->RecordCount() > 0) data1_->MoveLast();
+}
+
+void FinestraImporta::lstArchivi_Click() {
+    if (!caricato_ || !lstArchivi->currentItem()) return;
+    Collega(SS(lstArchivi->currentItem()->text()));
+    Allinea();
+    s_.ArchivioIndice = lstArchivi->currentRow();
+    s_.ArchivioCorrente = archivio_;
+}
+
+void FinestraImporta::Text1_Change() {
+    if (!data1_) return;
+    try {
+        data1_->Seek(">=", SS(Text1->text()));
+        DopoSeek();
+    } catch (const ErroreDB& e) {
+        AvvisoErroreDB(messaggi_, objectName().toStdString() + ".Text1_Change", e);
+    }
+    Allinea();
+}
+
+void FinestraImporta::Command1_Click() {
+    if (Command1->text().contains(QStringLiteral("OFF"))) {
+        modello_->Modificabile(true);
+        DBGrid1->setEditTriggers(QAbstractItemView::EditKeyPressed |
+                                 QAbstractItemView::AnyKeyPressed |
+                                 QAbstractItemView::SelectedClicked);
+        Command1->setText(QString::fromUtf8(GrigliaOn));
+    } else {
+        modello_->Modificabile(false);
+        DBGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
+        Command1->setText(QString::fromUtf8(GrigliaOff));
+    }
+}
+
+bool FinestraImporta::CiSonoTemi(const char* punto) {
+    try {
+        if (!data1_) throw ErroreDB(ErroreDB::NessunRecordCorrente, "Nessun record corrente");
+        data1_->Campo("Nome");
+        return true;
+    } catch (const ErroreDB& e) {
+        if (e.Numero() != ErroreDB::NessunRecordCorrente) throw;
+        messaggi_.Mostra(prefisso_ + "Info Archivi", std::string("Archivio vuoto") + punto,
+                         Pulsanti::Ok, Icona::Informazione);
+        return false;
+    }
+}
+
+void FinestraImporta::cmdElimina_Click() {
+    try {
+        if (!CiSonoTemi(".")) return;
+        const std::string nome = data1_->Campo("Nome").Testo();
+        if (messaggi_.Mostra(prefisso_ + "Elimina Temi", TestoEliminaTema(nome),
+                             Pulsanti::OkAnnulla, Icona::Informazione) != Risposta::Ok)
+            return;
+        EliminaTemaCorrente(*data1_);
+    } catch (const std::exception& e) {
+        AvvisoErroreDB(messaggi_, objectName().toStdString() + ".cmdElimina", e);
+    }
+    modello_->Ricarica();
+    Allinea();
+}
+
+void FinestraImporta::Command3_Click() {
+    accept();
+}
+
+} // namespace vesmo

@@ -1,0 +1,93 @@
+// vesmo-cli salva: a chart's record stored into an archive, created when missing. Nothing is
+// cast. A chart of the same name is refused unless --doppio says to overwrite the first of that
+// name or to add a second one.
+#include <stdexcept>
+
+#include "archives/Archivi.h"
+#include "cli/ArchiviCli.h"
+#include "cli/Comandi.h"
+#include "cli/DatabaseCli.h"
+#include "cli/Json.h"
+#include "cli/OpzioniTema.h"
+#include "core/Testo.h"
+
+namespace vesmo::cli {
+
+int ComandoSalva(const Parole& parole, std::ostream& out) {
+    Argomenti a(parole, {"json"});
+    std::vector<std::string> consentite = OpzioniDelTema();
+    for (const char* o : {"archivio", "doppio", "json"})
+        consentite.push_back(o);
+    a.Consenti(consentite);
+    if (!a.Posizionali().empty())
+        throw ErroreArgomenti("uso: vesmo-cli salva OPZIONI-TEMA --archivio NOME [--nome TESTO] "
+                              "[--doppio sovrascrivi|aggiungi] [--db FILE] [--json]");
+    const std::string doppio = a.Opzione("doppio").value_or("");
+    if (!doppio.empty() && doppio != "sovrascrivi" && doppio != "aggiungi")
+        throw ErroreArgomenti("--doppio non valido: '" + doppio + "' (sovrascrivi o aggiungi)");
+    const std::string richiesto = SenzaSpazi(a.Richiesta("archivio"));
+    if (richiesto.empty()) throw ErroreArgomenti("--archivio senza nome");
+    const Tema tema = LeggiTema(a);
+
+    Database db = ApriArchivi(a);
+    bool creato = false;
+    std::string archivio;
+    const std::vector<std::string> archivi = ElencoArchivi(db);
+    for (const std::string& n : archivi)
+        if (n == richiesto) archivio = n;
+    if (archivio.empty()) {
+        // A new archive: the checks of the management form's create button.
+        for (const std::string& n : archivi)
+            if (UgualeSenzaCaso(n, richiesto))
+                throw ErroreArgomenti("l'archivio " + n + " esiste già: nomi uguali a meno " +
+                                      "delle maiuscole non sono ammessi");
+        if (db.EsisteTabella(richiesto) || !EArchivio(richiesto))
+            throw ErroreArgomenti("nome riservato a una tabella del database: " + richiesto);
+        db.Chiudi();
+        try {
+            CreaArchivio(FileDatabase(a).string(), richiesto);
+        } catch (const ErroreDB& e) {
+            throw ErroreArgomenti("il database non accetta il nome " + richiesto + ": " + e.what());
+        }
+        db.Apri(FileDatabase(a));
+        archivio = richiesto;
+        creato = true;
+    }
+
+    Cursore rs(db, archivio);
+    rs.Index(IndiceArchivio);
+    rs.Seek("=", tema.Nome.str());
+    std::int16_t aggiungi = 0, modifica = 0;
+    std::string esito = "aggiunto";
+    if (rs.NoMatch()) {
+        aggiungi = -1;
+    } else if (doppio == "sovrascrivi") {
+        modifica = -1;
+        esito = "sovrascritto";
+    } else if (doppio == "aggiungi") {
+        aggiungi = -1;
+        esito = "aggiunto doppio";
+    } else {
+        throw std::runtime_error("un tema di nome " + SenzaSpazi(tema.Nome.str()) +
+                                 " è già nell'archivio " + archivio +
+                                 " (--doppio sovrascrivi o --doppio aggiungi)");
+    }
+    ScriviTema(rs, tema, aggiungi, modifica);
+
+    if (a.Flag("json")) {
+        JsonOggetto j;
+        j.Testo("Archivio", archivio)
+            .Campo("Creato", creato ? "true" : "false")
+            .Testo("Esito", esito)
+            .Campo("Tema", JsonTemaArchivio(tema));
+        out << j.str() << '\n';
+        return 0;
+    }
+    out << "Archivio  " << archivio << (creato ? "  (creato)" : "") << '\n'
+        << "Esito     " << esito << '\n'
+        << TestataTemi() << '\n'
+        << RigaTemaArchivio(tema) << '\n';
+    return 0;
+}
+
+} // namespace vesmo::cli

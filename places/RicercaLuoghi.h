@@ -1,0 +1,85 @@
+// Finding places by the names people say: a place's own name, an Italian place's name without
+// its province letters, and the other names of a place kept in the table NomiAlternativi:
+//
+//   NomiAlternativi  cCity (Intero32, the nation's cNaz), NomeAlt (Testo: the other name),
+//                    City (Testo: the place's name in AllCity), Rango (Intero32: 0 for the
+//                    place with the most people, then upwards)
+//                    IcCityNomeAlt (cCity, NomeAlt, Rango), indNomeAlt (NomeAlt, Rango)
+//
+// A place is found in AllCity by its nation and name, which are unique together. Texts compare
+// as the indexes compare them: case and accents ignored.
+#pragma once
+
+#include <cstddef>
+#include <cstdint>
+#include <memory>
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+#include "core/store/Cursore.h"
+#include "core/store/Database.h"
+
+namespace vesmo {
+
+inline constexpr const char* TabellaNomiAlternativi = "NomiAlternativi";
+
+// Creates the table NomiAlternativi with its two indexes in an open database.
+void CreaTabellaNomiAlternativi(Database& db);
+
+struct LuogoTrovato {
+    std::int32_t cCity = 0; // the nation's code
+    std::string City;       // the name in AllCity
+    std::string NomeAlt;    // the other name that matched; empty when the own name did
+};
+
+// How a name was matched.
+enum class Corrispondenza {
+    Nessuna,
+    Propria,        // the place's own name
+    SenzaProvincia, // an Italian place's name without its province letters
+    Alternativa     // one of its other names
+};
+
+struct EsitoNome {
+    Corrispondenza tipo = Corrispondenza::Nessuna;
+    std::vector<LuogoTrovato> luoghi; // in index order; the best first for other names
+};
+
+class RicercaLuoghi {
+public:
+    // Works on the places of `db`; a file without NomiAlternativi finds no other names.
+    explicit RicercaLuoghi(Database& db);
+    ~RicercaLuoghi();
+
+    // The places whose name is `testo`, surrounding blanks ignored, in the nation `cNaz` or in
+    // every nation: those whose own name it is; else the Italian places whose name it is
+    // followed by their province letters ("Castelnuovo (TN)"); else the places that have it
+    // among their other names.
+    EsitoNome NomeEsatto(std::optional<std::int32_t> cNaz, std::string_view testo);
+    // The place (with the most people) that has `testo` among its other names.
+    std::optional<LuogoTrovato> NomeAlternativo(std::optional<std::int32_t> cNaz,
+                                                std::string_view testo);
+    // Up to `n` places whose own name begins with `testo`, in index order.
+    std::vector<LuogoTrovato> Comincia(std::optional<std::int32_t> cNaz, std::string_view testo,
+                                       std::size_t n);
+    // Up to `n` places with another name that begins with `testo`, in the order of those names,
+    // each place once and none of `esclusi`.
+    std::vector<LuogoTrovato> AlternativiCheCominciano(std::optional<std::int32_t> cNaz,
+                                                       std::string_view testo, std::size_t n,
+                                                       const std::vector<LuogoTrovato>& esclusi);
+    // Up to `n` places whose names begin like `testo`: with the longest beginning of it that
+    // begins any name.
+    std::vector<LuogoTrovato> Simili(std::optional<std::int32_t> cNaz, std::string_view testo,
+                                     std::size_t n);
+
+private:
+    Database& db_;
+    std::unique_ptr<Cursore> perCitta_, perNazione_, alt_, altTutti_;
+    bool senzaAlternativi_ = false;
+    Cursore& Luoghi(bool nazione);
+    Cursore* Alternativi(bool nazione);
+};
+
+} // namespace vesmo

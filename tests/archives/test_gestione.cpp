@@ -1,0 +1,171 @@
+// Whole archives and the charts inside them: the transport (by value, from an empty archive),
+// deleting an archive, DupeTableName and the birthdays import with its numbered names, the wider
+// search with quotes and wildcards in the text, deleting a chart, and a picked chart put into
+// each slot.
+#include <gtest/gtest.h>
+
+#include "archives/Archivi.h"
+#include "archives/Gestione.h"
+#include "core/Aritmetica.h"
+#include "tests/archives/AiutoArchivi.h"
+
+using namespace vesmo;
+using vesmo::test::TemaDiProva;
+
+namespace {
+
+class Gestione : public vesmo::test::ConArchivi {
+protected:
+    using V = std::vector<std::string>;
+};
+
+} // namespace
+
+TEST_F(Gestione, TrasportoPerValoreEDaArchivioVuoto) {
+    Riempi("Amici", {"Carla", "Bruno"});
+    Riempi("Famiglia", {"Bruno"});
+    CreaArchivio(fileDB, "Vuoto");
+    EXPECT_EQ(TrasportaArchivio(fileDB, "Amici", "Famiglia"), 2);
+    EXPECT_EQ(Nomi("Famiglia"), (V{"Bruno", "Bruno", "Carla"}));
+    // The ten fields by value; the source stays.
+    EXPECT_EQ(Temi("Famiglia").back(), TemaDiProva("Carla"));
+    EXPECT_EQ(Nomi("Amici"), (V{"Bruno", "Carla"}));
+    // An empty source copies nothing, without complaint.
+    EXPECT_EQ(TrasportaArchivio(fileDB, "Vuoto", "Amici"), 0);
+    EXPECT_EQ(Nomi("Amici").size(), 2u);
+}
+
+TEST_F(Gestione, EliminaArchivioPerNomeEsatto) {
+    CreaArchivio(fileDB, "Famiglia");
+    EXPECT_FALSE(EliminaArchivio(fileDB, "famiglia"));
+    EXPECT_EQ(ElencoArchivi(fileDB), V{"Famiglia"});
+    EXPECT_TRUE(EliminaArchivio(fileDB, "Famiglia"));
+    EXPECT_TRUE(ElencoArchivi(fileDB).empty());
+}
+
+TEST_F(Gestione, DupeTableName) {
+    Riempi("Compleanni", {"Anna"});
+    Database db(fileDB);
+    EXPECT_EQ(DupeTableName(db, "Altro", messaggi), 0);
+    EXPECT_TRUE(messaggi.registro.empty());
+
+    messaggi.risposte = {Risposta::No};
+    EXPECT_EQ(DupeTableName(db, "COMPLEANNI", messaggi), -1);
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].testo, "La tabella esiste già. Eliminarla?");
+    EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::SiNo);
+    EXPECT_EQ(messaggi.registro[0].icona, Icona::Domanda);
+    EXPECT_TRUE(db.EsisteTabella("Compleanni"));
+
+    messaggi.risposte = {Risposta::Si};
+    EXPECT_EQ(DupeTableName(db, "compleanni", messaggi), 0);
+    EXPECT_FALSE(db.EsisteTabella("Compleanni"));
+}
+
+TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
+    // The side database: a table "Compleanni" of three charts with its index.
+    const auto laterale = cartella / FileCompleanni;
+    {
+        Database d;
+        d.Crea(laterale);
+        d.CreaTabella("Compleanni", CampiArchivio(),
+                      {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
+    }
+    for (const char* n : {"Zeno", "Ada", "Ugo"})
+        ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", TemaDiProva(n), messaggi, "prova"),
+                  EsitoSalvataggio::Aggiunto);
+
+    EsitoCompleanni e = ImportaCompleanni(fileDB, laterale, messaggi);
+    EXPECT_EQ(e.tabella, "Compleanni");
+    EXPECT_EQ(e.importati, 3);
+    EXPECT_EQ(DidascaliaImportati(e.importati), "3  Importati");
+    EXPECT_TRUE(messaggi.registro.empty());
+    EXPECT_EQ(Nomi("Compleanni"), (V{"Ada", "Ugo", "Zeno"}));
+    {
+        Database db(fileDB);
+        EXPECT_EQ(db.Indici("Compleanni"),
+                  (std::vector<DefIndice>{{IndiceArchivio, {"Nome"}, false, false}}));
+    }
+
+    // Again, No: "Compleanni1", one question only.
+    messaggi.risposte = {Risposta::No};
+    e = ImportaCompleanni(fileDB, laterale, messaggi);
+    EXPECT_EQ(e.tabella, "Compleanni1");
+    EXPECT_EQ(messaggi.registro.size(), 1u);
+    // A third time, No twice: "Compleanni2".
+    messaggi.risposte = {Risposta::No, Risposta::No};
+    e = ImportaCompleanni(fileDB, laterale, messaggi);
+    EXPECT_EQ(e.tabella, "Compleanni2");
+    EXPECT_EQ(messaggi.registro.size(), 3u);
+    // Yes: the first table is replaced.
+    messaggi.risposte = {Risposta::Si};
+    e = ImportaCompleanni(fileDB, laterale, messaggi);
+    EXPECT_EQ(e.tabella, "Compleanni");
+    EXPECT_EQ(ElencoArchivi(fileDB), (V{"Compleanni", "Compleanni1", "Compleanni2"}));
+    EXPECT_EQ(Nomi("Compleanni").size(), 3u);
+}
+
+TEST_F(Gestione, RicercaEstesaConApostrofiEJolly) {
+    Riempi("Amici", {"Gabriele D'Annunzio", "Anna d'Arco", "Rossi 100%", "Rossi 1000", "Bruno"});
+    Database db(fileDB);
+    struct Caso {
+        std::string testo;
+        V attesi;
+    };
+    const std::vector<Caso> casi = {
+        {"'", {"Anna d'Arco", "Gabriele D'Annunzio"}},
+        {"D'A", {"Anna d'Arco", "Gabriele D'Annunzio"}}, // case ignored
+        {"100%", {"Rossi 100%"}},                        // % is a character
+        {"_", {}},
+        {"ross", {"Rossi 100%", "Rossi 1000"}},
+        {"runo", {"Bruno"}},
+        {"zzz", {}},
+    };
+    for (const Caso& c : casi) {
+        V trovati;
+        for (const std::string& n : RicercaEstesa(db, "Amici", c.testo))
+            trovati.push_back(SenzaSpaziDestra(n));
+        EXPECT_EQ(trovati, c.attesi) << c.testo;
+    }
+    // The names come back padded as stored.
+    EXPECT_EQ(RicercaEstesa(db, "Amici", "Bru").at(0).size(), 30u);
+}
+
+TEST_F(Gestione, EliminaTemaERestaVicino) {
+    Riempi("Amici", {"Anna", "Bruno", "Carla"});
+    Database db(fileDB);
+    Cursore rs(db, "Amici");
+    rs.Index(IndiceArchivio);
+    // The middle one: back to the one before.
+    rs.MoveNext();
+    EliminaTemaCorrente(rs);
+    EXPECT_EQ(SenzaSpaziDestra(rs.Campo("Nome").Testo()), "Anna");
+    // The first: on the new first.
+    EliminaTemaCorrente(rs);
+    EXPECT_EQ(SenzaSpaziDestra(rs.Campo("Nome").Testo()), "Carla");
+    // The only one: an empty archive, no current row.
+    EliminaTemaCorrente(rs);
+    EXPECT_TRUE(rs.BOF());
+    EXPECT_EQ(rs.RecordCount(), 0);
+    EXPECT_THROW(rs.Campo("Nome"), ErroreDB);
+}
+
+TEST(ImportaInSlot, OgniSlotConISuoiSegni) {
+    Sessione s;
+    s.TemaX = TemaDiProva("Anna", 19.5);
+    s.PosX.Sole.Lo = 20.5;
+    for (int slot = 0; slot < 4; ++slot)
+        ImportaInSlot(s, slot);
+    EXPECT_EQ(s.TemaNat, s.TemaX);
+    EXPECT_EQ(s.PosNat.Sole.Lo, 20.5);
+    EXPECT_EQ(s.TemaTra, s.TemaX);
+    EXPECT_EQ(s.PosTra.Sole.Lo, 20.5);
+    EXPECT_EQ(s.TemaDir, s.TemaX);
+    EXPECT_EQ(s.PosRiv.Sole.Lo, 20.5);
+    EXPECT_EQ(s.TransitoCalcolato, -1);
+    EXPECT_EQ(s.RivoluzioneCalcolata, -1);
+    EXPECT_EQ(s.DirezioneCalcolata, -1);
+    // 10 April 1987 at 0h is JD 2446895.5; 19:30 local with summer time 1 and zone -1 is 17:30
+    // TU, 17.5 / 24 of a day later.
+    EXPECT_NEAR(s.JDRivoluzione, 2446895.5 + 17.5 / 24, 1e-9);
+}

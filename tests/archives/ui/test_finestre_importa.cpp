@@ -1,0 +1,328 @@
+// The picking forms driven by their controls on a database file: where frmImpTnLyx opens, the
+// search box and the wider search, the option test, deleting the first and the only chart,
+// moving a chart to another archive and refusing the same one, the editable grid's captions,
+// and frmImpTVesmo's import into the entry chart and its empty-archive messages.
+#include <gtest/gtest.h>
+
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QListWidget>
+#include <QPlainTextEdit>
+#include <QPushButton>
+#include <QRadioButton>
+#include <QTableView>
+#include <QTest>
+
+#include "archives/Archivi.h"
+#include "archives/ui/ModelloArchivio.h"
+#include "archives/ui/WidgetAnteprima.h"
+#include "archives/ui/frmImpTVesmo.h"
+#include "archives/ui/frmImpTnLyx.h"
+#include "core/Aritmetica.h"
+#include "core/Testo.h"
+#include "core/qt/MessaggiQt.h"
+#include "tests/archives/AiutoArchivi.h"
+
+using namespace vesmo;
+using vesmo::test::TemaDiProva;
+
+namespace {
+
+class Importa : public vesmo::test::ConArchivi {
+protected:
+    // The name in the grid's current row.
+    static std::string Corrente(FinestraImporta& f) {
+        QModelIndex i = f.DBGrid1->currentIndex();
+        if (!i.isValid()) return "(nessuno)";
+        return SenzaSpaziDestra(SS(f.DBGrid1->model()->index(i.row(), 0).data().toString()));
+    }
+    using V = std::vector<std::string>;
+    Sessione sessione;
+};
+
+} // namespace
+
+TEST_F(Importa, ApreSulNomeDelNataleOppureDopo) {
+    Riempi("Amici", {"Carla", "Anna", "Bruno"});
+    struct Caso {
+        std::string natale, atteso;
+    };
+    const Caso casi[] = {
+        {"Bruno", "Bruno"}, // found
+        {"Bea", "Bruno"},   // the next name in index order
+        {"", "Anna"},
+        {"Zeno", "Carla"}, // behind the last name: the last record
+    };
+    for (const Caso& c : casi) {
+        sessione.TemaNat.Nome = c.natale;
+        frmImpTnLyx f(sessione, fileDB, messaggi);
+        EXPECT_EQ(Corrente(f), c.atteso) << c.natale;
+        // The record under the cursor is read and cast, and shown.
+        EXPECT_EQ(SenzaSpaziDestra(sessione.TemaX.Nome.str()), c.atteso);
+        EXPECT_NE(sessione.PosX.Sole.Lo, 0);
+        EXPECT_EQ(f.txtCmto->toPlainText().toStdString(), "nota " + c.atteso);
+        EXPECT_FALSE(f.Anteprima->Vuota());
+    }
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    EXPECT_EQ(f.windowTitle(), "Lyx - Importa Temi da Archivio");
+    EXPECT_EQ(f.DidascaliaGriglia->text(), "Amici  3");
+    EXPECT_EQ(f.DBGrid1->columnWidth(0), 2200 / 15);
+    EXPECT_EQ(f.DBGrid1->columnWidth(1), 2100 / 15);
+    EXPECT_EQ(f.Command1->text(), "Griglia Editabile         Grids       Updatable  OFF");
+    EXPECT_EQ(sessione.ArchivioCorrente, "Amici");
+    EXPECT_TRUE(messaggi.registro.empty());
+}
+
+TEST_F(Importa, CercaMentreSiScriveEConLaRicercaEstesa) {
+    Riempi("Amici", {"Gabriele D'Annunzio", "Anna d'Arco", "Bruno", "Carla"});
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    QTest::keyClicks(f.Text1, "Br");
+    EXPECT_EQ(Corrente(f), "Bruno");
+    EXPECT_EQ(SenzaSpaziDestra(sessione.TemaX.Nome.str()), "Bruno");
+    f.Text1->setText("Zz");
+    EXPECT_EQ(Corrente(f), "Gabriele D'Annunzio"); // past the end: the last record
+
+    // An apostrophe is only a character of the search.
+    f.Text1->setText("d'a");
+    f.cdAvanzata->click();
+    ASSERT_EQ(f.cbEstesa->count(), 2);
+    EXPECT_EQ(SenzaSpaziDestra(SS(f.cbEstesa->itemText(0))), "Anna d'Arco");
+    EXPECT_EQ(SenzaSpaziDestra(SS(f.cbEstesa->itemText(1))), "Gabriele D'Annunzio");
+    // The first name goes into the search box and the grid follows.
+    EXPECT_EQ(SenzaSpaziDestra(SS(f.Text1->text())), "Anna d'Arco");
+    EXPECT_EQ(Corrente(f), "Anna d'Arco");
+    f.cbEstesa->setCurrentIndex(1);
+    emit f.cbEstesa->activated(1);
+    EXPECT_EQ(Corrente(f), "Gabriele D'Annunzio");
+    // Nothing found: the list stays empty.
+    f.Text1->setText("xyz");
+    f.cdAvanzata->click();
+    EXPECT_EQ(f.cbEstesa->count(), 0);
+    EXPECT_TRUE(messaggi.registro.empty());
+}
+
+TEST_F(Importa, SenzaOpzioneNienteImporta) {
+    Riempi("Amici", {"Anna"});
+    sessione.TemaNat = TemaDiProva("Natale");
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    f.show();
+    f.cmdImporta->click();
+    const QModelIndex riga = f.DBGrid1->model()->index(0, 0);
+    emit f.DBGrid1->doubleClicked(riga);
+    ASSERT_EQ(messaggi.registro.size(), 2u);
+    for (const auto& v : messaggi.registro) {
+        EXPECT_EQ(v.titolo, "Lyx - Avviso Importa Tema");
+        EXPECT_EQ(v.testo, "Selezionare Option");
+        EXPECT_EQ(v.icona, Icona::Informazione);
+    }
+    EXPECT_EQ(sessione.TemaNat, TemaDiProva("Natale"));
+    EXPECT_TRUE(f.isVisible());
+
+    // With an option, the double click imports and closes.
+    int preso = -1;
+    f.ImportaNelMenu = [&](int slot) { preso = slot; };
+    f.Option4->setChecked(true);
+    emit f.DBGrid1->doubleClicked(riga);
+    EXPECT_EQ(preso, 3);
+    EXPECT_EQ(sessione.DirezioneCalcolata, -1);
+    EXPECT_EQ(SenzaSpaziDestra(sessione.TemaDir.Nome.str()), "Anna");
+    EXPECT_FALSE(f.isVisible());
+}
+
+TEST_F(Importa, EliminaIlPrimoEPoiLUnico) {
+    Riempi("Amici", {"Anna", "Bruno"});
+    sessione.TemaNat.Nome = "Anna";
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    EXPECT_EQ(Corrente(f), "Anna");
+
+    // Cancel: nothing goes.
+    messaggi.risposte = {Risposta::Annulla};
+    f.cmdElimina->click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Elimina Temi");
+    EXPECT_EQ(messaggi.registro[0].testo, "Anna                          \n\n"
+                                          "Sarà Eliminato senza possibilità di recupero\n\n");
+    EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::OkAnnulla);
+    EXPECT_EQ(Nomi("Amici"), (V{"Anna", "Bruno"}));
+
+    // The first of two: the grid stays on the new first.
+    f.cmdElimina->click();
+    EXPECT_EQ(Nomi("Amici"), V{"Bruno"});
+    EXPECT_EQ(Corrente(f), "Bruno");
+    EXPECT_EQ(f.DBGrid1->model()->rowCount(), 1);
+    EXPECT_EQ(SenzaSpaziDestra(sessione.TemaX.Nome.str()), "Bruno");
+
+    // The only one: an empty grid, an empty preview.
+    f.cmdElimina->click();
+    EXPECT_TRUE(Nomi("Amici").empty());
+    EXPECT_EQ(f.DBGrid1->model()->rowCount(), 0);
+    EXPECT_EQ(Corrente(f), "(nessuno)");
+    EXPECT_TRUE(f.Anteprima->Vuota());
+    EXPECT_EQ(messaggi.registro.size(), 3u);
+}
+
+TEST_F(Importa, SpostaInUnAltroArchivio) {
+    Riempi("Amici", {"Anna", "Bruno"});
+    Riempi("Famiglia", {"Bruno"});
+    sessione.TemaNat.Nome = "Bruno";
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    EXPECT_EQ(f.cmbCambiaA->currentText(), "Amici");
+
+    // The same archive is refused.
+    f.cmdCambiaA->click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Operazione Abortita");
+    EXPECT_EQ(messaggi.registro[0].testo,
+              "Archivio sorgente  Amici\nUGUALE \nArchivio destinazione  Amici\n\n"
+              "Selezionare un altro Archivio sulla lista a scomparsa");
+    EXPECT_EQ(messaggi.registro[0].icona, Icona::Esclamativo);
+
+    // No: nothing moves.
+    f.cmbCambiaA->setCurrentIndex(1);
+    messaggi.risposte = {Risposta::No};
+    f.cmdCambiaA->click();
+    ASSERT_EQ(messaggi.registro.size(), 2u);
+    EXPECT_EQ(messaggi.registro[1].titolo, "Lyx - Trasferimenti Tn");
+    EXPECT_EQ(messaggi.registro[1].testo,
+              "Bruno                         \nPadova                        \n\n"
+              "Trasferire da  Amici  a  Famiglia ?\n");
+    EXPECT_EQ(Nomi("Amici"), (V{"Anna", "Bruno"}));
+
+    // Yes: a second Bruno in the target, with the same fields, gone from the source.
+    messaggi.risposte = {Risposta::Si};
+    f.cmdCambiaA->click();
+    ASSERT_EQ(messaggi.registro.size(), 4u);
+    EXPECT_EQ(messaggi.registro[3].titolo, "Lyx - Info Trasferimenti");
+    EXPECT_EQ(messaggi.registro[3].testo,
+              "Bruno   Trasferito\n\ndall' Archivio   Amici\nall' Archivio     Famiglia");
+    EXPECT_EQ(Nomi("Amici"), V{"Anna"});
+    EXPECT_EQ(Temi("Famiglia"), (std::vector<Tema>{TemaDiProva("Bruno"), TemaDiProva("Bruno")}));
+    EXPECT_EQ(Corrente(f), "Anna");
+}
+
+TEST_F(Importa, GrigliaEditabileETreDidascalie) {
+    Riempi("Amici", {"Anna"});
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    const auto editabile = [&] {
+        return (f.DBGrid1->model()->flags(f.DBGrid1->model()->index(0, 0)) & Qt::ItemIsEditable) !=
+               0;
+    };
+    struct Passo {
+        const char* didascalia;
+        bool editabile;
+    };
+    const Passo passi[] = {
+        {"Griglia Editabile        Grids       Updatable    ON", true},
+        {"Griglia Editabile      Grids       Updatable  OFF", false},
+        {"Griglia Editabile        Grids       Updatable    ON", true},
+    };
+    EXPECT_FALSE(editabile());
+    for (const Passo& p : passi) {
+        f.Command1->click();
+        EXPECT_EQ(f.Command1->text().toStdString(), p.didascalia);
+        EXPECT_EQ(editabile(), p.editabile);
+    }
+    // A cell written goes to the row, padded as a saved name is.
+    ASSERT_TRUE(f.DBGrid1->model()->setData(f.DBGrid1->model()->index(0, 0), "Annina"));
+    EXPECT_EQ(Temi("Amici").at(0).Nome.str(), "Annina                        ");
+    EXPECT_EQ(Corrente(f), "Annina");
+}
+
+TEST_F(Importa, CambioArchivioDallaLista) {
+    Riempi("Amici", {"Anna"});
+    Riempi("Famiglia", {"Bruno", "Carla"});
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    f.show();
+    f.Command1->click(); // the grid's updating on
+    QListWidgetItem* famiglia = f.lstArchivi->item(1);
+    QTest::mouseClick(f.lstArchivi->viewport(), Qt::LeftButton, {},
+                      f.lstArchivi->visualItemRect(famiglia).center());
+    EXPECT_EQ(f.DidascaliaGriglia->text(), "Famiglia  2");
+    EXPECT_EQ(Corrente(f), "Bruno");
+    EXPECT_EQ(sessione.ArchivioIndice, 1);
+    EXPECT_EQ(sessione.ArchivioCorrente, "Famiglia");
+    // The updating stays on for the other archive.
+    EXPECT_EQ(f.Command1->text(), "Griglia Editabile        Grids       Updatable    ON");
+    EXPECT_TRUE(f.DBGrid1->model()->flags(f.DBGrid1->model()->index(0, 0)) & Qt::ItemIsEditable);
+    // The next opening starts on the archive last used.
+    frmImpTnLyx g(sessione, fileDB, messaggi);
+    EXPECT_EQ(g.lstArchivi->currentRow(), 1);
+    EXPECT_EQ(g.DidascaliaGriglia->text(), "Famiglia  2");
+}
+
+TEST_F(Importa, VesmoImportaNelTemaCorrente) {
+    Riempi("Amici", {"Bruno", "Anna"});
+    sessione.TemaNat.Nome = "Bruno"; // not looked at here
+    frmImpTVesmo f(sessione, fileDB, messaggi);
+    f.show();
+    EXPECT_EQ(f.windowTitle(), "Vesmo - Importa Temi da Archivio");
+    EXPECT_EQ(f.findChild<QWidget*>("Frame3")->property("title").toString(), "Cerca >>");
+    EXPECT_EQ(Corrente(f), "Anna"); // the first record
+    EXPECT_EQ(f.findChild<QRadioButton*>("Option1"), nullptr);
+    QTest::keyClicks(f.Text1, "B");
+    f.cmdImporta->click();
+    EXPECT_EQ(sessione.TemaCorrente, TemaDiProva("Bruno"));
+    EXPECT_FALSE(f.isVisible());
+    EXPECT_TRUE(messaggi.registro.empty());
+}
+
+TEST_F(Importa, VesmoArchivioVuoto) {
+    CreaArchivio(fileDB, "Vuoto");
+    sessione.TemaCorrente = TemaDiProva("Prima");
+    frmImpTVesmo f(sessione, fileDB, messaggi);
+    f.show();
+    f.cmdImporta->click();
+    f.cmdElimina->click();
+    ASSERT_EQ(messaggi.registro.size(), 2u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Info Archivi");
+    EXPECT_EQ(messaggi.registro[0].testo, "Archivio vuoto");
+    EXPECT_EQ(messaggi.registro[1].titolo, "Vesmo - Info Archivi");
+    EXPECT_EQ(messaggi.registro[1].testo, "Archivio vuoto.");
+    EXPECT_EQ(messaggi.registro[1].icona, Icona::Informazione);
+    EXPECT_EQ(sessione.TemaCorrente, TemaDiProva("Prima"));
+    EXPECT_TRUE(f.isVisible());
+}
+
+TEST_F(Importa, VesmoEliminaConIlSuoTitolo) {
+    Riempi("Amici", {"Anna", "Bruno"});
+    frmImpTVesmo f(sessione, fileDB, messaggi);
+    f.cmdElimina->click();
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Elimina Temi");
+    EXPECT_EQ(Nomi("Amici"), V{"Bruno"});
+    EXPECT_EQ(Corrente(f), "Bruno");
+}
+
+TEST_F(Importa, ArchivioVuotoNelLatoTemi) {
+    CreaArchivio(fileDB, "Vuoto");
+    sessione.TemaDir = TemaDiProva("Direzione");
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    f.show();
+    EXPECT_EQ(f.DidascaliaGriglia->text(), "Vuoto  0");
+    EXPECT_TRUE(f.Anteprima->Vuota());
+    EXPECT_EQ(sessione.TemaX, Tema{});
+    f.Option4->setChecked(true);
+    f.cmdImporta->click();
+    f.cmdElimina->click();
+    f.Text1->setText("x");
+    f.cdAvanzata->click();
+    // Nothing to import or delete: told, and the slot stays.
+    EXPECT_EQ(messaggi.Testi(), (V{"Archivio vuoto", "Archivio vuoto."}));
+    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Info Archivi");
+    EXPECT_EQ(sessione.TemaDir, TemaDiProva("Direzione"));
+    EXPECT_EQ(sessione.DirezioneCalcolata, 0);
+    EXPECT_TRUE(f.isVisible());
+}
+
+TEST_F(Importa, NessunArchivio) {
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    f.show();
+    EXPECT_EQ(f.lstArchivi->count(), 0);
+    EXPECT_EQ(f.cmbCambiaA->count(), 0);
+    f.Text1->setText("x");
+    f.cdAvanzata->click();
+    f.cmdCambiaA->click();
+    f.Command1->click();
+    EXPECT_TRUE(messaggi.registro.empty());
+}

@@ -1,0 +1,297 @@
+// The calculators' arithmetic: the boxes' numbers, Julian days both ways with the day carry and
+// the local mean time, the sums, the Delta T text, the equation of time and the two coordinate
+// conversions (worked examples of Meeus, Astronomical Algorithms), and the five notations of an
+// angle with their rounding.
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <string>
+
+#include "calculators/Calcolatrici.h"
+#include "core/Aritmetica.h"
+
+using namespace vesmo;
+
+TEST(NumeroDiCasella, VirgolaPuntoVuotoENonNumeri) {
+    struct Caso {
+        const char* testo;
+        bool numero;
+        double valore;
+    };
+    const Caso casi[] = {
+        {"1,5", true, 1.5},  {"1.5", true, 1.5},  {" -0,25 ", true, -0.25}, {"", true, 0},
+        {"   ", true, 0},    {"+7", true, 7},     {"2e3", true, 2000},      {",5", true, 0.5},
+        {"abc", false, 0},   {"1,2,3", false, 0}, {"1.000,5", false, 0},    {"nan", false, 0},
+        {"inf", false, 0},   {"0x10", false, 0},  {"12abc", false, 0},      {"-", false, 0},
+        {"1e999", false, 0},
+    };
+    for (const Caso& c : casi) {
+        std::optional<double> v = NumeroDiCasella(c.testo);
+        EXPECT_EQ(v.has_value(), c.numero) << '"' << c.testo << '"';
+        if (v && c.numero) {
+            EXPECT_DOUBLE_EQ(*v, c.valore) << c.testo;
+        }
+    }
+    EXPECT_THROW(NumeroOErrore("x"), ErroreTipo);
+    EXPECT_FALSE(NumeroDiCasella(std::string(30000, '9') + "x").has_value());
+    EXPECT_EQ(ValoreIniziale("12abc"), 12);
+    EXPECT_EQ(ValoreIniziale("abc"), 0);
+    EXPECT_EQ(ValoreIniziale("-3,5 gradi"), -3.5);
+}
+
+namespace {
+
+CorniceJD Cornice(const char* g, const char* m, const char* a, const char* ore, const char* min,
+                  const char* sec, int estiva, const char* fuso, bool est) {
+    CorniceJD c;
+    c.Giorno = g;
+    c.Mese = m;
+    c.Anno = a;
+    c.Ore = ore;
+    c.Minuti = min;
+    c.Secondi = sec;
+    c.Estiva = estiva;
+    c.Fuso = fuso;
+    c.Est = est;
+    return c;
+}
+
+} // namespace
+
+TEST(GiorniGiuliani, DallaDataAlJD) {
+    // J2000.0 is 2000 January 1.5 = JD 2451545.0; 1987 April 10 0h is JD 2446895.5 (Meeus 12.a).
+    EXPECT_DOUBLE_EQ(JDDellaCornice(Cornice("1", "1", "2000", "12", "0", "0", 0, "0", false), 0),
+                     2451545.0);
+    // 19:30 of summer time (1 hour) in the zone one hour east: 17:30 TU.
+    EXPECT_NEAR(JDDellaCornice(Cornice("10", "4", "1987", "19", "30", "0", 1, "1", true), 0),
+                2446895.5 + 17.5 / 24, 1e-9);
+    // The comma in the seconds is read.
+    EXPECT_NEAR(JDDellaCornice(Cornice("1", "1", "2000", "12", "0", "36,0", 0, "0", false), 0),
+                2451545.0 + 0.01 / 24, 1e-9);
+    // 99 stands for the working chart's longitude: a local mean time.
+    CorniceJD lmt = Cornice("1", "1", "2000", "12", "0", "0", 0, "99", false);
+    EXPECT_DOUBLE_EQ(FusoDellaCornice(lmt, -0.8), -0.8);
+    lmt.Est = true;
+    EXPECT_DOUBLE_EQ(FusoDellaCornice(lmt, -0.8), -0.8);
+    EXPECT_DOUBLE_EQ(FusoDellaCornice(Cornice("", "", "", "", "", "", 0, "3", true), 0), -3);
+    EXPECT_THROW(JDDellaCornice(Cornice("1", "x", "2000", "12", "0", "0", 0, "0", false), 0),
+                 ErroreTipo);
+}
+
+TEST(GiorniGiuliani, DalJDAllaDataConIlRiportoDelGiorno) {
+    struct Caso {
+        double jd;
+        int estiva;
+        const char* fuso;
+        bool est;
+        const char *g, *m, *a, *ore, *min, *sec;
+    };
+    const Caso casi[] = {
+        // Noon TU of 1 January 2000 in the zone one hour east: 13:00.
+        {2451545.0, 0, "1", true, "1", "1", "2000", "13", "0", "0,0"},
+        // 23:00 TU of 31 December 1999, two hours east: 1:00 of the new year.
+        {2451543.5 + 23.0 / 24, 0, "2", true, "1", "1", "2000", "1", "0", "0,0"},
+        // 2:00 TU of 2 January, five hours west: 21:00 of the day before.
+        {2451545.5 + 2.0 / 24, 0, "5", false, "1", "1", "2000", "21", "0", "0,0"},
+        // Summer time adds its hour: 17:30 TU, one hour east with summer time, 19:30.
+        {2446895.5 + 17.5 / 24, 1, "1", true, "10", "4", "1987", "19", "30", "0,0"},
+        // 59.99 seconds are shown as the next minute.
+        {2451545.0 + 59.99 / 86400, 0, "0", false, "1", "1", "2000", "12", "1", "0,0"},
+        // Seconds in tenths.
+        {2451545.0 + 12.5 / 86400, 0, "0", false, "1", "1", "2000", "12", "0", "12,5"},
+    };
+    for (const Caso& c : casi) {
+        CorniceJD f;
+        f.JD = FormatoNumero(c.jd, "0.0#########");
+        f.Estiva = c.estiva;
+        f.Fuso = c.fuso;
+        f.Est = c.est;
+        CorniceDaJD(f, 0);
+        EXPECT_EQ(
+            f.Giorno + "/" + f.Mese + "/" + f.Anno + " " + f.Ore + ":" + f.Minuti + ":" + f.Secondi,
+            std::string(c.g) + "/" + c.m + "/" + c.a + " " + c.ore + ":" + c.min + ":" + c.sec)
+            << f.JD;
+    }
+}
+
+TEST(GiorniGiuliani, TemaCaricatoNuovoESomma) {
+    Tema t;
+    t.Day = 2446895.5; // 10 April 1987
+    t.OraL = 19.5;
+    t.Estiva = 1;
+    t.Fuso = -1;
+    t.Lon = -0.7921;
+    t.Lat = 45.4;
+    CorniceJD c = CorniceDelTema(t);
+    EXPECT_EQ(c.Giorno + "/" + c.Mese + "/" + c.Anno, "10/4/1987");
+    EXPECT_EQ(c.Ore + ":" + c.Minuti + ":" + c.Secondi, "19:30:0,0");
+    EXPECT_EQ(c.Estiva, 1);
+    EXPECT_EQ(c.Fuso, "1");
+    EXPECT_TRUE(c.Est);
+    EXPECT_NEAR(*NumeroDiCasella(c.JD), 2446895.5 + 17.5 / 24, 1e-8);
+
+    // A zone with a fraction is a local mean time, shown as 99.
+    Tema lmt = t;
+    lmt.Fuso = -0.7921;
+    lmt.Estiva = 0;
+    CorniceJD cl = CorniceDelTema(lmt);
+    EXPECT_EQ(cl.Fuso, "99");
+    EXPECT_TRUE(cl.Est);
+    EXPECT_DOUBLE_EQ(FusoDellaCornice(cl, lmt.Lon), -0.7921);
+
+    Tema n = NuovoDallaCornice(c, t);
+    EXPECT_EQ(n.Nome.Valore(), "Nuovo JD");
+    EXPECT_EQ(n.City.Valore(), "City di Nuovo");
+    EXPECT_EQ(n.Lon, t.Lon);
+    EXPECT_EQ(n.Lat, t.Lat);
+    EXPECT_EQ(n.Day, t.Day);
+    EXPECT_DOUBLE_EQ(n.OraL, 19.5);
+    EXPECT_EQ(n.Estiva, 1);
+    EXPECT_EQ(n.Fuso, -1);
+
+    // The sums: an empty or wrong sign gives nothing.
+    EXPECT_FALSE(SommaJD("2451545", "", "1").has_value());
+    EXPECT_FALSE(SommaJD("2451545", "*", "1").has_value());
+    EXPECT_DOUBLE_EQ(*SommaJD("2451545", "+", "1,5"), 2451546.5);
+    EXPECT_DOUBLE_EQ(*SommaJD("2451545", "-", "365,25"), 2451179.75);
+    EXPECT_DOUBLE_EQ(*SommaJD("2451545", "+", ""), 2451545);
+
+    // The chart moved to the sum keeps its zone and summer time: 0h TU of 3 January 2000 is
+    // 2:00 of the clock one hour east with summer time.
+    Tema y = TemaAlJD(t, 2451546.5);
+    EXPECT_EQ(y.Day, 2451546.5);
+    EXPECT_NEAR(y.OraL, 2.0, 1e-9);
+    EXPECT_EQ(y.Lon, t.Lon);
+}
+
+TEST(DeltaTTesto, SecondiMinutiOre) {
+    // 1993: 59.12 seconds.
+    EXPECT_EQ(TestoDeltaT(59.12 / 60), "DeltaT = 59,12s  = 0,9853m  = 0,0164h");
+    const std::string aiuto = AiutoDeltaT();
+    EXPECT_EQ(aiuto.rfind("TE, tempo delle effemeridi, è un tempo uniforme basato sui moti "
+                          "planetari.\n",
+                          0),
+              0u);
+    EXPECT_NE(aiuto.find(" Anno   DeltaT   |  Anno   DeltaT       |   Anno   DeltaT\n"),
+              std::string::npos);
+    for (const char* voce :
+         {"1710   -0,2", "1971   +0,7", "1992     +0,9718", "1996   E +1,033", "1998   E +1,066"})
+        EXPECT_NE(aiuto.find(voce), std::string::npos) << voce;
+    // 1990 and 1991 stand in the table of the calculation, not in the one shown.
+    EXPECT_EQ(aiuto.find("1990"), std::string::npos);
+}
+
+TEST(EquazioneDelTempo, EsempioDiMeeus) {
+    // Meeus, Astronomical Algorithms, example 28.b: 1992 October 13.0 TD, E = +13m 42.7s by the
+    // same series (the exact value being 13m 42.6s).
+    const double jd = 2448908.5;
+    const double atteso = (13 * 60 + 42.7) / 86400.0 * 2 * PI;
+    EXPECT_NEAR(EquazioneDelTempo(jd), atteso, 1.0 / 86400 * 2 * PI); // one second of time
+    EXPECT_EQ(TestoEqT(-0.071234567891), "EqT = -0,0712346 radianti");
+}
+
+TEST(EclitticheEquatoriali, EsempioDiMeeus) {
+    // Meeus, example 13.a: Pollux, alpha 7h45m18.946s, delta +28d01'34.26", on the equinox
+    // J2000.0 with the mean obliquity 23.4392911: lambda 113.215630, beta 6.684170.
+    const double jd = 2451545.0;
+    Eclittiche ecl;
+    ecl.Segno = 3; // Cancro: 113.215630 = 90 + 23 12' 56.27"
+    ecl.Lon_Gradi = 23;
+    ecl.Lon_Primi = 12;
+    ecl.Lon_Sec = 56.27;
+    ecl.Lat_Gradi = 6;
+    ecl.Lat_Primi = 41; // 6d41'03": the box holds whole minutes
+    Equatoriali q = EclitticheAEquatoriali(jd, ecl);
+    // Three seconds of arc less in latitude move alpha by well under a second of time.
+    EXPECT_EQ(q.AR_h, 7);
+    EXPECT_EQ(q.AR_m, 45);
+    EXPECT_NEAR(q.AR_s, 18.946, 0.5);
+    EXPECT_EQ(q.Dec_Gradi, 28);
+    EXPECT_NEAR(q.Dec_Primi, 1.5, 0.5); // about 28d01'31": minutes rounded on the seconds
+
+    Equatoriali p;
+    p.AR_h = 7;
+    p.AR_m = 45;
+    p.AR_s = 18.946;
+    p.Dec_Gradi = 28;
+    p.Dec_Primi = 2; // 28d02': 26" more than Pollux
+    Eclittiche e = EquatorialiAEclittiche(jd, p);
+    EXPECT_EQ(e.Segno, 3);
+    EXPECT_EQ(e.Lon_Gradi, 23);
+    EXPECT_EQ(e.Lat_Gradi, 6);
+    // The longitude moves by a few seconds of arc and the latitude by about 24".
+    EXPECT_NEAR(e.Lon_Primi * 60 + e.Lon_Sec, 12 * 60 + 56.27, 15);
+    EXPECT_NEAR(e.Lat_Primi, 41, 1);
+}
+
+TEST(FormatiNumerici, QuindiciGradiDecimali) {
+    FormatiNumerici f;
+    f.Scrivi(6, "15");
+    f.CommandOK();
+    const std::array<std::string, 9> attesi{"15",  "0",  "0,0", "1",     "0",
+                                            "0,0", "15", "1,0", "0,2618"};
+    EXPECT_EQ(f.Testo, attesi);
+    for (auto c : f.Cambiato)
+        EXPECT_EQ(c, 0);
+    EXPECT_FALSE(f.Riscrivi);
+}
+
+TEST(FormatiNumerici, SoloIMinutiDelleOre) {
+    FormatiNumerici f;
+    f.Scrivi(4, "30");
+    f.CommandOK();
+    // The two empty boxes of the group become "0"; half an hour is 7.5 degrees.
+    const std::array<std::string, 9> attesi{"7", "30",  "0,0", "0",     "30",
+                                            "0", "7,5", "0,5", "0,1309"};
+    EXPECT_EQ(f.Testo, attesi);
+}
+
+TEST(FormatiNumerici, ContaSoloLUltimaCasellaENullaSenzaInput) {
+    FormatiNumerici f;
+    f.CommandOK();
+    EXPECT_EQ(f.Testo, (std::array<std::string, 9>{}));
+
+    f.Scrivi(0, "10");
+    f.Scrivi(6, "30,5");
+    f.CommandOK();
+    EXPECT_EQ(f.Testo[0], "30");
+    EXPECT_EQ(f.Testo[1], "30");
+    EXPECT_EQ(f.Testo[2], "0,0");
+    EXPECT_EQ(f.Testo[6], "30,5");
+
+    // Boxes written by the conversion do not count as typed.
+    f.Riscrivi = true;
+    f.Cambia(8);
+    f.Riscrivi = false;
+    f.CommandOK();
+    EXPECT_EQ(f.Testo[6], "30,5");
+}
+
+TEST(FormatiNumerici, ArrotondamentoDeiSecondiERadianti) {
+    FormatiNumerici f;
+    // 10d20'59.995": the seconds pass into the next minute.
+    f.Scrivi(6, FormatoNumero(GradiDecimali(10, 20, 59.995), "0.0#########", '.'));
+    f.CommandOK();
+    EXPECT_EQ(f.Testo[0], "10");
+    EXPECT_EQ(f.Testo[1], "21");
+    EXPECT_EQ(f.Testo[2], "0,0");
+
+    FormatiNumerici r;
+    r.Scrivi(8, "3,14159265358979");
+    r.CommandOK();
+    EXPECT_EQ(r.Testo[0], "180");
+    EXPECT_EQ(r.Testo[3], "12");
+    EXPECT_EQ(r.Testo[6], "180,0");
+    EXPECT_EQ(r.Testo[7], "12,0");
+
+    // A negative angle keeps its sign: -2d30' is -0h10m.
+    FormatiNumerici n;
+    n.Scrivi(0, "-2");
+    n.Scrivi(1, "30");
+    n.Cambia(0);
+    n.CommandOK();
+    EXPECT_EQ(n.Testo[2], "0");
+    EXPECT_EQ(n.Testo[6], "-2,5");
+    EXPECT_EQ(n.Testo[7], "-0,16667");
+    EXPECT_EQ(n.Testo[8], "-0,04363");
+}

@@ -1,0 +1,165 @@
+// vesmo-cli salva, archivi and archivio on a database file: a chart stored into a new archive,
+// the refusal of a second chart of the same name and the two answers of --doppio, the checks of
+// a new archive's name, the charts listed in index order, and the statuses of what is not there.
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <sstream>
+
+#include "cli/Comandi.h"
+#include "core/store/Database.h"
+#include "places/Schema.h"
+#include "tests/core/store/Cartella.h"
+
+using namespace vesmo;
+using vesmo::cli::Esegui;
+
+namespace {
+
+struct Esito {
+    int stato;
+    std::string out, err;
+};
+
+class CliArchivi : public ::testing::Test {
+protected:
+    void SetUp() override {
+        fileDB = (cartella / "Vesmodat.Mdb").string();
+        Database db;
+        db.Crea(fileDB);
+        CreaSchemaLuoghi(db);
+    }
+    Esito Lancia(std::vector<std::string> parole) {
+        parole.push_back("--db");
+        parole.push_back(fileDB);
+        std::ostringstream out, err;
+        int stato = Esegui(parole, out, err);
+        return {stato, out.str(), err.str()};
+    }
+    Esito Salva(const std::string& nome, const std::string& archivio,
+                std::vector<std::string> altro = {}) {
+        std::vector<std::string> p = {"salva",      "--data",   "10/04/1987", "--ora",  "19:30",
+                                      "--lon",      "11E53",    "--lat",      "45N24",  "--fuso",
+                                      "-1",         "--estiva", "1",          "--nome", nome,
+                                      "--archivio", archivio};
+        p.insert(p.end(), altro.begin(), altro.end());
+        return Lancia(p);
+    }
+    static int Righe(const std::string& s) {
+        return static_cast<int>(std::count(s.begin(), s.end(), '\n'));
+    }
+    vesmo::test::Cartella cartella;
+    std::string fileDB;
+};
+
+} // namespace
+
+TEST_F(CliArchivi, SalvaInUnArchivioNuovoELoElenca) {
+    // No archive yet: nothing to list.
+    Esito vuoto = Lancia({"archivi"});
+    EXPECT_EQ(vuoto.stato, 1);
+    EXPECT_EQ(Righe(vuoto.err), 1);
+
+    Esito e = Salva("Carla", "Amici");
+    EXPECT_EQ(e.stato, 0) << e.err;
+    EXPECT_NE(e.out.find("Archivio  Amici  (creato)\n"), std::string::npos) << e.out;
+    EXPECT_EQ(Salva("Anna", "Amici").stato, 0);
+    EXPECT_EQ(
+        Salva("Bruno", "Amici", {"--json"})
+            .out.rfind("{\"Archivio\": \"Amici\", \"Creato\": false, \"Esito\": \"aggiunto\"", 0),
+        0u);
+
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  3\n");
+    EXPECT_EQ(Lancia({"archivi", "--json"}).out, "[{\"Archivio\": \"Amici\", \"Temi\": 3}]\n");
+
+    // The charts in index order, with the ten fields: 10 April 1987 at 0h is JD 2446895.5,
+    // 11°53' east is 0.79222 hours east (negative), 45°24' north 45.4 degrees.
+    Esito j = Lancia({"archivio", "Amici", "--json"});
+    EXPECT_EQ(j.stato, 0);
+    const std::string anna = "{\"Nome\": \"Anna                          \", \"City\": \"";
+    EXPECT_EQ(j.out.rfind("[" + anna, 0), 0u) << j.out;
+    EXPECT_LT(j.out.find("Anna "), j.out.find("Bruno "));
+    EXPECT_LT(j.out.find("Bruno "), j.out.find("Carla "));
+    EXPECT_NE(j.out.find("\"Day\": 2446895.5, \"OraL\": 19.5, \"Lon\": -0.79222222222222"),
+              std::string::npos)
+        << j.out;
+    EXPECT_NE(j.out.find("\"Lat\": 45.4, \"Fuso\": -1, \"Estiva\": 1, \"Cmto\": \"\"}"),
+              std::string::npos)
+        << j.out;
+    Esito t = Lancia({"archivio", "amici"});
+    EXPECT_EQ(t.stato, 0);
+    EXPECT_EQ(Righe(t.out), 4); // the head and three charts
+    EXPECT_EQ(t.out.find("Nome"), 0u);
+}
+
+TEST_F(CliArchivi, NomeDoppio) {
+    ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
+    // Refused: one line, status 1, nothing written.
+    Esito e = Salva("Anna", "Amici");
+    EXPECT_EQ(e.stato, 1);
+    EXPECT_EQ(Righe(e.err), 1);
+    EXPECT_TRUE(e.out.empty());
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
+
+    EXPECT_EQ(Salva("Anna", "Amici", {"--doppio", "aggiungi"}).stato, 0);
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
+    std::vector<std::string> p = {"salva",    "--data",     "10/04/1987", "--ora",      "08:00",
+                                  "--lon",    "11E53",      "--lat",      "45N24",      "--fuso",
+                                  "-1",       "--nome",     "Anna",       "--archivio", "Amici",
+                                  "--doppio", "sovrascrivi"};
+    EXPECT_EQ(Lancia(p).stato, 0);
+    Esito j = Lancia({"archivio", "Amici", "--json"});
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
+    // The first of the two is rewritten, the second stays.
+    EXPECT_LT(j.out.find("\"OraL\": 8,"), j.out.find("\"OraL\": 19.5,")) << j.out;
+}
+
+TEST_F(CliArchivi, ArgomentiSbagliatiENomiRifiutati) {
+    ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
+    struct Caso {
+        std::vector<std::string> parole;
+        int stato;
+    };
+    const std::vector<Caso> casi = {
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--nome", "Ugo", "--archivio", "AMICI"},
+         2}, // equal but for case to an archive
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--nome", "Ugo", "--archivio", "Nazioni"},
+         2}, // a place table
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--nome", "Ugo", "--archivio", "   "},
+         2},
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--nome", "Ugo", "--archivio", "Amici", "--doppio", "forse"},
+         2},
+        {{"salva", "--data", "31/02/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1", "--archivio", "Amici"},
+         2},
+        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+          "--fuso", "-1"},
+         2}, // no archive
+        {{"archivio"}, 2},
+        {{"archivio", "Nessuno"}, 1},
+        {{"archivio", "Nazioni"}, 1}, // not an archive
+        {{"archivi", "extra"}, 2},
+    };
+    for (const Caso& c : casi) {
+        Esito e = Lancia(c.parole);
+        EXPECT_EQ(e.stato, c.stato) << c.parole.back() << ": " << e.err;
+        EXPECT_EQ(Righe(e.err), 1) << e.err;
+    }
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
+}
+
+TEST_F(CliArchivi, NomiOstili) {
+    for (const char* nome : {"Quote\"s' ; drop", "O'Brien [x]"}) {
+        Esito e = Salva("D'Annunzio \"Vate\"", nome, {"--json"});
+        EXPECT_EQ(e.stato, 0) << e.err;
+        Esito l = Lancia({"archivio", nome, "--json"});
+        EXPECT_EQ(l.stato, 0) << l.err;
+        EXPECT_NE(l.out.find("D'Annunzio \\\"Vate\\\""), std::string::npos) << l.out;
+    }
+    Esito a = Lancia({"archivi"});
+    EXPECT_NE(a.out.find("Quote\"s' ; drop  1\n"), std::string::npos) << a.out;
+}

