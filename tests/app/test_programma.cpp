@@ -125,6 +125,9 @@ TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
             pos->mnuAspDC->trigger();
             pos->comboNodi->setCurrentIndex(5);
             pos->comboNodi_Click(5);
+            // The colours form and the solar arc set theirs on the same session.
+            p.sessione.Ruote.ColoriRidotti = -1;
+            p.aspetti.ArcoSolare = 12.5f;
         },
         [&] { p.menu->Command1->click(); },
         tornato,
@@ -132,6 +135,10 @@ TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
         [&] {
             EXPECT_EQ(p.sessione.Ruote.DisegnaAspetti, -1);
             EXPECT_EQ(p.sessione.Ruote.NodiScelti, 5);
+            EXPECT_EQ(p.sessione.Ruote.ColoriRidotti, -1);
+            EXPECT_EQ(p.aspetti.ArcoSolare, 12.5f);
+            // The menu and the double wheel work on the session's own switches.
+            EXPECT_EQ(&p.menu->stato, &p.sessione.Ruote);
             p.menu->findChild<QAction*>("mnuFileEsci")->trigger();
         },
         tornato,
