@@ -101,6 +101,14 @@ const std::array<const char*, 10> LettereCorpi{"C", "_", "D", "E", "G", "H", "V"
 const char* const TestataTabellaDignita =
     " Pianeta    Domicilio         Esilio              Esaltazione    Caduta ";
 
+std::vector<DignitaTrovata> DignitaDelCorpo(int corpo, const std::string& segno) {
+    std::vector<DignitaTrovata> r;
+    if (corpo < 0 || corpo >= static_cast<int>(Dignita.size())) return r;
+    for (const auto& v : Dignita[static_cast<std::size_t>(corpo)])
+        if (segno == v.segno) r.push_back({v.tipo, v.qualifica});
+    return r;
+}
+
 Domicili CalcolaDomicili(const Posizioni& pos) {
     struct Voce {
         const Posizione* p;

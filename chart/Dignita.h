@@ -4,6 +4,7 @@
 
 #include <array>
 #include <string>
+#include <vector>
 
 #include "core/Tema.h"
 
@@ -30,6 +31,15 @@ extern const std::array<const char*, 4> NomiElementi;
 extern const std::array<const char*, 4> NomiDignita;
 
 Domicili CalcolaDomicili(const Posizioni& pos);
+
+// The dignities of one body (0 Sole ... 9 Plutone) in a sign given by its short name: the kind
+// (0 domicile, 1 exile, 2 exaltation, 3 fall) and the qualifier ("", "(Diurno)", "(Notturno)",
+// "(Diurno + Esaltazione)", "(Diurno + Caduta)"), in table order.
+struct DignitaTrovata {
+    int tipo;
+    std::string qualifica;
+};
+std::vector<DignitaTrovata> DignitaDelCorpo(int corpo, const std::string& segno);
 
 // The fixed table of dignities, ten rows (Sole to Plutone) of four cells, in the letters of the
 // symbol font; and the body letters.

@@ -16,12 +16,14 @@ int ComandoTema(const Parole& parole, std::ostream& out);
 int ComandoEffemeridi(const Parole& parole, std::ostream& out);
 #ifdef VESMO_CON_QT
 int ComandoRuota(const Parole& parole, std::ostream& out);
+int ComandoStampa(const Parole& parole, std::ostream& out);
 #endif
 int ComandoRivoluzione(const Parole& parole, std::ostream& out);
 int ComandoDirezione(const Parole& parole, std::ostream& out);
 int ComandoIngresso(const Parole& parole, std::ostream& out);
 int ComandoLuogo(const Parole& parole, std::ostream& out);
 int ComandoCerca(const Parole& parole, std::ostream& out);
+int ComandoVicine(const Parole& parole, std::ostream& out);
 int ComandoDeltaT(const Parole& parole, std::ostream& out);
 int ComandoEqT(const Parole& parole, std::ostream& out);
 int ComandoEclEqu(const Parole& parole, std::ostream& out);

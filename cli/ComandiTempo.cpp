@@ -11,10 +11,12 @@
 #include "cli/Comandi.h"
 #include "cli/Json.h"
 #include "cli/OpzioniTema.h"
+#include "cli/Rivoluzione.h"
 #include "cli/UscitaTema.h"
 #include "core/Aritmetica.h"
 #include "core/Sessione.h"
 #include "core/Testo.h"
+#include "presentation/Rilocazione.h"
 #include "timecharts/Direzioni.h"
 #include "timecharts/Ingressi.h"
 #include "timecharts/Rivoluzioni.h"
@@ -102,9 +104,15 @@ int Riga(const Argomenti& a, const std::string& nome, int predefinita) {
 
 } // namespace
 
-int ComandoRivoluzione(const Parole& parole, std::ostream& out) {
-    Argomenti a = Leggi(parole, {"tipo", "anno", "mese", "giorno", "ritorno", "grado", "angolo"},
-                        {"json", "primo"});
+std::vector<std::string> OpzioniRivoluzione(bool conAngolo) {
+    std::vector<std::string> r{"tipo",  "anno",         "mese",         "giorno", "ritorno",
+                               "grado", "lon-rilocata", "lat-rilocata", "primo",  "rilocata"};
+    if (conAngolo) r.push_back("angolo");
+    return r;
+}
+
+RivoluzioneCercata CercaRivoluzioneDaArgomenti(const Argomenti& a, bool conAngolo,
+                                               Messaggi& messaggi) {
     std::string tipoTesto = a.Richiesta("tipo");
     TipoRivoluzione tipo;
     if (tipoTesto == "solare")
@@ -125,16 +133,18 @@ int ComandoRivoluzione(const Parole& parole, std::ostream& out) {
         throw ErroreArgomenti("la rivoluzione solare parte dall'anno: --mese e --giorno non "
                               "servono");
 
-    MessaggiConsole messaggi(std::cerr);
-    Sessione s = ConNatale(a, messaggi);
+    RivoluzioneCercata r;
+    Sessione& s = r.s;
+    s = ConNatale(a, messaggi);
     if (tipo == TipoRivoluzione::LunareSinodica) {
         if (a.Opzione("ritorno") || a.Opzione("grado"))
             throw ErroreArgomenti("la rivoluzione sinodica vuole --angolo A o --angolo natale");
-        std::string angolo = a.Opzione("angolo").value_or("natale");
+        std::string angolo = conAngolo ? a.Opzione("angolo").value_or("natale") : "natale";
         d.bersaglio = angolo == "natale" ? AngoloSinodico(true, s.PosNat)
                                          : Norma360(LeggiNumero(angolo, "angolo"), 1);
     } else {
-        if (a.Opzione("angolo")) throw ErroreArgomenti("--angolo vale solo per la sinodica");
+        if (conAngolo && a.Opzione("angolo"))
+            throw ErroreArgomenti("--angolo vale solo per la sinodica");
         if (a.Opzione("ritorno") && a.Opzione("grado"))
             throw ErroreArgomenti("--ritorno e --grado non vanno insieme");
         if (auto g = a.Opzione("grado"))
@@ -145,9 +155,39 @@ int ComandoRivoluzione(const Parole& parole, std::ostream& out) {
     }
 
     s.TemaX = PreparaTemaRivoluzione(s.TemaNat, tipo, s.LunaGeo);
-    EsitoRivoluzione e = CercaRivoluzione(s, d, messaggi);
-    if (!e.trovato) return NonTrovato("rivoluzione non trovata");
-    if (a.Flag("primo")) AccettaRivoluzione(s, e, true);
+    r.e = CercaRivoluzione(s, d, messaggi);
+    if (r.e.trovato && a.Flag("primo")) AccettaRivoluzione(s, r.e, true);
+    r.d = d;
+    return r;
+}
+
+bool RilocaRivoluzione(RivoluzioneCercata& r, const Argomenti& a, Messaggi& messaggi) {
+    if (!a.Flag("rilocata")) {
+        if (a.Opzione("lon-rilocata") || a.Opzione("lat-rilocata"))
+            throw ErroreArgomenti("--lon-rilocata e --lat-rilocata vanno con --rilocata");
+        return false;
+    }
+    Sessione& s = r.s;
+    s.TemaZ = s.TemaX;
+    s.TemaZ.Lon = LeggiLongitudine(a.Richiesta("lon-rilocata"));
+    s.TemaZ.Lat = LeggiLatitudine(a.Richiesta("lat-rilocata"));
+    // A step of nothing from the new place: the same instant on its local mean time.
+    if (Rilocazione(s, AsseRilocazione::EstOvest, 0, messaggi) != EsitoRilocazione::Rilocata)
+        throw ErroreArgomenti("luogo della rilocazione non valido");
+    s.TemaX = s.TemaRiv;
+    return true;
+}
+
+int ComandoRivoluzione(const Parole& parole, std::ostream& out) {
+    std::vector<std::string> proprie = OpzioniRivoluzione(true);
+    Argomenti a = Leggi(parole, proprie, {"json", "primo", "rilocata"});
+    MessaggiConsole messaggi(std::cerr);
+    RivoluzioneCercata r = CercaRivoluzioneDaArgomenti(a, true, messaggi);
+    if (!r.e.trovato) return NonTrovato("rivoluzione non trovata");
+    RilocaRivoluzione(r, a, messaggi);
+    const Sessione& s = r.s;
+    const EsitoRivoluzione& e = r.e;
+    const DatiRivoluzione& d = r.d;
 
     std::vector<std::pair<std::string, std::string>> campi{
         {"JDRisultato", JsonNumero(s.JDRivoluzione)}, {"Bersaglio", JsonNumero(d.bersaglio)}};

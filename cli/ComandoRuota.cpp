@@ -1,33 +1,32 @@
 // vesmo-cli ruota: the wheel of a chart written to a PNG, SVG or PDF file; with --transito the
 // double wheel of that transit at the natal place, or its double zodiac.
-#include <QCoreApplication>
-#include <QGuiApplication>
+#include <QImage>
+#include <filesystem>
 #include <iostream>
 #include <memory>
 #include <sstream>
 
 #include "chart/CalcolaTema.h"
+#include "cli/ApplicazioneGrafica.h"
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
+#include "cli/DatabaseCli.h"
 #include "cli/OpzioniTema.h"
+#include "cli/Rivoluzione.h"
 #include "core/Aritmetica.h"
+#include "core/Cartelle.h"
 #include "core/Messaggi.h"
+#include "places/CittaVicine.h"
+#include "presentation/Rilocazione.h"
 #include "presentation/Ruota.h"
+#include "presentation/RuotaAscensionale.h"
 #include "presentation/RuotaDoppia.h"
 #include "presentation/qt/Esporta.h"
+#include "presentation/qt/SuperficieQt.h"
 
 namespace vesmo::cli {
 
 namespace {
-
-// Fonts need an application of the GUI: one on the offscreen platform, for this command.
-std::unique_ptr<QGuiApplication> ApplicazioneGrafica() {
-    if (QCoreApplication::instance()) return nullptr;
-    static int argc = 3;
-    static char nome[] = "vesmo-cli", opzione[] = "-platform", piattaforma[] = "offscreen";
-    static char* argv[] = {nome, opzione, piattaforma, nullptr};
-    return std::make_unique<QGuiApplication>(argc, argv);
-}
 
 int LeggiIntero(const std::string& testo, const std::string& cosa, int minimo, int massimo) {
     double v = LeggiNumero(testo, cosa);
@@ -63,16 +62,69 @@ Tema LeggiTransito(const Argomenti& a, const Tema& natale) {
     return t;
 }
 
+// 1 right ascensions, 2 oblique ones, 0 the plain wheel.
+int ModoAscensionale(const Argomenti& a) {
+    auto v = a.Opzione("ascensionale");
+    if (!v) return 0;
+    if (*v == "ar") return 1;
+    if (*v == "ao") return 2;
+    throw ErroreArgomenti("--ascensionale vuole ar (ascensioni rette) o ao (oblique): " + *v);
+}
+
+// The map of the time zones beside the relocated wheel, from the top left corner: the picture
+// the set-up drew beside the places database, the place marked on it, the nearest towns below.
+void MappaERiquadro(Superficie& sup, const Tema& rilocato, const std::filesystem::path& fileDB) {
+    const double W = LarghezzaMappaPixel * 15.0, H = AltezzaMappaPixel * 15.0;
+    std::filesystem::path fileMappa = fileDB.parent_path() / "MappaFusi.png";
+    std::error_code ec;
+    if (!std::filesystem::exists(fileMappa, ec)) {
+        const auto programma = std::filesystem::read_symlink("/proc/self/exe", ec);
+        const auto consegnato =
+            ec ? std::filesystem::path() : DatabaseConsegnato(programma.parent_path());
+        if (!consegnato.empty()) fileMappa = consegnato.parent_path() / "MappaFusi.png";
+    }
+    const QImage mappa(QString::fromStdString(fileMappa.string()));
+    if (auto* qt = dynamic_cast<SuperficieQt*>(&sup); qt && !mappa.isNull())
+        qt->Pittore().drawImage(QRectF(0, 0, W, H), mappa);
+    const SegnoMappa segno = SegnaMappa(rilocato.Lon, rilocato.Lat, W, H);
+    sup.Linea(segno.x, segno.yDa, segno.x, segno.yA, ColorePalette(11));
+    sup.Linea(segno.xDa, segno.y, segno.xA, segno.y, ColorePalette(11));
+    sup.PennaX(0);
+    sup.PennaY(H + 100);
+    sup.Stampa(TestoCoordinateRilocate(rilocato));
+    if (!std::filesystem::exists(fileDB)) return;
+    double y = H + 400;
+    for (const CittaVicina& v : CercaCittaVicine(fileDB, rilocato.Lon, rilocato.Lat)) {
+        sup.PennaX(0);
+        sup.PennaY(y);
+        sup.Stampa(v.Testo());
+        y += 220;
+    }
+}
+
 } // namespace
 
 int ComandoRuota(const Parole& parole, std::ostream& out) {
-    Argomenti a(parole, {"aspetti", "asc", "case-transito"});
+    Argomenti a(parole, {"aspetti", "asc", "case-transito", "rilocata", "primo"});
     auto ammesse = OpzioniDelTema();
     for (const char* o : {"out", "transito", "estiva-transito", "aspetti", "size", "angolo", "asc",
-                          "nodi", "zodiaco", "case-transito"})
+                          "nodi", "zodiaco", "case-transito", "ascensionale", "arco", "db"})
+        ammesse.push_back(o);
+    for (const std::string& o : OpzioniRivoluzione(false))
         ammesse.push_back(o);
     a.Consenti(ammesse);
     bool transito = a.Opzione("transito").has_value();
+    const bool rilocata = a.Flag("rilocata");
+    if (transito && rilocata) throw ErroreArgomenti("--transito e --rilocata non vanno insieme");
+    const int modoAscens = ModoAscensionale(a);
+    const double arco = LeggiNumero(a.Opzione("arco").value_or("0"), "arco");
+    if (a.Opzione("arco") && !transito && !rilocata)
+        throw ErroreArgomenti("--arco gira il tema esterno: vale con --transito o --rilocata");
+    if (modoAscens && a.Opzione("zodiaco"))
+        throw ErroreArgomenti("--ascensionale e --zodiaco non vanno insieme");
+    if (modoAscens && rilocata)
+        throw ErroreArgomenti("--rilocata disegna la ruota doppia con la mappa: senza "
+                              "--ascensionale");
     if (a.Posizionali().size() > (transito ? 1u : 0u))
         throw ErroreArgomenti("argomento inatteso: " + a.Posizionali().back());
     std::string file = a.Richiesta("out");
@@ -97,7 +149,43 @@ int ComandoRuota(const Parole& parole, std::ostream& out) {
 
     auto app = ApplicazioneGrafica();
     std::string errore;
-    if (!transito) {
+    if (rilocata) {
+        RivoluzioneCercata r = CercaRivoluzioneDaArgomenti(a, false, messaggi);
+        if (!r.e.trovato) throw std::runtime_error("rivoluzione non trovata");
+        RilocaRivoluzione(r, a, messaggi);
+        OpzioniDoppia o;
+        o.AngoloRuota = angolo;
+        o.MappaVisibile = true;
+        o.DisegnaAspettiCmp = a.Flag("aspetti");
+        o.Aspetti.ArcoSolare = static_cast<float>(arco);
+        const Rettangolo ruota = AreaDoppia(true);
+        const Rettangolo area{0, 0, ruota.x + ruota.larghezza, ruota.y + ruota.altezza};
+        const auto fileDB = FileDatabase(a);
+        errore = SalvaDisegno(file, lato, area, [&](Superficie& sup) {
+            DisegnaDoppia(sup, natale, posNatale, r.s.TemaRiv, r.s.PosRiv, o);
+            MappaERiquadro(sup, r.s.TemaRiv, fileDB);
+        });
+    } else if (modoAscens) {
+        OpzioniAscensionale o;
+        o.ModoAscens = modoAscens;
+        o.AngoloRuota = angolo;
+        // The ascensions turn with the Ascendant's right ascension when the wheel does.
+        o.AngoloAscens = a.Flag("asc") ? 360 - 15 * posNatale.Asce.AR.Numero() : angolo;
+        o.DisegnaAspetti = a.Flag("aspetti");
+        o.Aspetti.ArcoSolare = static_cast<float>(arco);
+        if (transito) {
+            Tema temaTransito = LeggiTransito(a, natale);
+            Posizioni posTransito;
+            CastaTema(temaTransito, cuspidi, posTransito, luna, messaggi);
+            errore = SalvaDisegno(file, lato, AreaAscensionale(true), [&](Superficie& sup) {
+                DisegnaDoppiaAscensionale(sup, natale, posNatale, temaTransito, posTransito, o);
+            });
+        } else {
+            errore = SalvaDisegno(file, lato, AreaAscensionale(false), [&](Superficie& sup) {
+                DisegnaRuotaAscensionale(sup, natale, posNatale, o);
+            });
+        }
+    } else if (!transito) {
         OpzioniRuota o;
         o.AngoloRuota = angolo;
         o.NodiScelti = nodi;
@@ -114,6 +202,7 @@ int ComandoRuota(const Parole& parole, std::ostream& out) {
         // A transit wheel opens without the transit's houses.
         o.CaseEsterne = a.Flag("case-transito");
         o.DisegnaAspettiCmp = a.Flag("aspetti");
+        o.Aspetti.ArcoSolare = static_cast<float>(arco);
         Rettangolo area = casa ? AreaDoppioZodiaco() : AreaDoppia(o.MappaVisibile);
         errore = SalvaDisegno(file, lato, area, [&](Superficie& sup) {
             if (casa)

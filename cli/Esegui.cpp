@@ -20,6 +20,7 @@ const char* const Uso =
     "  effemeridi --jd JD           posizioni geocentriche all'istante JD (TU)\n"
     "  rivoluzione --tipo solare|tropica|sinodica OPZIONI-TEMA --anno AAAA [--mese MM]\n"
     "       [--giorno GG] [--ritorno N | --grado G] [--angolo A|natale] [--primo]\n"
+    "       [--rilocata --lon-rilocata LON --lat-rilocata LAT]  rilocata, sul tempo medio locale\n"
     "                               rivoluzione solare o lunare dal tema natale\n"
     "  direzione OPZIONI-TEMA (--anni X | --data-direzione GG/MM/AAAA [--frazione])\n"
     "                               direzione secondaria del tema natale\n"
@@ -29,6 +30,8 @@ const char* const Uso =
     "                               luogo, fuso e ora estiva (oggi, adesso se mancano)\n"
     "  cerca TESTO [--nazione NOME] i primi 20 luoghi il cui nome comincia con TESTO, poi\n"
     "                               quelli con un altro nome che comincia così\n"
+    "  vicine --lon LON --lat LAT [--db FILE]  le città più vicine al punto, come le\n"
+    "                               elenca la rivoluzione rilocata\n"
     "  deltat --data GG/MM/AAAA     DeltaT = TE - TU, in secondi, minuti e ore\n"
     "  eqt --data GG/MM/AAAA --ora HH:MM   equazione del tempo, in radianti\n"
     "  eclequ --data GG/MM/AAAA --ora HH:MM (--segno N --lon \"G P S\" [--lat \"G P\"] |\n"
@@ -46,6 +49,12 @@ const char* const Uso =
     "  ruota OPZIONI-DEL-TEMA --out FILE.png|.svg|.pdf [--size N] [--aspetti] [--asc]\n"
     "       [--angolo GRADI] [--nodi N] [--transito \"GG/MM/AAAA HH:MM\" [--estiva-transito H]\n"
     "       [--case-transito] [--zodiaco CASA]]   ruota del tema, o doppia con il transito\n"
+    "       [--ascensionale ar|ao] [--arco ANNI]   ruota ascensionale; arco solare\n"
+    "       [--rilocata --tipo T --anno AAAA --lon-rilocata LON --lat-rilocata LAT [--db FILE]]\n"
+    "                               rivoluzione rilocata con la mappa dei fusi e le città vicine\n"
+    "  stampa OPZIONI-DEL-TEMA --out FILE.pdf|.png [--aspetti] [--orbita G]\n"
+    "       [--slot natale|transito|rivoluzione|direzione] [--bmp NOME [--dir CARTELLA]]\n"
+    "                               pagina stampata del tema (A4), o i due file .bmp\n"
 #endif
     "Ogni comando accetta --json.\n";
 
@@ -59,12 +68,14 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"effemeridi", ComandoEffemeridi},
 #ifdef VESMO_CON_QT
         {"ruota", ComandoRuota},
+        {"stampa", ComandoStampa},
 #endif
         {"rivoluzione", ComandoRivoluzione},
         {"direzione", ComandoDirezione},
         {"ingresso", ComandoIngresso},
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
+        {"vicine", ComandoVicine},
         {"deltat", ComandoDeltaT},
         {"eqt", ComandoEqT},
         {"eclequ", ComandoEclEqu},

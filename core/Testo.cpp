@@ -109,6 +109,15 @@ bool UgualeSenzaCaso(std::string_view a, std::string_view b) {
     return a.size() == b.size() && CercaSenzaCaso(a, b) == 0;
 }
 
+std::string TestoSingolo(float x) {
+    char buf[32];
+    std::snprintf(buf, sizeof buf, "%.7g", static_cast<double>(x));
+    std::string t = buf;
+    for (char& c : t)
+        if (c == '.') c = SeparatoreDecimale;
+    return t;
+}
+
 std::string TestoNumero(double x, char separatore) {
     if (x == 0) return "0";
     char buf[64];

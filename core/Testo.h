@@ -46,6 +46,9 @@ std::size_t LeggiNumero(std::string_view testo, double& valore);
 // A number as the platform's plain conversion writes it: up to 15 significant digits,
 // no trailing zeros, the locale's decimal separator ("0,5", "-1", "2451545").
 std::string TestoNumero(double x, char separatore = SeparatoreDecimale);
+// A single-precision number as the platform writes it: up to seven significant digits, the
+// locale's decimal separator ("2,5").
+std::string TestoSingolo(float x);
 
 // A number through a picture of digit placeholders: "0" a digit always shown, "#" a digit shown
 // when significant, "." the decimal point and "," the thousands grouping of the locale; any other

@@ -27,8 +27,8 @@ std::string TestoAngolo(double gradi, const char* negativo, const char* positivo
 
 } // namespace
 
-void TestoDatiTema(const Tema& tema, std::string& testo1, std::string& testo2, std::string& testo3,
-                   std::string& testo4) {
+PartiDatiTema CalcolaPartiDatiTema(const Tema& tema) {
+    PartiDatiTema p;
     // A clock time outside 0..24 is shown on the neighbouring day.
     double day = tema.Day;
     double ora = tema.OraL;
@@ -41,26 +41,37 @@ void TestoDatiTema(const Tema& tema, std::string& testo1, std::string& testo2, s
     }
     float anno, mese, giorno;
     DataDaGiuliano(day, anno, mese, giorno);
-    testo1 = TestoNumero(Fix(giorno)) + "/" + TestoNumero(mese) + "/" + TestoNumero(anno) +
-             std::string(7, ' ') + TestoOre(ora) + std::string(8, ' ') + TestoNumero(tema.Estiva);
+    p.Data = TestoNumero(Fix(giorno)) + "/" + TestoNumero(mese) + "/" + TestoNumero(anno);
+    p.Ora = TestoOre(ora);
+    p.Estiva = TestoNumero(tema.Estiva);
 
-    testo2 = TestoAngolo(tema.Lon * 15, "E", "O") + std::string(6, ' ') +
-             TestoAngolo(tema.Lat, "S", "N");
+    p.Longitudine = TestoAngolo(tema.Lon * 15, "E", "O");
+    p.Latitudine = TestoAngolo(tema.Lat, "S", "N");
 
     double tsl = TempoSiderale(tema.Day, tema.TU(), 1) - tema.Lon;
     if (tsl >= 24)
         tsl -= 24;
     else if (tsl < 0)
         tsl += 24;
-    testo3 = TestoOre(tsl) + std::string(10, ' ') +
-             FormatoNumero(tema.Day + tema.TU() / 24, "#####,###.##");
+    p.TSL = TestoOre(tsl);
+    p.JD = FormatoNumero(tema.Day + tema.TU() / 24, "#####,###.##");
 
     std::string fuso = TestoNumero(std::fabs(tema.Fuso));
     if (tema.Fuso < 0)
         fuso = "E" + fuso;
     else if (tema.Fuso > 0)
         fuso = "O" + fuso;
-    testo4 = TagliaOAllunga(fuso, 5);
+    p.Fuso = TagliaOAllunga(fuso, 5);
+    return p;
+}
+
+void TestoDatiTema(const Tema& tema, std::string& testo1, std::string& testo2, std::string& testo3,
+                   std::string& testo4) {
+    PartiDatiTema p = CalcolaPartiDatiTema(tema);
+    testo1 = p.Data + std::string(7, ' ') + p.Ora + std::string(8, ' ') + p.Estiva;
+    testo2 = p.Longitudine + std::string(6, ' ') + p.Latitudine;
+    testo3 = p.TSL + std::string(10, ' ') + p.JD;
+    testo4 = p.Fuso;
 }
 
 } // namespace vesmo

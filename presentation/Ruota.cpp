@@ -157,33 +157,44 @@ PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni&
     Case cuspidi = CaseDellaRuota(tema, pos);
     PuntiDellaRuota punti = RiempiPuntiRuota(pos, o.LunaNeraVera);
 
-    // 2. The disc that erases the old picture; nothing outside it changes.
-    sup.PennaX(g.CentroX);
-    sup.PennaY(g.CentroY);
-    sup.TipoRiempimento(0);
-    sup.ColoreRiempimento(FacciaPulsante);
-    sup.Cerchio(g.CentroX, g.CentroY, g.RaggioFondo(), sup.ColoreFondo());
+    const bool bn = o.BiancoNero;
+    auto coloreSegno = [&](int segno) { return bn ? penna : ColoreSegno(segno); };
+    auto coloreCorpo = [&](int corpo) { return bn ? penna : ColoreCorpo(corpo); };
 
-    // 3. The sign ring, light grey with a bevel on its outer edge.
-    if (!o.ColoriRidotti) {
-        sup.ColoreRiempimento(GrigioChiaro);
-        sup.Cerchio(g.CentroX, g.CentroY, R1, Bianco);
-        Bisello(sup, g, R1, 216, 45);
+    if (bn) {
+        // On paper: the two circles of the sign ring as outlines, nothing filled.
+        sup.TipoRiempimento(1);
+        sup.Cerchio(g.CentroX, g.CentroY, R1, penna);
+        sup.Cerchio(g.CentroX, g.CentroY, R2, penna);
+    } else {
+        // 2. The disc that erases the old picture; nothing outside it changes.
+        sup.PennaX(g.CentroX);
+        sup.PennaY(g.CentroY);
+        sup.TipoRiempimento(0);
+        sup.ColoreRiempimento(FacciaPulsante);
+        sup.Cerchio(g.CentroX, g.CentroY, g.RaggioFondo(), sup.ColoreFondo());
+
+        // 3. The sign ring, light grey with a bevel on its outer edge.
+        if (!o.ColoriRidotti) {
+            sup.ColoreRiempimento(GrigioChiaro);
+            sup.Cerchio(g.CentroX, g.CentroY, R1, Bianco);
+            Bisello(sup, g, R1, 216, 45);
+        }
+        // 4. The inner disc, its bevel the other way.
+        sup.ColoreRiempimento(FacciaPulsante);
+        sup.Cerchio(g.CentroX, g.CentroY, R2, Bianco);
+        Bisello(sup, g, R2, 45, 216);
+        // 5.
+        sup.TipoRiempimento(1);
     }
-    // 4. The inner disc, its bevel the other way.
-    sup.ColoreRiempimento(FacciaPulsante);
-    sup.Cerchio(g.CentroX, g.CentroY, R2, Bianco);
-    Bisello(sup, g, R2, 45, 216);
-    // 5.
-    sup.TipoRiempimento(1);
 
     // 6. Signs: boundary, scale and glyph.
     for (int segno = 0; segno < 12; ++segno) {
         double L = segno * 30.0;
-        sup.Linea(P.X(R2, L), P.Y(R2, L), P.X(R1, L), P.Y(R1, L), ColoreSegno(segno));
+        sup.Linea(P.X(R2, L), P.Y(R2, L), P.X(R1, L), P.Y(R1, L), coloreSegno(segno));
         TaccheSegno(sup, P, R2, L);
         DisegnaGlifo(sup, GlifoSegno(segno), g.PassoSegni, P.X(R2 + 350, L + 15),
-                     P.Y(R2 + 350, L + 15), ColoreSegno(segno));
+                     P.Y(R2 + 350, L + 15), coloreSegno(segno));
         sup.SpessorePenna(1);
         TaccheFineSegno(sup, P, R2, L);
     }
@@ -212,8 +223,10 @@ PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni&
         p.Y = P.Y(R2, L);
         sup.Linea(p.X, p.Y, P.X(R2 - 175, L), P.Y(R2 - 175, L), penna);
         double r = R2 - p.Anello * g.PassoPianeti;
+        if (bn) sup.SpessorePenna(o.SpessoreGlifi);
         DisegnaGlifo(sup, GlifoCorpo(static_cast<int>(i)), g.PassoPianeti, P.X(r, L), P.Y(r, L),
-                     ColoreCorpo(static_cast<int>(i)));
+                     coloreCorpo(static_cast<int>(i)));
+        if (bn) sup.SpessorePenna(1);
     }
     // 9. Ascendant and Midheaven: the ends of their aspect lines only.
     for (std::size_t i = 13; i <= 14; ++i) {
@@ -230,7 +243,7 @@ PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni&
         sup.Linea(P.X(R2, L), P.Y(R2, L), P.X(R2 - 175, L), P.Y(R2 - 175, L), penna);
         double r = R2 - AnelloDelNodo(L, punti) * g.PassoPianeti;
         DisegnaGlifo(sup, GlifoNodo(nodo.corpo, nodo.lato), g.PassoPianeti, P.X(r, L), P.Y(r, L),
-                     ColoreCorpo(nodo.corpo));
+                     coloreCorpo(nodo.corpo));
     }
 
     // 11. Aspect lines between the 14 points, one for every aspect a pair is in.
@@ -241,7 +254,7 @@ PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni&
                 for (int k : ProvaAspetto(d, o.Aspetti.Orbita)) {
                     if (!o.Aspetti.AspettoAttivo[static_cast<std::size_t>(k)]) continue;
                     sup.Linea(punti[i].X, punti[i].Y, punti[j].X, punti[j].Y,
-                              ColoreAspetto(k, penna));
+                              bn ? penna : ColoreAspetto(k, penna));
                 }
             }
         }

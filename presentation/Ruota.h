@@ -47,6 +47,11 @@ struct OpzioniRuota {
     bool DisegnaAspetti = false;
     TabellaAspetti Aspetti = TabellaAspettiDiLyx();
     bool ColoriRidotti = false;
+    // The printed wheel: black outlines on the page, no erasing disc, fills or bevels, every
+    // sign, body and aspect line in the pen's colour.
+    bool BiancoNero = false;
+    // The pen width of the bodies' glyphs on the printed wheel.
+    int SpessoreGlifi = 1;
     std::int32_t LunaNeraVera = 1;
     GeometriaRuota Geometria;
 

@@ -35,6 +35,8 @@ namespace {
 
 constexpr double Passo = 350;
 
+} // namespace
+
 // The sign ring of a double wheel: boundaries in the pen's colour, the scale, and the sign
 // symbols printed at R2 + 200 in the middle of each sign.
 void AnelloDeiSegni(Superficie& sup, const Riferimento& P, double r2, double r1) {
@@ -67,6 +69,8 @@ void CuspidiInterne(Superficie& sup, const Riferimento& P, const Case& cuspidi, 
         sup.Stampa(std::to_string(i));
     }
 }
+
+namespace {
 
 // The outer chart's cusps from `da` to `a`, in the pen's colour, their numbers at `numeri`,
 // 3 degrees past the cusp; the Midheaven's circle at `cerchioMC`.
@@ -152,7 +156,10 @@ void AspettiDoppia(Superficie& sup, const PuntiDellaRuota& interni, const PuntiD
                                   Norma360(angoloEsterno + esterni[j].pos.Lo, 1));
                     if (d > 180) d = 360 - d;
                 } else {
-                    d = DistanzaAspetto(interni[i].pos.Lo, esterni[j].pos.Lo, o.Aspetti.ArcoSolare);
+                    // The outer point where it is drawn, turned on by the solar arc: the line
+                    // joins the two positions the user sees.
+                    d = DistanzaAspetto(interni[i].pos.Lo,
+                                        esterni[j].pos.Lo + o.Aspetti.ArcoSolare);
                 }
                 linee(interni[i], esterni[j], d,
                       [&](int k, const PuntoRuota& a, const PuntoRuota& b) {

@@ -64,6 +64,13 @@ RuotaDoppiaDisegnata DisegnaDoppioZodiaco(Superficie& sup, const Tema& temaInter
                                           const Posizioni& posEsterno, const OpzioniDoppia& opzioni,
                                           int casa);
 
+// The sign ring of a double wheel between r2 and r1, with its symbols at r2 + 200; and the inner
+// chart's cusps from radius 500, the four angles out to r1 + 400. The ascensional wheels draw
+// their zodiac with them.
+void AnelloDeiSegni(Superficie& sup, const Riferimento& P, double r2, double r1);
+void CuspidiInterne(Superficie& sup, const Riferimento& P, const Case& cuspidi, double r2,
+                    double r1);
+
 Rettangolo AreaDoppia(bool mappaVisibile);
 Rettangolo AreaDoppioZodiaco();
 

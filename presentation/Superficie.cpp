@@ -4,6 +4,7 @@
 #include <cmath>
 
 #include "core/Aritmetica.h"
+#include "core/Testo.h"
 
 namespace vesmo {
 
@@ -84,6 +85,10 @@ void Superficie::Punto(double x, double y, Colore colore) {
 
 void Superficie::Stampa(const std::string& testo) {
     pennaX_ += FaiTesto(pennaX_, pennaY_, testo);
+}
+
+double Superficie::LarghezzaTesto(const std::string& testo) const {
+    return static_cast<double>(LunghezzaCaratteri(testo)) * Carattere().punti * 20 * 0.6;
 }
 
 void Superficie::Pulisci() {

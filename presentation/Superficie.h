@@ -84,6 +84,9 @@ public:
     void Stampa(const std::string& testo);
     // The whole surface in the background colour.
     void Pulisci();
+    // The width in twips that Stampa gives a text in the surface's font; without the font's
+    // metrics, six tenths of the size a character.
+    virtual double LarghezzaTesto(const std::string& testo) const;
 
 protected:
     explicit Superficie(Colore fondo = FacciaPulsante) : coloreFondo_(fondo) {}

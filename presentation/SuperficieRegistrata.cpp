@@ -1,7 +1,5 @@
 #include "presentation/SuperficieRegistrata.h"
 
-#include "core/Testo.h"
-
 namespace vesmo {
 
 Figura SuperficieRegistrata::Nuova(Figura::Tipo tipo, Colore colore) const {
@@ -61,8 +59,7 @@ double SuperficieRegistrata::FaiTesto(double x, double y, const std::string& tes
     f.y1 = y;
     f.testo = testo;
     figure.push_back(f);
-    // A width of six tenths of the size a character stands in for the font's metrics.
-    return static_cast<double>(LunghezzaCaratteri(testo)) * Carattere().punti * 20 * 0.6;
+    return LarghezzaTesto(testo);
 }
 
 void SuperficieRegistrata::FaiPulisci() {

@@ -23,15 +23,6 @@
 
 namespace vesmo {
 
-std::string TestoSingolo(float x) {
-    char buf[32];
-    std::snprintf(buf, sizeof buf, "%.7g", static_cast<double>(x));
-    std::string t = buf;
-    for (char& c : t)
-        if (c == '.') c = SeparatoreDecimale;
-    return t;
-}
-
 frmSelAspetti::frmSelAspetti(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
                              Messaggi& messaggi, QWidget* genitore)
     : QWidget(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), propri_(messaggi, this),

@@ -9,7 +9,7 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
-#include "core/qt/MessaggiQt.h"
+#include "core/qt/MessaggiDellaFinestra.h"
 #include "presentation/StatoRuote.h"
 
 class QAction;
@@ -74,7 +74,7 @@ private:
     Messaggi& messaggi_;
 };
 
-// The text of a single as the box shows it: up to seven significant digits, the comma.
+// The text of a single as the box shows it (core/Testo.h).
 std::string TestoSingolo(float x);
 
 } // namespace vesmo

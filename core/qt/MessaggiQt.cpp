@@ -4,6 +4,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include "core/qt/MessaggiDellaFinestra.h"
+
 namespace vesmo {
 
 QWidget* MessaggiQt::Genitore() const {

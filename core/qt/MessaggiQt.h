@@ -26,24 +26,6 @@ private:
     QWidget* genitore_;
 };
 
-// The boxes raised by one window: on the screen they are modal over that window, whatever
-// window the other boxes stand over, so that the window the user works in stays in front.
-// Any other Messaggi (the tests' recording one) is used as it is.
-class MessaggiDellaFinestra : public Messaggi {
-public:
-    MessaggiDellaFinestra(Messaggi& base, QWidget* finestra) : base_(base), finestra_(finestra) {}
-    Risposta Mostra(const std::string& titolo, const std::string& testo, Pulsanti pulsanti,
-                    Icona icona) override;
-    std::optional<std::string> Chiedi(const std::string& titolo, const std::string& testo,
-                                      const std::string& predefinito) override;
-    void Beep() override { base_.Beep(); }
-    void Occupato(bool acceso) override { base_.Occupato(acceso); }
-
-private:
-    Messaggi& base_;
-    QWidget* finestra_;
-};
-
 // A std::string (UTF-8) as a QString, and back.
 inline QString QS(const std::string& s) {
     return QString::fromUtf8(s.data(), static_cast<qsizetype>(s.size()));

@@ -89,7 +89,7 @@ void SuperficieQt::FaiPunto(double x, double y, Colore colore) {
     p_.drawEllipse(QPointF(x, y), r, r);
 }
 
-double SuperficieQt::FaiTesto(double x, double y, const std::string& testo) {
+const QFont& SuperficieQt::Font() const {
     if (!fontPronto_ || !(fontDi_ == Carattere())) {
         fontDi_ = Carattere();
         font_ = QFont(QString::fromStdString(fontDi_.nome));
@@ -98,6 +98,15 @@ double SuperficieQt::FaiTesto(double x, double y, const std::string& testo) {
         font_.setHintingPreference(QFont::PreferNoHinting);
         fontPronto_ = true;
     }
+    return font_;
+}
+
+double SuperficieQt::LarghezzaTesto(const std::string& testo) const {
+    return QFontMetricsF(Font()).horizontalAdvance(QString::fromStdString(testo));
+}
+
+double SuperficieQt::FaiTesto(double x, double y, const std::string& testo) {
+    Font();
     p_.setFont(font_);
     p_.setPen(ColoreQt(ColorePenna()));
     QString q = QString::fromStdString(testo);

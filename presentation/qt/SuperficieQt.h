@@ -19,8 +19,12 @@ public:
     SuperficieQt(QPainter& pittore, const Rettangolo& area, const QRectF& destinazione,
                  Colore fondo = FacciaPulsante);
     ~SuperficieQt() override;
+    double LarghezzaTesto(const std::string& testo) const override;
     SuperficieQt(const SuperficieQt&) = delete;
     SuperficieQt& operator=(const SuperficieQt&) = delete;
+
+    // The painter, set to draw in the surface's twips: for a picture beside the drawing.
+    QPainter& Pittore() { return p_; }
 
 protected:
     void FaiEllisse(double x, double y, double rx, double ry, Colore colore) override;
@@ -33,11 +37,13 @@ protected:
 
 private:
     void Penna(Colore colore);
+    // The Qt font of the surface's font, made again when that changes.
+    const QFont& Font() const;
     QPainter& p_;
     QRectF destinazione_;
-    QFont font_;
-    vesmo::Carattere fontDi_;
-    bool fontPronto_ = false;
+    mutable QFont font_;
+    mutable vesmo::Carattere fontDi_;
+    mutable bool fontPronto_ = false;
 };
 
 QColor ColoreQt(Colore c);

@@ -38,6 +38,29 @@ void WidgetRuota::MostraDoppia(const Tema& temaInterno, const Posizioni& posInte
     update();
 }
 
+void WidgetRuota::MostraAscensionale(const Tema& tema, const Posizioni& pos,
+                                     const OpzioniAscensionale& opzioni) {
+    tipo_ = Tipo::Ascensionale;
+    tema_ = tema;
+    pos_ = pos;
+    ascensionale_ = opzioni;
+    casa_ = 0;
+    update();
+}
+
+void WidgetRuota::MostraDoppiaAscensionale(const Tema& temaInterno, const Posizioni& posInterno,
+                                           const Tema& temaEsterno, const Posizioni& posEsterno,
+                                           const OpzioniAscensionale& opzioni) {
+    tipo_ = Tipo::DoppiaAscensionale;
+    tema_ = temaInterno;
+    pos_ = posInterno;
+    temaEsterno_ = temaEsterno;
+    posEsterno_ = posEsterno;
+    ascensionale_ = opzioni;
+    casa_ = 0;
+    update();
+}
+
 void WidgetRuota::Svuota() {
     tipo_ = Tipo::Nessuna;
     casa_ = 0;
@@ -79,6 +102,16 @@ void WidgetRuota::Disegna(QPainter& p, const QRectF& dove) {
             SuperficieQt sup(p, AreaDoppia(doppia_.MappaVisibile), dove);
             disegnata_ = DisegnaDoppia(sup, tema_, pos_, temaEsterno_, posEsterno_, doppia_);
         }
+        break;
+    }
+    case Tipo::Ascensionale: {
+        SuperficieQt sup(p, AreaAscensionale(false), dove);
+        DisegnaRuotaAscensionale(sup, tema_, pos_, ascensionale_);
+        break;
+    }
+    case Tipo::DoppiaAscensionale: {
+        SuperficieQt sup(p, AreaAscensionale(true), dove);
+        DisegnaDoppiaAscensionale(sup, tema_, pos_, temaEsterno_, posEsterno_, ascensionale_);
         break;
     }
     }

@@ -8,6 +8,7 @@
 
 #include "core/Tema.h"
 #include "presentation/Ruota.h"
+#include "presentation/RuotaAscensionale.h"
 #include "presentation/RuotaDoppia.h"
 
 namespace vesmo {
@@ -15,7 +16,7 @@ namespace vesmo {
 class WidgetRuota : public QFrame {
     Q_OBJECT
 public:
-    enum class Tipo { Nessuna, Singola, Doppia };
+    enum class Tipo { Nessuna, Singola, Doppia, Ascensionale, DoppiaAscensionale };
 
     explicit WidgetRuota(QWidget* genitore = nullptr);
 
@@ -25,6 +26,13 @@ public:
     // that puts that house of both charts on the same spot.
     void MostraDoppia(const Tema& temaInterno, const Posizioni& posInterno, const Tema& temaEsterno,
                       const Posizioni& posEsterno, const OpzioniDoppia& opzioni, int casa = 0);
+    // The ascensional wheel of a chart, and its double form with an outer chart.
+    void MostraAscensionale(const Tema& tema, const Posizioni& pos,
+                            const OpzioniAscensionale& opzioni);
+    void MostraDoppiaAscensionale(const Tema& temaInterno, const Posizioni& posInterno,
+                                  const Tema& temaEsterno, const Posizioni& posEsterno,
+                                  const OpzioniAscensionale& opzioni);
+    const OpzioniAscensionale& OpzioniAscensioni() const { return ascensionale_; }
     // Nothing drawn: the place shows its background.
     void Svuota();
 
@@ -52,6 +60,7 @@ private:
     Posizioni pos_, posEsterno_;
     OpzioniRuota singola_;
     OpzioniDoppia doppia_;
+    OpzioniAscensionale ascensionale_;
     int casa_ = 0;
     RuotaDoppiaDisegnata disegnata_;
 };

@@ -355,7 +355,11 @@ void frmOutDati::MostraQuando() {
 
 void frmOutDati::Ridisegna() {
     // The wheel takes the rotation, the nodes and the aspect switch as they stand; its place
-    // paints it again at its own size.
+    // paints it again at its own size. A checked ascensional entry draws the ascensional wheel.
+    if (mnuAR->isChecked() || mnuAO->isChecked()) {
+        DisegnaRuotaAscensionale();
+        return;
+    }
     OpzioniRuota o;
     o.AngoloRuota = AngoloRuota;
     o.NodiScelti = static_cast<int>(stato_.NodiScelti);
@@ -364,6 +368,17 @@ void frmOutDati::Ridisegna() {
     o.Aspetti = aspetti_;
     o.LunaNeraVera = s_.LunaNeraVera;
     Ruota->MostraRuota(tema_, pos_, o);
+}
+
+void frmOutDati::DisegnaRuotaAscensionale() {
+    OpzioniAscensionale o;
+    o.ModoAscens = ModoAscens;
+    o.AngoloRuota = AngoloRuota;
+    o.AngoloAscens = AngoloAscens;
+    o.DisegnaAspetti = stato_.DisegnaAspetti != 0;
+    o.Aspetti = aspetti_;
+    o.LunaNeraVera = s_.LunaNeraVera;
+    Ruota->MostraAscensionale(tema_, pos_, o);
 }
 
 void frmOutDati::MostraArchi(int riga) {

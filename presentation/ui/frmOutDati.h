@@ -15,7 +15,7 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
-#include "core/qt/MessaggiQt.h"
+#include "core/qt/MessaggiDellaFinestra.h"
 #include "core/store/Cursore.h"
 #include "presentation/StatoRuote.h"
 #include "presentation/ui/PassiTema.h"
@@ -106,6 +106,8 @@ public slots:
     void Command2_MouseDown();
     void Command4_Click();
     void UpDown1_Change(int passo);
+    // The ascensional wheel of the chart shown, by ModoAscens.
+    void DisegnaRuotaAscensionale();
 
 protected:
     void closeEvent(QCloseEvent* e) override;

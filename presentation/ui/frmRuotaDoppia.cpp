@@ -2,6 +2,7 @@
 
 #include <QAction>
 #include <QBoxLayout>
+#include <QCoreApplication>
 #include <QEvent>
 #include <QGroupBox>
 #include <QLabel>
@@ -9,6 +10,8 @@
 #include <QListWidget>
 #include <QMenuBar>
 #include <QMouseEvent>
+#include <QPushButton>
+#include <QStatusBar>
 #include <QToolBar>
 #include <QToolButton>
 #include <algorithm>
@@ -17,6 +20,8 @@
 #include "chart/CalcolaTema.h"
 #include "chart/ui/NumeroDigitato.h"
 #include "chart/ui/frmSelAspetti.h"
+#include "places/CittaVicine.h"
+#include "presentation/ui/WidgetMappa.h"
 #include "presentation/ui/frmOutDati.h"
 
 namespace vesmo {
@@ -92,11 +97,15 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, Stat
     };
     mnuAsp = menuBar()->addMenu(QStringLiteral("&File"));
     mnuAsp->setObjectName("mnuAsp");
+    mnuRasc = sottomenu(mnuAsp, "mnuRasc", "RuotAscensionale");
+    mnuRascAR = voce(mnuRasc, "mnuRascAR", "A. Rette  ON / OFF", true);
+    mnuRascAO = voce(mnuRasc, "mnuRascAO", "A. Oblique  ON / OFF", true);
     mnuAspSelezione = voce(mnuAsp, "mnuAspSelezione", "&Selezione  Aspetti e Orbita");
     mnuAspDisegna = sottomenu(mnuAsp, "mnuAspDisegna", "&Disegna / Cancella aspetti");
     mnuAspDisegnaInt = voce(mnuAspDisegna, "mnuAspDisegnaInt", "&Interni", true);
     mnuAspDisegnaEst = voce(mnuAspDisegna, "mnuAspDisegnaEst", "&Esterni", true);
     mnuAspDisegnaCmp = voce(mnuAspDisegna, "mnuAspDisegnaCmp", "&Comparati", true);
+    mnuAspMirate = voce(mnuAsp, "mnuAspMirate", "Rivoluzioni &Rilocate On / Off");
     mnuAsp->addSeparator();
     mnuAspEsci = voce(mnuAsp, "mnuAspEsci", "&Esci");
 
@@ -107,6 +116,7 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, Stat
     mnuRotAscSxINT = voce(mnuRotAscSx, "mnuRotAscSxINT", "tema  &Interno");
     mnuRotAscSxEST = voce(mnuRotAscSx, "mnuRotAscSxEST", "tema  &Esterno", true);
     mnuRotQualsiasi = voce(mnuRot, "mnuRotQualsiasi", "Angolo  &Qualsiasi  (tema interno)");
+    mnuArco = voce(mnuRot, "mnuArco", "Arco &Solare");
     mnFilZodiacali = sottomenu(mnuRot, "mnFilZodiacali", "Zodiacali");
     static const std::array<std::pair<const char*, const char*>, 12> zodiacali{{
         {"MnuRCoinAsc", "A&scendenti"},
@@ -153,10 +163,18 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, Stat
     UpDown1Su = UpDown1Giu = nullptr;
     lbQuando = new QLabel(Toolbar1);
     lbQuando->setObjectName("lbQuando");
-    if (transito) {
+    const bool rivoluzione = esterno == Esterno::Rivoluzione;
+    if (transito || rivoluzione) {
         Toolbar1->addSeparator();
-        CaseTra = pulsante("CaseTra", QStringLiteral("Cancella / Disegna  Case Transito"),
-                           "Disegna o Cancella le Case del Transito!");
+        if (transito) {
+            CaseTra = pulsante("CaseTra", QStringLiteral("Cancella / Disegna  Case Transito"),
+                               "Disegna o Cancella le Case del Transito!");
+        } else {
+            // On a revolution wheel the button chooses the unit of the step.
+            CaseTra = pulsante("CaseTra", QStringLiteral("Gradi"),
+                               "Gradi o Primi. Variazione Coordinate Geografiche");
+            CaseTra->setProperty("Tag", QStringLiteral("UnG"));
+        }
         Toolbar1->addSeparator();
         txtTempi = new QLineEdit(QStringLiteral("1"), Toolbar1);
         txtTempi->setObjectName("txtTempi");
@@ -195,25 +213,63 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, Stat
             {&UnMese, "UnMese", "Mesi", " Mesi ", UnitaTempo::Mesi},
             {&UnYear, "UnYear", "Anni", " Years ", UnitaTempo::Anni},
         };
-        for (const Passo& p : passi) {
-            *p.azione = pulsante(p.chiave, QString::fromUtf8(p.faccia), p.suggerimento);
-            const UnitaTempo unita = p.unita;
-            connect(*p.azione, &QAction::triggered, this,
-                    [this, unita] { Toolbar1_ButtonClick(unita); });
+        if (transito) {
+            for (const Passo& p : passi) {
+                *p.azione = pulsante(p.chiave, QString::fromUtf8(p.faccia), p.suggerimento);
+                const UnitaTempo unita = p.unita;
+                connect(*p.azione, &QAction::triggered, this,
+                        [this, unita] { Toolbar1_ButtonClick(unita); });
+            }
+        } else {
+            UnSec = pulsante("UnSec", QString::fromUtf8("Est/Ovest"),
+                             "Positivi: Ovest     Negativi: Est");
+            UnMin = pulsante("UnMin", QString::fromUtf8("Nord/Sud"),
+                             "Positivi: Nord     Negativi: Sud");
+            connect(UnSec, &QAction::triggered, this,
+                    [this] { Rilocazione(AsseRilocazione::EstOvest); });
+            connect(UnMin, &QAction::triggered, this,
+                    [this] { Rilocazione(AsseRilocazione::NordSud); });
         }
         connect(CaseTra, &QAction::triggered, this, &frmRuotaDoppia::CaseTra_Click);
         connect(UpDown1Su, &QToolButton::clicked, this, [this] { UpDown1_Change(1); });
         connect(UpDown1Giu, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
     }
 
-    // The date and time of the outer chart closes the toolbar.
+    // The date and time of the outer chart closes the toolbar; on a revolution wheel the
+    // coordinates of the outer chart follow.
     Toolbar1->addSeparator();
     Toolbar1->addWidget(lbQuando);
+    lbCoord = new QLabel(this);
+    lbCoord->setObjectName("lbCoord");
+    if (rivoluzione) {
+        Toolbar1->addSeparator();
+        Toolbar1->addWidget(lbCoord);
+    } else {
+        lbCoord->hide();
+    }
+    lbNeoIndici = new QLabel(QStringLiteral("Costruzione Nuovi Indici. Attendere..."), this);
+    lbNeoIndici->setObjectName("lbNeoIndici");
+    lbNeoIndici->hide();
+    statusBar()->addWidget(lbNeoIndici);
 
     // The wheel, and the filters of the lines between the charts at its right.
     auto* centro = new QWidget(this);
     auto* h = new QHBoxLayout(centro);
     h->setContentsMargins(0, 0, 3, 0);
+    // The map of the time zones and the nearest towns, beside the wheel while relocating.
+    auto* colonnaMappa = new QVBoxLayout;
+    picFusi = new WidgetMappa(centro);
+    picFusi->setObjectName("picFusi");
+    cmdMirateOFF = new QPushButton(QStringLiteral("Rilocate OFF"), centro);
+    cmdMirateOFF->setObjectName("cmdMirateOFF");
+    lstCityVicine = new QListWidget(centro);
+    lstCityVicine->setObjectName("lstCityVicine");
+    lstCityVicine->setFixedWidth(LarghezzaMappaPixel);
+    colonnaMappa->addWidget(picFusi);
+    colonnaMappa->addWidget(cmdMirateOFF, 0, Qt::AlignLeft);
+    colonnaMappa->addWidget(lstCityVicine, 1);
+    h->addLayout(colonnaMappa);
+    MostraMappa(false);
     Ruota = new WidgetRuota(centro);
     Ruota->setObjectName("Ruota");
     h->addWidget(Ruota, 1);
@@ -251,6 +307,11 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, Stat
     connect(mnuRotAscSxEST, &QAction::triggered, this, &frmRuotaDoppia::mnuRotAscSxEST_Click);
     connect(mnuRotQualsiasi, &QAction::triggered, this, &frmRuotaDoppia::mnuRotQualsiasi_Click);
     connect(Ripristina, &QAction::triggered, this, &frmRuotaDoppia::Ripristina_Click);
+    connect(mnuRascAR, &QAction::triggered, this, &frmRuotaDoppia::mnuRascAR_Click);
+    connect(mnuRascAO, &QAction::triggered, this, &frmRuotaDoppia::mnuRascAO_Click);
+    connect(mnuArco, &QAction::triggered, this, &frmRuotaDoppia::mnuArco_Click);
+    connect(mnuAspMirate, &QAction::triggered, this, &frmRuotaDoppia::mnuAspMirate_Click);
+    connect(cmdMirateOFF, &QPushButton::clicked, this, &frmRuotaDoppia::cmdMirateOFF_Click);
 
     Interruttori();
     MostraQuando();
@@ -278,7 +339,7 @@ void frmRuotaDoppia::Interruttori() {
     Frame1->setVisible(cmp);
 }
 
-void frmRuotaDoppia::Ridisegna() {
+OpzioniDoppia frmRuotaDoppia::Opzioni() const {
     OpzioniDoppia o;
     o.AngoloRuota = AngoloRuota;
     o.CaseEsterne = CaseEsterne;
@@ -290,10 +351,177 @@ void frmRuotaDoppia::Ridisegna() {
     o.LunaNeraVera = s_.LunaNeraVera;
     o.List1 = Selezione1();
     o.List2 = Selezione2();
-    Ruota->MostraDoppia(s_.TemaX, s_.PosX, s_.TemaZ, s_.PosZ, o, CasaCoincidente);
-    if (CasaCoincidente) {
-        AngoloRuota = static_cast<float>(Ruota->UltimaDoppia().AngoloRuota);
-        AngoloEsterno = static_cast<float>(Ruota->UltimaDoppia().AngoloEsterno);
+    o.MappaVisibile = MappaVisibile();
+    return o;
+}
+
+void frmRuotaDoppia::Ridisegna() {
+    if (!CasaCoincidente) {
+        if (mnuRascAR->isChecked() || mnuRascAO->isChecked())
+            DisegnaDoppiaAscensionale();
+        else
+            DisegnaDoppia();
+        return;
+    }
+    // The double zodiac has no room for the map.
+    MostraMappa(false);
+    Ruota->MostraDoppia(s_.TemaX, s_.PosX, s_.TemaZ, s_.PosZ, Opzioni(), CasaCoincidente);
+    AngoloRuota = static_cast<float>(Ruota->UltimaDoppia().AngoloRuota);
+    AngoloEsterno = static_cast<float>(Ruota->UltimaDoppia().AngoloEsterno);
+}
+
+void frmRuotaDoppia::DisegnaDoppia() {
+    // The smaller geometry while the map stands beside the wheel.
+    Ruota->MostraDoppia(s_.TemaX, s_.PosX, s_.TemaZ, s_.PosZ, Opzioni(), 0);
+}
+
+void frmRuotaDoppia::DisegnaDoppiaAscensionale() {
+    OpzioniAscensionale o;
+    o.ModoAscens = ModoAscens;
+    o.AngoloRuota = AngoloRuota;
+    o.AngoloAscens = AngoloAscens;
+    o.DisegnaAspetti = Acceso(stato_.DisegnaAspetti);
+    o.Aspetti = aspetti_;
+    o.LunaNeraVera = s_.LunaNeraVera;
+    Ruota->MostraDoppiaAscensionale(s_.TemaX, s_.PosX, s_.TemaZ, s_.PosZ, o);
+}
+
+bool frmRuotaDoppia::MappaVisibile() const {
+    return picFusi->isVisibleTo(this);
+}
+
+void frmRuotaDoppia::MostraMappa(bool visibile) {
+    if (visibile && !picFusi->HaImmagine()) picFusi->CaricaImmagine(FileMappaAccanto(FileDB));
+    picFusi->setVisible(visibile);
+    cmdMirateOFF->setVisible(visibile);
+    lstCityVicine->setVisible(visibile);
+}
+
+// The switches draw their wheel at once, even over a double zodiac.
+void frmRuotaDoppia::mnuRascAR_Click(bool acceso) {
+    ModoAscens = acceso ? 1 : 0;
+    if (acceso) mnuRascAO->setChecked(false);
+    if (acceso)
+        DisegnaDoppiaAscensionale();
+    else
+        DisegnaDoppia();
+}
+
+void frmRuotaDoppia::mnuRascAO_Click(bool acceso) {
+    ModoAscens = acceso ? 2 : 0;
+    if (acceso) mnuRascAR->setChecked(false);
+    if (acceso)
+        DisegnaDoppiaAscensionale();
+    else
+        DisegnaDoppia();
+}
+
+void frmRuotaDoppia::mnuArco_Click() {
+    const std::string titolo = "Lyx - Arco Solare";
+    std::string predefinito = TestoSingolo(aspetti_.ArcoSolare);
+    if (predefinito.empty()) predefinito = "0";
+    std::string testo =
+        messaggi_
+            .Chiedi(titolo,
+                    "La progressione Arco Solare considera \n"
+                    "1 grado = 1 anno.\n\n"
+                    "Quindi ruota il Tema Esterno, rispetto a quello Interno, di tanti gradi "
+                    "quanti sono gli anni di input utente.\n"
+                    "Rotazione nel verso AntiOrario.\n\n"
+                    "E' preferibile usare questa funzione dopo aver caricato 2 temi eguali, uno "
+                    "come Tema Natale ed un altro come Rivoluzione.\n\n"
+                    "Non inserire espressioni.\n"
+                    "Il separatore decimale è la  Virgola.\n\n"
+                    "Input  ANNI.",
+                    predefinito)
+            .value_or("");
+    if (testo.empty()) testo = "0";
+    const std::optional<double> anni = NumeroDigitato(testo);
+    if (!anni) {
+        messaggi_.Mostra(titolo,
+                         "Gli anni devono essere un numero: " + testo +
+                             "\nIl separatore decimale è la VIRGOLA.\n" + std::string(30, '-') +
+                             "\nThe years must be a number.\n",
+                         Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    // Years are degrees: the whole outer chart turns, nothing is cast again.
+    aspetti_.ArcoSolare = static_cast<float>(*anni);
+    Ridisegna();
+}
+
+void frmRuotaDoppia::mnuAspMirate_Click() {
+    if (mnuRascAR->isChecked() || mnuRascAO->isChecked()) {
+        messaggi_.Mostra("", "Deseleziona Ruota Ascensionale!");
+        return;
+    }
+    if (esterno_ == Esterno::Rivoluzione) {
+        if (MappaVisibile()) {
+            cmdMirateOFF_Click();
+        } else {
+            // The chart cast again at its present place, and the map shown.
+            txtTempi->setText(QStringLiteral("0"));
+            Rilocazione(AsseRilocazione::EstOvest);
+        }
+        return;
+    }
+    if (s_.JDRivoluzione == -1.0)
+        messaggi_.Mostra("Vesmo - Info Rilocate", "Necessaria Rivoluzione!", Pulsanti::Ok,
+                         Icona::Informazione);
+}
+
+void frmRuotaDoppia::cmdMirateOFF_Click() {
+    MostraMappa(false);
+    DisegnaDoppia();
+}
+
+void frmRuotaDoppia::Rilocazione(AsseRilocazione asse) {
+    if (esterno_ != Esterno::Rivoluzione || !txtTempi) return;
+    const std::string digitato = txtTempi->text().toStdString();
+    const std::optional<double> valore = NumeroDigitato(digitato);
+    if (!valore) {
+        messaggi_.Mostra("Lyx - Info Rivoluzioni",
+                         "Il passo deve essere un numero: " + digitato +
+                             "\nIl separatore decimale è la VIRGOLA.\n" + std::string(30, '-') +
+                             "\nThe step must be a number.\n",
+                         Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    const bool primi = CaseTra->property("Tag").toString() == QLatin1String("UnP");
+    const EsitoRilocazione esito =
+        vesmo::Rilocazione(s_, asse, PassoRilocazione(*valore, primi), messaggi_);
+    if (esito == EsitoRilocazione::FuoriLongitudine || esito == EsitoRilocazione::FuoriLatitudine)
+        return;
+    lbCoord->setText(QString::fromStdString(TestoCoordinateRilocate(s_.TemaZ)));
+    if (esito != EsitoRilocazione::Rilocata) return;
+    MostraQuando();
+    picFusi->SegnaMappa(s_.TemaZ.Lon, s_.TemaZ.Lat);
+    CercaVicine();
+    if (lstCityVicine->count() > 0) lstCityVicine->setCurrentRow(0);
+    if (!MappaVisibile()) MostraMappa(true);
+    if (mnuRotAscSxEST->isChecked()) AngoloRuota = static_cast<float>(360 - s_.PosZ.Asce.Lo);
+    DisegnaDoppia();
+    if (AggiornaRivoluzione) AggiornaRivoluzione();
+}
+
+void frmRuotaDoppia::CercaVicine() {
+    lstCityVicine->clear();
+    try {
+        const std::vector<CittaVicina> righe =
+            CercaCittaVicine(FileDB, s_.TemaZ.Lon, s_.TemaZ.Lat, [this](bool inizio) {
+                // The index is built inside the event: the label and the busy pointer are the
+                // only sign of it.
+                lbNeoIndici->setVisible(inizio);
+                messaggi_.Occupato(inizio);
+                if (inizio) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
+            });
+        for (const CittaVicina& r : righe)
+            lstCityVicine->addItem(QString::fromStdString(r.Testo()));
+    } catch (const std::exception& e) {
+        lbNeoIndici->hide();
+        messaggi_.Occupato(false);
+        messaggi_.Mostra("Lyx - frmRuotaDoppia.Rilocazione", e.what(), Pulsanti::Ok,
+                         Icona::Critico);
     }
 }
 
@@ -422,6 +650,13 @@ void frmRuotaDoppia::Ripristina_Click() {
 }
 
 void frmRuotaDoppia::CaseTra_Click() {
+    if (esterno_ == Esterno::Rivoluzione) {
+        // The unit of the step: degrees or minutes of arc.
+        const bool gradi = CaseTra->property("Tag").toString() == QLatin1String("UnG");
+        CaseTra->setProperty("Tag", gradi ? QStringLiteral("UnP") : QStringLiteral("UnG"));
+        CaseTra->setText(gradi ? QStringLiteral("Primi") : QStringLiteral("Gradi"));
+        return;
+    }
     if (esterno_ != Esterno::Transito) return;
     CaseEsterne = !CaseEsterne;
     Ridisegna();
@@ -452,8 +687,16 @@ void frmRuotaDoppia::UpDown1_Change(int passo) {
 }
 
 void frmRuotaDoppia::MostraQuando() {
+    // A relocated chart keeps the Greenwich date of its revolution, so its clock may read
+    // before 0 h or past 24 h: it is shown on its own day.
+    Tema t = s_.TemaZ;
+    if (std::isfinite(t.OraL) && std::fabs(t.OraL) < 1e6) {
+        const double giorni = std::floor(t.OraL / 24);
+        t.OraL -= 24 * giorni;
+        t.Day += giorni;
+    }
     // A date the calendar cannot show leaves the text as it was.
-    if (std::optional<Quando> q = QuandoDelTema(s_.TemaZ)) lbQuando->setText(TestoQuando(*q));
+    if (std::optional<Quando> q = QuandoDelTema(t)) lbQuando->setText(TestoQuando(*q));
 }
 
 void frmRuotaDoppia::Rilascio(QListWidget* lista) {

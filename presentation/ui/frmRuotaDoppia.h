@@ -13,7 +13,8 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
-#include "core/qt/MessaggiQt.h"
+#include "core/qt/MessaggiDellaFinestra.h"
+#include "presentation/Rilocazione.h"
 #include "presentation/StatoRuote.h"
 #include "presentation/ui/PassiTema.h"
 #include "presentation/ui/WidgetRuota.h"
@@ -24,12 +25,14 @@ class QLabel;
 class QLineEdit;
 class QListWidget;
 class QMenu;
+class QPushButton;
 class QToolBar;
 class QToolButton;
 
 namespace vesmo {
 
 class frmSelAspetti;
+class WidgetMappa;
 
 // Which chart stands outside: the tag of List2.
 enum class Esterno { Natale = 0, Transito = 1, Rivoluzione = 2, Direzione = 3 };
@@ -47,6 +50,11 @@ public:
     std::function<void()> AggiornaTransito;
     // Called with each window opened from here, so that the menu closes it with the others.
     std::function<void(QWidget*)> RegistraSecondaria;
+    // Called after a relocation, once TemaRiv/PosRiv hold the chart cast at the new place: the
+    // menu marks the Rivoluzione slot unsaved and refreshes its frame.
+    std::function<void()> AggiornaRivoluzione;
+    // The places database of the town search, and beside it the map of the time zones.
+    std::string FileDB;
 
     WidgetRuota* Ruota;
     QToolBar* Toolbar1;
@@ -59,7 +67,15 @@ public:
     QGroupBox* Frame1;
     QLabel *Label1, *Label2;
     QListWidget *List1, *List2;
-    QMenu *mnuAsp, *mnuAspDisegna, *mnuRot, *mnuRotAscSx, *mnFilZodiacali;
+    QMenu *mnuAsp, *mnuRasc, *mnuAspDisegna, *mnuRot, *mnuRotAscSx, *mnFilZodiacali;
+    QAction *mnuRascAR, *mnuRascAO, *mnuAspMirate, *mnuArco;
+    // The relocation of a revolution: the map, the nearest towns, the coordinates, the button
+    // that closes the map, and the label shown while the index of the towns is built.
+    WidgetMappa* picFusi;
+    QListWidget* lstCityVicine;
+    QLabel* lbCoord;
+    QPushButton* cmdMirateOFF;
+    QLabel* lbNeoIndici;
     QAction *mnuAspSelezione, *mnuAspDisegnaInt, *mnuAspDisegnaEst, *mnuAspDisegnaCmp, *mnuAspEsci;
     QAction *mnuRotArieteSx, *mnuRotAscSxINT, *mnuRotAscSxEST, *mnuRotQualsiasi;
     // MnuRCoinAsc, mnFilZCasaII ... mnFilZMC ... mnFilZCasaXII, by house 1 to 12 (index 0 unused).
@@ -71,6 +87,7 @@ public:
     float AngoloEsterno = 0;
     bool CaseEsterne = true;
     int CasaCoincidente = 0; // the house of the double zodiac, 0 for the plain wheel
+    int ModoAscens = 0;      // 0 plain, 1 right ascensions, 2 oblique ascensions
     Esterno Tipo() const { return esterno_; }
     QPointer<frmSelAspetti> Selezione;
 
@@ -93,6 +110,15 @@ public slots:
     void CaseTra_Click();
     void Toolbar1_ButtonClick(UnitaTempo unita);
     void UpDown1_Change(int passo);
+    void DisegnaDoppia();
+    void DisegnaDoppiaAscensionale();
+    void mnuRascAR_Click(bool acceso);
+    void mnuRascAO_Click(bool acceso);
+    void mnuArco_Click();
+    void mnuAspMirate_Click();
+    void cmdMirateOFF_Click();
+    // The toolbar of a revolution wheel: UnSec moves the longitude, UnMin the latitude.
+    void Rilocazione(AsseRilocazione asse);
 
 protected:
     bool eventFilter(QObject* o, QEvent* e) override;
@@ -101,6 +127,10 @@ private:
     void Interruttori();
     void MostraQuando();
     void Rilascio(QListWidget* lista);
+    OpzioniDoppia Opzioni() const;
+    bool MappaVisibile() const;
+    void MostraMappa(bool visibile);
+    void CercaVicine();
 
     Sessione& s_;
     TabellaAspetti& aspetti_;

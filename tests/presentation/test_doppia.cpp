@@ -91,10 +91,10 @@ TEST(RuotaDoppia, ComparatiSenzaCongiunzioniEConIFiltri) {
     EXPECT_NEAR(linee[0].x2, Px(CX, R1, 160), 1e-9);
     EXPECT_NEAR(linee[0].y2, Py(CY, R1, 160), 1e-9);
 
-    // The solar arc turns the outer chart 30 degrees on; the test measures the inner point
-    // against the outer one plus the arc: |100.5 - 190 + 30| is a sextile, Giove drawn at 220;
-    // |100.5 - 130.5 + 30| is Marte's conjunction.
-    Posizioni spostato = PosizioniDiProva(Con(Con(Sparsi, 5, 130.5), 6, 190), CuspidiComuni);
+    // The solar arc turns the outer chart 30 degrees counterclockwise, and the lines join the
+    // positions as drawn: Marte at 70.5 is drawn at 100.5, on the inner Sole (a conjunction, no
+    // line); Giove at 190 is drawn at 220, 119.5 degrees on (a trine within the orb of 2.5).
+    Posizioni spostato = PosizioniDiProva(Con(Con(Sparsi, 5, 70.5), 6, 190), CuspidiComuni);
     o.Aspetti.ArcoSolare = 30;
     SuperficieRegistrata a;
     auto r = DisegnaDoppia(a, TemaDiProva(), interno, TemaDiProva(), spostato, o);
@@ -103,6 +103,14 @@ TEST(RuotaDoppia, ComparatiSenzaCongiunzioniEConIFiltri) {
     EXPECT_NEAR(linee[0].x2, Px(CX, R1, 220), 1e-9);
     EXPECT_NEAR(linee[0].y2, Py(CY, R1, 220), 1e-9);
     EXPECT_NEAR(r.esterni[6].Y, Py(CY, R1, 220), 1e-9);
+    EXPECT_NEAR(r.esterni[5].X, Px(CX, R1, 100.5), 1e-9);
+
+    // An arc of 0 draws the outer chart at its true place.
+    o.Aspetti.ArcoSolare = 0;
+    SuperficieRegistrata zero;
+    r = DisegnaDoppia(zero, TemaDiProva(), interno, TemaDiProva(), spostato, o);
+    EXPECT_NEAR(r.esterni[6].X, Px(CX, R1, 190), 1e-9);
+    EXPECT_NEAR(r.esterni[6].Y, Py(CY, R1, 190), 1e-9);
 
     // "TUTTI" selected with other rows: the release leaves it alone.
     SelezioneComparati lista{true, true, false, true};

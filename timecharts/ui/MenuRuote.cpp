@@ -43,6 +43,13 @@ frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& s, TabellaAspetti& aspe
         io->riquadri[1].tag = QStringLiteral("oK");
         io->AggiornaFrames(2);
     };
+    f->AggiornaRivoluzione = [io] {
+        if (!io) return;
+        if (QAction* salvo = io->mnuFileSalvo[2]) salvo->setChecked(false);
+        io->riquadri[2].tag = QStringLiteral("oK");
+        io->AggiornaFrames(3);
+    };
+    f->FileDB = menu.Percorsi().FileDB;
     stato->doppia = f;
     menu.RegistraSecondaria(f);
     f->show();

@@ -29,6 +29,7 @@
 #include "timecharts/Direzioni.h"
 #include "timecharts/ui/MenuImporta.h"
 #include "timecharts/ui/MenuRuote.h"
+#include "timecharts/ui/MenuStampe.h"
 #include "timecharts/ui/MenuTempo.h"
 
 namespace vesmo {
@@ -265,6 +266,7 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     CollegaMenuTempo(*this, s_, messaggi_);
     CollegaMenuRuote(*this, s_, aspetti_, messaggi_);
     CollegaMenuImporta(*this, s_, percorsi_.FileDB, messaggi_);
+    CollegaMenuStampe(*this, s_, aspetti_, messaggi_);
 }
 
 frmMenu::~frmMenu() {

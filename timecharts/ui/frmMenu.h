@@ -86,6 +86,7 @@ public:
     QAction *mnuFileEsci, *mnUnCieloNuovo, *mnuTransitInput, *munVarSca;
     QMenu *mnuFile, *mnUnCielo, *mnuTransiti, *mnuRiv, *mnuDir, *mnuVar, *mnuHefrMenu;
 
+    const PercorsiVesmo& Percorsi() const { return percorsi_; }
     Tema& TemaDelSlot(int slot);
     Posizioni& PosDelSlot(int slot);
     std::int16_t& FlagDelSlot(int slot); // slots 1..3

@@ -141,14 +141,18 @@ TEST_F(MenuRuote, OgniVoceApreLaSuaRuota) {
         EXPECT_EQ(s.TemaX.Day, f->TemaDelSlot(0).Day);
         EXPECT_EQ(s.TemaZ.Day, f->TemaDelSlot(c.slot).Day);
         EXPECT_EQ(s.PosZ.Sole.Lo, f->PosDelSlot(c.slot).Sole.Lo);
-        // The transit starts without its houses and with the time buttons; the others not.
+        // The transit starts without its houses and with the time buttons; the revolution
+        // with the buttons that move its place; the direction with neither.
+        const bool rivoluzione = c.slot == 2;
         EXPECT_EQ(w->CaseEsterne, !c.transito);
         EXPECT_EQ(w->Ruota->OpzioniDellaDoppia().CaseEsterne, !c.transito);
         EXPECT_EQ(w->Ruota->TipoMostrato(), WidgetRuota::Tipo::Doppia);
-        for (const char* chiave :
-             {"CaseTra", "UnSec", "UnMin", "UnOra", "UnDay", "UnMese", "UnYear"})
+        for (const char* chiave : {"CaseTra", "UnSec", "UnMin"})
+            EXPECT_EQ(w->findChild<QAction*>(chiave) != nullptr, c.transito || rivoluzione)
+                << chiave;
+        for (const char* chiave : {"UnOra", "UnDay", "UnMese", "UnYear"})
             EXPECT_EQ(w->findChild<QAction*>(chiave) != nullptr, c.transito) << chiave;
-        EXPECT_EQ(w->findChild<QLineEdit*>("txtTempi") != nullptr, c.transito);
+        EXPECT_EQ(w->findChild<QLineEdit*>("txtTempi") != nullptr, c.transito || rivoluzione);
         // Every wheel tells when its outer chart stands.
         EXPECT_TRUE(w->lbQuando->isVisible());
         const std::optional<Quando> q = QuandoDelTema(s.TemaZ);

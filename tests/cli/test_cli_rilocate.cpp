@@ -1,0 +1,146 @@
+// vesmo-cli for the wheel interactions: the nearest towns of a small database, the relocated
+// revolution (same instant, local mean time, "Jolly"), and the wheel options that draw the
+// ascensional wheels, turn the outer chart by the solar arc and add the map.
+#include <gtest/gtest.h>
+
+#include <cstdlib>
+#include <filesystem>
+#include <sstream>
+
+#include "cli/Comandi.h"
+#include "tests/places/AiutoLuoghi.h"
+
+using namespace vesmo;
+using namespace vesmo::test;
+using vesmo::cli::Esegui;
+
+namespace {
+
+struct Esito {
+    int stato;
+    std::string out, err;
+};
+
+Esito Lancia(std::vector<std::string> parole) {
+    std::ostringstream out, err;
+    int stato = Esegui(parole, out, err);
+    return {stato, out.str(), err.str()};
+}
+
+std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+const std::vector<std::string> Natale{"--data", "10/04/1987", "--ora",    "19:30",
+                                      "--lon",  "11E53",      "--lat",    "45N24",
+                                      "--fuso", "-1",         "--estiva", "1"};
+
+// The text after `campo` up to the next comma.
+std::string CampoJson(const std::string& json, const std::string& campo) {
+    auto i = json.find("\"" + campo + "\": ");
+    if (i == std::string::npos) return {};
+    i += campo.size() + 4;
+    return json.substr(i, json.find_first_of(",}", i) - i);
+}
+
+} // namespace
+
+TEST(CliVicine, CittaDelDatabase) {
+    test::CartellaLuoghi cartella;
+    const std::string file = (cartella / "Vesmodat.Mdb").string();
+    {
+        Database db = DatabaseLuoghi(file);
+        AggiungiCity(db, 380, "Padova", -0.7925, 45.4, 1, 1);
+        AggiungiCity(db, 380, "Trento", -0.7475, 46.07, 1, 1);
+    }
+    // The point is 11E53 = -0.79222 hours, a little west of Padova (-0.7925). For n = 0 the seek
+    // passes Padova and stands on Trento, 0.67 degrees off in latitude and last in the index:
+    // its walk ends at EOF. From n = 1 (one minute east) the seek stands on Padova, within 0.1
+    // of the point: ten rows.
+    Esito e = Lancia({"vicine", "--lon", "11E53", "--lat", "45N24", "--db", file});
+    EXPECT_EQ(e.stato, 0) << e.err;
+    std::string righe;
+    for (int n = 1; n <= 10; ++n)
+        righe += "Padova - Italy - 11E53   45N24\n";
+    EXPECT_EQ(e.out, righe);
+    e = Lancia({"vicine", "--lon", "11E53", "--lat", "45N24", "--db", file, "--json"});
+    EXPECT_EQ(e.out.substr(0, 70),
+              R"([{"City": "Padova", "Nazione": "Italy", "Lon": -0.7925, "Lat": 45.4}, )");
+
+    struct Caso {
+        std::vector<std::string> parole;
+        int stato;
+    };
+    for (const Caso& c : std::vector<Caso>{
+             {{"vicine", "--lon", "11E53", "--db", file}, 2},
+             {{"vicine", "--lon", "11X53", "--lat", "45N24", "--db", file}, 2},
+             {{"vicine", "--lon", "11E53", "--lat", "45N24", "--db", file + ".no"}, 1},
+             // West of every town of the table the walk ends at its first row.
+             {{"vicine", "--lon", "9E00", "--lat", "80N00", "--db", file}, 1},
+         }) {
+        Esito r = Lancia(c.parole);
+        EXPECT_EQ(r.stato, c.stato) << c.parole[2];
+        EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
+    }
+}
+
+TEST(CliRivoluzione, RilocataSulTempoMedioLocale) {
+    const auto base = Con({"rivoluzione", "--tipo", "solare", "--anno", "2026", "--json"}, Natale);
+    Esito qui = Lancia(base);
+    ASSERT_EQ(qui.stato, 0) << qui.err;
+    Esito la =
+        Lancia(Con(base, {"--rilocata", "--lon-rilocata", "74W00", "--lat-rilocata", "40N43"}));
+    ASSERT_EQ(la.stato, 0) << la.err;
+    // The same instant; the place New York's, on its local mean time.
+    EXPECT_EQ(CampoJson(la.out, "JDRisultato"), CampoJson(qui.out, "JDRisultato"));
+    EXPECT_EQ(CampoJson(la.out, "City"), "\"Jolly\"");
+    EXPECT_EQ(CampoJson(la.out, "Stato"), "\"Jolly\"");
+    EXPECT_NEAR(std::stod(CampoJson(la.out, "Lon")), 74.0 / 15, 1e-12);
+    EXPECT_EQ(CampoJson(la.out, "Fuso"), CampoJson(la.out, "Lon"));
+    EXPECT_EQ(CampoJson(la.out, "Estiva"), "0");
+    EXPECT_NEAR(std::stod(CampoJson(la.out, "JD")), std::stod(CampoJson(qui.out, "JDRisultato")),
+                1e-8);
+
+    for (const auto& parole :
+         {Con(base, {"--lon-rilocata", "74W00", "--lat-rilocata", "40N43"}),
+          Con(base, {"--rilocata", "--lat-rilocata", "40N43"}),
+          Con(base, {"--rilocata", "--lon-rilocata", "74W00", "--lat-rilocata", "91N00"})}) {
+        Esito r = Lancia(parole);
+        EXPECT_EQ(r.stato, 2) << r.err;
+    }
+}
+
+TEST(CliRuota, AscensionaleArcoERilocata) {
+    // The images are drawn without a display.
+    setenv("QT_QPA_PLATFORM", "offscreen", 0);
+    test::CartellaLuoghi cartella;
+    struct Caso {
+        const char* perche;
+        std::vector<std::string> opzioni;
+        int stato;
+    };
+    const std::vector<Caso> casi{
+        {"rette", {"--ascensionale", "ar"}, 0},
+        {"oblique doppia con arco",
+         {"--ascensionale", "ao", "--transito", "10/04/2026 12:00", "--arco", "30"},
+         0},
+        {"arco con la virgola", {"--transito", "10/04/2026 12:00", "--arco", "2,5"}, 2},
+        {"arco senza esterno", {"--arco", "30"}, 2},
+        {"modo sconosciuto", {"--ascensionale", "rette"}, 2},
+        {"rilocata",
+         {"--rilocata", "--tipo", "solare", "--anno", "2026", "--lon-rilocata", "74W00",
+          "--lat-rilocata", "40N43", "--db", (cartella / "nessuno.Mdb").string()},
+         0},
+        {"rilocata e transito",
+         {"--rilocata", "--transito", "10/04/2026 12:00", "--tipo", "solare", "--anno", "2026"},
+         2},
+    };
+    int n = 0;
+    for (const Caso& c : casi) {
+        const std::string file = (cartella / ("ruota" + std::to_string(n++) + ".png")).string();
+        Esito r = Lancia(Con(Con({"ruota", "--out", file, "--size", "200"}, Natale), c.opzioni));
+        EXPECT_EQ(r.stato, c.stato) << c.perche << ": " << r.err;
+        EXPECT_EQ(std::filesystem::exists(file), c.stato == 0) << c.perche;
+    }
+}

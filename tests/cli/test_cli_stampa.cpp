@@ -1,0 +1,115 @@
+// vesmo-cli stampa: the page of a chart as an A4 PDF or a PNG of the sheet, the two bitmaps in a
+// folder, the list of the files written (a table, or JSON), and one line on stderr with status 2
+// for each bad argument.
+#include <gtest/gtest.h>
+
+#include <QImage>
+#include <cstdio>
+#include <filesystem>
+#include <fstream>
+#include <iterator>
+#include <sstream>
+
+#include "cli/Comandi.h"
+#include "tests/core/store/Cartella.h"
+
+using vesmo::cli::Esegui;
+
+namespace {
+
+struct Esito {
+    int stato;
+    std::string out, err;
+};
+
+Esito Lancia(std::vector<std::string> parole) {
+    std::ostringstream out, err;
+    int stato = Esegui(parole, out, err);
+    return {stato, out.str(), err.str()};
+}
+
+std::vector<std::string> Tema(std::vector<std::string> altre) {
+    std::vector<std::string> p{"stampa", "--data",   "10/04/1987", "--ora",  "19:30",
+                               "--lon",  "11E53",    "--lat",      "45N24",  "--fuso",
+                               "-1",     "--estiva", "1",          "--nome", "Mario Rossi"};
+    p.insert(p.end(), altre.begin(), altre.end());
+    return p;
+}
+
+std::string Contenuto(const std::filesystem::path& file) {
+    std::ifstream f(file, std::ios::binary);
+    return {std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>()};
+}
+
+} // namespace
+
+TEST(CliStampa, PaginaInPdfEPng) {
+    vesmo::test::Cartella c;
+    const std::string pdf = (c / "pagina.pdf").string();
+    Esito e = Lancia(Tema({"--out", pdf, "--aspetti", "--slot", "transito"}));
+    EXPECT_EQ(e.stato, 0) << e.err;
+    EXPECT_EQ(e.out, "File\n" + pdf + "\n");
+    std::string testo = Contenuto(pdf);
+    ASSERT_EQ(testo.rfind("%PDF", 0), 0u);
+    auto box = testo.find("/MediaBox [0 0 ");
+    ASSERT_NE(box, std::string::npos);
+    double larghezza = 0, altezza = 0;
+    std::sscanf(testo.c_str() + box, "/MediaBox [0 0 %lf %lf", &larghezza, &altezza);
+    // A4: 210 x 297 mm, 595.28 x 841.89 points.
+    EXPECT_NEAR(larghezza, 595.28, 1.0);
+    EXPECT_NEAR(altezza, 841.89, 1.0);
+
+    const std::string png = (c / "pagina.PNG").string();
+    e = Lancia(Tema({"--out", png}));
+    EXPECT_EQ(e.stato, 0) << e.err;
+    QImage im(QString::fromStdString(png));
+    ASSERT_FALSE(im.isNull());
+    EXPECT_NEAR(static_cast<double>(im.height()) / im.width(), 297.0 / 210.0, 0.01);
+}
+
+TEST(CliStampa, DueBitmapNellaCartella) {
+    vesmo::test::Cartella c;
+    const std::string dir = c.Percorso().string();
+    Esito e = Lancia(Tema({"--bmp", "Mario", "--dir", dir, "--json"}));
+    EXPECT_EQ(e.stato, 0) << e.err;
+    const std::string primo = dir + "/Mario_1.bmp", secondo = dir + "/Mario_2.bmp";
+    EXPECT_EQ(e.out, "{\"File\": [\"" + primo + "\", \"" + secondo + "\"]}\n");
+    for (const std::string& f : {primo, secondo}) {
+        EXPECT_EQ(Contenuto(f).rfind("BM", 0), 0u) << f;
+        EXPECT_FALSE(QImage(QString::fromStdString(f), "BMP").isNull()) << f;
+    }
+}
+
+TEST(CliStampa, ArgomentiSbagliati) {
+    vesmo::test::Cartella c;
+    const std::string dir = c.Percorso().string();
+    struct Caso {
+        std::vector<std::string> altre;
+        std::string err;
+    };
+    const Caso casi[] = {
+        {{}, "manca --out FILE.pdf|.png (o --bmp NOME)"},
+        {{"--out", "x.svg"}, "--out vuole un file .pdf o .png: x.svg"},
+        {{"--out", "x.pdf", "--slot", "luna"},
+         "--slot vuole natale, transito, rivoluzione o direzione: luna"},
+        {{"--bmp", "a/b", "--dir", dir},
+         "--bmp vuole un nome di lettere e cifre (anche - e _): a/b"},
+        {{"--bmp", "  "}, "--bmp vuole un nome di lettere e cifre (anche - e _):   "},
+        {{"--out", "x.pdf", "--dir", dir}, "--dir vale solo con --bmp"},
+        {{"--bmp", "A", "--dir", dir + "/manca"}, "--dir non è una cartella: " + dir + "/manca"},
+        {{"--out", "x.pdf", "--orbita", "-1"}, "--orbita vuole gradi da 0 a 30: -1"},
+        {{"--out", "x.pdf", "avanzo"}, "argomento inatteso: avanzo"},
+        {{"--out", "x.pdf", "--colori"}, "opzione sconosciuta: --colori"},
+    };
+    for (const Caso& k : casi) {
+        Esito e = Lancia(Tema(k.altre));
+        EXPECT_EQ(e.stato, 2) << e.err;
+        EXPECT_TRUE(e.out.empty());
+        EXPECT_EQ(e.err, "vesmo-cli stampa: " + k.err + "\n");
+        EXPECT_EQ(std::count(e.err.begin(), e.err.end(), '\n'), 1) << e.err;
+    }
+    // A file that cannot be written: status 1, the reason on stderr.
+    Esito e = Lancia(Tema({"--out", dir + "/manca/x.pdf"}));
+    EXPECT_EQ(e.stato, 1);
+    EXPECT_EQ(e.err, "vesmo-cli stampa: impossibile scrivere " + dir + "/manca/x.pdf\n");
+}

@@ -1,0 +1,491 @@
+// The printed chart page on the recording surface: the table's rows (quadruplicity, element,
+// dignity, "R" and "-"), the counters and the Ascendant's rulers, the aspect heading and the
+// flowing list with the aspect switch on and off, the header's texts, the box of the Moon's mode,
+// the footer, and the black wheel. Longitudes are set by hand, so that the expected texts follow
+// from the tables of dignities and signs; one chart is cast and checked against the Swiss
+// Ephemeris.
+#include <gtest/gtest.h>
+
+#include <swephexp.h>
+
+#include <map>
+#include <set>
+
+#include "Disegno.h"
+#include "Temi.h"
+#include "chart/CalcolaTema.h"
+#include "core/Messaggi.h"
+#include "presentation/PaginaStampa.h"
+
+using namespace vesmo;
+using namespace vesmo::prova;
+
+namespace {
+
+constexpr double X0 = 200, Y0 = 7500, H = 260;
+
+// The texts of the surface at exactly (x, y), joined.
+std::string TestoIn(const SuperficieRegistrata& sup, double x, double y) {
+    std::string t;
+    for (const Figura& f : sup.figure)
+        if (f.tipo == Figura::Testo && Vicino(f.x1, x) && Vicino(f.y1, y)) t += f.testo;
+    return t;
+}
+
+// The texts whose top stands at y, from x `da` to x `a`.
+std::vector<std::string> TestiDellaRiga(const SuperficieRegistrata& sup, double y, double da,
+                                        double a) {
+    std::vector<std::string> r;
+    for (const Figura& f : sup.figure)
+        if (f.tipo == Figura::Testo && Vicino(f.y1, y) && f.x1 >= da && f.x1 < a)
+            r.push_back(f.testo);
+    return r;
+}
+
+std::string Cella(const SuperficieRegistrata& sup, int riga, double x) {
+    return TestoIn(sup, X0 + x, Y0 + H * riga);
+}
+
+// Bodies Sole ... NodoLuna, Black Moon; Asc 10 (Ariete), MC 280 (Capricorno).
+const std::array<double, 12> Dignitosi{130, 45, 160, 350, 10, 100, 190, 310, 170, 225, 0.5, 200};
+
+OpzioniPagina Opzioni() {
+    OpzioniPagina o;
+    o.DataStampa = "01/02/2026";
+    return o;
+}
+
+SuperficieRegistrata Componi(const Posizioni& p, const OpzioniPagina& o = Opzioni(),
+                             const Tema& t = TemaDiProva()) {
+    SuperficieRegistrata sup;
+    ComponiPagina(sup, t, p, o);
+    return sup;
+}
+
+} // namespace
+
+TEST(PaginaStampa, QualitaEContatoriDiUnTemaNoto) {
+    auto sup = Componi(PosizioniDiProva(Dignitosi, CuspidiComuni));
+    // Signs: Leone, Toro, Vergine, Pesci, Ariete, Cancro, Bilancia, Acquario, Vergine, Scorpione,
+    // Ariete, Bilancia, and Ariete, Capricorno for Asc and MC.
+    const char* quadruplicita[15] = {
+        "",      "Fisso",  "Fisso", "Mobile",    "Mobile",    "Cardinale", "Cardinale", "Cardinale",
+        "Fisso", "Mobile", "Fisso", "Cardinale", "Cardinale", "Cardinale", "Cardinale"};
+    const char* elementi[15] = {"",      "Fuoco", "Terra", "Terra", "Acqua",
+                                "Fuoco", "Acqua", "Aria",  "Aria",  "Terra",
+                                "Acqua", "Fuoco", "Aria",  "Fuoco", "Terra"};
+    const char* dignita[11] = {"",
+                               "Domicilio",
+                               "Esaltazione",
+                               "Dom D + Esa",
+                               "Esaltazione",
+                               "Domicilio N",
+                               "Esaltazione",
+                               "Esaltazione",
+                               "Domicilio",
+                               "Esilio",
+                               "Domicilio N"};
+    for (int i = 1; i <= 14; ++i) {
+        EXPECT_EQ(Cella(sup, i, 1700), quadruplicita[i]) << "riga " << i;
+        EXPECT_EQ(Cella(sup, i, 2600), elementi[i]) << "riga " << i;
+        if (i <= 10) {
+            EXPECT_EQ(Cella(sup, i, 3250), dignita[i]) << "riga " << i;
+        }
+    }
+    // Node and Black Moon have no dignity, though the node stands in Ariete.
+    EXPECT_EQ(Cella(sup, 11, 3250), "");
+    EXPECT_EQ(Cella(sup, 12, 3250), "");
+
+    // Fourteen rows in each group; Mercury in Vergine counts once, under "Domicilio ".
+    const char* conti[11] = {"Cardinali 7", "Fissi 4",       "Mobili 3", "Fuoco 4",
+                             "Terra 4",     "Aria 3",        "Acqua 3",  "Domicilio 5",
+                             "Esilio 1",    "Esaltazione 4", "Caduta 0"};
+    for (int n = 0; n < 11; ++n)
+        EXPECT_EQ(Cella(sup, n + 1, 4550), conti[n]);
+    EXPECT_EQ(Cella(sup, 12, 4550), "Reggente dell' Ascendente ");
+    EXPECT_EQ(Cella(sup, 13, 4550 + 264), "(Diurno) ");
+    EXPECT_EQ(Cella(sup, 13, 5764), "(Notturno) ");
+    // Ascendant in Ariete: Plutone by day, Marte by night, their glyphs before the words.
+    EXPECT_TRUE(Contiene(sup.figure, FigureDelGlifo(GlifoCorpo(RuotaPlutone), 200, X0 + 4550,
+                                                    Y0 + H * 13, Nero, 2)));
+    EXPECT_TRUE(Contiene(
+        sup.figure, FigureDelGlifo(GlifoCorpo(RuotaMarte), 200, X0 + 5500, Y0 + H * 13, Nero, 2)));
+}
+
+TEST(PaginaStampa, TestiDelleDignita) {
+    struct Caso {
+        int riga;
+        double lo;
+        const char* testo;
+    };
+    const Caso casi[] = {
+        {3, 75, "Domicilio N"},
+        {3, 255, "Esilio N"},
+        {3, 165, "Dom D + Esa"},
+        {3, 345, "Esilio D + Cad"},
+        {3, 15, ""},
+        {4, 195, "Domicilio D"},
+        {4, 45, "Domicilio N"},
+        {4, 15, "Esilio D"},
+        {4, 225, "Esilio N"},
+        {4, 165, "Caduta"},
+        {4, 345, "Esaltazione"},
+        {1, 315, "Esilio"},
+        {1, 195, "Caduta"},
+        {1, 15, "Esaltazione"},
+        {2, 225, "Caduta"},
+        {2, 285, "Esilio"},
+        {5, 285, "Esaltazione"},
+        {5, 105, "Caduta"},
+        {5, 225, "Domicilio D"},
+        {5, 195, "Esilio N"},
+        {6, 285, "Caduta"},
+        {6, 255, "Domicilio D"},
+        {6, 75, "Esilio D"},
+        {7, 135, "Esilio N"},
+        {7, 15, "Caduta"},
+        {7, 315, "Domicilio N"},
+        {8, 135, "Esilio"},
+        {8, 45, "Caduta"},
+        {8, 225, "Esaltazione"},
+        {9, 285, "Caduta"},
+        {9, 345, "Domicilio"},
+        {9, 105, "Esaltazione"},
+        {10, 45, "Esilio N"},
+        {10, 15, ""},
+        {10, 225, "Domicilio N"},
+    };
+    for (const Caso& c : casi) {
+        // Every other body in Gemelli at 65 degrees, where only Mercury and Jupiter have a word.
+        std::array<double, 12> corpi;
+        corpi.fill(65);
+        corpi[3 - 1] = 135; // Mercury out of Gemelli unless the case moves it
+        corpi[6 - 1] = 135;
+        corpi[static_cast<std::size_t>(c.riga - 1)] = c.lo;
+        auto sup = Componi(PosizioniDiProva(corpi, CuspidiComuni));
+        EXPECT_EQ(Cella(sup, c.riga, 3250), c.testo) << "riga " << c.riga << " a " << c.lo;
+    }
+}
+
+TEST(PaginaStampa, RetrogradiELunaNera) {
+    auto p = PosizioniDiProva(Dignitosi, CuspidiComuni);
+    // The Sun, the Moon and the node never show the letter, even with the flag set.
+    for (Posizione* x : {&p.Sole, &p.Luna, &p.Mercurio, &p.Saturno, &p.Plutone, &p.NodoLuna})
+        x->Mv = -1;
+    auto sup = Componi(p);
+    auto riga = [&](int i) { return TestiDellaRiga(sup, Y0 + H * i, X0 + 1300, X0 + 1650); };
+    const std::map<int, std::vector<std::string>> attese{
+        {1, {}},     {2, {}},  {3, {"R"}},  {4, {}},  {7, {"R"}}, {8, {}},
+        {10, {"R"}}, {11, {}}, {12, {"-"}}, {13, {}}, {14, {}}};
+    for (const auto& [i, testi] : attese)
+        EXPECT_EQ(riga(i), testi) << "riga " << i;
+}
+
+TEST(PaginaStampa, LongitudiniNelSegnoECuspidi) {
+    auto p = PosizioniDiProva(Dignitosi, CuspidiComuni);
+    p.Sole.Lo = 130 + 5.0 / 60 + 9.5 / 3600; // 10°05'09.5'' Leone: whole seconds
+    p.Asce.Lo = 10 + 3.0 / 60 + 31.0 / 3600; // 10°03'31'': to the nearest minute
+    p.MC.Lo = 280 + 59.0 / 60 + 45.0 / 3600; // 10°59'45'' Capricorno
+    auto sup = Componi(p);
+    EXPECT_EQ(Cella(sup, 1, 350), "10°05'09''");
+    EXPECT_EQ(Cella(sup, 13, 0), "Asc");
+    EXPECT_EQ(Cella(sup, 13, 350), "10°04'");
+    EXPECT_EQ(Cella(sup, 14, 0), "MC");
+    EXPECT_EQ(Cella(sup, 14, 350), "11°00'");
+    // Cusps 2, 3, FC, 5, 6, Dis, 8, 9, 11, 12 from row 15; II at 40 is 10°00' Toro, IV opposite
+    // the MC.
+    const char* etichette[10] = {"2", "3", "FC", "5", "6", "Dis", "8", "9", "11", "12"};
+    for (int n = 0; n < 10; ++n)
+        EXPECT_EQ(Cella(sup, 15 + n, 0), etichette[n]);
+    EXPECT_EQ(Cella(sup, 15, 350), "10°00'");
+    EXPECT_EQ(Cella(sup, 17, 350), "11°00'");
+    EXPECT_TRUE(
+        Contiene(sup.figure, FigureDelGlifo(GlifoSegno(3), 200, X0 + 1300, Y0 + H * 17, Nero, 2)))
+        << "FC in Cancro";
+}
+
+namespace {
+
+// Aspects at orb 2.5 among the majors, worked out by hand: Sole-Luna 60, Luna-Saturno 92,
+// Mercurio-Nodo 88, Mercurio-Asc 59, Marte-Lilith 121, Saturno-Lilith 62, Nettuno-Asc 88.
+const std::array<double, 12> Aspettati{5, 65, 17, 40, 150, 293, 333, 207, 230, 356, 105, 271};
+const std::array<double, 6> CuspidiAspettati{318, 350, 20, 82, 110, 140};
+
+// The aspect names of the list, row by row (the texts between the glyphs).
+std::vector<std::vector<std::string>> ListaAspetti(const SuperficieRegistrata& sup) {
+    std::vector<std::vector<std::string>> righe;
+    for (int r = 1; r <= 13; ++r) {
+        std::vector<std::string> riga;
+        for (const std::string& t : TestiDellaRiga(sup, Y0 + 3900 + H * r, X0 + 1700, X0 + 10500))
+            if (t != "  " && t != "Asc" && t != "MC") riga.push_back(t);
+        if (!riga.empty()) righe.push_back(riga);
+    }
+    return righe;
+}
+
+bool SulCerchio(const Figura& f, double r) {
+    return Vicino(std::hypot(f.x1 - 3700, f.y1 - 3650), r) &&
+           Vicino(std::hypot(f.x2 - 3700, f.y2 - 3650), r) &&
+           !(Vicino(f.x1, f.x2) && Vicino(f.y1, f.y2));
+}
+
+int LineeAspetto(const SuperficieRegistrata& sup) {
+    int n = 0;
+    for (const Figura& f : DelTipo(sup.figure, Figura::Linea))
+        if (SulCerchio(f, 2450)) ++n;
+    return n;
+}
+
+} // namespace
+
+TEST(PaginaStampa, ElencoAspettiConESenzaDisegno) {
+    auto p = PosizioniDiProva(Aspettati, CuspidiAspettati);
+    OpzioniPagina o = Opzioni();
+    o.DisegnaAspetti = true;
+    auto con = Componi(p, o);
+    const std::vector<std::vector<std::string>> attese{
+        {" SESTILE "}, {" QUADRATURA "}, {" QUADRATURA ", " SESTILE "},
+        {" TRIGONO "}, {" SESTILE "},    {" QUADRATURA "}};
+    EXPECT_EQ(ListaAspetti(con), attese);
+    EXPECT_EQ(Cella(con, 15, 1700), "Aspetti Selezionati (5), Orbita 2,5");
+    EXPECT_EQ(LineeAspetto(con), 7);
+    // The last entry ends on the Ascendant, written as text: glyph, name, "Asc", two blanks.
+    EXPECT_EQ(TestiDellaRiga(con, Y0 + 3900 + H * 6, X0 + 1700, X0 + 10500),
+              (std::vector<std::string>{" QUADRATURA ", "Asc", "  "}));
+
+    o.DisegnaAspetti = false;
+    auto senza = Componi(p, o);
+    EXPECT_TRUE(ListaAspetti(senza).empty());
+    EXPECT_EQ(Cella(senza, 15, 1700), "Aspetti Selezionati (5), Orbita 2,5");
+    EXPECT_EQ(LineeAspetto(senza), 0);
+
+    // A narrower orb keeps the exact sextile alone; switched off, the sextiles go.
+    o.DisegnaAspetti = true;
+    o.Aspetti.Orbita = 0.5f;
+    EXPECT_EQ(ListaAspetti(Componi(p, o)), (std::vector<std::vector<std::string>>{{" SESTILE "}}));
+    o.Aspetti.Orbita = 2.5f;
+    o.Aspetti.AspettoAttivo[1] = 0;
+    auto senzaSestili = Componi(p, o);
+    EXPECT_EQ(ListaAspetti(senzaSestili),
+              (std::vector<std::vector<std::string>>{
+                  {" QUADRATURA "}, {" QUADRATURA "}, {" TRIGONO "}, {" QUADRATURA "}}));
+    EXPECT_EQ(Cella(senzaSestili, 15, 1700), "Aspetti Selezionati (4), Orbita 2,5");
+    for (auto& a : o.Aspetti.AspettoAttivo)
+        a = -1;
+    o.Aspetti.Orbita = 3;
+    EXPECT_EQ(Cella(Componi(p, o), 15, 1700), "Aspetti Selezionati (17), Orbita 3");
+}
+
+TEST(PaginaStampa, TestataDelTema) {
+    // Padova, 10 April 1987 at 19:30 summer time: 17:30 UT. Local sidereal time from Meeus,
+    // Astronomical Algorithms, example 12.b (8h34m57.09s at 19:21 UT that day): 6h43m38.9s at
+    // 17:30 UT, -0.24 s of nutation, +47m32s for 11°53' east: 7h31m10s. JD 2446896.229.
+    Tema t;
+    t.Nome = "Mario Rossi";
+    t.City = "Padova";
+    t.Day = GiornoGiuliano(1987, 4, 10);
+    t.OraL = 19.5;
+    t.Estiva = 1;
+    t.Fuso = -1;
+    t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    t.Lat = GradiDecimali(45, 24, 0);
+    auto sup = Componi(PosizioniDiProva(Dignitosi, CuspidiComuni), Opzioni(), t);
+    struct Riga {
+        double y;
+        const char* testo;
+    };
+    const Riga righe[] = {{240, "TEMA NATALE   -  stampa  01/02/2026"},
+                          {590, "Mario Rossi"},
+                          {810, "Padova"},
+                          {1030, "10/4/1987   19:30:0[Estiva]  1"},
+                          {1470, " [Longitudine]  11E53 0''"},
+                          {1690, " [Latitudine]     45N24 0''"},
+                          {1910, "[Fuso ]  E1"},
+                          {2350, " [TsL]     7:31:10"},
+                          {2570, " [JD]      2.446.896,23"}};
+    for (const Riga& r : righe)
+        EXPECT_EQ(TestoIn(sup, 7100, r.y), r.testo) << r.y;
+    EXPECT_EQ(TestoIn(sup, 7100, 1250), "");
+    EXPECT_EQ(TestoIn(sup, 7100, 2130), "");
+
+    const char* titoli[5] = {"", "TEMA NATALE", "TRANSITO", "RIVOLUZIONE", "DIREZIONE"};
+    for (int che = 1; che <= 4; ++che) {
+        OpzioniPagina o = Opzioni();
+        o.CheStampa = che;
+        auto s = Componi(PosizioniDiProva(Dignitosi, CuspidiComuni), o, t);
+        EXPECT_EQ(TestoIn(s, 7100, 240), std::string(titoli[che]) + "   -  stampa  01/02/2026");
+    }
+}
+
+TEST(PaginaStampa, RiquadroDellaLunaTestateEPiede) {
+    struct Caso {
+        std::int16_t lunaGeo;
+        const char* seconda;
+        const char* terza;
+    };
+    const Caso casi[] = {{1, "       ", "       Pianeti GeoCentrici"},
+                         {0, "       Luna TopoCentrica ", "    Altri Pianeti GeoCentrici"}};
+    for (const Caso& c : casi) {
+        OpzioniPagina o = Opzioni();
+        o.LunaGeo = c.lunaGeo;
+        auto sup = Componi(PosizioniDiProva(Dignitosi, CuspidiComuni), o);
+        EXPECT_EQ(TestoIn(sup, 7600, 6750), "Zodiaco Tropico - Case di Placido ");
+        EXPECT_EQ(TestoIn(sup, 7600, 6970), c.seconda);
+        EXPECT_EQ(TestoIn(sup, 7600, 7190), c.terza);
+    }
+    // The heading reads "Longitudini " with a blank on the form only.
+    OpzioniPagina o = Opzioni();
+    EXPECT_EQ(Cella(Componi(PosizioniDiProva(Dignitosi, CuspidiComuni), o), 0, 0), "Longitudini");
+    o.SulModulo = true;
+    auto modulo = Componi(PosizioniDiProva(Dignitosi, CuspidiComuni), o);
+    EXPECT_EQ(Cella(modulo, 0, 0), "Longitudini ");
+    EXPECT_EQ(Cella(modulo, 0, 3250), "Domicili");
+    // The footer: the program, its version as three numbers, and the contact line below.
+    std::string piede = TestoIn(modulo, X0, Y0 + 7700);
+    ASSERT_EQ(piede.rfind("Vesmo - Versione ", 0), 0u) << piede;
+    EXPECT_EQ(std::count(piede.begin(), piede.end(), '.'), 2);
+    EXPECT_FALSE(TestoIn(modulo, X0, Y0 + 7920).empty());
+}
+
+TEST(PaginaStampa, RuotaInNeroSenzaRiempimenti) {
+    OpzioniPagina o = Opzioni();
+    o.DisegnaAspetti = true;
+    SuperficieRegistrata sup;
+    auto punti =
+        DisegnaRuotaStampa(sup, TemaDiProva(), PosizioniDiProva(Aspettati, CuspidiAspettati), o);
+    for (const Figura& f : sup.figure) {
+        EXPECT_EQ(f.colore, Nero);
+        EXPECT_EQ(f.tipoRiempimento, 1) << "niente è riempito";
+    }
+    // The bodies' glyphs with the glyphs' pen: the Sun's on ring 1 at 5 degrees.
+    double r = 2450 - 350, a = Radianti(360 - 318 + 5);
+    EXPECT_TRUE(Contiene(sup.figure, FigureDelGlifo(GlifoCorpo(RuotaSole), 350, PolareX(3700, r, a),
+                                                    PolareY(3650, r, a), Nero, 2)));
+    // The Ascendant (318) at the left: its aspect point on the circle R2 left of the centre.
+    EXPECT_NEAR(punti[13].X, 3700 - 2450, 1e-6);
+    EXPECT_NEAR(punti[13].Y, 3650, 1e-6);
+    // The arrow head at the Ascendant and the Midheaven's circle stay.
+    int barbe = 0;
+    for (const Figura& f : DelTipo(sup.figure, Figura::Linea))
+        if (Vicino(f.x1, 3700 - 3600) && Vicino(f.y1, 3650) &&
+            Vicino(std::hypot(f.x2 - f.x1, f.y2 - f.y1), 300))
+            ++barbe;
+    EXPECT_EQ(barbe, 2);
+    int cerchi = 0;
+    for (const Figura& f : DelTipo(sup.figure, Figura::Ellisse))
+        if (Vicino(f.rx, 250) && Vicino(std::hypot(f.x1 - 3700, f.y1 - 3650), 3100 + 280)) ++cerchi;
+    EXPECT_EQ(cerchi, 1);
+}
+
+namespace {
+
+// The Swiss Ephemeris' sign (0..11) of a body and its speed, at a UT instant.
+struct Swe {
+    int segno;
+    double velocita;
+    double nelSegno;
+};
+Swe SweCorpo(double jdUt, int corpo) {
+    double xx[6];
+    char errore[256];
+    swe_calc_ut(jdUt, corpo, SEFLG_MOSEPH | SEFLG_SPEED, xx, errore);
+    int s = static_cast<int>(xx[0] / 30);
+    return {s, xx[3], xx[0] - 30 * s};
+}
+
+} // namespace
+
+TEST(PaginaStampa, TemaCalcolatoControEffemeridiIndipendenti) {
+    // Padova, 1 September 2000 at 12:00 summer time (10:00 UT), mean Black Moon: Mercury in
+    // Vergine, Venus in Bilancia, Jupiter in Gemelli, Uranus and Neptune retrograde in Acquario,
+    // Ascendant in Scorpione.
+    Tema t;
+    t.Day = GiornoGiuliano(2000, 9, 1);
+    t.OraL = 12;
+    t.Estiva = 1;
+    t.Fuso = -1;
+    t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    t.Lat = 45.4;
+    MessaggiRegistrati m;
+    Case c;
+    Posizioni p;
+    CastaTema(t, c, p, 1, m);
+    OpzioniPagina o = Opzioni();
+    o.LunaNeraVera = 0;
+    auto sup = Componi(p, o, t);
+
+    // The signs as the Swiss Ephemeris has them, each well inside its sign.
+    const double jd = swe_julday(2000, 9, 1, 10.0, SE_GREG_CAL);
+    const int corpi[12] = {SE_SUN,    SE_MOON,   SE_MERCURY, SE_VENUS, SE_MARS,      SE_JUPITER,
+                           SE_SATURN, SE_URANUS, SE_NEPTUNE, SE_PLUTO, SE_MEAN_NODE, SE_MEAN_APOG};
+    const char* quadruplicita[3] = {"Cardinale", "Fisso", "Mobile"};
+    const char* elementi[4] = {"Fuoco", "Terra", "Aria", "Acqua"};
+    for (int i = 1; i <= 12; ++i) {
+        Swe s = SweCorpo(jd, corpi[i - 1]);
+        ASSERT_GT(s.nelSegno, 0.5) << "riga " << i;
+        ASSERT_LT(s.nelSegno, 29.5) << "riga " << i;
+        EXPECT_EQ(Cella(sup, i, 1700), quadruplicita[s.segno % 3]) << "riga " << i;
+        EXPECT_EQ(Cella(sup, i, 2600), elementi[s.segno % 4]) << "riga " << i;
+        if (i >= 3 && i <= 10) {
+            auto moto = TestiDellaRiga(sup, Y0 + H * i, X0 + 1300, X0 + 1650);
+            EXPECT_EQ(moto,
+                      s.velocita < 0 ? std::vector<std::string>{"R"} : std::vector<std::string>{})
+                << "riga " << i;
+        }
+    }
+    double cuspidi[13], ascmc[10];
+    swe_houses(jd, 45.4, GradiDecimali(11, 53, 0), 'P', cuspidi, ascmc);
+    EXPECT_EQ(static_cast<int>(ascmc[0] / 30), 7) << "Ascendente in Scorpione";
+    EXPECT_EQ(static_cast<int>(ascmc[1] / 30), 4) << "MC in Leone";
+    EXPECT_EQ(Cella(sup, 13, 1700), "Fisso");
+    EXPECT_EQ(Cella(sup, 14, 2600), "Fuoco");
+
+    // Counted from those signs: Mercury in Vergine once under "Domicilio ", Venus in Bilancia
+    // "Domicilio D", Uranus in Acquario "Domicilio", Jupiter in Gemelli "Esilio D".
+    EXPECT_EQ(Cella(sup, 3, 3250), "Dom D + Esa");
+    EXPECT_EQ(Cella(sup, 4, 3250), "Domicilio D");
+    EXPECT_EQ(Cella(sup, 6, 3250), "Esilio D");
+    const char* conti[11] = {"Cardinali 4", "Fissi 5",       "Mobili 5", "Fuoco 3",
+                             "Terra 3",     "Aria 6",        "Acqua 2",  "Domicilio 3",
+                             "Esilio 1",    "Esaltazione 0", "Caduta 0"};
+    for (int n = 0; n < 11; ++n)
+        EXPECT_EQ(Cella(sup, n + 1, 4550), conti[n]);
+    // Scorpione: Marte by day, Plutone by night.
+    EXPECT_TRUE(Contiene(
+        sup.figure, FigureDelGlifo(GlifoCorpo(RuotaMarte), 200, X0 + 4550, Y0 + H * 13, Nero, 2)));
+    EXPECT_TRUE(Contiene(sup.figure, FigureDelGlifo(GlifoCorpo(RuotaPlutone), 200, X0 + 5500,
+                                                    Y0 + H * 13, Nero, 2)));
+}
+
+TEST(PaginaStampa, LeDueParti) {
+    // The second bitmap: the table block from the corner, then the footer.
+    auto p = PosizioniDiProva(Dignitosi, CuspidiComuni);
+    SuperficieRegistrata bassa;
+    DisegnaParteBassa(bassa, TemaDiProva(), p, Opzioni(), 0, 0);
+    EXPECT_EQ(TestoIn(bassa, 1700, H), "Fisso");
+    EXPECT_EQ(TestoIn(bassa, 4550, H), "Cardinali 7");
+    EXPECT_EQ(TestoIn(bassa, 0, 7700).rfind("Vesmo", 0), 0u);
+    // The first: wheel, header and box, nothing of the table.
+    SuperficieRegistrata alta;
+    DisegnaParteAlta(alta, TemaDiProva(), p, Opzioni());
+    EXPECT_EQ(TestoIn(alta, 7600, 6750), "Zodiaco Tropico - Case di Placido ");
+    for (const Figura& f : alta.figure)
+        EXPECT_LT(f.y1, 7500) << f.testo;
+}
+
+TEST(PaginaStampa, TemaVuoto) {
+    // An empty slot prints a blank record: every point at 0 Ariete, nothing left out.
+    auto sup = Componi(Posizioni(), Opzioni(), Tema());
+    for (int i = 1; i <= 12; ++i) {
+        EXPECT_EQ(Cella(sup, i, 350), "00°00'00''") << "riga " << i;
+        EXPECT_EQ(Cella(sup, i, 1700), "Cardinale") << "riga " << i;
+    }
+    EXPECT_EQ(Cella(sup, 13, 350), "00°00'");
+    EXPECT_EQ(Cella(sup, 1, 4550), "Cardinali 14");
+    EXPECT_EQ(Cella(sup, 4, 4550), "Fuoco 14");
+    // Ariete: the Sun exalted, Venus exiled by day, Mars at home by night, Saturn fallen.
+    EXPECT_EQ(Cella(sup, 8, 4550), "Domicilio 1");
+    EXPECT_EQ(Cella(sup, 9, 4550), "Esilio 1");
+    EXPECT_EQ(Cella(sup, 10, 4550), "Esaltazione 1");
+    EXPECT_EQ(Cella(sup, 11, 4550), "Caduta 1");
+}

@@ -1,0 +1,64 @@
+// The map of the time zones drawn at set-up: the land decoded from a small TopoJSON topology
+// (quantised arcs, arcs run backwards, both kinds of polygon), its refusals, and the land
+// coloured by the band of its zone at the place SegnaMappa marks.
+#include <gtest/gtest.h>
+
+#include <QImage>
+
+#include "presentation/Rilocazione.h"
+#include "presentation/qt/MappaFusi.h"
+
+using namespace vesmo;
+
+namespace {
+
+// Two arcs of a square from (-10, 5) to (-8, 6), with scale 0.5, 0.25 and translate -10, 5.
+const char* const Topologia = R"({"type":"Topology",
+  "transform":{"scale":[0.5,0.25],"translate":[-10,5]},
+  "arcs":[[[0,0],[4,0],[0,4]],[[4,4],[-4,0],[0,-4]]],
+  "objects":{"land":{"type":"GeometryCollection","geometries":[
+    {"type":"Polygon","arcs":[[0,1]]},
+    {"type":"MultiPolygon","arcs":[[[-2,-1]]]}]}}})";
+
+} // namespace
+
+TEST(MappaFusi, TerreDallaTopologia) {
+    QString errore;
+    const auto terre = TerreDaTopoJson(Topologia, errore);
+    EXPECT_TRUE(errore.isEmpty());
+    ASSERT_EQ(terre.size(), 2u);
+    EXPECT_EQ(terre[0], (QPolygonF{{-10, 5}, {-8, 5}, {-8, 6}, {-10, 6}, {-10, 5}}));
+    // ~1 and ~0: both arcs backwards.
+    EXPECT_EQ(terre[1], (QPolygonF{{-10, 5}, {-10, 6}, {-8, 6}, {-8, 5}, {-10, 5}}));
+
+    struct Caso {
+        const char* testo;
+        bool conErrore;
+    };
+    for (Caso c : {Caso{"non json", true}, Caso{R"({"type":"Topology","objects":{}})", true},
+                   Caso{R"({"type":"Topology","arcs":[],"objects":{"land":{"type":"Polygon",
+                        "arcs":[[3]]}}})",
+                        true}}) {
+        QString e;
+        EXPECT_TRUE(TerreDaTopoJson(c.testo, e).empty()) << c.testo;
+        EXPECT_EQ(!e.isEmpty(), c.conErrore) << c.testo;
+    }
+}
+
+TEST(MappaFusi, TerraColorataPerFuso) {
+    // A square of land from 0 to 10 degrees east, 40 to 50 north.
+    const std::vector<QPolygonF> terre{QPolygonF{{0, 40}, {10, 40}, {10, 50}, {0, 50}, {0, 40}}};
+    const QImage mappa = DisegnaMappaFusi(terre);
+    ASSERT_EQ(mappa.size(), QSize(357, 186));
+    auto colore = [&](double lonEst, double lat) {
+        const PuntoMappa p = PosizioneSullaMappa(-lonEst / 15, lat, 357 * 15.0, 186 * 15.0);
+        return mappa.pixelColor(static_cast<int>(p.x / 15), static_cast<int>(p.y / 15));
+    };
+    // The zone of Greenwich (from 7.5 west to 7.5 east) and the next one east differ; the sea
+    // is neither.
+    const QColor zero = colore(4, 45), uno = colore(9, 45), mare = colore(100, -20);
+    EXPECT_NE(zero, uno);
+    EXPECT_NE(zero, mare);
+    EXPECT_NE(uno, mare);
+    EXPECT_EQ(colore(-40, 0), mare);
+}
