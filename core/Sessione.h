@@ -5,6 +5,7 @@
 #include <cstdint>
 #include <string>
 
+#include "core/StatoRuote.h"
 #include "core/Tema.h"
 
 namespace vesmo {
@@ -33,6 +34,9 @@ struct Sessione {
     std::int16_t SalvatoOk = 0;
     std::int32_t ArchivioIndice = 0;
     std::string ArchivioCorrente;
+
+    // The wheels' drawing switches: one copy for the single and the double wheel.
+    StatoRuote Ruote;
 
     // Captions of the two Moon flags.
     std::string DidascaliaLunaGeo() const {

@@ -199,4 +199,76 @@ std::string FormatoNumero(double x, std::string_view figura, char decimale, char
     return r;
 }
 
+std::size_t LeggiNumero(std::string_view s, double& valore) {
+    std::size_t i = 0;
+    std::string numero;
+    if (i < s.size() && (s[i] == '-' || s[i] == '+')) numero += s[i++];
+    bool cifre = false, separatore = false;
+    std::size_t fine = 0;
+    for (; i < s.size(); ++i) {
+        const char c = s[i];
+        if (c >= '0' && c <= '9') {
+            numero += c;
+            cifre = true;
+            fine = i + 1;
+        } else if ((c == ',' || c == '.') && !separatore) {
+            numero += '.';
+            separatore = true;
+            if (cifre) fine = i + 1;
+        } else {
+            break;
+        }
+    }
+    if (!cifre) return 0;
+    valore = std::strtod(numero.c_str(), nullptr);
+    return fine;
+}
+
+namespace {
+
+// The capital of one code point of Latin-1 and Latin Extended-A, or the code point itself.
+char32_t Maiuscola(char32_t c) {
+    if (c >= U'a' && c <= U'z') return c - 0x20;
+    if (c >= 0xE0 && c <= 0xFE && c != 0xF7) return c - 0x20;
+    if (c == 0xFF) return 0x178;
+    if (c == 0x131) return U'I'; // dotless i
+    if ((c >= 0x100 && c <= 0x137) || (c >= 0x14A && c <= 0x177)) return c & ~char32_t{1};
+    if ((c >= 0x139 && c <= 0x148) || (c >= 0x179 && c <= 0x17E)) return c % 2 == 0 ? c - 1 : c;
+    return c;
+}
+
+void ScriviUtf8(std::string& s, char32_t c) {
+    if (c < 0x80) {
+        s += static_cast<char>(c);
+    } else if (c < 0x800) {
+        s += static_cast<char>(0xC0 | (c >> 6));
+        s += static_cast<char>(0x80 | (c & 0x3F));
+    } else {
+        s += static_cast<char>(0xE0 | (c >> 12));
+        s += static_cast<char>(0x80 | ((c >> 6) & 0x3F));
+        s += static_cast<char>(0x80 | (c & 0x3F));
+    }
+}
+
+} // namespace
+
+std::string Maiuscole(std::string_view s) {
+    std::string r;
+    r.reserve(s.size());
+    for (std::size_t i = 0; i < s.size(); ++i) {
+        const auto b = static_cast<unsigned char>(s[i]);
+        // Two-byte sequences hold every letter changed here; the rest is copied byte by byte.
+        if ((b & 0xE0) == 0xC0 && i + 1 < s.size() &&
+            (static_cast<unsigned char>(s[i + 1]) & 0xC0) == 0x80) {
+            const char32_t c =
+                (char32_t{b & 0x1Fu} << 6) | (static_cast<unsigned char>(s[i + 1]) & 0x3Fu);
+            ScriviUtf8(r, Maiuscola(c));
+            ++i;
+        } else {
+            r += b < 0x80 ? static_cast<char>(Maiuscola(b)) : s[i];
+        }
+    }
+    return r;
+}
+
 } // namespace vesmo

@@ -29,9 +29,19 @@ std::string ALatin1(std::string_view utf8);
 std::size_t CercaSenzaCaso(std::string_view pagliaio, std::string_view ago);
 bool UgualeSenzaCaso(std::string_view a, std::string_view b);
 
+// In capitals: the ASCII letters and the accented letters of the Latin alphabets ("Côte
+// d'Ivoire" "CÔTE D'IVOIRE"); everything else stays as it is.
+std::string Maiuscole(std::string_view utf8);
+
 // The decimal separator of the workstation: the Italian comma.
 inline constexpr char SeparatoreDecimale = ',';
 inline constexpr char SeparatoreMigliaia = '.';
+
+// The number at the start of a box's text, as every box of every form reads it: an optional
+// sign, digits, and one decimal separator, the Italian comma or the dot ("1998,5", "-0.5").
+// Returns how many characters make the number (0 when there is none) and puts its value in
+// `valore`; blanks are not skipped.
+std::size_t LeggiNumero(std::string_view testo, double& valore);
 
 // A number as the platform's plain conversion writes it: up to 15 significant digits,
 // no trailing zeros, the locale's decimal separator ("0,5", "-1", "2451545").

@@ -19,12 +19,6 @@ constexpr double Tolleranza = 0.00001;
 constexpr double OrigineSeriale = 2415018.5;
 constexpr double UnOra = 1.0 / 24.0;
 
-std::string Maiuscole(std::string s) {
-    for (char& c : s)
-        if (c >= 'a' && c <= 'z') c = static_cast<char>(c - 'a' + 'A');
-    return s;
-}
-
 // The wanted moment of the fields as a Julian day.
 double MomentoVoluto(const Tema& tema) {
     return tema.Day + tema.OraL / 24.0;
@@ -44,23 +38,8 @@ double ValoreTesto(std::string_view s) {
     std::size_t i = 0;
     while (i < s.size() && (s[i] == ' ' || s[i] == '\t'))
         ++i;
-    std::string numero;
-    if (i < s.size() && (s[i] == '-' || s[i] == '+')) numero += s[i++];
-    bool cifre = false, punto = false;
-    for (; i < s.size(); ++i) {
-        const char c = s[i];
-        if (c >= '0' && c <= '9') {
-            numero += c;
-            cifre = true;
-        } else if (c == '.' && !punto) {
-            numero += c;
-            punto = true;
-        } else {
-            break;
-        }
-    }
-    if (!cifre) return 0;
-    return std::strtod(numero.c_str(), nullptr);
+    double v = 0;
+    return LeggiNumero(s.substr(i), v) > 0 ? v : 0;
 }
 
 std::string TestoDataOra(double seriale) {

@@ -93,8 +93,9 @@ private:
     void ErroreNazione(const Tema& tema);
 };
 
-// The number at the start of a text, as a form box is read by value: blanks before it are
-// passed over, a sign and digits with a dot are read, the rest ignored ("12abc" 12, "-" 0).
+// The number at the start of a box's text: blanks before it are passed over, then LeggiNumero
+// reads a sign and digits with the comma or the dot, the rest is ignored ("12abc" 12,
+// "1998,5" 1998.5, "-" 0).
 double ValoreTesto(std::string_view testo);
 
 // A date serial (days from 30 December 1899, the time of day as the fraction) as the system's

@@ -150,8 +150,10 @@ void AspettiDoppia(Superficie& sup, const PuntiDellaRuota& interni, const PuntiD
                 if (!o.List2[0] && !o.List2[j]) continue;
                 double d;
                 if (zodiaco) {
-                    d = std::fabs((angoloRuota + interni[i].pos.Lo) -
-                                  (angoloEsterno + esterni[j].pos.Lo));
+                    // Both places on the circle first, so that the difference stays within
+                    // one turn whatever the rotations.
+                    d = std::fabs(Norma360(angoloRuota + interni[i].pos.Lo, 1) -
+                                  Norma360(angoloEsterno + esterni[j].pos.Lo, 1));
                     if (d > 180) d = 360 - d;
                 } else {
                     // The outer point where it is drawn, turned on by the solar arc: the line
@@ -243,7 +245,8 @@ RuotaDoppiaDisegnata DisegnaDoppioZodiaco(Superficie& sup, const Tema& ti, const
     if (casa == 1)
         r.AngoloEsterno = 360 - pe.Asce.Lo;
     else
-        r.AngoloEsterno = (prep.cuspiInt[casa].Lo - pi.Asce.Lo) + (360 - prep.cuspiEst[casa].Lo);
+        r.AngoloEsterno =
+            Norma360((prep.cuspiInt[casa].Lo - pi.Asce.Lo) + (360 - prep.cuspiEst[casa].Lo), 1);
     GeometriaDoppia g = GeometriaDelDoppioZodiaco();
     const Riferimento P{g.CentroX, g.CentroY, r.AngoloRuota};
     const Riferimento Z{g.CentroX, g.CentroY, r.AngoloEsterno};

@@ -45,7 +45,8 @@ std::string Longitudine(double lo, bool conSecondi) {
 std::string Declinazione(double deRad) {
     double g, m, s;
     RadGradiPrimiSecondi(deRad, g, m, s);
-    return Str(g) + "° " + Str(m) + "' " + FormatoNumero(std::fabs(s), "##") + "''";
+    // Within a degree of the equator the minutes and the seconds carry the sign.
+    return Str(g) + "° " + Str(m) + "' " + FormatoNumero(s, "##") + "''";
 }
 
 std::string Ore(const Variante& v, const char* figuraSecondi) {

@@ -8,19 +8,18 @@
 #include <string>
 #include <string_view>
 
+#include "core/Testo.h"
+
 namespace vesmo {
 
 // The number, or nothing when the text is not one.
+// The same reader as every other box (LeggiNumero), here with nothing but the number allowed.
 inline std::optional<double> NumeroDigitato(std::string_view testo) {
     auto primo = testo.find_first_not_of(' ');
     if (primo == std::string_view::npos) return std::nullopt;
-    std::string t(testo.substr(primo, testo.find_last_not_of(' ') - primo + 1));
-    for (char& c : t)
-        if (c == ',') c = '.';
-    if (t.find_first_not_of("+-.0123456789") != std::string::npos) return std::nullopt;
-    char* fine = nullptr;
-    double v = std::strtod(t.c_str(), &fine);
-    if (fine != t.c_str() + t.size() || !std::isfinite(v)) return std::nullopt;
+    const std::string_view t = testo.substr(primo, testo.find_last_not_of(' ') - primo + 1);
+    double v = 0;
+    if (LeggiNumero(t, v) != t.size() || !std::isfinite(v)) return std::nullopt;
     return v;
 }
 

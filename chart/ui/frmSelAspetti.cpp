@@ -25,7 +25,8 @@ namespace vesmo {
 
 frmSelAspetti::frmSelAspetti(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
                              Messaggi& messaggi, QWidget* genitore)
-    : QWidget(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), messaggi_(messaggi) {
+    : QWidget(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), propri_(messaggi, this),
+      messaggi_(propri_) {
     setObjectName("frmSelAspetti");
     setWindowFlag(Qt::Window);
     setAttribute(Qt::WA_DeleteOnClose, false);
@@ -86,12 +87,18 @@ frmSelAspetti::frmSelAspetti(Sessione& sessione, TabellaAspetti& aspetti, StatoR
     Text1 = new QLineEdit(this);
     Text1->setObjectName("Text1");
     Text1->setMaximumWidth(80);
+    // What is wrong with the orb typed, said quietly while the user is still typing.
+    lblOrbita = new QLabel(this);
+    lblOrbita->setObjectName("lblOrbita");
+    lblOrbita->setTextFormat(Qt::PlainText);
+    lblOrbita->setStyleSheet(QStringLiteral("color: #b00000;"));
     Command1 = new QPushButton(QStringLiteral("&Esci "), this);
     Command1->setObjectName("Command1");
 
     auto* orbita = new QVBoxLayout;
     orbita->addWidget(Label1);
     orbita->addWidget(Text1);
+    orbita->addWidget(lblOrbita);
     orbita->addStretch(1);
     auto* lista = new QVBoxLayout;
     lista->addWidget(Frame2);
@@ -151,13 +158,15 @@ void frmSelAspetti::Text1_Change() {
     if (NumeroIniziato(SS(t.trimmed()))) return; // a sign or a comma alone: still being typed
     const std::optional<double> v = NumeroDigitato(SS(t));
     if (!v) {
-        messaggi_.Mostra("Lyx - Orbita Aspetti",
-                         "L'Orbita degli Aspetti deve essere un numero: " + SS(t) +
-                             "\nIl separatore decimale è la VIRGOLA.\n" + std::string(30, '-') +
-                             "\nThe orb must be a number.\n",
-                         Pulsanti::Ok, Icona::Esclamativo);
+        // No box per keystroke: the box reddens, the line below it says why, and the orb and
+        // the grid stay as they were until the text is a number again.
+        Text1->setStyleSheet(QStringLiteral("background-color: #ffc8c8;"));
+        lblOrbita->setText(QStringLiteral("L'Orbita degli Aspetti deve essere un numero: ") + t +
+                           QStringLiteral("\nIl separatore decimale è la VIRGOLA."));
         return;
     }
+    Text1->setStyleSheet(QString());
+    lblOrbita->clear();
     aspetti_.Orbita = static_cast<float>(*v);
     ListaInAspetti();
     CostruisciGriglia();

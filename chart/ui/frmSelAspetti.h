@@ -9,6 +9,7 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/qt/MessaggiDellaFinestra.h"
 #include "presentation/StatoRuote.h"
 
 class QAction;
@@ -39,6 +40,7 @@ public:
     QRadioButton *Option1, *Option2;
     QGroupBox* Frame2;
     QLineEdit* Text1;
+    QLabel* lblOrbita;
     QLabel *Label1, *Label2, *Label3;
     QPushButton* Command1;
     QMenuBar* barraMenu;
@@ -67,6 +69,8 @@ private:
     Sessione& s_;
     TabellaAspetti& aspetti_;
     StatoRuote& stato_;
+    // The boxes raised here stand over this window.
+    MessaggiDellaFinestra propri_;
     Messaggi& messaggi_;
 };
 

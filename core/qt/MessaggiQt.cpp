@@ -4,6 +4,8 @@
 #include <QInputDialog>
 #include <QMessageBox>
 
+#include "core/qt/MessaggiDellaFinestra.h"
+
 namespace vesmo {
 
 QWidget* MessaggiQt::Genitore() const {
@@ -89,6 +91,42 @@ std::optional<std::string> MessaggiQt::Chiedi(const std::string& titolo, const s
         QInputDialog::getText(Genitore(), QS(titolo), t, QLineEdit::Normal, QS(predefinito), &ok);
     if (!ok) return std::nullopt;
     return SS(r);
+}
+
+namespace {
+
+// The screen's boxes over `finestra` while it lives.
+class SopraFinestra {
+public:
+    SopraFinestra(Messaggi& base, QWidget* finestra) : qt_(dynamic_cast<MessaggiQt*>(&base)) {
+        if (!qt_) return;
+        prima_ = qt_->GenitoreImpostato();
+        qt_->ImpostaGenitore(finestra);
+    }
+    ~SopraFinestra() {
+        if (qt_) qt_->ImpostaGenitore(prima_);
+    }
+    SopraFinestra(const SopraFinestra&) = delete;
+    SopraFinestra& operator=(const SopraFinestra&) = delete;
+
+private:
+    MessaggiQt* qt_;
+    QWidget* prima_ = nullptr;
+};
+
+} // namespace
+
+Risposta MessaggiDellaFinestra::Mostra(const std::string& titolo, const std::string& testo,
+                                       Pulsanti pulsanti, Icona icona) {
+    SopraFinestra sopra(base_, finestra_);
+    return base_.Mostra(titolo, testo, pulsanti, icona);
+}
+
+std::optional<std::string> MessaggiDellaFinestra::Chiedi(const std::string& titolo,
+                                                         const std::string& testo,
+                                                         const std::string& predefinito) {
+    SopraFinestra sopra(base_, finestra_);
+    return base_.Chiedi(titolo, testo, predefinito);
 }
 
 void MessaggiQt::Beep() {

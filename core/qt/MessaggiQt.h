@@ -12,6 +12,7 @@ public:
     // Boxes are modal over `genitore` (the active window when null).
     explicit MessaggiQt(QWidget* genitore = nullptr) : genitore_(genitore) {}
     void ImpostaGenitore(QWidget* genitore) { genitore_ = genitore; }
+    QWidget* GenitoreImpostato() const { return genitore_; }
 
     Risposta Mostra(const std::string& titolo, const std::string& testo, Pulsanti pulsanti,
                     Icona icona) override;

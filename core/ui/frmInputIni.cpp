@@ -39,6 +39,7 @@ frmInputIni::frmInputIni(PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* g
     CmdDB = nuovoPulsante("CmdDB", "&Sfoglia/Search");
     CmdExe = nuovoPulsante("CmdExe", "S&foglia/Search");
     CmdOk = nuovoPulsante("CmdOk", "&Ok");
+    CmdOk->setDefault(true);
     cmdEsci = nuovoPulsante("cmdEsci", "&Esci");
     OptNazioni = new QRadioButton(QStringLiteral("per Nazioni"), this);
     OptNazioni->setObjectName("OptNazioni");

@@ -297,13 +297,14 @@ bool PannelloDati::Carica(const std::string& fileDB, char ordinamento) {
     Frame5->setTitle(
         QStringLiteral(" DataBase (") + QString::number(NumeroCity()) +
         (form_ == FormIngresso::MainVesmo ? QStringLiteral(" City) ") : QStringLiteral(" City)")));
-    VaiAlLuogoDelTema();
-    Command4_Click();
+    // A place that is not in the database (the default place of another database): the
+    // record stays as it is, and there is nothing to import.
+    if (VaiAlLuogoDelTema()) Command4_Click();
     return true;
 }
 
-void PannelloDati::VaiAlLuogoDelTema() {
-    if (!luoghi_) return;
+bool PannelloDati::VaiAlLuogoDelTema() {
+    if (!luoghi_) return false;
     try {
         if (ordinamento_ == 'N') {
             luoghi_->Data2.Seek("<=", Valore(tema_.Stato.Valore()));
@@ -319,10 +320,11 @@ void PannelloDati::VaiAlLuogoDelTema() {
             LampoRosso();
         else
             MostraTema();
-        return;
+        return false;
     }
     SelezionaRigaGriglia(DBGrid1, griglia1_, luoghi_->Data1);
     SelezionaRigaGriglia(DBGrid2, griglia2_, luoghi_->Data2);
+    return true;
 }
 
 void PannelloDati::LampoRosso() {
@@ -471,7 +473,9 @@ void PannelloDati::RicalcolaData() {
     if (Trim(SS(Text19->text())) != Trim(nazione) || Trim(SS(Text2->text())) != Trim(city)) return;
     Command5_Click();
     Stato("");
-    DataPerLaRicerca();
+    // The resolution starts again from a clean state: a local mean time found for the earlier
+    // date must not stay ticked for the new one.
+    DataPerLaRicerca().TagChkSolare.clear();
     try {
         luoghi_->CaricaTemaDaDB(tema_);
     } catch (const std::exception& e) {

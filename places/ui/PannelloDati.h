@@ -75,7 +75,8 @@ private:
     void DaControlli(); // controls -> campi_
     void AControlli();  // campi_ -> controls
     void MostraCoordinate();
-    void VaiAlLuogoDelTema();
+    // False when the record's place is not in the database: the load then ends there.
+    bool VaiAlLuogoDelTema();
     void DopoSelezione(); // SeekFuso and CercaEstive with the place now selected
     // The name, date and time typed, handed to the zone and summer-time search.
     CampiIngresso& DataPerLaRicerca();

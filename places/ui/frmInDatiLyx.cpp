@@ -41,10 +41,11 @@ void frmInDatiLyx::Form_Load() {
 }
 
 void frmInDatiLyx::cmdCalcola_Click() {
-    // The record is read into a blank chart; a refused reading leaves TemaX and the form as
-    // they are, so the user can mend the box.
+    // The record is read into a blank chart. A box that holds no number leaves TemaX and the
+    // form as they are, so the user can mend it; without a city the user is told, and the
+    // blank chart is the result.
     Tema nuovo = s_.TemaVuoto;
-    if (!Dati->LeggiTema(nuovo)) return;
+    if (!Dati->LeggiTema(nuovo) && !Dati->Text2->text().isEmpty()) return;
     s_.TemaX = nuovo;
     s_.DatiOk = -1;
     if (TagCommand4 == QLatin1String("daRivSol")) {

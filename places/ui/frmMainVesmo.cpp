@@ -78,6 +78,10 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
         Text17->setVisible(e.Text17Visibile);
         Dati->Pannello2->setText(QS(e.Pannello2));
     });
+    // The box of the user's sidereal value follows the list whoever moves it (the load puts
+    // it back on index 0).
+    connect(Combo1, &QComboBox::currentIndexChanged, this,
+            [this](int i) { Text17->setVisible(Combo1_Click(i).Text17Visibile); });
     connect(ChkGEO, &QCheckBox::toggled, this,
             [this](bool v) { ChkGEO->setText(QS(DidascaliaChkGEO(v))); });
     connect(Command1, &QPushButton::clicked, this, &frmMainVesmo::Command1_Click);
@@ -198,10 +202,22 @@ void frmMainVesmo::mnuFilOrdN_Click() {
 }
 
 void frmMainVesmo::mnuFilePath_Click() {
+    // The dialog shows the record as the file holds it: what an earlier "&Ok" stored.
+    ConfigIni registrato = cfg_;
+    if (!LeggiConfig(percorsi_.FileIni, registrato)) registrato = cfg_;
     frmInputIni f(percorsi_, messaggi_, this);
-    f.MostraConfig(cfg_);
+    f.MostraConfig(registrato);
     f.exec();
-    // New defaults take effect at the next start.
+    if (!f.Salvato) return;
+    // The stored paths and default place are the launcher's from now on; the sort order in
+    // force changes only through its own menu entries, and the default place is looked up at
+    // the next start.
+    std::string errore;
+    ConfigIni scritto;
+    if (LeggiConfig(percorsi_.FileIni, scritto, &errore)) {
+        scritto.Ordinamento = cfg_.Ordinamento;
+        cfg_ = scritto;
+    }
 }
 
 void frmMainVesmo::mnuFilEsci_Click() {

@@ -87,7 +87,7 @@ QString TestoQuando(const Quando& q) {
 frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
                        const std::string& fileDB, Messaggi& messaggi, QWidget* genitore)
     : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), fileDB_(fileDB),
-      messaggi_(messaggi), tema_(sessione.TemaX), pos_(sessione.PosX) {
+      propri_(messaggi, this), messaggi_(propri_), tema_(sessione.TemaX), pos_(sessione.PosX) {
     setObjectName("frmOutDati");
     setAttribute(Qt::WA_DeleteOnClose, false);
     setWindowTitle(QStringLiteral("Lyx - Posizioni, Domicili, Aspetti"));
@@ -305,7 +305,8 @@ frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& 
 }
 
 void frmOutDati::Form_Load() {
-    Toolbar1->setVisible(stato_.TransitoPosizioni != 0);
+    transito_ = stato_.TransitoPosizioni != 0;
+    Toolbar1->setVisible(transito_);
     ModoAscens = 0;
     Didascalia();
     mnuAspDC->setChecked(stato_.DisegnaAspetti != 0);
@@ -399,7 +400,7 @@ void frmOutDati::MostraArchi(int riga) {
 }
 
 void frmOutDati::Toolbar1_ButtonClick(UnitaTempo unita) {
-    if (!stato_.TransitoPosizioni) return;
+    if (!transito_) return;
     const std::optional<double> quanti = PassoDigitato(SS(txtTempi->text()), messaggi_);
     if (!quanti) return;
     s_.TemaX = tema_;
@@ -560,7 +561,7 @@ void frmOutDati::Command2_MouseDown() {
 void frmOutDati::closeEvent(QCloseEvent* e) {
     Timer1->stop();
     Timer2->stop();
-    stato_.TransitoPosizioni = 0;
+    if (transito_) stato_.TransitoPosizioni = 0;
     e->accept();
 }
 

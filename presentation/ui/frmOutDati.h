@@ -15,6 +15,7 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/qt/MessaggiDellaFinestra.h"
 #include "core/store/Cursore.h"
 #include "presentation/StatoRuote.h"
 #include "presentation/ui/PassiTema.h"
@@ -41,7 +42,9 @@ class frmOutDati : public QMainWindow {
     Q_OBJECT
 public:
     // The time-stepping toolbar shows only when stato.TransitoPosizioni is true as the window is
-    // made (the menu sets it for the transit slot); closing the window clears it. `fileDB` is the
+    // made (the menu sets it for the transit slot): the window keeps that as its own, so that
+    // another positions window opened later has no toolbar. Closing the transit's window clears
+    // the flag. `fileDB` is the
     // database of the archives browsed.
     frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
                const std::string& fileDB, Messaggi& messaggi, QWidget* genitore = nullptr);
@@ -55,6 +58,8 @@ public:
     // closes it with its other secondary windows.
     std::function<void(QWidget*)> RegistraSecondaria;
 
+    // The window shows the transit slot: it has the time-stepping toolbar.
+    bool MostraTransito() const { return transito_; }
     // The chart shown.
     const Tema& TemaMostrato() const { return tema_; }
     const Posizioni& PosMostrate() const { return pos_; }
@@ -120,7 +125,10 @@ private:
     TabellaAspetti& aspetti_;
     StatoRuote& stato_;
     std::string fileDB_;
+    // The boxes raised here stand over this window.
+    MessaggiDellaFinestra propri_;
     Messaggi& messaggi_;
+    bool transito_ = false;
     Tema tema_;
     Posizioni pos_;
     Case cuspidi_;

@@ -75,8 +75,8 @@ QString DidascaliaDoppia(Esterno esterno) {
 
 frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
                                Messaggi& messaggi, Esterno esterno, QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), messaggi_(messaggi),
-      esterno_(esterno) {
+    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato),
+      propri_(messaggi, this), messaggi_(propri_), esterno_(esterno) {
     setObjectName("frmRuotaDoppia");
     setWindowTitle(QStringLiteral("Lyx - Ruota Doppia") + DidascaliaDoppia(esterno));
     const bool transito = esterno == Esterno::Transito;

@@ -13,6 +13,7 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/qt/MessaggiDellaFinestra.h"
 #include "presentation/Rilocazione.h"
 #include "presentation/StatoRuote.h"
 #include "presentation/ui/PassiTema.h"
@@ -134,6 +135,8 @@ private:
     Sessione& s_;
     TabellaAspetti& aspetti_;
     StatoRuote& stato_;
+    // The boxes raised here stand over this window.
+    MessaggiDellaFinestra propri_;
     Messaggi& messaggi_;
     Esterno esterno_;
 };

@@ -60,3 +60,27 @@ TEST(Testo, FigureNumeriche) {
     EXPECT_EQ(FormatoNumero(-3.14159, "#0.00"), "-3,14");
     EXPECT_EQ(FormatoNumero(3.14159, "#0.00", '.'), "3.14");
 }
+
+TEST(Testo, MaiuscoleConGliAccenti) {
+    struct Caso {
+        const char* testo;
+        const char* atteso;
+    };
+    const Caso casi[] = {
+        {"Italy", "ITALY"},
+        {"Côte d'Ivoire", "CÔTE D'IVOIRE"},
+        {"Curaçao", "CURAÇAO"},
+        {"São Tomé and Príncipe", "SÃO TOMÉ AND PRÍNCIPE"},
+        {"Åland Islands", "ÅLAND ISLANDS"},
+        {"Türkiye", "TÜRKIYE"},
+        {"Réunion", "RÉUNION"},
+        {"Łódź", "ŁÓDŹ"},
+        {"Čierna nad Tisou", "ČIERNA NAD TISOU"},
+        {"ÿ", "Ÿ"},
+        {"Straße", "STRAßE"}, // no single capital
+        {"1° 2'", "1° 2'"},
+        {"", ""},
+    };
+    for (const Caso& c : casi)
+        EXPECT_EQ(Maiuscole(c.testo), c.atteso) << c.testo;
+}

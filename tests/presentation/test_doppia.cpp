@@ -226,6 +226,37 @@ TEST(DoppioZodiaco, LaStessaCasaNelloStessoPunto) {
     EXPECT_EQ(simboli, 24);
 }
 
+// House 7 stands opposite house 1 in both charts, so the outer zodiac turns by the same angle
+// for both and they draw the same comparati lines, also when the turn passes a full circle
+// (outer cusp VII at 20: 180 + 360 - 20).
+TEST(DoppioZodiaco, Case1E7StesseLinee) {
+    Posizioni interno = PosizioniDiProva(Sparsi, CuspidiComuni);
+    Posizioni esterno =
+        PosizioniDiProva(Sparsi, std::array<double, 6>{200, 230, 260, 110, 140, 170});
+    OpzioniDoppia o;
+    o.DisegnaAspettiCmp = true;
+    o.List1[0] = true;
+    o.List2[0] = true;
+    auto linee = [&](int casa, double& angolo) {
+        SuperficieRegistrata s;
+        angolo = DisegnaDoppioZodiaco(s, TemaDiProva(), interno, TemaDiProva(), esterno, o, casa)
+                     .AngoloEsterno;
+        std::vector<Figura> r;
+        for (const Figura& f : DelTipo(s.figure, Figura::Linea))
+            if (f.colore == Rosso || f.colore == Ciano) r.push_back(f);
+        return r;
+    };
+    double angolo1 = 0, angolo7 = 0;
+    const std::vector<Figura> casa1 = linee(1, angolo1);
+    const std::vector<Figura> casa7 = linee(7, angolo7);
+    EXPECT_DOUBLE_EQ(angolo1, 160);
+    EXPECT_NEAR(angolo7, 160, 1e-9);
+    ASSERT_FALSE(casa1.empty());
+    ASSERT_EQ(casa7.size(), casa1.size());
+    for (std::size_t k = 0; k < casa1.size(); ++k)
+        EXPECT_TRUE(Uguali(casa1[k], casa7[k])) << k;
+}
+
 TEST(DoppioZodiaco, QuadratureComparateInRosso) {
     // Inner Sole at 60 turned by 350 stands at 50; outer Marte at 0 turned by the outer
     // rotation stands 90 away from it.

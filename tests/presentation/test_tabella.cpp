@@ -99,3 +99,20 @@ TEST(TabellaPosizioni, StrConIlPostoDelSegno) {
     EXPECT_EQ(Str(0), " 0");
     EXPECT_EQ(Str(12.5), " 12.5");
 }
+
+// A declination within a degree of the equator: no degrees to carry the sign, so the minutes and
+// the seconds carry it.
+TEST(TabellaPosizioni, DeclinazioneSottoUnGrado) {
+    Calcolato k = Casta(45.4);
+    struct Caso {
+        double gradi;
+        const char* testo;
+    };
+    const Caso casi[] = {{-(30.0 / 60 + 15.0 / 3600), " 0° -30' -15''"},
+                         {30.0 / 60 + 15.0 / 3600, " 0°  30' 15''"},
+                         {-(1 + 30.0 / 60 + 15.0 / 3600), "-1°  30' 15''"}};
+    for (const Caso& c : casi) {
+        k.p.Sole.De = Radianti(c.gradi);
+        EXPECT_EQ(RiempiTabella(k.c, k.p).celle[13][5], c.testo) << c.gradi;
+    }
+}

@@ -57,7 +57,7 @@ frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& s, TabellaAspetti& aspe
 }
 
 void CollegaMenuRuote(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messaggi& m) {
-    auto* stato = new StatoMenuRuote(&menu);
+    auto* stato = new StatoMenuRuote(s.Ruote, &menu);
     stato->setObjectName("StatoMenuRuote");
     frmMenu* f = &menu;
     auto apri = [f, &s, &aspetti, &m](Esterno e) {

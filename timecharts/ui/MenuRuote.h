@@ -18,13 +18,13 @@ namespace vesmo {
 void CollegaMenuRuote(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
                       Messaggi& messaggi);
 
-// What the entries keep while the menu lives: the session's wheel switches and the double
-// wheel open (a new opening closes it and loads a new one).
+// What the entries keep while the menu lives: the session's wheel switches (the session's own
+// copy) and the double wheel open (a new opening closes it and loads a new one).
 class StatoMenuRuote : public QObject {
     Q_OBJECT
 public:
-    using QObject::QObject;
-    StatoRuote stato;
+    StatoMenuRuote(StatoRuote& s, QObject* genitore) : QObject(genitore), stato(s) {}
+    StatoRuote& stato;
     QPointer<frmRuotaDoppia> doppia;
 };
 // The menu's state object, made by CollegaMenuRuote.

@@ -53,6 +53,20 @@ const char* const ParoleMemo[4] = {"Tema N.", "Transito", "Rivoluzione", "Direzi
 const char* const DidascalieMemo[4] = {"[Tema Natale] - ", "[Transito] - ", "[Rivoluzione] - ",
                                        "[Direzione] - "};
 
+// An open window comes to the front, restored if it was minimised; false when there is none
+// (a window closed and not yet deleted counts as none).
+bool Aperta(const QPointer<QWidget>& w) {
+    return w && w->isVisible();
+}
+bool PortaDavanti(QWidget* w) {
+    if (!Aperta(w)) return false;
+    if (w->isMinimized()) w->showNormal();
+    w->show();
+    w->raise();
+    w->activateWindow();
+    return true;
+}
+
 QLabel* Etichetta(QWidget* g, const QString& nome, const QFont& f) {
     auto* l = new QLabel(g);
     l->setObjectName(nome);
@@ -65,8 +79,8 @@ QLabel* Etichetta(QWidget* g, const QString& nome, const QFont& f) {
 
 frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& cfgLyx,
                  const PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), cfg_(cfgLyx), percorsi_(percorsi),
-      messaggi_(messaggi) {
+    : QMainWindow(genitore), stato(sessione.Ruote), s_(sessione), aspetti_(aspetti), cfg_(cfgLyx),
+      percorsi_(percorsi), messaggi_(messaggi) {
     setObjectName("frmMenu");
     setWindowTitle(
         QStringLiteral("Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria."));
@@ -166,8 +180,12 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     for (int i = 0; i < 4; ++i) {
         mnuFileSalvo[static_cast<std::size_t>(i)] = voce(salvo, nomiSalvo[i], testiSalvo[i]);
         mnuFileSalvo[static_cast<std::size_t>(i)]->setCheckable(true);
+        // The entry's mark tells whether the slot was saved: a click does not toggle it.
         connect(mnuFileSalvo[static_cast<std::size_t>(i)], &QAction::triggered, this,
-                [this, i] { Salvo(i); });
+                [this, i](bool segnata) {
+                    mnuFileSalvo[static_cast<std::size_t>(i)]->setChecked(!segnata);
+                    Salvo(i);
+                });
     }
     mnuFile->addSeparator();
     mnuFileEsci = voce(mnuFile, "mnuFileEsci", "&Esci. Ritorna ad Vesmo");
@@ -450,10 +468,10 @@ void frmMenu::mnuTransitInput_Click() {
     s_.PosX = s_.PosVuoto;
     if (!s_.TransitoCalcolato) {
         s_.TemaX = s_.TemaNat;
-        // " Tra" over the four characters from the 25th of the name.
-        std::string nome = s_.TemaX.Nome.str();
-        std::string testa = PrimiCaratteri(nome, 24);
-        s_.TemaX.Nome = testa + " Tra";
+        // " Tra" over the four characters from the 25th of the name; the last two stay.
+        const std::string nome = TagliaOAllunga(s_.TemaX.Nome.str(), 30);
+        const std::string coda = nome.substr(PrimiCaratteri(nome, 28).size());
+        s_.TemaX.Nome = PrimiCaratteri(nome, 24) + " Tra" + coda;
         QDateTime ora = QDateTime::currentDateTime();
         s_.TemaX.Day = GiornoGiuliano(static_cast<float>(ora.date().year()),
                                       static_cast<float>(ora.date().month()),
@@ -473,9 +491,11 @@ void frmMenu::ApriMemo(int slot) {
 }
 
 void frmMenu::ApriPosizioni(int slot) {
+    if (PortaDavanti(posizioni_[static_cast<std::size_t>(slot)])) return;
     s_.TemaX = TemaDelSlot(slot);
     s_.PosX = PosDelSlot(slot);
-    if (slot == 1) stato.TransitoPosizioni = -1;
+    // Only the transit's window takes the time-stepping toolbar.
+    stato.TransitoPosizioni = slot == 1 ? -1 : 0;
     auto* f = new frmOutDati(s_, aspetti_, stato, percorsi_.FileDB, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     f->RegistraSecondaria = [this](QWidget* w) { RegistraSecondaria(w); };
@@ -486,22 +506,28 @@ void frmMenu::ApriPosizioni(int slot) {
         AggiornaFrames(2);
     };
     RegistraSecondaria(f);
+    posizioni_[static_cast<std::size_t>(slot)] = f;
+    // The flag stays true while the transit's window is open, whichever window came last.
+    stato.TransitoPosizioni = Aperta(posizioni_[1]) ? -1 : 0;
     f->show();
 }
 
 void frmMenu::ApriDomicili(int slot) {
     static const char* const etichette[4] = {"[tema natale] ", "[transito] ", "[Rivoluzione] ",
                                              "[Direzione] "};
+    if (PortaDavanti(domicili_[static_cast<std::size_t>(slot)])) return;
     s_.PosDomi = PosDelSlot(slot);
     auto* f = new frmDomicili(s_, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     f->setWindowTitle(f->windowTitle() + QString::fromUtf8(etichette[slot]) +
                       QS(TemaDelSlot(slot).Nome.str()));
     RegistraSecondaria(f);
+    domicili_[static_cast<std::size_t>(slot)] = f;
     f->show();
 }
 
 void frmMenu::ApriSelezioneAspetti() {
+    if (PortaDavanti(selezione_)) return;
     s_.TemaX = s_.TemaNat;
     s_.PosX = s_.PosNat;
     s_.TemaY = s_.TemaNat;
@@ -509,12 +535,12 @@ void frmMenu::ApriSelezioneAspetti() {
     auto* f = new frmSelAspetti(s_, aspetti_, stato, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     RegistraSecondaria(f);
+    selezione_ = f;
     f->show();
 }
 
 void frmMenu::Salvo(int slot) {
     QAction* voce = mnuFileSalvo[static_cast<std::size_t>(slot)];
-    voce->setChecked(false);
     s_.TemaSalva = TemaDelSlot(slot);
     frmSalvoLyx f(s_, percorsi_.FileDB, messaggi_, this);
     f.exec();

@@ -76,8 +76,9 @@ public:
         QString titolo;        // "Natale", "Transito", "Rivoluzione", "Direzione"
     };
     std::array<Riquadro, 4> riquadri;
-    // The session's wheel switches (aspect lines, nodes, the transit's positions window).
-    StatoRuote stato;
+    // The session's wheel switches (aspect lines, nodes, the transit's positions window): the
+    // session's own copy, which outlives this window.
+    StatoRuote& stato;
     QLabel *Label11, *Label38, *Label39;
     QPushButton *Command1, *Command2;
     QAction *mnuFileLunaGeo, *mnuFileLunaTopo, *mnuFileLunaNMedia, *mnuFileLunaNVera;
@@ -120,6 +121,10 @@ private:
     Messaggi& messaggi_;
     QList<QPointer<QWidget>> secondarie_;
     QPointer<frmMemo> memo_;
+    // One positions window and one dignities window a slot, one aspect selection: opening one
+    // again brings the open one to the front.
+    std::array<QPointer<QWidget>, 4> posizioni_, domicili_;
+    QPointer<QWidget> selezione_;
     bool uscendo_ = false;
 };
 

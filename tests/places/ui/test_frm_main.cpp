@@ -10,12 +10,14 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
+#include <QRadioButton>
 #include <QTableView>
 #include <QTest>
 
 #include "archives/Archivi.h"
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/frmInputIni.h"
 #include "places/RicercaLuoghi.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
@@ -224,6 +226,15 @@ TEST_F(Lanciatore, PonteAstrologSenzaProgramma) {
     EXPECT_FALSE(f.Text17->isHidden());
     EXPECT_EQ(f.Dati->Pannello2->text(), "Siderale Utente. Es: 2,5 ruota gli elementi della carta "
                                          "di un angolo pari a (Siderale - 2,5)");
+    // Back on index 0, by the user or by the load, the box hides again.
+    f.Combo1->setCurrentIndex(0);
+    emit f.Combo1->activated(0);
+    EXPECT_TRUE(f.Text17->isHidden());
+    f.Combo1->setCurrentIndex(5);
+    EXPECT_FALSE(f.Text17->isHidden());
+    f.Form_Load();
+    EXPECT_EQ(f.Combo1->currentIndex(), 0);
+    EXPECT_TRUE(f.Text17->isHidden());
     // No program set: the user is told, and the form's chart is read into the record.
     f.Dati->Text1->setText("Anna Bianchi");
     f.Command1->click();
@@ -277,19 +288,39 @@ TEST_F(Lanciatore, InputDelLatoTemi) {
     EXPECT_EQ(sessione.TemaCorrente.Day, GiornoGiuliano(1987, 4, 10));
 }
 
-TEST_F(Lanciatore, InputSenzaCittaNonChiude) {
+// "Ca&lcola" clears TemaX, reads the form and sets DatiOk: without a city the user is told and
+// the chart stays blank; a box that holds no number keeps the form open.
+TEST_F(Lanciatore, InputSenzaCittaTemaVuoto) {
     sessione.TemaX = sessione.TemaCorrente;
     frmInDatiLyx f(sessione, percorsi.FileDB, 'C', messaggi);
     f.TagCommand4 = "daRivSol";
     f.Form_Load();
-    Tema prima = sessione.TemaX;
+    f.show();
     f.Dati->Text2->clear();
     f.cmdCalcola->click();
+    EXPECT_EQ(messaggi.registro.back().titolo, "Lyx - Manca Città");
+    EXPECT_EQ(messaggi.registro.back().testo, "Attenzione! \rNon è stata scelta nessuna Città");
+    EXPECT_EQ(sessione.DatiOk, -1);
+    EXPECT_EQ(sessione.TemaX.Nome, sessione.TemaVuoto.Nome);
+    EXPECT_EQ(sessione.TemaX.City, sessione.TemaVuoto.City);
+    EXPECT_EQ(sessione.TemaX.Day, 0);
+    EXPECT_EQ(sessione.TemaX.Lat, 0);
+    EXPECT_FALSE(f.isVisible());
+
+    sessione.DatiOk = 0;
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx n(sessione, percorsi.FileDB, 'C', messaggi);
+    n.Form_Load();
+    n.show();
+    const Tema prima = sessione.TemaX;
+    n.Dati->Text9->setText("11x");
+    n.cmdCalcola->click();
+    EXPECT_EQ(messaggi.registro.back().titolo, "Vesmo - Dati non validi");
     EXPECT_EQ(sessione.DatiOk, 0);
     EXPECT_EQ(sessione.TemaX, prima);
-    EXPECT_EQ(messaggi.registro.back().titolo, "Lyx - Manca Città");
+    EXPECT_TRUE(n.isVisible());
     // Cancelled: DatiOk stays as it was.
-    f.Command2->click();
+    n.Command2->click();
     EXPECT_EQ(sessione.DatiOk, 0);
     // With a city, the revolution's year comes back with the chart.
     frmInDatiLyx g(sessione, percorsi.FileDB, 'C', messaggi);
@@ -299,6 +330,123 @@ TEST_F(Lanciatore, InputSenzaCittaNonChiude) {
     g.cmdCalcola->click();
     EXPECT_EQ(sessione.DatiOk, -1);
     EXPECT_EQ(g.AnnoRiv, 2030.f);
+}
+
+// A revolution's year, month and day may hold fractions typed with the comma: "1998,5" starts
+// the solar search in July 1998.
+TEST_F(Lanciatore, FrazioniDellaRivoluzione) {
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx sol(sessione, percorsi.FileDB, 'C', messaggi);
+    sol.TagCommand4 = "daRivSol";
+    sol.Form_Load();
+    sol.Dati->Text5->setText("1998,5");
+    sol.cmdCalcola->click();
+    EXPECT_EQ(sessione.DatiOk, -1);
+    EXPECT_EQ(sol.AnnoRiv, 1998.5f);
+
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx lun(sessione, percorsi.FileDB, 'C', messaggi);
+    lun.TagCommand4 = "daRivLun";
+    lun.Form_Load();
+    lun.Dati->Text5->setText("2001");
+    lun.Dati->Text4->setText("6,5");
+    lun.Dati->Text3->setText("10,25");
+    lun.cmdCalcola->click();
+    EXPECT_EQ(lun.AnnoRiv, 2001.f);
+    EXPECT_EQ(lun.MeseRiv, 6.5f);
+    EXPECT_EQ(lun.GiornoRiv, 10.25f);
+}
+
+// "&Default  Vesmo": "&Ok" is the dialog's default button and stores the record; opened again,
+// the dialog shows what was stored.
+TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    bool visto = false;
+    test::AlModale("frmInputIni", [&](QWidget* w) {
+        auto* d = static_cast<frmInputIni*>(w);
+        EXPECT_TRUE(d->CmdOk->isDefault());
+        EXPECT_EQ(d->TextCity->text(), "Padova");
+        d->TextNaz->setText("Canada");
+        d->TextCity->setText("Vancouver BC");
+        d->OptCity->setChecked(true);
+        d->CmdOk->click();
+    });
+    f.mnuFilePath->trigger();
+    ConfigIni letto;
+    ASSERT_TRUE(LeggiConfig(percorsi.FileIni, letto));
+    EXPECT_EQ(letto.CityDefault.Valore(), "Vancouver BC");
+    EXPECT_EQ(letto.Ordinamento.str(), "C");
+    test::AlModale("frmInputIni", [&](QWidget* w) {
+        auto* d = static_cast<frmInputIni*>(w);
+        visto = true;
+        EXPECT_EQ(d->TextNaz->text(), "Canada");
+        EXPECT_EQ(d->TextCity->text(), "Vancouver BC");
+        EXPECT_TRUE(d->OptCity->isChecked());
+        d->cmdEsci->click();
+    });
+    f.mnuFilePath->trigger();
+    EXPECT_TRUE(visto);
+    // The sort order in force is the menu's until its own entries change it.
+    EXPECT_TRUE(f.mnuFilOrdN->isChecked());
+    EXPECT_TRUE(messaggi.registro.empty());
+}
+
+// A default place whose nation is not in the database: the load shows the record and stops, with
+// no box at start-up and nothing imported; the same in the chart half's input form.
+TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
+    cfg.NazioneDefault = "Austria";
+    cfg.CityDefault = "Wien";
+    PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+    const Tema prima = sessione.TemaCorrente;
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
+    EXPECT_EQ(f.Dati->Text19->text(), "Austria");
+    EXPECT_EQ(f.Dati->Text2->text(), "Wien");
+    EXPECT_EQ(sessione.TemaCorrente, prima);
+
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx g(sessione, percorsi.FileDB, 'N', messaggi);
+    g.Form_Load();
+    EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
+    EXPECT_EQ(g.Dati->Text2->text(), "Wien");
+}
+
+// The year goes to 1850, before Padova's first zone row (local mean time), and back to 1987:
+// the zone and the summer time of 1987 come back on the screen, in the record and in what the
+// form reads, and local mean time is no longer ticked.
+TEST_F(Lanciatore, AnnoCorrettoTogliIlTempoMedioLocale) {
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    PannelloDati* d = f.Dati;
+    d->Command4->click();
+    ASSERT_EQ(d->Text8->text(), "-1");
+    QFocusEvent uscita(QEvent::FocusOut);
+    auto anno = [&](const char* testo) {
+        d->Text5->setText(testo);
+        QApplication::sendEvent(d->Text5, &uscita);
+    };
+    messaggi.risposte.push_back(Risposta::No);
+    anno("1850");
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Aggiornamenti");
+    EXPECT_TRUE(d->chkSolare->isChecked());
+    EXPECT_EQ(d->Text8->text(), "99");
+
+    anno("1987");
+    EXPECT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_FALSE(d->chkSolare->isChecked());
+    EXPECT_EQ(d->Text8->text(), "-1");
+    EXPECT_EQ(d->Text22->text(), "1");
+    const Tema& t = sessione.TemaCorrente;
+    EXPECT_EQ(t.Fuso, -1);
+    EXPECT_EQ(t.Estiva, 1);
+    Tema letto;
+    ASSERT_TRUE(d->LeggiTema(letto));
+    EXPECT_EQ(letto.Fuso, -1);
+    EXPECT_EQ(letto.Estiva, 1);
+    EXPECT_EQ(letto.Day, GiornoGiuliano(1987, 4, 10));
 }
 
 TEST_F(Lanciatore, ImportaTemaDaArchivio) {

@@ -10,10 +10,12 @@
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QToolBar>
 
 #include "archives/Archivi.h"
 #include "core/Aritmetica.h"
 #include "places/Schema.h"
+#include "presentation/ui/frmOutDati.h"
 #include "tests/core/store/Cartella.h"
 #include "tests/timecharts/ui/Modale.h"
 #include "timecharts/ui/frmMenu.h"
@@ -172,7 +174,7 @@ TEST_F(Menu, AggiornaConDueEtichette) {
 }
 
 // Saving a slot: the archive gets the chart, the entry its check mark, and a slot with a comment
-// shows it in its frame's caption; a save cancelled at "Tema Doppio" leaves the entry unmarked.
+// shows it in its frame's caption; a save cancelled at "Tema Doppio" keeps the mark of the earlier save.
 TEST_F(Menu, SalvoSegnaLaVoce) {
     vesmo::test::Cartella cartella;
     percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
@@ -209,11 +211,12 @@ TEST_F(Menu, SalvoSegnaLaVoce) {
         EXPECT_EQ(letto.Cmto, "Ascendente in Bilancia");
     }
 
-    // The same chart again: the user cancels at the duplicate's question.
+    // The same chart again: the user cancels at the duplicate's question. The slot was saved
+    // before, and its mark stays.
     m.risposte = {Risposta::Annulla};
     AlModale("frmSalvoLyx", [](QWidget* w) { Figlio<QPushButton>(w, "cmdSalva")->click(); });
     voce->trigger();
-    EXPECT_FALSE(voce->isChecked());
+    EXPECT_TRUE(voce->isChecked());
     ASSERT_FALSE(m.registro.empty());
     EXPECT_EQ(m.registro.back().titolo, "Tema Doppio");
 }
@@ -268,4 +271,103 @@ TEST_F(Menu, FinestreDelloSlot) {
     f.ChiudiSecondarie();
     QApplication::processEvents();
     EXPECT_EQ(aperta("frmOutDati"), nullptr);
+}
+
+TEST_F(Menu, TraSuiCaratteriDa25A28) {
+    s.TemaX.Nome = "Anna Maria Bianchi in Ferraris";
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    Tema offerto;
+    f.InputDati = [&](const RichiestaInputDati&) {
+        offerto = s.TemaX;
+        return EsitoInputDati{};
+    };
+    f.mnuTransitInput->trigger();
+    EXPECT_EQ(offerto.Nome.str(), "Anna Maria Bianchi in Fe Trais");
+}
+
+namespace {
+
+// The positions windows open, by the chart they show.
+std::vector<frmOutDati*> FinestrePosizioni() {
+    std::vector<frmOutDati*> v;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (auto* f = qobject_cast<frmOutDati*>(w); f && f->isVisible()) v.push_back(f);
+    return v;
+}
+frmOutDati* PosizioniDi(const std::string& nome) {
+    for (frmOutDati* f : FinestrePosizioni())
+        if (f->TemaMostrato().Nome.Valore() == nome) return f;
+    return nullptr;
+}
+int Aperte(const char* nome) {
+    int n = 0;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->objectName() == nome && w->isVisible()) ++n;
+    return n;
+}
+
+} // namespace
+
+TEST_F(Menu, BarraDelTempoSoloSulTransito) {
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    s.TemaX = s.TemaNat;
+    s.TemaX.Nome = "Transito di prova";
+    s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
+    f.InstallaTema(1);
+    s.TransitoCalcolato = -1;
+    const Tema transito = s.TemaTra;
+
+    f.findChild<QAction*>("mnuTransitiP")->trigger();
+    f.findChild<QAction*>("mnUnCieloPosizione")->trigger();
+    frmOutDati* tra = PosizioniDi("Transito di prova");
+    frmOutDati* nat = PosizioniDi("Mario Rossi");
+    ASSERT_NE(tra, nullptr);
+    ASSERT_NE(nat, nullptr);
+    EXPECT_FALSE(tra->Toolbar1->isHidden());
+    EXPECT_TRUE(nat->Toolbar1->isHidden());
+    // "Days" of the natal window does not touch the transit.
+    nat->UnDay->trigger();
+    EXPECT_EQ(s.TemaTra, transito);
+    EXPECT_EQ(nat->TemaMostrato().Nome.Valore(), "Mario Rossi");
+
+    // Opening again brings the open window forward: still one a slot.
+    f.findChild<QAction*>("mnuTransitiP")->trigger();
+    f.findChild<QAction*>("mnUnCieloPosizione")->trigger();
+    EXPECT_EQ(FinestrePosizioni().size(), 2u);
+
+    // Closing the natal window leaves the transit's toolbar working.
+    nat->close();
+    QApplication::processEvents();
+    tra->UnDay->trigger();
+    EXPECT_DOUBLE_EQ(s.TemaTra.Day, transito.Day + 1);
+    EXPECT_EQ(s.Ruote.TransitoPosizioni, -1);
+    // And a natal window opened after it has no toolbar either.
+    f.findChild<QAction*>("mnUnCieloPosizione")->trigger();
+    ASSERT_NE(PosizioniDi("Mario Rossi"), nullptr);
+    EXPECT_TRUE(PosizioniDi("Mario Rossi")->Toolbar1->isHidden());
+    tra->close();
+    EXPECT_EQ(s.Ruote.TransitoPosizioni, 0);
+    f.ChiudiSecondarie();
+    QApplication::processEvents();
+}
+
+TEST_F(Menu, UnaFinestraPerSlot) {
+    frmMenu f(s, aspetti, cfg, percorsi, m);
+    f.Form_Load();
+    for (int volta = 0; volta < 2; ++volta) {
+        f.findChild<QAction*>("mnUnCieloDomi")->trigger();
+        f.findChild<QAction*>("mnuTransitiD")->trigger();
+        f.findChild<QAction*>("mnUnCieloAO")->trigger();
+    }
+    EXPECT_EQ(Aperte("frmDomicili"), 2);
+    EXPECT_EQ(Aperte("frmSelAspetti"), 1);
+    f.ChiudiSecondarie();
+    QApplication::processEvents();
+    // Closed, they open anew.
+    f.findChild<QAction*>("mnUnCieloDomi")->trigger();
+    EXPECT_EQ(Aperte("frmDomicili"), 1);
+    f.ChiudiSecondarie();
+    QApplication::processEvents();
 }
