@@ -1,6 +1,5 @@
 #include "calculators/Calcolatrici.h"
 
-#include <charconv>
 #include <cmath>
 
 #include "chart/Case.h"
@@ -21,47 +20,6 @@ std::string_view Rifilato(std::string_view t) {
     while (!t.empty() && (t.back() == ' ' || t.back() == '\t'))
         t.remove_suffix(1);
     return t;
-}
-
-bool Cifra(char c) {
-    return c >= '0' && c <= '9';
-}
-
-// The length of the number at the start of t (sign, digits, one decimal separator, exponent),
-// 0 when t does not start with one.
-std::size_t LunghezzaNumero(std::string_view t) {
-    std::size_t i = 0;
-    if (i < t.size() && (t[i] == '+' || t[i] == '-')) ++i;
-    std::size_t cifre = 0;
-    while (i < t.size() && Cifra(t[i]))
-        ++i, ++cifre;
-    if (i < t.size() && (t[i] == ',' || t[i] == '.')) {
-        ++i;
-        while (i < t.size() && Cifra(t[i]))
-            ++i, ++cifre;
-    }
-    if (cifre == 0) return 0;
-    if (i < t.size() && (t[i] == 'e' || t[i] == 'E')) {
-        std::size_t j = i + 1;
-        if (j < t.size() && (t[j] == '+' || t[j] == '-')) ++j;
-        std::size_t k = j;
-        while (k < t.size() && Cifra(t[k]))
-            ++k;
-        if (k > j) i = k;
-    }
-    return i;
-}
-
-double Converti(std::string_view numero) {
-    std::string s(numero);
-    for (char& c : s)
-        if (c == ',') c = '.';
-    if (!s.empty() && s[0] == '+') s.erase(0, 1);
-    double v = 0;
-    auto [fine, errore] = std::from_chars(s.data(), s.data() + s.size(), v);
-    if (errore != std::errc() || fine != s.data() + s.size() || !std::isfinite(v))
-        throw ErroreTipo(std::string(numero));
-    return v;
 }
 
 // The rounding of the seconds of a sexagesimal triple: a fraction above 0.99 rounds the seconds
@@ -108,12 +66,9 @@ void ArrotondaPrimi(double& gradi, double& primi, double secondi) {
 std::optional<double> NumeroDiCasella(std::string_view testo) {
     std::string_view t = Rifilato(testo);
     if (t.empty()) return 0.0;
-    if (LunghezzaNumero(t) != t.size()) return std::nullopt;
-    try {
-        return Converti(t);
-    } catch (const ErroreTipo&) {
-        return std::nullopt;
-    }
+    double v = 0;
+    if (LeggiNumero(t, v) != t.size() || !std::isfinite(v)) return std::nullopt;
+    return v;
 }
 
 double NumeroOErrore(std::string_view testo) {
@@ -123,14 +78,9 @@ double NumeroOErrore(std::string_view testo) {
 }
 
 double ValoreIniziale(std::string_view testo) {
-    std::string_view t = Rifilato(testo);
-    std::size_t n = LunghezzaNumero(t);
-    if (n == 0) return 0;
-    try {
-        return Converti(t.substr(0, n));
-    } catch (const ErroreTipo&) {
-        return 0;
-    }
+    double v = 0;
+    if (LeggiNumero(Rifilato(testo), v) == 0 || !std::isfinite(v)) return 0;
+    return v;
 }
 
 // ---- Julian days ----

@@ -20,8 +20,8 @@ public:
     explicit ErroreTipo(const std::string& testo);
 };
 
-// A box's number: blanks around it ignored, an empty box 0, the decimal separator the comma (a
-// dot is taken as well), an optional sign and exponent. Nothing else is a number.
+// A box's number, read by the workstation's one number reader (the comma or the dot, a sign):
+// blanks around it ignored, an empty box 0; a text with anything more is not a number.
 std::optional<double> NumeroDiCasella(std::string_view testo);
 // The same, raising ErroreTipo for a text that is not a number.
 double NumeroOErrore(std::string_view testo);
