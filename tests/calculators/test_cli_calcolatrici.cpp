@@ -5,23 +5,10 @@
 #include <sstream>
 
 #include "cli/Comandi.h"
+#include "tests/cli/Lancia.h"
 
-using vesmo::cli::Esegui;
-
-namespace {
-
-struct Esito {
-    int stato;
-    std::string out, err;
-};
-
-Esito Lancia(std::vector<std::string> parole) {
-    std::ostringstream out, err;
-    int stato = Esegui(parole, out, err);
-    return {stato, out.str(), err.str()};
-}
-
-} // namespace
+using vesmo::test::Esito;
+using vesmo::test::Lancia;
 
 TEST(CliCalcolatrici, RisposteComeLeFinestre) {
     struct Caso {

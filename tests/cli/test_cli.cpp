@@ -10,26 +10,13 @@
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
 #include "core/Aritmetica.h"
+#include "tests/cli/Lancia.h"
 #include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
 
-using vesmo::cli::Esegui;
-
-namespace {
-
-struct Esito {
-    int stato;
-    std::string out, err;
-};
-
-Esito Lancia(std::vector<std::string> parole) {
-    std::ostringstream out, err;
-    int stato = Esegui(parole, out, err);
-    return {stato, out.str(), err.str()};
-}
-
-} // namespace
+using vesmo::test::Esito;
+using vesmo::test::Lancia;
 
 TEST(CliCalendario, GiornoGiuliano) {
     EXPECT_EQ(Lancia({"jd", "15/10/1582"}).out, "2299160.500000\n");

@@ -9,17 +9,13 @@
 #include "cli/Comandi.h"
 #include "core/store/Database.h"
 #include "places/Schema.h"
+#include "tests/cli/Lancia.h"
 #include "tests/core/store/Cartella.h"
 
 using namespace vesmo;
-using vesmo::cli::Esegui;
+using vesmo::test::Esito;
 
 namespace {
-
-struct Esito {
-    int stato;
-    std::string out, err;
-};
 
 class CliArchivi : public ::testing::Test {
 protected:
@@ -32,9 +28,7 @@ protected:
     Esito Lancia(std::vector<std::string> parole) {
         parole.push_back("--db");
         parole.push_back(fileDB);
-        std::ostringstream out, err;
-        int stato = Esegui(parole, out, err);
-        return {stato, out.str(), err.str()};
+        return vesmo::test::Lancia(parole);
     }
     Esito Salva(const std::string& nome, const std::string& archivio,
                 std::vector<std::string> altro = {}) {

@@ -7,17 +7,15 @@
 
 #include "cli/Comandi.h"
 #include "core/store/Database.h"
+#include "tests/cli/Lancia.h"
 #include "tests/core/store/Cartella.h"
 
 namespace vesmo::test {
+using vesmo::test::Esito;
+
 namespace {
 
-struct Esito {
-    int stato;
-    std::string out, err;
-};
-
-class CliArchivi : public ::testing::Test {
+class CliImportaQuery : public ::testing::Test {
 protected:
     void SetUp() override {
         db = (cartella / "Vesmodat.Mdb").string();
@@ -37,15 +35,13 @@ protected:
     Esito Lancia(std::vector<std::string> parole) {
         parole.push_back("--db");
         parole.push_back(db);
-        std::ostringstream out, err;
-        int stato = cli::Esegui(parole, out, err);
-        return {stato, out.str(), err.str()};
+        return vesmo::test::Lancia(parole);
     }
     Cartella cartella;
     std::string db, file;
 };
 
-TEST_F(CliArchivi, ImportaEsportaEQuery) {
+TEST_F(CliImportaQuery, ImportaEsportaEQuery) {
     const std::string log = (cartella / "temi.log").string();
     Esito i = Lancia({"importa", file, "--log", log});
     EXPECT_EQ(i.stato, 0) << i.err;
@@ -106,7 +102,7 @@ TEST_F(CliArchivi, ImportaEsportaEQuery) {
     EXPECT_EQ(ariete.out, "Tabella    Q_VenAr\nEsaminati  2\nTrovati    1\n");
 }
 
-TEST_F(CliArchivi, ArgomentiSbagliati) {
+TEST_F(CliImportaQuery, ArgomentiSbagliati) {
     Lancia({"importa", file, "--log", (cartella / "x.log").string()});
     struct Caso {
         std::vector<std::string> parole;

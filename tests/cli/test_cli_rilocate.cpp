@@ -8,24 +8,15 @@
 #include <sstream>
 
 #include "cli/Comandi.h"
+#include "tests/cli/Lancia.h"
 #include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
 using namespace vesmo::test;
-using vesmo::cli::Esegui;
+using vesmo::test::Esito;
+using vesmo::test::Lancia;
 
 namespace {
-
-struct Esito {
-    int stato;
-    std::string out, err;
-};
-
-Esito Lancia(std::vector<std::string> parole) {
-    std::ostringstream out, err;
-    int stato = Esegui(parole, out, err);
-    return {stato, out.str(), err.str()};
-}
 
 std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
     a.insert(a.end(), b.begin(), b.end());

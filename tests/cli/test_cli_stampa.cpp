@@ -11,22 +11,13 @@
 #include <sstream>
 
 #include "cli/Comandi.h"
+#include "tests/cli/Lancia.h"
 #include "tests/core/store/Cartella.h"
 
-using vesmo::cli::Esegui;
+using vesmo::test::Esito;
+using vesmo::test::Lancia;
 
 namespace {
-
-struct Esito {
-    int stato;
-    std::string out, err;
-};
-
-Esito Lancia(std::vector<std::string> parole) {
-    std::ostringstream out, err;
-    int stato = Esegui(parole, out, err);
-    return {stato, out.str(), err.str()};
-}
 
 std::vector<std::string> Tema(std::vector<std::string> altre) {
     std::vector<std::string> p{"stampa", "--data",   "10/04/1987", "--ora",  "19:30",

@@ -6,21 +6,12 @@
 #include <sstream>
 
 #include "cli/Comandi.h"
+#include "tests/cli/Lancia.h"
 
-using vesmo::cli::Esegui;
+using vesmo::test::Esito;
+using vesmo::test::Lancia;
 
 namespace {
-
-struct Esito {
-    int stato;
-    std::string out, err;
-};
-
-Esito Lancia(std::vector<std::string> parole) {
-    std::ostringstream out, err;
-    int stato = Esegui(parole, out, err);
-    return {stato, out.str(), err.str()};
-}
 
 std::vector<std::string> Con(std::vector<std::string> comando) {
     for (const char* p : {"--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat",

@@ -1,0 +1,24 @@
+// vesmo-cli run inside the test's own process, as a script would run it: the exit status and
+// what went to stdout and to stderr.
+#pragma once
+
+#include <sstream>
+#include <string>
+#include <vector>
+
+#include "cli/Comandi.h"
+
+namespace vesmo::test {
+
+struct Esito {
+    int stato;
+    std::string out, err;
+};
+
+inline Esito Lancia(const std::vector<std::string>& parole) {
+    std::ostringstream out, err;
+    const int stato = cli::Esegui(parole, out, err);
+    return {stato, out.str(), err.str()};
+}
+
+} // namespace vesmo::test
