@@ -3,7 +3,6 @@
 // the map beside it redrawn on an image of the window's size; and each part alone.
 #include <benchmark/benchmark.h>
 
-#include <QGuiApplication>
 #include <QImage>
 #include <QPainter>
 #include <filesystem>
@@ -110,13 +109,3 @@ void SoloRidisegno(benchmark::State& state) {
 BENCHMARK(SoloRidisegno)->Unit(benchmark::kMillisecond);
 
 } // namespace
-
-int main(int argc, char** argv) {
-    // Fonts need the GUI application; no screen is used.
-    qputenv("QT_QPA_PLATFORM", "offscreen");
-    QGuiApplication app(argc, argv);
-    benchmark::Initialize(&argc, argv);
-    benchmark::RunSpecifiedBenchmarks();
-    benchmark::Shutdown();
-    return 0;
-}

@@ -1,5 +1,5 @@
-// What the menu's window tests share: acting on a modal window once it shows, and finding a
-// control by name.
+// What the menu's window tests share: the natal chart they start from, acting on a modal window
+// once it shows, and finding a control by name.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -11,7 +11,25 @@
 #include <functional>
 #include <memory>
 
+#include "core/Aritmetica.h"
+#include "core/Tema.h"
+
 namespace vesmo::test {
+
+// Padova, 10 April 1987 at 19:30, summer time, one hour east: the chart the chart half opens on.
+inline Tema NataleDiProva() {
+    Tema t;
+    t.Nome = "Mario Rossi";
+    t.City = "Padova";
+    t.Stato = "Italy";
+    t.Day = GiornoGiuliano(1987, 4, 10);
+    t.OraL = 19.5;
+    t.Lon = -GradiDecimali(11, 53, 0) / 15;
+    t.Lat = 45.4;
+    t.Fuso = -1;
+    t.Estiva = 1;
+    return t;
+}
 
 // Runs `azione` on the modal window named `nome` as soon as it is shown; a window that never
 // shows fails the test and closes whatever modal window stands, so nothing hangs.

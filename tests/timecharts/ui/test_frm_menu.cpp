@@ -29,17 +29,7 @@ namespace {
 class Menu : public ::testing::Test {
 protected:
     void SetUp() override {
-        Tema t;
-        t.Nome = "Mario Rossi";
-        t.City = "Padova";
-        t.Stato = "Italy";
-        t.Day = GiornoGiuliano(1987, 4, 10);
-        t.OraL = 19.5;
-        t.Lon = -GradiDecimali(11, 53, 0) / 15;
-        t.Lat = 45.4;
-        t.Fuso = -1;
-        t.Estiva = 1;
-        s.TemaX = t;
+        s.TemaX = vesmo::test::NataleDiProva();
         aspetti.EntraInLyx();
         percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
     }
@@ -174,7 +164,8 @@ TEST_F(Menu, AggiornaConDueEtichette) {
 }
 
 // Saving a slot: the archive gets the chart, the entry its check mark, and a slot with a comment
-// shows it in its frame's caption; a save cancelled at "Tema Doppio" keeps the mark of the earlier save.
+// shows it in its frame's caption; a save cancelled at "Tema Doppio" keeps the mark of the earlier
+// save.
 TEST_F(Menu, SalvoSegnaLaVoce) {
     vesmo::test::Cartella cartella;
     percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();

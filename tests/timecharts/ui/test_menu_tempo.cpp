@@ -54,17 +54,7 @@ QStringList Voci(QMenu* m) {
 class MenuTempo : public ::testing::Test {
 protected:
     void SetUp() override {
-        Tema t;
-        t.Nome = "Mario Rossi";
-        t.City = "Padova";
-        t.Stato = "Italy";
-        t.Day = GiornoGiuliano(1987, 4, 10);
-        t.OraL = 19.5;
-        t.Lon = -GradiDecimali(11, 53, 0) / 15;
-        t.Lat = 45.4;
-        t.Fuso = -1;
-        t.Estiva = 1;
-        s.TemaX = t;
+        s.TemaX = vesmo::test::NataleDiProva();
         aspetti.EntraInLyx();
         percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
         f = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
