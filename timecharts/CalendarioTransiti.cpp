@@ -312,7 +312,15 @@ std::vector<Transito> CercaTransiti(const RichiestaTransiti& r,
         // The pieces that touch the period.
         const std::size_t primo = serie.Pezzo(r.jdDa), ultimo = serie.Pezzo(r.jdA);
 
-        for (const Bersaglio& b : bersagli) {
+        bool fermata = false;
+        for (std::size_t ib = 0; ib < bersagli.size() && !fermata; ++ib) {
+            const Bersaglio& b = bersagli[ib];
+            // The share done, every few targets.
+            if (avanzamento && ib % 16 == 15 &&
+                !avanzamento((static_cast<double>(c) +
+                              static_cast<double>(ib) / static_cast<double>(bersagli.size())) /
+                             totale))
+                fermata = true;
             double uscitaPrima = -std::numeric_limits<double>::infinity();
             double ingressoPrima = 0;
             for (std::size_t j = primo; j <= ultimo; ++j) {
@@ -358,6 +366,7 @@ std::vector<Transito> CercaTransiti(const RichiestaTransiti& r,
                 esito.push_back(h);
             }
         }
+        if (fermata) break;
     }
     if (avanzamento) avanzamento(1.0);
     std::sort(esito.begin(), esito.end(), [](const Transito& x, const Transito& y) {
