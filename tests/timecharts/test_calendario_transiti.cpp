@@ -18,8 +18,11 @@
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
 #include "core/Messaggi.h"
+#include "presentation/SuperficieRegistrata.h"
 #include "timecharts/CalendarioTransiti.h"
 #include "timecharts/Istanti.h"
+#include "timecharts/ListaTransiti.h"
+#include "timecharts/PaginaTransiti.h"
 
 using namespace vesmo;
 
@@ -377,4 +380,64 @@ TEST(CalendarioTransiti, RichiesteSenzaRisultati) {
     }
     // A search stopped at once gives what it found, nothing.
     EXPECT_TRUE(CercaTransiti(r, [](double) { return false; }).empty());
+}
+
+// The rows as the user reads them, in the text table, the CSV and on the pages: a hit of
+// 1 January 2026 at 18:00 TU is 19:00 at one hour east.
+TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
+    Tema tema = Natale();
+    tema.Estiva = 0;
+    OrologioLuogo orologio("", tema);
+    RichiestaTransiti r;
+    r.punti = {{"Sole", 20}, {"Asce", 100}};
+    const double jd = GiornoGiuliano(2026, 1, 1) + 0.75;
+    const double nan = std::nan("");
+    std::vector<Transito> transiti;
+    for (int i = 0; i < 50; ++i)
+        transiti.push_back(
+            {jd + i, 5, i == 0, 2, i % 2, 0, jd + i - 10.5, i == 0 ? nan : jd + i + 1});
+    const auto righe = RigheTransiti(transiti, r, orologio);
+    ASSERT_EQ(righe.size(), 50u);
+    EXPECT_EQ(CelleTransito(righe[0]),
+              (std::vector<std::string>{"01/01/2026", "19:00:00", "Giove R", "QUADRATURA", "Sole",
+                                        "22/12/2025 07:00", "-"}));
+    EXPECT_EQ(CelleTransito(righe[1])[2], "Giove");
+    EXPECT_EQ(CelleTransito(righe[1])[4], "Asce");
+
+    const std::string testo = TestoTransiti(righe);
+    EXPECT_EQ(testo.substr(0, testo.find('\n')),
+              "Data        Ora       Pianeta  Aspetto     Punto natale  Ingresso          Uscita");
+    EXPECT_EQ(testo.substr(testo.find('\n') + 1, 77),
+              "01/01/2026  19:00:00  Giove R  QUADRATURA  Sole          22/12/2025 07:00  -\n");
+    const std::string csv = CsvTransiti(righe);
+    const auto seconda = csv.find("\r\n") + 2;
+    EXPECT_EQ(csv.substr(seconda, csv.find("\r\n", seconda) - seconda),
+              "01/01/2026;19:00:00;Giove R;QUADRATURA;Sole;22/12/2025 07:00;-;2461042.250000;"
+              "2461031.750000;");
+
+    DatiPaginaTransiti dati;
+    dati.tema = Natale();
+    dati.dataStampa = "25/11/2026";
+    dati.descrizione = {"Periodo  01/01/2026 - 31/12/2026"};
+    const int perPagina = RighePerPaginaTransiti();
+    ASSERT_LT(perPagina, 50);
+    ASSERT_EQ(PagineTransiti(righe.size()), 2);
+    EXPECT_EQ(PagineTransiti(0), 1);
+    SuperficieRegistrata sup(Bianco);
+    DisegnaPaginaTransiti(sup, dati, righe, 1);
+    std::vector<std::string> testi;
+    for (const Figura& f : sup.figure)
+        if (f.tipo == Figura::Testo) testi.push_back(f.testo);
+    auto cè = [&](const std::string& t) {
+        return std::find(testi.begin(), testi.end(), t) != testi.end();
+    };
+    EXPECT_TRUE(cè("CALENDARIO TRANSITI   -   pagina 2 di 2"));
+    EXPECT_TRUE(cè("TEMA NATALE   -  stampa  25/11/2026"));
+    EXPECT_TRUE(cè("Prova"));
+    EXPECT_TRUE(cè("Periodo  01/01/2026 - 31/12/2026"));
+    EXPECT_TRUE(cè("Punto natale"));
+    // The second page begins where the first ended, and holds the rest.
+    EXPECT_TRUE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina)])[0]));
+    EXPECT_FALSE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina) - 1])[0]));
+    EXPECT_TRUE(cè(CelleTransito(righe[49])[0]));
 }

@@ -7,7 +7,6 @@
 #include <QWidget>
 #include <array>
 #include <functional>
-#include <map>
 #include <string>
 #include <vector>
 
