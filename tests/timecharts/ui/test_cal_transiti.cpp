@@ -24,6 +24,7 @@
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
 #include "tests/places/AiutoLuoghi.h"
+#include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmCalTransiti.h"
 #include "timecharts/ui/frmMenu.h"
 
@@ -304,7 +305,16 @@ TEST_F(CalTransiti, DoppioClicNelloSlotTransito) {
     ASSERT_GT(f->Righe().size(), 3u);
     const int riga = 3;
     const RigaTransito r = f->Righe()[riga];
+    // A double wheel open on the transit shows the new moment outside.
+    menu->findChild<QAction*>("mnuTransitiR")->trigger();
     emit f->grdTransiti->cellDoubleClicked(riga, 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    StatoMenuRuote* ruote = StatoRuoteDelMenu(*menu);
+    ASSERT_TRUE(ruote && ruote->doppia);
+    EXPECT_TRUE(ruote->doppia->isVisible());
+    EXPECT_EQ(menu->findChildren<frmRuotaDoppia*>().size(), 1);
+    EXPECT_EQ(s.TemaZ.Day, s.TemaTra.Day);
+    EXPECT_EQ(s.TemaZ.OraL, s.TemaTra.OraL);
 
     EXPECT_EQ(s.TransitoCalcolato, -1);
     const Tema& t = s.TemaTra;
