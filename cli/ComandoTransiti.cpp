@@ -167,6 +167,9 @@ int ComandoTransiti(const Parole& parole, std::ostream& out) {
     Posizioni p;
     CastaTema(tema, c, p, luna, messaggi);
     r.punti = LeggiPunti(a, p);
+    r.lunaGeo = luna;
+    r.lonLuogo = tema.Lon;
+    r.latLuogo = tema.Lat;
 
     // The clock of the natal place: the places database when the chart came from it.
     const std::string file = a.Opzione("city") ? FileDatabase(a).string() : std::string();

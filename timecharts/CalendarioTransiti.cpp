@@ -2,6 +2,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <functional>
 #include <limits>
 #include <map>
 
@@ -36,6 +37,15 @@ double LongitudineTransito(int corpo, double jd) {
         // Mercurio and Venere are planets 1 and 2, then the Earth is skipped.
         return LongitudineIngresso(jd, corpo <= 3 ? corpo - 1 : corpo);
     }
+}
+
+double LongitudineLunaTopocentrica(double jd, double lon, double lat) {
+    double l, b, parallasse;
+    PosizioneLuna(jd, l, b, parallasse);
+    const double giorno = std::floor(jd - 0.5) + 0.5;
+    double lt, bt;
+    LunaTopocentrica(giorno, (jd - giorno) * 24, lon, lat, l, b, 0, parallasse, lt, bt);
+    return lt;
 }
 
 std::vector<int> CorpiTransitoPredefiniti() {
@@ -135,13 +145,15 @@ public:
         double t, U;
     };
 
-    Serie(int corpo, double da, double a) : corpo_(corpo) {
+    // `lon`: the body's longitude at an instant.
+    Serie(int corpo, std::function<double(double)> lon, double da, double a)
+        : lon_(std::move(lon)) {
         const double passo = PassoCampioni(corpo);
         const auto n = static_cast<std::size_t>(std::max(2.0, std::ceil((a - da) / passo)));
         std::vector<Nodo> campioni(n + 1);
         for (std::size_t i = 0; i <= n; ++i) {
             const double t = i == n ? a : da + (a - da) * static_cast<double>(i) / n;
-            const double l = LongitudineTransito(corpo, t);
+            const double l = lon_(t);
             campioni[i] = {t, i == 0 ? l : campioni[i - 1].U + Scostamento(l, campioni[i - 1].U)};
         }
         nodi_.reserve(campioni.size() + 8);
@@ -173,7 +185,7 @@ public:
 
     // The unwrapped longitude at t, near the breakpoint `vicino`.
     double U(double t, const Nodo& vicino) const {
-        return vicino.U + Scostamento(LongitudineTransito(corpo_, t), vicino.U);
+        return vicino.U + Scostamento(lon_(t), vicino.U);
     }
 
     // The crossing of the unwrapped level y between a and b (monotone there).
@@ -192,13 +204,12 @@ public:
     }
 
 private:
-    int corpo_;
+    std::function<double(double)> lon_;
     std::vector<Nodo> nodi_;
 
     double Velocita(double t) const {
         constexpr double d = 1e-3;
-        return Scostamento(LongitudineTransito(corpo_, t + d), LongitudineTransito(corpo_, t - d)) /
-               (2 * d);
+        return Scostamento(lon_(t + d), lon_(t - d)) / (2 * d);
     }
 
     // The station between two samples, where the speed changes sign.
@@ -307,7 +318,16 @@ std::vector<Transito> CercaTransiti(const RichiestaTransiti& r,
         if (corpo < 0 || corpo >= NumeroCorpiTransito) continue;
         if (avanzamento && !avanzamento(static_cast<double>(c) / totale)) break;
         double margine = 2 * PassoCampioni(corpo) + 1.5 * r.orbita / VelocitaMedia(corpo);
-        Serie serie(corpo, r.jdDa - margine, r.jdA + margine);
+        std::function<double(double)> lon = [corpo](double t) {
+            return LongitudineTransito(corpo, t);
+        };
+        if (corpo == 1 && r.lunaGeo == 0) {
+            const double lonLuogo = r.lonLuogo, latLuogo = r.latLuogo;
+            lon = [lonLuogo, latLuogo](double t) {
+                return LongitudineLunaTopocentrica(t, lonLuogo, latLuogo);
+            };
+        }
+        Serie serie(corpo, lon, r.jdDa - margine, r.jdA + margine);
         const auto& nodi = serie.Nodi();
         // The pieces that touch the period.
         const std::size_t primo = serie.Pezzo(r.jdDa), ultimo = serie.Pezzo(r.jdA);
@@ -353,7 +373,7 @@ std::vector<Transito> CercaTransiti(const RichiestaTransiti& r,
                     bool ok = Orbe(serie, t, b.lon, r.orbita, ingresso, uscita);
                     // Beyond the series: once more on a longer one, up to a century each way.
                     for (double piu = margine * 4; !ok && piu < 40000; piu *= 4) {
-                        Serie lunga(corpo, t - piu, t + piu);
+                        Serie lunga(corpo, lon, t - piu, t + piu);
                         ok = Orbe(lunga, t, b.lon, r.orbita, ingresso, uscita);
                     }
                     h.jdIngresso = ok ? ingresso : Manca;

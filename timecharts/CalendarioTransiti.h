@@ -23,6 +23,9 @@ extern const std::array<const char*, NumeroCorpiTransito> NomiCorpiTransito;
 // The longitude of a transiting body at jd (TU), as the chart casts it: the apparent Sun, the
 // geocentric Moon, the planets and Pluto, the mean node.
 double LongitudineTransito(int corpo, double jd);
+// The Moon seen from the place Lon (hours, west positive), Lat (degrees), as the chart casts it
+// with the topocentric Moon.
+double LongitudineLunaTopocentrica(double jd, double lon, double lat);
 
 // The default transiting bodies: Giove, Saturno, Urano, Nettuno, Plutone.
 std::vector<int> CorpiTransitoPredefiniti();
@@ -44,6 +47,10 @@ struct RichiestaTransiti {
     std::vector<PuntoNatale> punti; // natal points
     std::vector<int> aspetti;       // indices into the aspect table (0..16)
     double orbita = 2.5;            // degrees, the one orb of every aspect
+    // The Moon: 1 geocentric, 0 topocentric from the place lonLuogo (hours, west positive),
+    // latLuogo (degrees).
+    std::int16_t lunaGeo = 1;
+    double lonLuogo = 0, latLuogo = 0;
 };
 
 struct Transito {

@@ -49,12 +49,12 @@ Posizioni PosizioniNatali() {
 }
 
 // The longitude of a transiting body in the program's own chart cast at jd.
-double LongitudineDelTema(int corpo, double jd) {
+double LongitudineDelTema(int corpo, double jd, std::int16_t lunaGeo = 1) {
     Tema t = Natale();
     ImpostaIstante(t, jd);
     Posizioni p;
     MessaggiRegistrati m;
-    CalcolaPunti(t, nullptr, p, 1, 1u << corpo, false, m);
+    CalcolaPunti(t, nullptr, p, lunaGeo, 1u << corpo, false, m);
     const Posizione* campi[] = {&p.Sole,    &p.Luna,  &p.Mercurio, &p.Venere,  &p.Marte,   &p.Giove,
                                 &p.Saturno, &p.Urano, &p.Nettuno,  &p.Plutone, &p.NodoLuna};
     return campi[corpo]->Lo;
@@ -440,4 +440,30 @@ TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
     EXPECT_TRUE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina)])[0]));
     EXPECT_FALSE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina) - 1])[0]));
     EXPECT_TRUE(cè(CelleTransito(righe[49])[0]));
+}
+
+// The topocentric Moon of the natal place: each hit exact in the chart cast with that Moon.
+TEST(CalendarioTransiti, LunaTopocentrica) {
+    const Posizioni natale = PosizioniNatali();
+    RichiestaTransiti r;
+    r.jdDa = GiornoGiuliano(2026, 3, 1);
+    r.jdA = r.jdDa + 3;
+    r.corpi = {1};
+    r.punti = PuntiNataliPredefiniti(natale, 1);
+    r.aspetti = {0, 1, 2, 3, 4};
+    r.lunaGeo = 0;
+    r.lonLuogo = Natale().Lon;
+    r.latLuogo = Natale().Lat;
+    const auto transiti = CercaTransiti(r);
+    ASSERT_GT(transiti.size(), 10u);
+    double peggiore = 0, daGeocentrica = 0;
+    for (const Transito& t : transiti) {
+        peggiore =
+            std::max(peggiore, std::fabs(Scarto(LongitudineDelTema(1, t.jd, 0), t.bersaglio)));
+        daGeocentrica =
+            std::max(daGeocentrica, std::fabs(Scarto(LongitudineDelTema(1, t.jd, 1), t.bersaglio)));
+    }
+    EXPECT_LE(peggiore, 1e-6);
+    // The parallax moves the Moon by up to a degree: the geocentric one is elsewhere.
+    EXPECT_GT(daGeocentrica, 0.1);
 }

@@ -297,6 +297,10 @@ void frmCalTransiti::cmdCerca_Click() {
     if (r.aspetti.empty())
         return void(Errore("Nessun aspetto attivo: sceglierli in Selezione Aspetti e Orbita."));
     r.orbita = *orbita;
+    // The Moon as the Transito slot will cast it: from its place when topocentric.
+    r.lunaGeo = s_.LunaGeo;
+    r.lonLuogo = TemaDelLuogo().Lon;
+    r.latLuogo = TemaDelLuogo().Lat;
 
     inRicerca_ = true;
     fermato_ = false;
