@@ -36,6 +36,7 @@ int ComandoArchivi(const Parole& parole, std::ostream& out);
 int ComandoArchivio(const Parole& parole, std::ostream& out);
 int ComandoDb(const Parole& parole, std::ostream& out);
 int ComandoAspetti(const Parole& parole, std::ostream& out);
+int ComandoTransiti(const Parole& parole, std::ostream& out);
 
 // Runs a whole command line (without the program's name); returns the exit status.
 int Esegui(const Parole& parole, std::ostream& out, std::ostream& err);

@@ -51,6 +51,12 @@ const char* const Uso =
     "  aspetti OPZIONI-TEMA [--con-data GG/MM/AAAA --con-ora HH:MM [--con-estiva H]]\n"
     "       [--orbita G]            griglia degli aspetti del tema con se stesso o con\n"
     "                               il secondo tema nello stesso luogo\n"
+    "  transiti OPZIONI-TEMA [--da GG/MM/AAAA] [--a GG/MM/AAAA] [--pianeti LISTA]\n"
+    "       [--punti LISTA] [--aspetti LISTA] [--orbita G]   ogni transito esatto del periodo\n"
+    "                               (l'anno in corso se manca) ai punti del tema, con\n"
+    "                               ingresso e uscita dall'orbita; liste separate da virgole;\n"
+    "                               ora locale con il fuso e l'ora estiva di ogni data (dal\n"
+    "                               database con --city, se no quelli del tema)\n"
     "  salva OPZIONI-TEMA --archivio NOME [--doppio sovrascrivi|aggiungi]\n"
     "                               scrive il tema nell'archivio (creato se manca)\n"
     "  archivi                      gli archivi dei temi e quanti temi hanno\n"
@@ -94,6 +100,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
         {"aspetti", ComandoAspetti},
+        {"transiti", ComandoTransiti},
         {"vicine", ComandoVicine},
         {"importa", ComandoImporta},
         {"esporta", ComandoEsporta},
