@@ -295,11 +295,11 @@ TEST_F(Lanciatore, InputSenzaCittaTemaVuoto) {
     sessione.DatiOk = 0;
     sessione.TemaX = sessione.TemaCorrente;
     {
-        const Tema natale = sessione.TemaX;
         frmInDatiLyx f(sessione, percorsi.FileDB, 'C', messaggi);
         f.TagCommand4 = "daRivSol";
         f.Form_Load();
         f.show();
+        const Tema natale = sessione.TemaX;
         f.Dati->Text1->setText("Anna Neri");
         f.Dati->Text2->clear();
         f.cmdCalcola->click();
