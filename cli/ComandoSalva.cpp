@@ -55,9 +55,8 @@ int ComandoSalva(const Parole& parole, std::ostream& out) {
             db.CreaTabella(richiesto, CampiArchivio(),
                            {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
             creato = true;
-        } catch (const ErroreDB& e) {
+        } catch (const ErroreDB&) {
             // Another program made it in the meantime: the chart goes into that one.
-            if (e.Numero() != ErroreDB::TabellaEsistente) throw;
             trovato = trova();
             if (!trovato) throw;
         }

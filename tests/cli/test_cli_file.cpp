@@ -201,11 +201,18 @@ TEST_F(CliFile, DatabaseDiSolaLetturaODanneggiato) {
 // and the others all add their charts to it.
 TEST_F(CliFile, QuattroProcessiSalvanoInUnArchivioNuovo) {
     constexpr int Processi = 4, Temi = 8;
+    // All four start together: each waits for the end of a pipe that closes once all are there.
+    int via[2];
+    ASSERT_EQ(::pipe(via), 0);
     std::vector<pid_t> figli;
     for (int k = 0; k < Processi; ++k) {
         const pid_t pid = ::fork();
         ASSERT_GE(pid, 0);
         if (pid == 0) {
+            ::close(via[1]);
+            char c;
+            while (::read(via[0], &c, 1) > 0) {
+            }
             int errori = 0;
             for (int i = 0; i < Temi; ++i) {
                 Esito e =
@@ -218,6 +225,16 @@ TEST_F(CliFile, QuattroProcessiSalvanoInUnArchivioNuovo) {
             ::_exit(errori);
         }
         figli.push_back(pid);
+    }
+    // Another program holds the write lock while the four start: they all find no archive, and
+    // all wait to create it at the same moment.
+    {
+        Database blocco(fileDB);
+        blocco.Esegui("BEGIN IMMEDIATE");
+        ::close(via[0]);
+        ::close(via[1]);
+        ::usleep(1500 * 1000);
+        blocco.Esegui("COMMIT");
     }
     for (pid_t pid : figli) {
         int stato = 0;
