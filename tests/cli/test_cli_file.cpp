@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <iostream>
 #include <iterator>
 #include <sstream>
 #include <sys/wait.h>
@@ -283,19 +284,38 @@ TEST_F(CliFile, AiutoDiOgniComandoEParoleInPiu) {
 }
 
 // A refused argument is one line even where the chart at an extreme latitude has a notice to
-// give; a taken one gives its notice after the answer.
+// give (the notice goes nowhere then); a taken one gives its notice after the answer. Whatever
+// reaches the process's stderr by any way is counted.
 TEST_F(CliFile, UnaRigaPerUnRifiuto) {
-    const std::vector<std::string> polare = {"tema",  "--data", "10/04/1987", "--ora",
-                                             "19:30", "--lon",  "11E53",      "--lat",
-                                             "89N00", "--fuso", "-1"};
-    Esito buono = vesmo::test::Lancia(polare);
-    EXPECT_EQ(buono.stato, 0) << buono.err;
-    auto rifiutato = polare;
-    rifiutato.insert(rifiutato.end(), {"--luna", "xx"});
-    Esito e = vesmo::test::Lancia(rifiutato);
-    EXPECT_EQ(e.stato, 2);
-    EXPECT_EQ(Righe(e.err), 1) << e.err;
-    EXPECT_EQ(e.err.rfind("vesmo-cli tema: ", 0), 0u) << e.err;
+    auto Esegui = [](const std::vector<std::string>& parole) {
+        std::ostringstream cerr;
+        std::streambuf* prima = std::cerr.rdbuf(cerr.rdbuf());
+        Esito e = vesmo::test::Lancia(parole);
+        std::cerr.rdbuf(prima);
+        e.err = cerr.str() + e.err;
+        return e;
+    };
+    const std::vector<std::string> polare = {"--data", "10/04/1987", "--ora", "19:30",  "--lon",
+                                             "11E53",  "--lat",      "89N00", "--fuso", "-1"};
+    auto con = [&](std::vector<std::string> a, const std::vector<std::string>& b) {
+        a.insert(a.begin() + 1, polare.begin(), polare.end());
+        a.insert(a.end(), b.begin(), b.end());
+        return a;
+    };
+    for (const auto& parole :
+         {con({"rivoluzione"}, {"--tipo", "solare", "--anno", "2000", "--angolo", "zz"}),
+          con({"rivoluzione"}, {"--tipo", "sinodica", "--anno", "2000", "--ritorno", "0"}),
+          con({"direzione"}, {"--anni", "zz"}),
+          con({"rivoluzione"}, {"--tipo", "solare", "--anno", "2000", "--rilocata",
+                                "--lon-rilocata", "zz", "--lat-rilocata", "45N00"})}) {
+        Esito e = Esegui(parole);
+        EXPECT_EQ(e.stato, 2) << parole[0];
+        EXPECT_EQ(Righe(e.err), 1) << e.err;
+        EXPECT_EQ(e.err.rfind("vesmo-cli " + parole[0] + ": ", 0), 0u) << e.err;
+    }
+    Esito buono = Esegui(con({"tema"}, {}));
+    EXPECT_EQ(buono.stato, 0);
+    EXPECT_EQ(buono.err, "Lyx - Info Case: Latitudine estrema. Case di Placido non definite\n");
 }
 
 // JSON is valid UTF-8 whatever bytes a name holds: the bad ones become U+FFFD.
