@@ -493,17 +493,20 @@ TEST_F(CliOstile, NomiDArchivioPercorsiDiLogEAiuto) {
         }
         if (it == dopoLavoro.end() || it->second != stato) ++toccati, quali += f + "\n";
     }
+    // The program's own logs and exports, named after valid archives, may appear in its folder
+    // (the current folder when the program has none).
+    auto proprio = [&](const std::string& f) {
+        const std::string nome = fs::path(f).filename().string();
+        const std::string coda = nome.size() > 4 ? nome.substr(nome.size() - 4) : "";
+        return fs::path(f).parent_path() == programma && (coda == ".log" || coda == ".txt") &&
+               NomeArchivioValido(nome.substr(0, nome.size() - 4));
+    };
     for (const auto& [f, stato] : dopoLavoro)
-        if (!primaLavoro.count(f)) ++toccati, quali += "new " + f + "\n";
+        if (!primaLavoro.count(f) && !proprio(f)) ++toccati, quali += "new " + f + "\n";
     const auto dopoProgramma = Istantanea(programma);
     for (const auto& [f, stato] : dopoProgramma) {
         auto it = primaProgramma.find(f);
-        // The program's own logs and exports, named after valid archives, may appear there.
-        const std::string nome = fs::path(f).filename().string();
-        const std::string coda = nome.size() > 4 ? nome.substr(nome.size() - 4) : "";
-        const bool logProprio = (coda == ".log" || coda == ".txt") &&
-                                NomeArchivioValido(nome.substr(0, nome.size() - 4));
-        if (it == primaProgramma.end() && logProprio) {
+        if (it == primaProgramma.end() && proprio(f)) {
             std::error_code ec;
             fs::remove(f, ec);
             continue;
