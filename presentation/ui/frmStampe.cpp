@@ -16,6 +16,7 @@
 #include <QVBoxLayout>
 
 #include "chart/ui/frmSelAspetti.h"
+#include "core/qt/Schermo.h"
 #include "core/Testo.h"
 
 namespace vesmo {
@@ -157,7 +158,7 @@ frmStampe::frmStampe(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& st
     connect(mnuFileStampeBmp, &QAction::triggered, this, &frmStampe::mnuFileStampeBmp_Click);
     connect(mnuFileStampePdf, &QAction::triggered, this, &frmStampe::mnuFileStampePdf_Click);
     connect(nmuFileStampEsci, &QAction::triggered, this, &QWidget::close);
-    resize(640, 940);
+    resize(DimensioneVoluta(this, {640, 940}));
 }
 
 frmStampe::~frmStampe() = default;

@@ -145,7 +145,12 @@ public:
              }},
             {"frmCheStampe", [] { return std::make_unique<frmCheStampe>(); }},
             {"frmStampe",
-             [this, &ruote] { return std::make_unique<frmStampe>(s, aspetti, ruote, m); }},
+             [this, &ruote] {
+                 auto f = std::make_unique<frmStampe>(s, aspetti, ruote, m);
+                 f->ScegliSlot = [] { return 1; };
+                 f->Form_Load();
+                 return f;
+             }},
             {"frmSelAspetti",
              [this, &ruote] { return std::make_unique<frmSelAspetti>(s, aspetti, ruote, m); }},
             {"frmDomicili", [this] { return std::make_unique<frmDomicili>(s, m); }},
