@@ -5,6 +5,7 @@
 #include <QGuiApplication>
 #include <QPointer>
 #include <QScreen>
+#include <QShortcut>
 #include <QTimer>
 #include <QWidget>
 #include <algorithm>
@@ -110,6 +111,12 @@ void AdattaAlloSchermo(QWidget* finestra) {
     const int y =
         std::clamp(angolo.y(), area.top(), std::max(area.top(), area.bottom() + 1 - alta));
     if (QPoint(x, y) != finestra->pos()) finestra->move(x, y);
+}
+
+void ChiudiConEsc(QWidget* finestra) {
+    auto* esc = new QShortcut(QKeySequence(Qt::Key_Escape), finestra);
+    esc->setContext(Qt::WindowShortcut);
+    QObject::connect(esc, &QShortcut::activated, finestra, &QWidget::close);
 }
 
 void SorvegliaFinestre() {

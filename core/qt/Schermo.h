@@ -31,6 +31,9 @@ QSize DimensioneVoluta(const QWidget* finestra, QSize voluta);
 // parent when it has one.
 void AdattaAlloSchermo(QWidget* finestra);
 
+// Esc closes this window as it closes a dialog: for the tool windows that are not dialogs.
+void ChiudiConEsc(QWidget* finestra);
+
 // From now on every window of the application goes through AdattaAlloSchermo each time it is
 // shown, and once more when its first layout pass has run.
 void SorvegliaFinestre();

@@ -16,8 +16,8 @@
 #include <QVBoxLayout>
 
 #include "chart/ui/frmSelAspetti.h"
-#include "core/qt/Schermo.h"
 #include "core/Testo.h"
+#include "core/qt/Schermo.h"
 
 namespace vesmo {
 
@@ -44,6 +44,7 @@ frmCheStampe::frmCheStampe(QWidget* genitore) : QDialog(genitore) {
         auto* b = new QPushButton(QString::fromUtf8(testi[i]), this);
         b->setObjectName(nomi[i]);
         b->setAutoDefault(false);
+        b->setDefault(i == 0);
         l->addWidget(b);
         *pulsanti[i] = b;
         connect(b, &QPushButton::clicked, this, [this, i] {
