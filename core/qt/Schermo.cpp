@@ -2,13 +2,21 @@
 
 #include <QApplication>
 #include <QEvent>
+#include <QGridLayout>
 #include <QGuiApplication>
+#include <QLayout>
+#include <QMainWindow>
 #include <QPointer>
 #include <QScreen>
 #include <QShortcut>
+#include <QTabBar>
+#include <QTabWidget>
 #include <QTimer>
+#include <QToolBar>
+#include <QVariant>
 #include <QWidget>
 #include <algorithm>
+#include <vector>
 
 namespace vesmo {
 
@@ -63,6 +71,10 @@ protected:
         auto* w = static_cast<QWidget*>(o);
         if (!DaSorvegliare(w)) return false;
         AdattaAlloSchermo(w);
+        if (!w->property("vesmoTabOrdinato").toBool()) {
+            w->setProperty("vesmoTabOrdinato", true);
+            OrdinaTab(w);
+        }
         // A form that fills its controls after showing may have grown: once more when the
         // events of the show have run.
         QPointer<QWidget> p(w);
@@ -111,6 +123,71 @@ void AdattaAlloSchermo(QWidget* finestra) {
     const int y =
         std::clamp(angolo.y(), area.top(), std::max(area.top(), area.bottom() + 1 - alta));
     if (QPoint(x, y) != finestra->pos()) finestra->move(x, y);
+}
+
+namespace {
+
+void Raccogli(QWidget* w, QWidget* finestra, std::vector<QWidget*>& ordine);
+
+void RaccogliLayout(QLayout* l, QWidget* finestra, std::vector<QWidget*>& ordine) {
+    auto voce = [&](QLayoutItem* it) {
+        if (!it) return;
+        if (QWidget* w = it->widget())
+            Raccogli(w, finestra, ordine);
+        else if (QLayout* figlio = it->layout())
+            RaccogliLayout(figlio, finestra, ordine);
+    };
+    if (auto* g = qobject_cast<QGridLayout*>(l)) {
+        // Row by row, each cell once (a cell spanning several is met at its top left).
+        for (int r = 0; r < g->rowCount(); ++r)
+            for (int c = 0; c < g->columnCount(); ++c) {
+                QLayoutItem* it = g->itemAtPosition(r, c);
+                if (!it) continue;
+                int riga, colonna, righe, colonne;
+                g->getItemPosition(g->indexOf(it), &riga, &colonna, &righe, &colonne);
+                if (riga == r && colonna == c) voce(it);
+            }
+        return;
+    }
+    for (int i = 0; i < l->count(); ++i)
+        voce(l->itemAt(i));
+}
+
+void Raccogli(QWidget* w, QWidget* finestra, std::vector<QWidget*>& ordine) {
+    if (w->window() != finestra || w->isHidden()) return;
+    if ((w->focusPolicy() & Qt::TabFocus) && !w->focusProxy()) {
+        ordine.push_back(w);
+        return;
+    }
+    if (w->layout()) {
+        RaccogliLayout(w->layout(), finestra, ordine);
+        return;
+    }
+    if (auto* schede = qobject_cast<QTabWidget*>(w)) {
+        // The tabs above their pages.
+        Raccogli(schede->tabBar(), finestra, ordine);
+        for (int i = 0; i < schede->count(); ++i)
+            Raccogli(schede->widget(i), finestra, ordine);
+        return;
+    }
+    for (QObject* o : w->children())
+        if (o->isWidgetType()) Raccogli(static_cast<QWidget*>(o), finestra, ordine);
+}
+
+} // namespace
+
+void OrdinaTab(QWidget* finestra) {
+    std::vector<QWidget*> ordine;
+    if (auto* principale = qobject_cast<QMainWindow*>(finestra)) {
+        for (QToolBar* t :
+             principale->findChildren<QToolBar*>(QString(), Qt::FindDirectChildrenOnly))
+            Raccogli(t, finestra, ordine);
+        if (principale->centralWidget()) Raccogli(principale->centralWidget(), finestra, ordine);
+    } else {
+        Raccogli(finestra, finestra, ordine);
+    }
+    for (std::size_t i = 1; i < ordine.size(); ++i)
+        QWidget::setTabOrder(ordine[i - 1], ordine[i]);
 }
 
 void ChiudiConEsc(QWidget* finestra) {

@@ -31,6 +31,10 @@ QSize DimensioneVoluta(const QWidget* finestra, QSize voluta);
 // parent when it has one.
 void AdattaAlloSchermo(QWidget* finestra);
 
+// Tab in the order the eye reads the window: its controls as its layouts place them (boxes in
+// their order, grids row by row), the toolbars of a main window before its centre.
+void OrdinaTab(QWidget* finestra);
+
 // Esc closes this window as it closes a dialog: for the tool windows that are not dialogs.
 void ChiudiConEsc(QWidget* finestra);
 

@@ -260,3 +260,44 @@ TEST_F(FinestreSulloSchermo, TastieraMenuInvioEdEsc) {
     }
     EXPECT_EQ(trovate, condivise);
 }
+
+namespace {
+
+// The controls Tab visits, in its order, from the window's first.
+std::vector<QWidget*> CatenaTab(QWidget* finestra) {
+    std::vector<QWidget*> r;
+    QWidget* w = finestra;
+    for (int giri = 0; giri < 2000; ++giri) {
+        w = w->nextInFocusChain();
+        if (w == finestra) break;
+        if (w->window() == finestra && w->isVisible() && w->isEnabled() &&
+            (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy())
+            r.push_back(w);
+    }
+    return r;
+}
+
+} // namespace
+
+// Tab follows what the eye reads: within one column of controls (boxes whose horizontal spans
+// overlap), Tab never goes back up to a control above the one it leaves.
+TEST_F(FinestreSulloSchermo, TabSegueLOrdineVisivo) {
+    for (auto& [nome, crea] : banco.Finestre()) {
+        SCOPED_TRACE(nome);
+        std::unique_ptr<QWidget> proprio = crea();
+        QWidget* w = proprio ? proprio.get() : banco.menu.get();
+        w->show();
+        QCoreApplication::processEvents();
+        const auto catena = CatenaTab(w);
+        for (std::size_t i = 1; i < catena.size(); ++i) {
+            const QRect a(catena[i - 1]->mapTo(w, QPoint(0, 0)), catena[i - 1]->size());
+            const QRect b(catena[i]->mapTo(w, QPoint(0, 0)), catena[i]->size());
+            const bool stessaColonna = a.left() < b.right() && b.left() < a.right();
+            EXPECT_FALSE(stessaColonna && b.bottom() < a.top())
+                << catena[i - 1]->objectName().toStdString() << " -> "
+                << catena[i]->objectName().toStdString();
+        }
+        w->close();
+        QCoreApplication::processEvents();
+    }
+}
