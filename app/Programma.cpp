@@ -7,6 +7,7 @@
 #include <QTranslator>
 
 #include "core/qt/MessaggiQt.h"
+#include "core/qt/Schermo.h"
 #include "core/ui/frmInputIni.h"
 #include "core/ui/frmUrano.h"
 #include "places/ui/PannelloDati.h"
@@ -45,6 +46,8 @@ bool Programma::Avvia(const QString& cartellaProgramma,
     // The chart half hides the launcher before it shows itself, and leaving it closes its last
     // window before the launcher comes back: only the launcher's own exit ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
+    // Every window, shown for the first time or again, stays within its screen.
+    SorvegliaFinestre();
     // Every form, the boxes included, takes the icon of Uranus.
     QApplication::setWindowIcon(IconaUrano());
     splash_ = std::make_unique<frmUrano>();

@@ -1,6 +1,6 @@
 // Drawing a whole wheel: the single wheel with its aspect lines on an 800 x 800 image (one
-// redraw of the window), the same on the recording surface (the drawing logic alone), and the
-// double transit wheel.
+// redraw of the window), also at a device pixel ratio of 2, the same on the recording surface (the
+// drawing logic alone), and the double transit wheel.
 #include <benchmark/benchmark.h>
 
 #include <QImage>
@@ -53,6 +53,24 @@ void RuotaSuImmagine(benchmark::State& state) {
     }
 }
 BENCHMARK(RuotaSuImmagine)->Arg(480)->Arg(800)->Unit(benchmark::kMillisecond);
+
+// The same wheel of 800 pixels on a screen of device pixel ratio 2: the picture is drawn anew
+// on 1600 x 1600 device pixels, never scaled from a smaller one.
+void RuotaSuImmagineRapporto2(benchmark::State& state) {
+    Carta k = Casta(1987);
+    OpzioniRuota o;
+    o.DisegnaAspetti = true;
+    o.NodiScelti = 1;
+    o.AngoloRuota = 360 - k.p.Asce.Lo;
+    QImage immagine(1600, 1600, QImage::Format_ARGB32_Premultiplied);
+    immagine.setDevicePixelRatio(2);
+    for (auto _ : state) {
+        QPainter pittore(&immagine);
+        SuperficieQt sup(pittore, AreaRuota(o.Geometria), QRectF(0, 0, 800, 800));
+        DisegnaRuota(sup, k.t, k.p, o);
+    }
+}
+BENCHMARK(RuotaSuImmagineRapporto2)->Unit(benchmark::kMillisecond);
 
 void RuotaRegistrata(benchmark::State& state) {
     Carta k = Casta(1987);

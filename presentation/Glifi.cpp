@@ -1,5 +1,8 @@
 #include "presentation/Glifi.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include <initializer_list>
 
 #include "core/Aritmetica.h"
@@ -168,13 +171,16 @@ void Traccia(Superficie& sup, const Tratti& tratti, double s, double x, double y
 
 } // namespace
 
-void DisegnaGlifo(Superficie& sup, const Glifo& glifo, double s, double x, double y,
-                  Colore colore) {
+namespace {
+
+// The strokes of one glyph; a sign's pen is 2, widened by `allarga`.
+void TracciaGlifo(Superficie& sup, const Glifo& glifo, double s, double x, double y, Colore colore,
+                  int allarga = 0) {
     sup.PennaX(x);
     sup.PennaY(y);
     switch (glifo.genere) {
     case Glifo::Segno:
-        sup.SpessorePenna(2);
+        sup.SpessorePenna(2 + allarga);
         Traccia(sup, Segni[glifo.indice], s, x, y, colore);
         break;
     case Glifo::Corpo:
@@ -196,6 +202,54 @@ void DisegnaGlifo(Superficie& sup, const Glifo& glifo, double s, double x, doubl
         Traccia(sup, MarcaSud, s, x, y, colore);
         break;
     }
+}
+
+} // namespace
+
+bool ColoreChiaro(Colore c) {
+    // Relative luminance in the ITU-R BT.709 weights.
+    return 0.2126 * c.r + 0.7152 * c.g + 0.0722 * c.b > 0.7 * 255;
+}
+
+Colore ColoreContorno(Colore c) {
+    auto meta = [](std::uint8_t v) { return static_cast<std::uint8_t>(v / 2); };
+    return {meta(c.r), meta(c.g), meta(c.b)};
+}
+
+void DisegnaGlifo(Superficie& sup, const Glifo& glifo, double s, double x, double y,
+                  Colore colore) {
+    sup.InizioGlifo();
+    if (ColoreChiaro(colore)) {
+        // A light glyph first drawn two pixels wider in a darker tone: a thin outline that keeps
+        // it readable on the light ring and disc.
+        const int spessore = sup.SpessorePenna();
+        sup.SpessorePenna(spessore + 2);
+        TracciaGlifo(sup, glifo, s, x, y, ColoreContorno(colore), 2);
+        sup.SpessorePenna(spessore);
+    }
+    TracciaGlifo(sup, glifo, s, x, y, colore);
+    sup.FineGlifo();
+}
+
+void DisegnaGlifoCentrato(Superficie& sup, const Glifo& glifo, double s, double cx, double cy,
+                          Colore colore) {
+    DisegnaGlifo(sup, glifo, s, cx - s / 2, cy - s / 2, colore);
+}
+
+double LatoNellaFascia(double s, double r, double interno, double esterno) {
+    // The pen's width, an outline's included, stands out of the strokes by up to 30 twips.
+    const double spazio = std::min(r - interno, esterno - r) - 40;
+    return std::max(0.0, std::min(s, std::sqrt(2.0) * spazio));
+}
+
+void LineaChiara(Superficie& sup, double x1, double y1, double x2, double y2, Colore colore) {
+    if (ColoreChiaro(colore)) {
+        const int spessore = sup.SpessorePenna();
+        sup.SpessorePenna(spessore + 2);
+        sup.Linea(x1, y1, x2, y2, ColoreContorno(colore));
+        sup.SpessorePenna(spessore);
+    }
+    sup.Linea(x1, y1, x2, y2, colore);
 }
 
 } // namespace vesmo

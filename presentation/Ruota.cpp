@@ -191,10 +191,11 @@ PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni&
     // 6. Signs: boundary, scale and glyph.
     for (int segno = 0; segno < 12; ++segno) {
         double L = segno * 30.0;
-        sup.Linea(P.X(R2, L), P.Y(R2, L), P.X(R1, L), P.Y(R1, L), coloreSegno(segno));
+        LineaChiara(sup, P.X(R2, L), P.Y(R2, L), P.X(R1, L), P.Y(R1, L), coloreSegno(segno));
         TaccheSegno(sup, P, R2, L);
-        DisegnaGlifo(sup, GlifoSegno(segno), g.PassoSegni, P.X(R2 + 350, L + 15),
-                     P.Y(R2 + 350, L + 15), coloreSegno(segno));
+        DisegnaGlifoCentrato(sup, GlifoSegno(segno),
+                             LatoNellaFascia(g.PassoSegni, R2 + 350, R2, R1), P.X(R2 + 350, L + 15),
+                             P.Y(R2 + 350, L + 15), coloreSegno(segno));
         sup.SpessorePenna(1);
         TaccheFineSegno(sup, P, R2, L);
     }
@@ -224,8 +225,9 @@ PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni&
         sup.Linea(p.X, p.Y, P.X(R2 - 175, L), P.Y(R2 - 175, L), penna);
         double r = R2 - p.Anello * g.PassoPianeti;
         if (bn) sup.SpessorePenna(o.SpessoreGlifi);
-        DisegnaGlifo(sup, GlifoCorpo(static_cast<int>(i)), g.PassoPianeti, P.X(r, L), P.Y(r, L),
-                     coloreCorpo(static_cast<int>(i)));
+        DisegnaGlifoCentrato(sup, GlifoCorpo(static_cast<int>(i)),
+                             LatoNellaFascia(g.PassoPianeti, r, NessunCerchio, R2), P.X(r, L),
+                             P.Y(r, L), coloreCorpo(static_cast<int>(i)));
         if (bn) sup.SpessorePenna(1);
     }
     // 9. Ascendant and Midheaven: the ends of their aspect lines only.
@@ -242,8 +244,9 @@ PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni&
         double L = punti[static_cast<std::size_t>(nodo.corpo)].pos.LNd + nodo.lato;
         sup.Linea(P.X(R2, L), P.Y(R2, L), P.X(R2 - 175, L), P.Y(R2 - 175, L), penna);
         double r = R2 - AnelloDelNodo(L, punti) * g.PassoPianeti;
-        DisegnaGlifo(sup, GlifoNodo(nodo.corpo, nodo.lato), g.PassoPianeti, P.X(r, L), P.Y(r, L),
-                     coloreCorpo(nodo.corpo));
+        DisegnaGlifoCentrato(sup, GlifoNodo(nodo.corpo, nodo.lato),
+                             LatoNellaFascia(g.PassoPianeti, r, NessunCerchio, R2), P.X(r, L),
+                             P.Y(r, L), coloreCorpo(nodo.corpo));
     }
 
     // 11. Aspect lines between the 14 points, one for every aspect a pair is in.

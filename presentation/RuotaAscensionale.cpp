@@ -84,7 +84,10 @@ void CorpiAscensionali(Superficie& sup, const Riferimento& A, PuntiDellaRuota& p
         double tacca = r0 + verso * 150;
         sup.Linea(p.X, p.Y, A.X(tacca, L), A.Y(tacca, L), colore);
         double r = r0 + verso * p.Anello * g.Passo;
-        DisegnaGlifo(sup, GlifoCorpo(static_cast<int>(i)), g.Passo, A.X(r, L), A.Y(r, L), colore);
+        double lato = verso < 0 ? LatoNellaFascia(g.Passo, r, NessunCerchio, r0)
+                                : LatoNellaFascia(g.Passo, r, r0, -NessunCerchio);
+        DisegnaGlifoCentrato(sup, GlifoCorpo(static_cast<int>(i)), lato, A.X(r, L), A.Y(r, L),
+                             colore);
     }
 }
 
@@ -140,7 +143,9 @@ void CorpiZodiacali(Superficie& sup, PuntiDellaRuota& punti, const OpzioniAscens
         if (i > 12) continue;
         sup.Linea(p.X, p.Y, P.X(r0 - 150, L), P.Y(r0 - 150, L), penna);
         double r = r0 - p.Anello * g.Passo;
-        DisegnaGlifo(sup, GlifoCorpo(static_cast<int>(i)), g.Passo, P.X(r, L), P.Y(r, L), Nero);
+        DisegnaGlifoCentrato(sup, GlifoCorpo(static_cast<int>(i)),
+                             LatoNellaFascia(g.Passo, r, NessunCerchio, r0), P.X(r, L), P.Y(r, L),
+                             Nero);
     }
 }
 

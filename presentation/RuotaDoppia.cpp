@@ -46,9 +46,8 @@ void AnelloDeiSegni(Superficie& sup, const Riferimento& P, double r2, double r1)
         sup.Linea(P.X(r2, L), P.Y(r2, L), P.X(r1, L), P.Y(r1, L), penna);
         TaccheSegno(sup, P, r2, L);
         TaccheFineSegno(sup, P, r2, L);
-        sup.PennaX(P.X(r2 + 200, L + 15));
-        sup.PennaY(P.Y(r2 + 200, L + 15));
-        sup.Stampa(SimboliSegni[static_cast<std::size_t>(segno)]);
+        sup.StampaCentrata(SimboliSegni[static_cast<std::size_t>(segno)], P.X(r2 + 200, L + 15),
+                           P.Y(r2 + 200, L + 15));
     }
 }
 
@@ -103,7 +102,10 @@ void CorpiSulCerchio(Superficie& sup, const Riferimento& P, PuntiDellaRuota& pun
         double tacca = r0 + verso * 175;
         sup.Linea(p.X, p.Y, P.X(tacca, L), P.Y(tacca, L), colore);
         double r = r0 + verso * p.Anello * Passo;
-        DisegnaGlifo(sup, GlifoCorpo(static_cast<int>(i)), Passo, P.X(r, L), P.Y(r, L), colore);
+        double lato = verso < 0 ? LatoNellaFascia(Passo, r, NessunCerchio, r0)
+                                : LatoNellaFascia(Passo, r, r0, -NessunCerchio);
+        DisegnaGlifoCentrato(sup, GlifoCorpo(static_cast<int>(i)), lato, P.X(r, L), P.Y(r, L),
+                             colore);
     }
 }
 

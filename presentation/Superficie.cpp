@@ -87,6 +87,18 @@ void Superficie::Stampa(const std::string& testo) {
     pennaX_ += FaiTesto(pennaX_, pennaY_, testo);
 }
 
+void Superficie::StampaCentrata(const std::string& testo, double cx, double cy) {
+    const double larga = FaiTestoCentrato(cx, cy, testo);
+    pennaX_ = cx + larga / 2;
+    pennaY_ = cy - Carattere().punti * 10;
+}
+
+double Superficie::FaiTestoCentrato(double cx, double cy, const std::string& testo) {
+    const double larga = LarghezzaTesto(testo);
+    FaiTesto(cx - larga / 2, cy - Carattere().punti * 10, testo);
+    return larga;
+}
+
 double Superficie::LarghezzaTesto(const std::string& testo) const {
     return static_cast<double>(LunghezzaCaratteri(testo)) * Carattere().punti * 20 * 0.6;
 }

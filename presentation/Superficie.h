@@ -82,8 +82,14 @@ public:
     void Punto(double x, double y, Colore colore);
     // Text with its top left at the pen, in the surface's font and the pen's colour.
     void Stampa(const std::string& testo);
+    // Text centred at (cx, cy): the symbols of the signs on their ring. The pen is left at the
+    // top right of the text's box.
+    void StampaCentrata(const std::string& testo, double cx, double cy);
     // The whole surface in the background colour.
     void Pulisci();
+    // The strokes between these two calls make one glyph: a surface may keep them together.
+    void InizioGlifo() { SegnaGlifo(true); }
+    void FineGlifo() { SegnaGlifo(false); }
     // The width in twips that Stampa gives a text in the surface's font; without the font's
     // metrics, six tenths of the size a character.
     virtual double LarghezzaTesto(const std::string& testo) const;
@@ -101,7 +107,11 @@ protected:
     virtual void FaiPunto(double x, double y, Colore colore) = 0;
     // Returns the text's width in twips.
     virtual double FaiTesto(double x, double y, const std::string& testo) = 0;
+    // Text centred at (cx, cy); by default a box LarghezzaTesto wide and the font's size high.
+    // Returns the box's width in twips.
+    virtual double FaiTestoCentrato(double cx, double cy, const std::string& testo);
     virtual void FaiPulisci() = 0;
+    virtual void SegnaGlifo(bool /*inizio*/) {}
 
 private:
     double pennaX_ = 0, pennaY_ = 0;

@@ -58,8 +58,17 @@ double SuperficieRegistrata::FaiTesto(double x, double y, const std::string& tes
     f.x1 = x;
     f.y1 = y;
     f.testo = testo;
+    f.rx = LarghezzaTesto(testo) / 2;
+    f.ry = Carattere().punti * 10;
     figure.push_back(f);
     return LarghezzaTesto(testo);
+}
+
+void SuperficieRegistrata::SegnaGlifo(bool inizio) {
+    if (inizio)
+        glifi.emplace_back(figure.size(), figure.size());
+    else if (!glifi.empty())
+        glifi.back().second = figure.size();
 }
 
 void SuperficieRegistrata::FaiPulisci() {

@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "presentation/Superficie.h"
@@ -13,7 +14,7 @@ struct Figura {
     enum Tipo { Ellisse, Arco, Linea, Punto, Testo, Pulisci } tipo = Linea;
     // Line: from (x1, y1) to (x2, y2). Ellipse, arc, point and text: at (x1, y1).
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
-    double rx = 0, ry = 0;           // half-axes of ellipses and arcs
+    double rx = 0, ry = 0;           // half-axes of ellipses and arcs; half the box of a text
     double inizio = 0, ampiezza = 0; // arcs, radians
     bool raggioInizio = false, raggioFine = false;
     Colore colore;
@@ -28,6 +29,8 @@ class SuperficieRegistrata : public Superficie {
 public:
     explicit SuperficieRegistrata(Colore fondo = FacciaPulsante) : Superficie(fondo) {}
     std::vector<Figura> figure;
+    // Each glyph as the range [first, second) of its figures.
+    std::vector<std::pair<std::size_t, std::size_t>> glifi;
 
 protected:
     void FaiEllisse(double x, double y, double rx, double ry, Colore colore) override;
@@ -37,6 +40,7 @@ protected:
     void FaiPunto(double x, double y, Colore colore) override;
     double FaiTesto(double x, double y, const std::string& testo) override;
     void FaiPulisci() override;
+    void SegnaGlifo(bool inizio) override;
 
 private:
     Figura Nuova(Figura::Tipo tipo, Colore colore) const;

@@ -48,6 +48,7 @@ FinestraImporta::FinestraImporta(Sessione& sessione, const std::string& fileDB, 
     Command1->setObjectName("Command1");
     cmdImporta = new QPushButton(QStringLiteral("&Importa"), this);
     cmdImporta->setObjectName("cmdImporta");
+    cmdImporta->setDefault(true);
     cmdElimina = new QPushButton(QStringLiteral("&Elimina Tema"), this);
     cmdElimina->setObjectName("cmdElimina");
     Command3 = new QPushButton(QStringLiteral("E&sci"), this);

@@ -138,6 +138,8 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     tutto->setMenuBar(barra);
     tutto->addLayout(corpo, 1);
     tutto->addLayout(pulsanti);
+    // Enter creates the archive whose name was typed; never the deletion.
+    cmdCrea->setDefault(true);
     resize(560, 460);
 
     connect(cmdCrea, &QPushButton::clicked, this, &frmGesArchivi::cmdCrea_Click);
@@ -166,6 +168,7 @@ void frmGesArchivi::ModoSalvo() {
     cmdElimina->hide();
     setWindowTitle(QStringLiteral("Vesmo - Salvo"));
     cmdSalva->show();
+    cmdSalva->setDefault(true);
     resize(width(), Pixel(3000));
 }
 

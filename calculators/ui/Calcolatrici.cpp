@@ -609,6 +609,7 @@ frmColoriRuota::frmColoriRuota(StatoRuote& stato, QWidget* genitore)
         "Label1");
     Frame1 = Riquadro(this, "Frame1", "Ruota per Video ");
     Command2 = Pulsante(Frame1, "Command2", "16,8 Milioni di Colori");
+    Command2->setDefault(true);
     Command1 = Pulsante(Frame1, "Command1", "256 Colori");
     auto* riga = new QHBoxLayout(Frame1);
     riga->addWidget(Command2);

@@ -13,6 +13,7 @@
 
 #include "chart/Dignita.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/qt/Schermo.h"
 
 namespace vesmo {
 
@@ -103,6 +104,7 @@ frmDomicili::frmDomicili(Sessione& sessione, Messaggi& messaggi, QWidget* genito
     setWindowFlag(Qt::Window);
     setAttribute(Qt::WA_DeleteOnClose, false);
     setWindowTitle(QStringLiteral("Lyx - Domiciliazioni di "));
+    ChiudiConEsc(this);
 
     // Left: one row a group, its caption, its count and the names.
     const char* nomiTesto[11] = {"Text1", "Text2", "Text3", "Text4",  "Text5", "Text6",

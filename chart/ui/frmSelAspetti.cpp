@@ -20,6 +20,7 @@
 #include "chart/ui/NumeroDigitato.h"
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/qt/Schermo.h"
 
 namespace vesmo {
 
@@ -31,6 +32,7 @@ frmSelAspetti::frmSelAspetti(Sessione& sessione, TabellaAspetti& aspetti, StatoR
     setWindowFlag(Qt::Window);
     setAttribute(Qt::WA_DeleteOnClose, false);
     setWindowTitle(QStringLiteral("Lyx - Selezione  Aspetti"));
+    ChiudiConEsc(this);
 
     barraMenu = new QMenuBar(this);
     mnuE = barraMenu->addAction(QStringLiteral("&Esci "));

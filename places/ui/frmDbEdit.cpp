@@ -18,6 +18,7 @@
 #include <QVBoxLayout>
 
 #include "core/qt/MessaggiQt.h"
+#include "core/qt/Schermo.h"
 #include "places/ui/ModelloGriglia.h"
 
 namespace vesmo {
@@ -48,7 +49,7 @@ frmDbEdit::frmDbEdit(const std::string& fileDB, Messaggi& messaggi, QWidget* gen
     setObjectName("frmDbEdit");
     setWindowTitle(QStringLiteral("Vesmo - DB Edita"));
     Costruisci();
-    resize(1400, 820);
+    resize(DimensioneVoluta(this, {1400, 820}));
 }
 
 frmDbEdit::~frmDbEdit() {

@@ -102,7 +102,7 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     mnuFilSalva = azione(mnuFile, "mnuFilSalva", "Sa&lva  Tema");
     mnuFile->addSeparator();
     mnuFilePath = azione(mnuFile, "mnuFilePath", "&Default  Vesmo");
-    QMenu* ordine = mnuFile->addMenu(QStringLiteral("&Ordinamento"));
+    QMenu* ordine = mnuFile->addMenu(QStringLiteral("O&rdinamento"));
     mnuFilOrdC = azione(ordine, "mnuFilOrdC", "&City");
     mnuFilOrdN = azione(ordine, "mnuFilOrdN", "&Nazioni");
     mnuFilOrdC->setCheckable(true);

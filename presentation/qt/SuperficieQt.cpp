@@ -115,6 +115,19 @@ double SuperficieQt::FaiTesto(double x, double y, const std::string& testo) {
     return m.horizontalAdvance(q);
 }
 
+double SuperficieQt::FaiTestoCentrato(double cx, double cy, const std::string& testo) {
+    Font();
+    p_.setFont(font_);
+    p_.setPen(ColoreQt(ColorePenna()));
+    const QString q = QString::fromStdString(testo);
+    const QFontMetricsF m(font_);
+    // The ink of the symbol, not its line box, is centred: a sign's symbol sits on the
+    // baseline with room above and below that differs from font to font.
+    const QRectF inchiostro = m.tightBoundingRect(q);
+    p_.drawText(QPointF(cx - inchiostro.center().x(), cy - inchiostro.center().y()), q);
+    return m.horizontalAdvance(q);
+}
+
 void SuperficieQt::FaiPulisci() {
     p_.save();
     p_.resetTransform();

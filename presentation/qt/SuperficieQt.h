@@ -33,6 +33,7 @@ protected:
     void FaiLinea(double x1, double y1, double x2, double y2, Colore colore) override;
     void FaiPunto(double x, double y, Colore colore) override;
     double FaiTesto(double x, double y, const std::string& testo) override;
+    double FaiTestoCentrato(double cx, double cy, const std::string& testo) override;
     void FaiPulisci() override;
 
 private:

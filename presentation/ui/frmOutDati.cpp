@@ -4,6 +4,7 @@
 #include <QCloseEvent>
 #include <QComboBox>
 #include <QDate>
+#include <QFontMetrics>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QHeaderView>
@@ -28,6 +29,7 @@
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/qt/Schermo.h"
 #include "presentation/Ruota.h"
 #include "presentation/TabellaPosizioni.h"
 #include "presentation/ui/WidgetRuota.h"
@@ -185,6 +187,14 @@ frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& 
     MSFlexGrid1->verticalHeader()->setSectionsClickable(true);
     MSFlexGrid1->verticalHeader()->setDefaultSectionSize(20);
     MSFlexGrid1->setStyleSheet(QStringLiteral("QHeaderView::section { padding: 1px 4px; }"));
+    // The table asks for the width of all its columns; the wheel takes what is left.
+    MSFlexGrid1->horizontalHeader()->setDefaultAlignment(
+        Qt::AlignCenter | static_cast<Qt::Alignment>(Qt::TextWordWrap));
+    MSFlexGrid1->horizontalHeader()->setTextElideMode(Qt::ElideNone);
+    MSFlexGrid1->horizontalHeader()->setFixedHeight(
+        MSFlexGrid1->horizontalHeader()->fontMetrics().lineSpacing() * 2 + 8);
+    MSFlexGrid1->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
+    MSFlexGrid1->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
     Label2 =
         new QLabel(QStringLiteral("archi di longitudine, Diff.Declinazione, Asp.Sferici"), this);
     Label2->setObjectName("Label2");
@@ -208,7 +218,7 @@ frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& 
     Ruota->setObjectName("Ruota");
     Ruota->setFrameShape(QFrame::StyledPanel);
     Ruota->setFrameShadow(QFrame::Sunken);
-    Ruota->setMinimumSize(440, 440);
+    Ruota->setMinimumSize(320, 320);
     comboNodi = new QComboBox(this);
     comboNodi->setObjectName("comboNodi");
     comboNodi->setToolTip(
@@ -255,13 +265,12 @@ frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& 
     destra->addLayout(sottoRuota);
     auto* centro = new QWidget(this);
     auto* tutto = new QHBoxLayout(centro);
-    tutto->addLayout(sinistra, 1);
-    tutto->addLayout(destra, 0);
+    tutto->addLayout(sinistra, 0);
+    tutto->addLayout(destra, 1);
     setCentralWidget(centro);
     // The whole table and a large wheel where the screen allows it; on a smaller screen the
     // table scrolls and the wheel keeps its place.
-    const QRect schermo = screen()->availableGeometry();
-    resize(std::min(1560, schermo.width() - 40), std::min(720, schermo.height() - 60));
+    resize(DimensioneVoluta(this, {1560, 900}));
 
     connect(mnuAR, &QAction::triggered, this, &frmOutDati::mnuAR_Click);
     connect(mnuAO, &QAction::triggered, this, &frmOutDati::mnuAO_Click);
@@ -345,7 +354,22 @@ void frmOutDati::RiempiTabella() {
             MSFlexGrid1->setItem(static_cast<int>(i) - 1, static_cast<int>(j) - 1, v);
         }
     }
-    MSFlexGrid1->resizeColumnsToContents();
+    // Each column as wide as its cells and the longest word of its head: a head of several
+    // words goes on two lines, so that the whole table leaves room for the wheel.
+    const QFontMetrics testa(MSFlexGrid1->horizontalHeader()->font());
+    const QFontMetrics cella(MSFlexGrid1->font());
+    for (int j = 0; j < MSFlexGrid1->columnCount(); ++j) {
+        // The narrowest cut of the head into two lines at a blank.
+        const QString t = colonne[j].trimmed();
+        int larga = testa.horizontalAdvance(t);
+        for (int k = t.indexOf(' '); k >= 0; k = t.indexOf(' ', k + 1))
+            larga = std::min(larga, std::max(testa.horizontalAdvance(t.left(k).trimmed()),
+                                             testa.horizontalAdvance(t.mid(k + 1).trimmed())));
+        larga += 12;
+        for (int i = 0; i < MSFlexGrid1->rowCount(); ++i)
+            larga = std::max(larga, cella.horizontalAdvance(MSFlexGrid1->item(i, j)->text()) + 12);
+        MSFlexGrid1->setColumnWidth(j, larga);
+    }
     MSFlexGrid1->setCurrentCell(0, 0);
 }
 

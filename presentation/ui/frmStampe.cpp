@@ -17,6 +17,7 @@
 
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Testo.h"
+#include "core/qt/Schermo.h"
 
 namespace vesmo {
 
@@ -43,6 +44,7 @@ frmCheStampe::frmCheStampe(QWidget* genitore) : QDialog(genitore) {
         auto* b = new QPushButton(QString::fromUtf8(testi[i]), this);
         b->setObjectName(nomi[i]);
         b->setAutoDefault(false);
+        b->setDefault(i == 0);
         l->addWidget(b);
         *pulsanti[i] = b;
         connect(b, &QPushButton::clicked, this, [this, i] {
@@ -157,7 +159,7 @@ frmStampe::frmStampe(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& st
     connect(mnuFileStampeBmp, &QAction::triggered, this, &frmStampe::mnuFileStampeBmp_Click);
     connect(mnuFileStampePdf, &QAction::triggered, this, &frmStampe::mnuFileStampePdf_Click);
     connect(nmuFileStampEsci, &QAction::triggered, this, &QWidget::close);
-    resize(640, 940);
+    resize(DimensioneVoluta(this, {640, 940}));
 }
 
 frmStampe::~frmStampe() = default;

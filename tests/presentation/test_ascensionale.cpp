@@ -126,17 +126,17 @@ TEST(RuotaAscensionale, CorpiRossiConAnelliASetteGradi) {
         EXPECT_EQ(r.zodiacali[c.corpo].Anello, c.anelloZodiacale) << c.corpo;
     }
 
-    // Glyphs of 300: red inward from 3250, black inward from 1800.
+    // Glyphs of 300, centred on their rings: red inward from 3250, black inward from 1800.
     const double lunaA = 20 + 15 * 3.5, mercurioA = 20 + 15 * 3.9;
     EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 300, Px(CX, RA - 300, lunaA),
-                                          Py(CY, RA - 300, lunaA), Rosso)));
-    EXPECT_TRUE(Contiene(s.figure,
-                         FigureDelGlifo(GlifoCorpo(RuotaMercurio), 300, Px(CX, RA - 600, mercurioA),
-                                        Py(CY, RA - 600, mercurioA), Rosso)));
+        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 300, Px(CX, RA - 300, lunaA) - 150,
+                                          Py(CY, RA - 300, lunaA) - 150, Rosso)));
+    EXPECT_TRUE(Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaMercurio), 300,
+                                                  Px(CX, RA - 600, mercurioA) - 150,
+                                                  Py(CY, RA - 600, mercurioA) - 150, Rosso)));
     EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 300, Px(CX, RZ - 600, 57.5),
-                                          Py(CY, RZ - 600, 57.5), Nero)));
+        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 300, Px(CX, RZ - 600, 57.5) - 150,
+                                          Py(CY, RZ - 600, 57.5) - 150, Nero)));
     // Ticks of 150 inward, red on the circle of the ascensions.
     EXPECT_EQ(Raggi(s, Rosso, RA, RA - 150).size(), 12u);
     EXPECT_TRUE(HaRaggio(s, Rosso, RA, RA - 150, lunaA));
@@ -218,9 +218,9 @@ TEST(DoppiaAscensionale, EsternoRossoScuroFuoriEGiratoDallArco) {
     EXPECT_EQ(r.esterni[2].Anello, 1);
     EXPECT_EQ(r.esterni[3].Anello, 2);
     const double mercurio = 50 + 15 * 3.9;
-    EXPECT_TRUE(Contiene(s.figure,
-                         FigureDelGlifo(GlifoCorpo(RuotaMercurio), 300, Px(CX, RA + 600, mercurio),
-                                        Py(CY, RA + 600, mercurio), RossoScuro)));
+    EXPECT_TRUE(Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaMercurio), 300,
+                                                  Px(CX, RA + 600, mercurio) - 150,
+                                                  Py(CY, RA + 600, mercurio) - 150, RossoScuro)));
     EXPECT_NEAR(r.esterni[13].X, Px(CX, RA, 50 + 15 * 0.6), 1e-9);
     // No outer body in the zodiac ring: nothing dark red inside the circle of the ascensions.
     for (const Figura& f : DelTipo(s.figure, Figura::Linea))

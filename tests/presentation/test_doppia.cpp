@@ -51,13 +51,14 @@ TEST(RuotaDoppia, AnelliInterniAOttoEsterniASette) {
     // Sole 50 and Luna 57.5: apart on the inner wheel, together on the outer.
     EXPECT_EQ(r.interni[2].Anello, 2);
     EXPECT_EQ(r.esterni[2].Anello, 1);
+    // Each glyph's box of 350 is centred on its ring's circle at the body's longitude.
     EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350, Px(CX, R2 - 700, 57.5),
-                                          Py(CY, R2 - 700, 57.5), Nero)));
+        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350, Px(CX, R2 - 700, 57.5) - 175,
+                                          Py(CY, R2 - 700, 57.5) - 175, Nero)));
     // Outer glyphs go outward from R1, in navy, with their ticks outward.
     EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350, Px(CX, R1 + 350, 57.5),
-                                          Py(CY, R1 + 350, 57.5), BluNotte)));
+        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350, Px(CX, R1 + 350, 57.5) - 175,
+                                          Py(CY, R1 + 350, 57.5) - 175, BluNotte)));
     EXPECT_DOUBLE_EQ(r.esterni[2].X, Px(CX, R1, 57.5));
     EXPECT_EQ(r.esterni[13].Nome, "Asc");
     EXPECT_EQ(r.esterni[14].Nome, "MC");
@@ -66,7 +67,9 @@ TEST(RuotaDoppia, AnelliInterniAOttoEsterniASette) {
     auto testi = DelTipo(s.figure, Figura::Testo);
     ASSERT_GE(testi.size(), 12u);
     EXPECT_EQ(testi[0].testo, "\u2648");
-    EXPECT_DOUBLE_EQ(testi[0].x1, Px(CX, R2 + 200, 15));
+    // Each symbol's box is centred at R2 + 200 in the middle of its sign.
+    EXPECT_DOUBLE_EQ(testi[0].x1 + testi[0].rx, Px(CX, R2 + 200, 15));
+    EXPECT_DOUBLE_EQ(testi[0].y1 + testi[0].ry, Py(CY, R2 + 200, 15));
     EXPECT_EQ(testi[0].carattere, CarattereSimboli);
     EXPECT_EQ(testi[11].testo, "\u2653");
     // The font is put back.
@@ -216,9 +219,10 @@ TEST(DoppioZodiaco, LaStessaCasaNelloStessoPunto) {
     ASSERT_NE(esterna.x2, 0);
     EXPECT_NEAR(angolo(interna), angolo(esterna), 1e-9);
     // The outer bodies hang inward from the second ring at 3600, rings at 7 degrees.
-    EXPECT_TRUE(Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350,
-                                                  Px(cx, 3250, 57.5, r.AngoloEsterno),
-                                                  Py(cy, 3250, 57.5, r.AngoloEsterno), BluNotte)));
+    EXPECT_TRUE(
+        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350,
+                                          Px(cx, 3250, 57.5, r.AngoloEsterno) - 175,
+                                          Py(cy, 3250, 57.5, r.AngoloEsterno) - 175, BluNotte)));
     // Two sign rings: 24 symbols.
     int simboli = 0;
     for (const Figura& t : DelTipo(s.figure, Figura::Testo))

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "Disegno.h"
+#include "presentation/Ruota.h"
 
 using namespace vesmo;
 using namespace vesmo::prova;
@@ -100,7 +101,7 @@ TEST(Glifi, SegnoConPenna2LasciataAlChiamante) {
 }
 
 TEST(Glifi, PuntoDelSoleConPenna3) {
-    auto f = FigureDelGlifo(GlifoCorpo(RuotaSole), 350, 700, 1400, ColorePalette(14), 1);
+    auto f = FigureDelGlifo(GlifoCorpo(RuotaSole), 350, 700, 1400, ColorePalette(1), 1);
     ASSERT_EQ(f.size(), 2u);
     EXPECT_EQ(f[0].tipo, Figura::Punto);
     EXPECT_EQ(f[0].spessore, 3);
@@ -109,6 +110,48 @@ TEST(Glifi, PuntoDelSoleConPenna3) {
     EXPECT_EQ(f[1].tipo, Figura::Ellisse);
     EXPECT_EQ(f[1].spessore, 1);
     EXPECT_DOUBLE_EQ(f[1].rx, 140);
+}
+
+// The light colours of the palette (white 15, yellow 14, and cyan 11) are read on the light
+// grey of the wheel through an outline: the same strokes first, two pixels wider, in the colour
+// with each component halved. Darker colours are drawn once.
+TEST(Glifi, ColoriChiariConContornoScuro) {
+    struct Caso {
+        int indice;
+        bool contorno;
+        Colore scuro;
+    };
+    for (Caso c : {Caso{15, true, {127, 127, 127}}, Caso{14, true, {127, 127, 0}},
+                   Caso{11, true, {0, 127, 127}}, Caso{13, false, {}}, Caso{8, false, {}},
+                   Caso{12, false, {}}, Caso{9, false, {}}, Caso{0, false, {}}}) {
+        SCOPED_TRACE(c.indice);
+        const Colore colore = ColorePalette(c.indice);
+        // The Moon at pen 1 and Cancro (pen 2 of its own).
+        auto luna = FigureDelGlifo(GlifoCorpo(RuotaLuna), 350, 0, 0, colore, 1);
+        auto cancro = FigureDelGlifo(GlifoSegno(3), 500, 0, 0, colore, 1);
+        ASSERT_EQ(luna.size(), c.contorno ? 4u : 2u);
+        ASSERT_EQ(cancro.size(), c.contorno ? 8u : 4u);
+        if (c.contorno) {
+            for (std::size_t i = 0; i < 2; ++i) {
+                EXPECT_EQ(luna[i].colore, c.scuro);
+                EXPECT_EQ(luna[i].spessore, 3);
+                EXPECT_TRUE(Vicino(luna[i].x1, luna[i + 2].x1) &&
+                            Vicino(luna[i].rx, luna[i + 2].rx));
+            }
+            for (std::size_t i = 0; i < 4; ++i) {
+                EXPECT_EQ(cancro[i].colore, c.scuro);
+                EXPECT_EQ(cancro[i].spessore, 4);
+            }
+        }
+        EXPECT_EQ(luna.back().colore, colore);
+        EXPECT_EQ(luna.back().spessore, 1);
+        EXPECT_EQ(cancro.back().colore, colore);
+        EXPECT_EQ(cancro.back().spessore, 2);
+    }
+    // The palette itself is unchanged: the Moon and Cancro stay white, the Sun yellow.
+    EXPECT_EQ(ColoreCorpo(RuotaLuna), (Colore{255, 255, 255}));
+    EXPECT_EQ(ColoreSegno(3), (Colore{255, 255, 255}));
+    EXPECT_EQ(ColoreCorpo(RuotaSole), (Colore{255, 255, 0}));
 }
 
 TEST(Glifi, ArchiCheAttraversanoLoZeroEArchiSvaniti) {

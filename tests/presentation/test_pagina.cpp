@@ -359,8 +359,9 @@ TEST(PaginaStampa, RuotaInNeroSenzaRiempimenti) {
     }
     // The bodies' glyphs with the glyphs' pen: the Sun's on ring 1 at 5 degrees.
     double r = 2450 - 350, a = Radianti(360 - 318 + 5);
-    EXPECT_TRUE(Contiene(sup.figure, FigureDelGlifo(GlifoCorpo(RuotaSole), 350, PolareX(3700, r, a),
-                                                    PolareY(3650, r, a), Nero, 2)));
+    EXPECT_TRUE(
+        Contiene(sup.figure, FigureDelGlifo(GlifoCorpo(RuotaSole), 350, PolareX(3700, r, a) - 175,
+                                            PolareY(3650, r, a) - 175, Nero, 2)));
     // The Ascendant (318) at the left: its aspect point on the circle R2 left of the centre.
     EXPECT_NEAR(punti[13].X, 3700 - 2450, 1e-6);
     EXPECT_NEAR(punti[13].Y, 3650, 1e-6);

@@ -25,12 +25,14 @@ void Disegna(Disegnata& d, const Posizioni& p, const OpzioniRuota& o = {}) {
     d.punti = DisegnaRuota(d.sup, TemaDiProva(), p, o);
 }
 
-// Whether body `corpo` (1..12) has its glyph on ring `anello` at longitude L, in its colour.
+// Whether body `corpo` (1..12) has its glyph on ring `anello` at longitude L, in its colour: a
+// box of 350 centred on the ring's circle at the body's longitude.
 bool GlifoSulRing(const Disegnata& d, int corpo, int anello, double L, int colore,
                   double angolo = 0) {
     double r = R2 - anello * 350;
-    return Contiene(d.sup.figure, FigureDelGlifo(GlifoCorpo(corpo), 350, Px(CX, r, L, angolo),
-                                                 Py(CY, r, L, angolo), ColorePalette(colore)));
+    return Contiene(d.sup.figure,
+                    FigureDelGlifo(GlifoCorpo(corpo), 350, Px(CX, r, L, angolo) - 175,
+                                   Py(CY, r, L, angolo) - 175, ColorePalette(colore)));
 }
 
 bool SulCerchio(double x, double y, double r) {
@@ -192,7 +194,8 @@ TEST(RuotaSingola, SegniDaSinistraInSensoAntiorario) {
     Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
     std::vector<Figura> confini;
     for (const Figura& l : DelTipo(d.sup.figure, Figura::Linea))
-        if (SulCerchio(l.x1, l.y1, R2) && SulCerchio(l.x2, l.y2, R1)) confini.push_back(l);
+        if (SulCerchio(l.x1, l.y1, R2) && SulCerchio(l.x2, l.y2, R1) && l.spessore == 1)
+            confini.push_back(l);
     ASSERT_EQ(confini.size(), 12u);
     // Ariete's boundary at the left in red, Cancro's at the bottom in white.
     EXPECT_NEAR(confini[0].x2, CX - R1, 1e-9);
@@ -200,10 +203,13 @@ TEST(RuotaSingola, SegniDaSinistraInSensoAntiorario) {
     EXPECT_EQ(confini[0].colore, ColorePalette(12));
     EXPECT_NEAR(confini[3].y2, CY + R1, 1e-9);
     EXPECT_EQ(confini[3].colore, ColorePalette(15));
-    // Each sign glyph of size 500 at R2 + 350 in the middle of its sign, pen 2.
-    EXPECT_TRUE(
-        Contiene(d.sup.figure, FigureDelGlifo(GlifoSegno(4), 500, Px(CX, R2 + 350, 135),
-                                              Py(CY, R2 + 350, 135), ColorePalette(14), 2)));
+    // Each sign glyph centred at R2 + 350 in the middle of its sign, pen 2; its box and its
+    // pen (40 twips) keep within the 300 twips left to R1 at every angle: its side is
+    // (300 - 40) times root 2.
+    const double lato = 260 * std::sqrt(2.0);
+    EXPECT_TRUE(Contiene(d.sup.figure,
+                         FigureDelGlifo(GlifoSegno(4), lato, Px(CX, R2 + 350, 135) - lato / 2,
+                                        Py(CY, R2 + 350, 135) - lato / 2, ColorePalette(14), 2)));
 }
 
 TEST(RuotaSingola, NodiPlanetariDaLNd) {
@@ -218,8 +224,8 @@ TEST(RuotaSingola, NodiPlanetariDaLNd) {
     auto nodo = [&](int lato, int anello, double L) {
         double r = R2 - anello * 350;
         return Contiene(d.sup.figure,
-                        FigureDelGlifo(GlifoNodo(RuotaVenere, lato), 350, Px(CX, r, L),
-                                       Py(CY, r, L), ColorePalette(13)));
+                        FigureDelGlifo(GlifoNodo(RuotaVenere, lato), 350, Px(CX, r, L) - 175,
+                                       Py(CY, r, L) - 175, ColorePalette(13)));
     };
     EXPECT_TRUE(nodo(0, 3, 97));
     EXPECT_TRUE(nodo(180, 1, 277));

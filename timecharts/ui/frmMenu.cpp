@@ -24,6 +24,7 @@
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/qt/Schermo.h"
 #include "ephemeris/TestoDatiTema.h"
 #include "presentation/ui/frmOutDati.h"
 #include "timecharts/Direzioni.h"
@@ -611,6 +612,7 @@ frmMemo::frmMemo(Sessione& sessione, frmMenu& menu, Messaggi& messaggi, int slot
     setObjectName("frmMemo");
     setWindowTitle(QStringLiteral("Lyx - Commenti  su   ") +
                    QString::fromUtf8(DidascalieMemo[slot]) + QS(menu.TemaDelSlot(slot).Nome.str()));
+    ChiudiConEsc(this);
     Text1 = new QPlainTextEdit(this);
     Text1->setObjectName("Text1");
     Text1->setPlainText(QS(menu.TemaDelSlot(slot).Cmto));
