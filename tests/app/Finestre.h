@@ -33,6 +33,7 @@
 #include "presentation/ui/frmStampe.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/MenuTempo.h"
+#include "timecharts/ui/frmCalTransiti.h"
 #include "timecharts/ui/frmCheRivoluzione.h"
 #include "timecharts/ui/frmDirezioni.h"
 #include "timecharts/ui/frmInSegni.h"
@@ -163,6 +164,8 @@ public:
              }},
             {"frmDirezioni",
              [this, nessunInput] { return std::make_unique<frmDirezioni>(s, m, nessunInput); }},
+            {"frmCalTransiti",
+             [this] { return std::make_unique<frmCalTransiti>(s, aspetti, fileDB, m); }},
             {"frmElaJD", [this] { return std::make_unique<frmElaJD>(s, m); }},
             {"frmTE_TU_Lyx", [] { return std::make_unique<frmTE_TU_Lyx>(); }},
             {"frmEqT_Lyx", [] { return std::make_unique<frmEqT_Lyx>(); }},
