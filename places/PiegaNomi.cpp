@@ -57,7 +57,9 @@ bool Santo(std::string_view parola) {
 
 } // namespace
 
-std::string PiegaNome(std::string_view nome) {
+namespace {
+
+std::string Piega(std::string_view nome, bool unito) {
     const std::string piegato = store_detail::PiegaTesto(SegniSemplici(nome));
     std::string chiave;
     std::size_t i = 0;
@@ -70,21 +72,28 @@ std::string PiegaNome(std::string_view nome) {
         while (fine < piegato.size() && DiParola(static_cast<unsigned char>(piegato[fine])))
             ++fine;
         const std::string_view parola(piegato.data() + i, fine - i);
-        if (Santo(parola))
-            chiave += 's';
-        else
-            chiave += parola;
+        chiave += unito || !Santo(parola) ? parola : std::string_view("s");
         i = fine;
     }
     return chiave;
 }
 
+} // namespace
+
+std::string PiegaNome(std::string_view nome) {
+    return Piega(nome, false);
+}
+
+std::string PiegaNomeUnito(std::string_view nome) {
+    return Piega(nome, true);
+}
+
 std::vector<std::string> ChiaviNome(std::string_view nome) {
     std::vector<std::string> chiavi;
     auto aggiungi = [&](std::string_view parte) {
-        std::string k = PiegaNome(parte);
-        if (!k.empty() && std::find(chiavi.begin(), chiavi.end(), k) == chiavi.end())
-            chiavi.push_back(std::move(k));
+        for (std::string k : {PiegaNome(parte), PiegaNomeUnito(parte)})
+            if (!k.empty() && std::find(chiavi.begin(), chiavi.end(), k) == chiavi.end())
+                chiavi.push_back(std::move(k));
     };
     aggiungi(nome);
     // The halves of a name of two languages: "A - B", "A/B".

@@ -17,9 +17,13 @@ namespace vesmo {
 // "Sta", "San", "Santo", "Santa", "Sant'" (and "Saint", "Sainte", "Sankt") all count as one word.
 //   PiegaNome("Sant'Agata de' Goti") == PiegaNome("S. AGATA DE GOTI") == "sagatadegoti"
 std::string PiegaNome(std::string_view nome);
+// The same without the words for "San": the key of a name whose words are all run together,
+// "SANTAGATADEGOTI", "CELLEDISANVITO" ("santagatadegoti", "celledisanvito").
+std::string PiegaNomeUnito(std::string_view nome);
 
-// The keys under which a name is found: its own key, and for a name of two languages
-// ("Villabassa - Niederdorf", "Bolzano/Bozen") the key of each half. No key is empty.
+// The keys under which a name is found: its two keys (PiegaNome, PiegaNomeUnito), and for a
+// name of two languages ("Villabassa - Niederdorf", "Bolzano/Bozen") those of each half. No
+// key is empty, none repeats.
 std::vector<std::string> ChiaviNome(std::string_view nome);
 
 // A place name with the province that follows it in brackets, "Abbiategrasso (MI)",

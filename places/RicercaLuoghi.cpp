@@ -278,6 +278,10 @@ EsitoRisoluzione RicercaLuoghi::RisolviNome(std::optional<std::int32_t> cNaz,
         Candidato c = leggi(static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero()));
         if (ammesso(c)) aggiungi(std::move(c));
     }
+    // Places of the province itself come before those only near it.
+    if (conProvincia && std::any_of(trovati.begin(), trovati.end(),
+                                    [&](const Candidato& c) { return sigle.count(c.Sigla) > 0; }))
+        std::erase_if(trovati, [&](const Candidato& c) { return sigle.count(c.Sigla) == 0; });
     // With a province and no place of that name: the official names of the province that
     // begin with it.
     if (trovati.empty() && conProvincia) {
@@ -296,8 +300,8 @@ EsitoRisoluzione RicercaLuoghi::RisolviNome(std::optional<std::int32_t> cNaz,
         // A name of two languages as records write it, "Villabassa - Niederdorf": the half
         // that finds one place.
         const std::vector<std::string> parti = ChiaviNome(e.nome);
-        if (parti.size() < 2) return e;
-        for (std::size_t k = 1; k < parti.size(); ++k) {
+        for (std::size_t k = 0; k < parti.size(); ++k) {
+            if (parti[k] == chiave || parti[k] == PiegaNomeUnito(e.nome)) continue;
             EsitoRisoluzione meta =
                 RisolviNome(cNaz, parti[k] + (conProvincia ? " (" + e.provincia + ")" : ""));
             if (meta.stato != StatoRisoluzione::Trovato) continue;
