@@ -137,6 +137,11 @@ RiepilogoIndice ScriviIndiceNomi(Database& db, const std::vector<LuogoGeo>& luog
         if (l.paese != "IT" || l.sigla.empty() || !cNaz.count(l.paese)) continue;
         if (l.sede) sedePerIstat[l.admin3] = i;
         perChiaveSigla[{PiegaNome(l.nome), l.sigla}].push_back(i);
+        // A seat that took its comune's name keeps its own among its other names ("Berra",
+        // seat of Riva del Po).
+        if (l.sede)
+            for (const std::string& a : l.alternativi)
+                perChiaveSigla[{PiegaNome(a), l.sigla}].push_back(i);
         riquadri[l.sigla].Aggiungi(l.lat, l.lon);
     }
     std::map<std::string, std::size_t> sedePerCatastale;
