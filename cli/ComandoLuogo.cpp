@@ -205,12 +205,17 @@ int ComandoCerca(const Parole& parole, std::ostream& out) {
         TrovaNazione(m, *nazione);
         cNaz = static_cast<std::int32_t>(m.Data2.Campo("cNaz").Intero());
     }
-    // The places whose own names begin with the text, then those with another name that does.
+    // The places whose own names begin with the text, then those with another name that does,
+    // then those with a name whose folded key begins with the text's.
     constexpr std::size_t Massimo = 20;
     RicercaLuoghi ricerca(db);
     std::vector<LuogoTrovato> trovati = ricerca.Comincia(cNaz, testo, Massimo);
     for (LuogoTrovato& l :
          ricerca.AlternativiCheCominciano(cNaz, testo, Massimo - trovati.size(), trovati))
+        trovati.push_back(std::move(l));
+    // Then the names as records write them: capitals, accents as apostrophes, former names.
+    for (LuogoTrovato& l :
+         ricerca.ChiaviCheCominciano(cNaz, testo, Massimo - trovati.size(), trovati))
         trovati.push_back(std::move(l));
     if (trovati.empty())
         throw std::runtime_error("nessun luogo a partire da " + testo +

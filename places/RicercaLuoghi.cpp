@@ -351,4 +351,33 @@ EsitoRisoluzione RicercaLuoghi::RisolviNome(std::optional<std::int32_t> cNaz,
     return e;
 }
 
+std::vector<LuogoTrovato>
+RicercaLuoghi::ChiaviCheCominciano(std::optional<std::int32_t> cNaz, std::string_view testo,
+                                   std::size_t n, const std::vector<LuogoTrovato>& esclusi) {
+    std::vector<LuogoTrovato> trovati;
+    const std::string chiave = PiegaNome(Pulito(testo));
+    if (chiave.empty() || n == 0 || !ApriChiavi()) return trovati;
+    auto gia = [&](std::int32_t naz, const std::string& city) {
+        auto uguale = [&](const LuogoTrovato& l) { return l.cCity == naz && l.City == city; };
+        return std::any_of(esclusi.begin(), esclusi.end(), uguale) ||
+               std::any_of(trovati.begin(), trovati.end(), uguale);
+    };
+    constexpr int Righe = 5000; // a short text begins many keys: a bounded walk
+    chiavi_->Seek(">=", Valore(chiave));
+    for (int k = 0; k < Righe && !chiavi_->NoMatch() && !chiavi_->Eof() && trovati.size() < n;
+         ++k, chiavi_->MoveNext()) {
+        if (chiavi_->Campo("Chiave").Testo().compare(0, chiave.size(), chiave) != 0) break;
+        const auto naz = static_cast<std::int32_t>(chiavi_->Campo("cCity").Intero());
+        if (cNaz && naz != *cNaz) continue;
+        std::string city = chiavi_->Campo("City").Testo();
+        if (gia(naz, city)) continue;
+        const auto tipo = static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero());
+        std::string nome = tipo == TipoNome::Ufficiale || tipo == TipoNome::Frazione
+                               ? std::string()
+                               : chiavi_->Campo("Nome").Testo();
+        trovati.push_back({naz, std::move(city), std::move(nome)});
+    }
+    return trovati;
+}
+
 } // namespace vesmo

@@ -116,6 +116,12 @@ public:
     // province is taken as part of the name ("Toronto (ON)"). A database built without the
     // index of keys finds nothing here.
     EsitoRisoluzione RisolviNome(std::optional<std::int32_t> cNaz, std::string_view testo);
+    // Up to `n` places with a name whose folded key begins with the folded `testo` ("GIRGENTI",
+    // "BUDDUSO'", "Castelbolognese"), in key order, each place once and none of `esclusi`;
+    // NomeAlt holds the name that matched when it is not the place's own.
+    std::vector<LuogoTrovato> ChiaviCheCominciano(std::optional<std::int32_t> cNaz,
+                                                  std::string_view testo, std::size_t n,
+                                                  const std::vector<LuogoTrovato>& esclusi);
 
 private:
     Database& db_;

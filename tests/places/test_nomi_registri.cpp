@@ -264,6 +264,13 @@ TEST_F(RegistriLuoghi, TheCommandLineListsTheCandidates) {
               std::string::npos)
         << out;
     EXPECT_EQ(test::EseguiSuDatabase({"luogo", "--city", "Abbiategrasso (PZ)"}, file, out, err), 1);
+    // cerca: names as records write them, the name that matched beside the place.
+    ASSERT_EQ(test::EseguiSuDatabase({"cerca", "GIRG", "--json"}, file, out, err), 0) << err;
+    EXPECT_EQ(out, "[{\"City\": \"Agrigento\", \"Stato\": \"Italy\", \"cNaz\": 380, \"Lon\": "
+                   "-0.9053333333333333, \"Lat\": 37.31, \"cFusi\": 1, \"cEst\": 1, \"NomeAlt\": "
+                   "\"Girgenti\"}]\n");
+    ASSERT_EQ(test::EseguiSuDatabase({"cerca", "BUDDUSO'"}, file, out, err), 0) << err;
+    EXPECT_EQ(out.substr(0, 9), "Buddusò ");
 }
 
 // The sample drawn from the sources by tests/data/places/campione-registri.py, on the whole
