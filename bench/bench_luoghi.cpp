@@ -3,6 +3,7 @@
 // itself from its sources.
 #include <benchmark/benchmark.h>
 
+#include <cctype>
 #include <filesystem>
 #include <random>
 
@@ -10,6 +11,8 @@
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
 #include "places/CostruzioneLuoghi.h"
+#include "places/FontiLuoghi.h"
+#include "places/IndiceNomi.h"
 #include "places/ModelloLuoghi.h"
 #include "places/RicercaLuoghi.h"
 
@@ -83,14 +86,26 @@ BENCHMARK(RisoluzioneInTransazione)->Unit(benchmark::kMicrosecond);
 
 // The texts typed, one keystroke after another: every beginning of the names of a few hundred
 // places spread over the table (`alternativi`: of other names of places), each with its nation.
-std::vector<std::pair<std::int64_t, std::string>> Battute(vesmo::Database& db, bool alternativi) {
-    vesmo::Cursore c(db, alternativi ? vesmo::TabellaNomiAlternativi : "AllCity");
-    const char* campo = alternativi ? "NomeAlt" : "City";
+// `tipo` 2: Italian names as registries write them, in capitals with the province letters,
+// "GIRGENTI (AG)", from the index of folded names.
+std::vector<std::pair<std::int64_t, std::string>> Battute(vesmo::Database& db, int tipo) {
+    const bool alternativi = tipo == 1, registri = tipo == 2;
+    vesmo::Cursore c(db, registri      ? vesmo::TabellaChiaviLuoghi
+                         : alternativi ? vesmo::TabellaNomiAlternativi
+                                       : "AllCity");
+    const char* campo = registri ? "Nome" : alternativi ? "NomeAlt" : "City";
     std::vector<std::pair<std::int64_t, std::string>> battute;
     c.MoveFirst();
     for (std::int64_t i = 0; !c.Eof(); ++i, c.MoveNext()) {
         if (i % 397 != 0) continue;
-        const std::string nome = c.Campo(campo).Testo();
+        std::string nome = c.Campo(campo).Testo();
+        if (registri) {
+            if (c.Campo("cCity").Intero() != vesmo::CNazItalia || c.Campo("Sigla").Nullo())
+                continue;
+            for (char& ch : nome)
+                ch = static_cast<char>(std::toupper(static_cast<unsigned char>(ch)));
+            nome += " (" + c.Campo("Sigla").Testo() + ")";
+        }
         for (std::size_t n = 1; n <= nome.size(); ++n)
             if (n == nome.size() || (static_cast<unsigned char>(nome[n]) & 0xC0) != 0x80)
                 battute.emplace_back(c.Campo("cCity").Intero(), nome.substr(0, n));
@@ -99,16 +114,17 @@ std::vector<std::pair<std::int64_t, std::string>> Battute(vesmo::Database& db, b
 }
 
 // One keystroke in Text2: the seek of the places (by city, or within the nation), the fallback
-// on another name, then the zone and summer-time rows of the place reached, as the entry form
-// does before the grid shows the row. Argument: 0 sorted by nation, 1 by city; 0 or 1 for
-// names typed being own names or other names.
+// on a name as records write it or another name, then the zone and summer-time rows of the
+// place reached, as the entry form does before the grid shows the row. Argument: 0 sorted by
+// nation, 1 by city; 0, 1 or 2 for names typed being own names, other names, or Italian names
+// as registries write them ("GIRGENTI (AG)").
 void Digitazione(benchmark::State& state) {
     if (!DatabasePronto(state)) return;
     vesmo::Database db(FileDB);
     vesmo::MessaggiRegistrati msg;
     const bool perCity = state.range(0) == 1;
     vesmo::ModelloLuoghi m(db, msg, perCity ? 'C' : 'N');
-    const auto battute = Battute(db, state.range(1) == 1);
+    const auto battute = Battute(db, static_cast<int>(state.range(1)));
     vesmo::Cursore nazioni(db, "Nazioni");
     nazioni.Index("IndCoNazi");
     std::size_t k = 0;
@@ -133,8 +149,8 @@ void Digitazione(benchmark::State& state) {
     state.counters["altri_nomi"] = static_cast<double>(trovatiAltrimenti);
 }
 BENCHMARK(Digitazione)
-    ->ArgsProduct({{0, 1}, {0, 1}})
-    ->ArgNames({"per_city", "nomi_alt"})
+    ->ArgsProduct({{0, 1}, {0, 1, 2}})
+    ->ArgNames({"per_city", "nomi"})
     ->Unit(benchmark::kMicrosecond);
 
 void CostruzioneDatabase(benchmark::State& state) {
@@ -145,6 +161,7 @@ void CostruzioneDatabase(benchmark::State& state) {
     vesmo::FontiCostruzione fonti;
     fonti.cities = Cities;
     fonti.comuni = Comuni;
+    fonti.catastali = Radice / "cache/node_modules/codice-fiscale-js/src";
     fonti.nazioni = "/usr/share/iso-codes/json/iso_3166-1.json";
     const auto file = std::filesystem::temp_directory_path() / "vesmo_bench_Vesmodat.Mdb";
     for (auto _ : state) {
@@ -152,6 +169,7 @@ void CostruzioneDatabase(benchmark::State& state) {
         const auto r = vesmo::CostruisciDatabaseLuoghi(fonti, file);
         state.counters["luoghi"] = static_cast<double>(r.luoghi);
         state.counters["nomi_alt"] = static_cast<double>(r.nomiAlternativi);
+        state.counters["chiavi"] = static_cast<double>(r.chiavi);
     }
     std::filesystem::remove(file);
 }

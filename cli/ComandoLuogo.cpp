@@ -42,6 +42,23 @@ std::string Suggerimenti(RicercaLuoghi& ricerca, std::optional<std::int32_t> cNa
     return testo;
 }
 
+// A candidate of an ambiguous name as the list shows it: an Italian place with its province
+// letters ("Castelnuovo (AT)"), a place abroad with its nation ("Valencia [Spain]"), a former
+// name with today's comune ("Altavilla (VI) → Altavilla Vicentina").
+std::string TestoCandidato(ModelloLuoghi& m, const Candidato& c) {
+    const bool proprio = c.tipo == TipoNome::Ufficiale || c.tipo == TipoNome::Frazione;
+    std::string nome = proprio ? c.City : c.Nome;
+    if (c.cCity == CNazItalia) {
+        if (!c.Sigla.empty() && nome.find("(" + c.Sigla + ")") == std::string::npos)
+            nome += " (" + c.Sigla + ")";
+    } else {
+        m.Data5.Seek("=", c.cCity);
+        if (!m.Data5.NoMatch()) nome += " [" + SenzaSpazi(m.Data5.Campo("Nazione").Testo()) + "]";
+    }
+    if (!proprio) nome += " → " + c.City;
+    return nome;
+}
+
 } // namespace
 
 LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
@@ -55,21 +72,39 @@ LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
         TrovaNazione(m, *nazione);
         cNaz = static_cast<std::int32_t>(m.Data2.Campo("cNaz").Intero());
     }
-    // The place whose name it is, and no other: its own name, an Italian name without the
-    // province letters, or another name of the place.
+    // The place whose name it is, and no other. With the index of folded names: the name as
+    // records write it, "Town (PR)", former names; else the own name, an Italian name without
+    // the province letters, or another name of the place.
     RicercaLuoghi ricerca(db);
-    const EsitoNome esito = ricerca.NomeEsatto(cNaz, city);
     const std::string dove = nazione ? " (" + *nazione + ")" : std::string();
-    if (esito.luoghi.empty())
-        throw std::runtime_error("luogo sconosciuto: " + SenzaSpazi(city) + dove +
-                                 Suggerimenti(ricerca, cNaz, city));
-    if (esito.tipo == Corrispondenza::SenzaProvincia && esito.luoghi.size() > 1) {
+    LuogoTrovato luogo;
+    const EsitoRisoluzione risolto = ricerca.RisolviNome(cNaz, city);
+    if (risolto.stato == StatoRisoluzione::Trovato) {
+        const Candidato& c = risolto.candidati.front();
+        luogo = {c.cCity, c.City, {}};
+        if (c.tipo != TipoNome::Ufficiale && c.tipo != TipoNome::Frazione)
+            luogo.NomeAlt = c.tipo == TipoNome::Prefisso ? risolto.nome : c.Nome;
+    } else if (risolto.stato == StatoRisoluzione::Ambiguo) {
         std::string quali;
-        for (std::size_t k = 0; k < esito.luoghi.size() && k < 5; ++k)
-            quali += (k ? ", " : "") + esito.luoghi[k].City;
-        throw std::runtime_error("luogo ambiguo: " + SenzaSpazi(city) + dove + "; forse: " + quali);
+        for (std::size_t k = 0; k < risolto.candidati.size() && k < 20; ++k)
+            quali += (k ? ", " : "") + TestoCandidato(m, risolto.candidati[k]);
+        if (risolto.candidati.size() > 20) quali += ", ...";
+        throw std::runtime_error("luogo ambiguo: " + SenzaSpazi(city) + dove + "; " +
+                                 std::to_string(risolto.candidati.size()) + " luoghi: " + quali);
+    } else {
+        const EsitoNome esito = ricerca.NomeEsatto(cNaz, city);
+        if (esito.luoghi.empty())
+            throw std::runtime_error("luogo sconosciuto: " + SenzaSpazi(city) + dove +
+                                     Suggerimenti(ricerca, cNaz, city));
+        if (esito.tipo == Corrispondenza::SenzaProvincia && esito.luoghi.size() > 1) {
+            std::string quali;
+            for (std::size_t k = 0; k < esito.luoghi.size() && k < 5; ++k)
+                quali += (k ? ", " : "") + esito.luoghi[k].City;
+            throw std::runtime_error("luogo ambiguo: " + SenzaSpazi(city) + dove +
+                                     "; forse: " + quali);
+        }
+        luogo = esito.luoghi.front();
     }
-    const LuogoTrovato& luogo = esito.luoghi.front();
     m.Data5.Seek("=", luogo.cCity);
     if (m.Data5.NoMatch()) throw std::runtime_error("il luogo " + luogo.City + " non ha nazione");
     for (m.Data2.Seek("=", m.Data5.Campo("Nazione"));
@@ -170,12 +205,17 @@ int ComandoCerca(const Parole& parole, std::ostream& out) {
         TrovaNazione(m, *nazione);
         cNaz = static_cast<std::int32_t>(m.Data2.Campo("cNaz").Intero());
     }
-    // The places whose own names begin with the text, then those with another name that does.
+    // The places whose own names begin with the text, then those with another name that does,
+    // then those with a name whose folded key begins with the text's.
     constexpr std::size_t Massimo = 20;
     RicercaLuoghi ricerca(db);
     std::vector<LuogoTrovato> trovati = ricerca.Comincia(cNaz, testo, Massimo);
     for (LuogoTrovato& l :
          ricerca.AlternativiCheCominciano(cNaz, testo, Massimo - trovati.size(), trovati))
+        trovati.push_back(std::move(l));
+    // Then the names as records write them: capitals, accents as apostrophes, former names.
+    for (LuogoTrovato& l :
+         ricerca.ChiaviCheCominciano(cNaz, testo, Massimo - trovati.size(), trovati))
         trovati.push_back(std::move(l));
     if (trovati.empty())
         throw std::runtime_error("nessun luogo a partire da " + testo +

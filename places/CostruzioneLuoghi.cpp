@@ -1,6 +1,8 @@
 #include "places/CostruzioneLuoghi.h"
 
 #include <algorithm>
+#include <fstream>
+#include <iterator>
 #include <numeric>
 #include <optional>
 #include <set>
@@ -8,6 +10,7 @@
 #include "core/Testo.h"
 #include "core/store/Chiave.h"
 #include "core/store/Cursore.h"
+#include "places/IndiceNomi.h"
 #include "places/RicercaLuoghi.h"
 #include "places/Schema.h"
 #include "places/Tzif.h"
@@ -136,10 +139,22 @@ RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
 
     std::size_t illeggibili = 0;
     std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(fonti.cities.string(), &illeggibili);
+    std::vector<Comune> comuni;
     if (!fonti.comuni.empty()) {
-        const std::vector<Comune> comuni = LeggiFileComuni(fonti.comuni);
+        comuni = LeggiFileComuni(fonti.comuni);
         ApplicaComuni(luoghi, comuni);
         r.comuni = comuni.size();
+    }
+    std::vector<NomeCatastale> catastali;
+    std::vector<ProvinciaItaliana> province;
+    if (!fonti.catastali.empty()) {
+        catastali = LeggiFileNomiCatastali(fonti.catastali / "lista-comuni.js");
+        std::ifstream f(fonti.catastali / "lista-province.js", std::ios::binary);
+        if (!f)
+            throw ErroreFonte("file non trovato: " +
+                              (fonti.catastali / "lista-province.js").string());
+        province = LeggiProvince(
+            std::string((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>()));
     }
     const std::vector<std::string> nomi = NomiLuoghi(luoghi);
     const std::map<std::string, std::int32_t> codici = CodiciZone(luoghi);
@@ -161,6 +176,7 @@ RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
         db.Crea(lavoro);
         CreaSchemaLuoghi(db);
         CreaTabellaNomiAlternativi(db);
+        CreaTabelleIndiceNomi(db);
         db.IniziaTransazione();
         ScriviNazioni(db, nazioni);
         for (const StoriaZona& s : storie) {
@@ -169,6 +185,12 @@ RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
             r.righeEstive += s.estive.size();
         }
         r.scartati = ScriviLuoghi(db, luoghi, nomi, codici, cNaz, &r.nomiAlternativi) + illeggibili;
+        const RiepilogoIndice indice =
+            ScriviIndiceNomi(db, luoghi, nomi, cNaz, comuni, catastali, province);
+        r.chiavi = indice.chiavi;
+        r.nomiPrecedenti = indice.precedenti;
+        r.precedentiSenzaLuogo = indice.precedentiSenzaLuogo;
+        r.province = indice.province;
         db.ConfermaTransazione();
         db.Chiudi();
     }

@@ -21,6 +21,9 @@ struct FontiCostruzione {
     std::filesystem::path cities;  // GeoNames cities500.txt
     std::filesystem::path nazioni; // iso-codes' iso_3166-1.json
     std::filesystem::path comuni;  // the comuni's JSON files (a folder, or one file); optional
+    // The folder with lista-comuni.js and lista-province.js of codice-fiscale-js: the former
+    // names of the comuni and the provinces' names; optional.
+    std::filesystem::path catastali;
     std::filesystem::path zoneinfo = "/usr/share/zoneinfo";
     int annoFine = 2100; // summer-time rules are carried on to the end of this year
 };
@@ -29,6 +32,7 @@ struct RiepilogoCostruzione {
     std::size_t nazioni = 0, luoghi = 0, zone = 0, righeFusi = 0, righeEstive = 0;
     std::size_t scartati = 0; // GeoNames lines unread, or of a nation without an ISO code
     std::size_t comuni = 0, nomiAlternativi = 0;
+    std::size_t chiavi = 0, nomiPrecedenti = 0, precedentiSenzaLuogo = 0, province = 0;
 };
 
 // The code of each zone: the zones in name order, numbered from 1.

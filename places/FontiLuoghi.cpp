@@ -332,7 +332,9 @@ std::vector<Comune> LeggiComuni(std::string_view json) {
         auto codice = campi.find("codice");
         auto sigla = campi.find("sigla");
         if (nome == campi.end() || codice == campi.end() || sigla == campi.end()) return;
-        comuni.push_back({SenzaSpazi(nome->second), codice->second, sigla->second});
+        auto catastale = campi.find("codiceCatastale");
+        comuni.push_back({SenzaSpazi(nome->second), codice->second, sigla->second,
+                          catastale == campi.end() ? std::string() : catastale->second});
     });
     return comuni;
 }
@@ -388,6 +390,7 @@ void ApplicaComuni(std::vector<LuogoGeo>& luoghi, const std::vector<Comune>& com
     }
     for (const auto& [codice, i] : sedi) {
         LuogoGeo& l = luoghi[i];
+        l.sede = true;
         const std::string& nome = perCodice.at(codice)->nome;
         if (l.nome == nome) continue;
         // The GeoNames name stays a way to find the place.
@@ -398,6 +401,59 @@ void ApplicaComuni(std::vector<LuogoGeo>& luoghi, const std::vector<Comune>& com
             l.alternativi.insert(l.alternativi.begin(), l.nome);
         l.nome = nome;
     }
+}
+
+namespace {
+
+// The quoted texts of a line of JavaScript, in order ('...' or "..."), and what follows the last.
+std::vector<std::string> TestiTraVirgolette(std::string_view riga, std::string_view* resto) {
+    std::vector<std::string> testi;
+    std::size_t i = 0;
+    while (i < riga.size()) {
+        const char q = riga[i];
+        if (q != '\'' && q != '"') {
+            ++i;
+            continue;
+        }
+        const std::size_t fine = riga.find(q, i + 1);
+        if (fine == std::string_view::npos) break;
+        testi.emplace_back(riga.substr(i + 1, fine - i - 1));
+        i = fine + 1;
+        if (resto) *resto = riga.substr(i);
+    }
+    return testi;
+}
+
+} // namespace
+
+std::vector<NomeCatastale> LeggiNomiCatastali(std::string_view testo) {
+    std::vector<NomeCatastale> nomi;
+    for (std::string_view riga : Dividi(testo, '\n')) {
+        const std::string r = SenzaSpazi(riga);
+        if (r.empty() || r.front() != '[') continue;
+        std::string_view resto;
+        const auto t = TestiTraVirgolette(r, &resto);
+        if (t.size() != 3 || t[0].size() != 4 || t[1].size() != 2 || t[2].empty()) continue;
+        const std::string stato = SenzaSpazi(resto);
+        nomi.push_back({t[0], t[1], t[2], stato.rfind(", 1", 0) == 0 || stato.rfind(",1", 0) == 0});
+    }
+    if (nomi.empty()) throw ErroreFonte("nessun nome di comune nel file dei codici catastali");
+    return nomi;
+}
+
+std::vector<NomeCatastale> LeggiFileNomiCatastali(const std::filesystem::path& percorso) {
+    return LeggiNomiCatastali(LeggiTutto(percorso.string()));
+}
+
+std::vector<ProvinciaItaliana> LeggiProvince(std::string_view testo) {
+    std::vector<ProvinciaItaliana> province;
+    for (std::string_view riga : Dividi(testo, '\n')) {
+        const std::string r = SenzaSpazi(riga);
+        if (r.size() < 4 || r[2] != ':' || !SoloLettere(r.substr(0, 2))) continue;
+        const auto t = TestiTraVirgolette(std::string_view(r).substr(3), nullptr);
+        if (t.size() == 1 && !t[0].empty()) province.push_back({r.substr(0, 2), t[0]});
+    }
+    return province;
 }
 
 std::vector<NazioneIso> LeggiNazioniIso(std::string_view json) {

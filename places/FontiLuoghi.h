@@ -30,6 +30,7 @@ struct LuogoGeo {
     std::int64_t popolazione = 0;
     std::string zona;  // IANA zone
     std::string sigla; // an Italian place: the letters of its comune's province
+    bool sede = false; // an Italian place that is its comune's seat (and bears its name)
     // Other names of the place in Latin script, each once (case and accents ignored), none
     // equal to `nome`; short codes in capitals (airports) are left out.
     std::vector<std::string> alternativi;
@@ -43,9 +44,10 @@ std::vector<LuogoGeo> LeggiFileLuoghiGeo(const std::string& percorso,
 
 // An Italian comune: its official name, ISTAT code and province letters.
 struct Comune {
-    std::string nome;   // "Roma", "Castelnuovo Don Bosco"
-    std::string codice; // "058091"
-    std::string sigla;  // "RM"
+    std::string nome;           // "Roma", "Castelnuovo Don Bosco"
+    std::string codice;         // "058091"
+    std::string sigla;          // "RM"
+    std::string catastale = {}; // the cadastral code, "H501"; "" when the source has none
 };
 
 // Reads the comuni of a JSON text: every object with the string fields "nome", "codice" and
@@ -60,6 +62,26 @@ std::vector<Comune> LeggiFileComuni(const std::filesystem::path& percorso);
 // that already bears the comune's name; else one that GeoNames marks as the seat of a division
 // (PPLC, PPLA, PPLA2, PPLA3); then the one with the most people, then the lowest GeoNames number.
 void ApplicaComuni(std::vector<LuogoGeo>& luoghi, const std::vector<Comune>& comuni);
+
+// One name of the registry of Italian comuni since 1861 with its cadastral code (which a
+// former comune shares with the comune that holds its territory today, when there is one) and
+// the province letters of its time: the list of the npm package codice-fiscale-js
+// (src/lista-comuni.js), one entry a line: ['A089', 'AG', 'GIRGENTI', 0].
+struct NomeCatastale {
+    std::string catastale; // "A089"
+    std::string sigla;     // "AG"
+    std::string nome;      // "GIRGENTI", in capitals as the registry writes it
+    bool attivo = false;   // a comune of today
+};
+std::vector<NomeCatastale> LeggiNomiCatastali(std::string_view testo);
+std::vector<NomeCatastale> LeggiFileNomiCatastali(const std::filesystem::path& percorso);
+
+// The Italian provinces by letters and name, from the same package (src/lista-province.js,
+// one a line: AQ: "L'Aquila",).
+struct ProvinciaItaliana {
+    std::string sigla, nome;
+};
+std::vector<ProvinciaItaliana> LeggiProvince(std::string_view testo);
 
 struct NazioneIso {
     std::int32_t cNaz = 0; // the ISO 3166-1 numeric code

@@ -96,8 +96,18 @@ std::string ModelloLuoghi::DigitaCity(const std::string& testo) {
         if (city == nome || city.rfind(nome + " (", 0) == 0) return "";
     }
     if (!ricerca_) ricerca_ = std::make_unique<RicercaLuoghi>(db);
-    const auto l = ricerca_->NomeAlternativo(cNaz, t);
-    if (!l) return "";
+    // The name as records write it ("Abbiategrasso (MI)", "BUDDUSO'", "Girgenti"): one seek of
+    // the index of folded names.
+    const EsitoRisoluzione esito = ricerca_->RisolviNome(cNaz, t);
+    if (esito.stato == StatoRisoluzione::Ambiguo) return TestoAmbiguo(esito);
+    std::optional<LuogoTrovato> l;
+    if (esito.stato == StatoRisoluzione::Trovato) {
+        const Candidato& c = esito.candidati.front();
+        l = LuogoTrovato{c.cCity, c.City, {}};
+    } else {
+        l = ricerca_->NomeAlternativo(cNaz, t);
+        if (!l) return "";
+    }
     if (cNaz) {
         Data1.Seek("=", l->cCity, Valore(l->City));
     } else {
@@ -108,7 +118,23 @@ std::string ModelloLuoghi::DigitaCity(const std::string& testo) {
             Data1.MoveNext();
         Data2.Seek("=", l->cCity);
     }
+    if (esito.stato == StatoRisoluzione::Trovato) return esito.Corrispondenza();
     return l->NomeAlt + " → " + l->City;
+}
+
+std::string TestoAmbiguo(const EsitoRisoluzione& esito) {
+    std::string testo = esito.nome + (esito.provincia.empty() ? "" : " (" + esito.provincia + ")") +
+                        ": nome ambiguo, " + std::to_string(esito.candidati.size()) + " luoghi: ";
+    for (std::size_t k = 0; k < esito.candidati.size() && k < 5; ++k) {
+        const Candidato& c = esito.candidati[k];
+        const bool proprio = c.tipo == TipoNome::Ufficiale || c.tipo == TipoNome::Frazione;
+        std::string nome = proprio ? c.City : c.Nome + " → " + c.City;
+        if (!c.Sigla.empty() && c.City.find("(" + c.Sigla + ")") == std::string::npos)
+            nome += " (" + c.Sigla + ")";
+        testo += (k ? ", " : "") + nome;
+    }
+    if (esito.candidati.size() > 5) testo += ", ...";
+    return testo;
 }
 
 void ModelloLuoghi::SeekFuso(std::int32_t cFusi, std::int32_t anno, std::int32_t mese) {

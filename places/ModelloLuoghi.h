@@ -74,9 +74,11 @@ public:
 
     // A change of the city typed (Text2): seeks the places ">=" the text, by city or within the
     // current nation as the sort order says (a seek error propagates). When the text is no
-    // place's name there (province letters aside) but is another name of a place, the cursors
-    // go to that place and the text for the status bar is returned ("Parigi → Paris");
-    // otherwise "".
+    // place's name there (province letters aside) but names a place as records write it
+    // (RicercaLuoghi::RisolviNome: "Abbiategrasso (MI)", "Girgenti", another name), the
+    // cursors go to that place and the text for the status bar says which name matched
+    // ("Girgenti → Agrigento", "Parigi → Paris"; "" for the official name); when several places
+    // fit, the cursors stay and the text says the name is ambiguous (TestoAmbiguo).
     std::string DigitaCity(const std::string& testo);
 
     // The steps of Command4 before the display: SeekFuso and CercaEstive with the place's
@@ -92,6 +94,10 @@ private:
     void RiempiDati(Tema& tema);
     void ErroreNazione(const Tema& tema);
 };
+
+// The status bar text for a name that fits several places: "Altavilla: nome ambiguo, 5 luoghi:
+// Altavilla → Altavilla Vicentina (VI), ..." (up to five, then "...").
+std::string TestoAmbiguo(const EsitoRisoluzione& esito);
 
 // The number at the start of a box's text: blanks before it are passed over, then LeggiNumero
 // reads a sign and digits with the comma or the dot, the rest is ignored ("12abc" 12,

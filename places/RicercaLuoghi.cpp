@@ -1,10 +1,12 @@
 #include "places/RicercaLuoghi.h"
 
 #include <algorithm>
+#include <set>
 
 #include "core/Testo.h"
 #include "core/store/Chiave.h"
 #include "places/FontiLuoghi.h"
+#include "places/PiegaNomi.h"
 #include "places/Schema.h"
 
 namespace vesmo {
@@ -188,6 +190,194 @@ std::vector<LuogoTrovato> RicercaLuoghi::Simili(std::optional<std::int32_t> cNaz
         t.resize(fine);
     }
     return {};
+}
+
+std::string EsitoRisoluzione::Corrispondenza() const {
+    if (stato != StatoRisoluzione::Trovato || candidati.empty()) return "";
+    const Candidato& c = candidati.front();
+    if (c.tipo == TipoNome::Ufficiale || c.tipo == TipoNome::Frazione) return "";
+    return (c.tipo == TipoNome::Prefisso ? nome : c.Nome) + " → " + c.City;
+}
+
+bool RicercaLuoghi::ApriChiavi() {
+    if (senzaChiavi_) return false;
+    if (!chiavi_) {
+        if (!db_.EsisteTabella(TabellaChiaviLuoghi) || !db_.EsisteTabella(TabellaProvinceLuoghi)) {
+            senzaChiavi_ = true;
+            return false;
+        }
+        chiavi_ = std::make_unique<Cursore>(db_, TabellaChiaviLuoghi);
+        chiavi_->Index("indChiave");
+        province_ = std::make_unique<Cursore>(db_, TabellaProvinceLuoghi);
+        province_->Index("indChiaveProv");
+    }
+    return true;
+}
+
+EsitoRisoluzione RicercaLuoghi::RisolviNome(std::optional<std::int32_t> cNaz,
+                                            std::string_view testo) {
+    EsitoRisoluzione e;
+    const std::string t = Pulito(testo);
+    if (t.empty() || !ApriChiavi()) return e;
+    const NomeEProvincia np = DividiProvincia(t);
+    e.nome = np.nome;
+    e.provincia = np.provincia;
+
+    // The province: its letters today and the box of its places.
+    std::set<std::string> sigle;
+    double latMin = 0, latMax = 0, lonMin = 0, lonMax = 0;
+    if (!e.provincia.empty()) {
+        if (!cNaz || *cNaz == CNazItalia) province_->Seek("=", Valore(PiegaNome(e.provincia)));
+        if ((cNaz && *cNaz != CNazItalia) || province_->NoMatch()) {
+            e.provinciaSconosciuta = true;
+            e.nome = t;
+            e.provincia.clear();
+        } else {
+            e.sigle = province_->Campo("Sigla").Testo();
+            for (std::size_t i = 0; i < e.sigle.size(); i += 3)
+                sigle.insert(e.sigle.substr(i, 2));
+            latMin = province_->Campo("LatMin").Numero();
+            latMax = province_->Campo("LatMax").Numero();
+            lonMin = province_->Campo("LonMin").Numero();
+            lonMax = province_->Campo("LonMax").Numero();
+        }
+    }
+    const bool conProvincia = !e.provincia.empty();
+    const std::string chiave = PiegaNome(e.nome);
+    if (chiave.empty()) return e;
+
+    auto leggi = [&](TipoNome tipo) {
+        Candidato c;
+        c.cCity = static_cast<std::int32_t>(chiavi_->Campo("cCity").Intero());
+        c.City = chiavi_->Campo("City").Testo();
+        c.Nome = chiavi_->Campo("Nome").Testo();
+        c.Sigla = chiavi_->Campo("Sigla").Testo();
+        c.tipo = tipo;
+        c.abitanti = static_cast<std::int32_t>(chiavi_->Campo("Abitanti").Intero());
+        c.Lon = chiavi_->Campo("Lon").Numero();
+        c.Lat = chiavi_->Campo("Lat").Numero();
+        return c;
+    };
+    auto ammesso = [&](const Candidato& c) {
+        if (cNaz && c.cCity != *cNaz) return false;
+        if (!conProvincia) return true;
+        if (c.cCity != CNazItalia) return false;
+        return sigle.count(c.Sigla) > 0 ||
+               DistanzaDaRiquadro(c.Lat, -c.Lon * 15, latMin, latMax, lonMin, lonMax) <=
+                   DistanzaMassimaProvincia;
+    };
+    std::vector<Candidato> trovati;
+    auto aggiungi = [&](Candidato c) {
+        for (const Candidato& g : trovati)
+            if (g.cCity == c.cCity && g.City == c.City) return; // a place once, its best name
+        trovati.push_back(std::move(c));
+    };
+    chiavi_->Seek("=", Valore(chiave));
+    for (; !chiavi_->NoMatch() && !chiavi_->Eof(); chiavi_->MoveNext()) {
+        if (chiavi_->Campo("Chiave").Testo() != chiave) break;
+        Candidato c = leggi(static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero()));
+        if (ammesso(c)) aggiungi(std::move(c));
+    }
+    // Places of the province itself come before those only near it.
+    if (conProvincia && std::any_of(trovati.begin(), trovati.end(),
+                                    [&](const Candidato& c) { return sigle.count(c.Sigla) > 0; }))
+        std::erase_if(trovati, [&](const Candidato& c) { return sigle.count(c.Sigla) == 0; });
+    // With a province and no place of that name: the official names of the province that
+    // begin with it.
+    if (trovati.empty() && conProvincia) {
+        constexpr int Righe = 20000;
+        chiavi_->Seek(">=", Valore(chiave));
+        for (int n = 0; n < Righe && !chiavi_->NoMatch() && !chiavi_->Eof();
+             ++n, chiavi_->MoveNext()) {
+            if (chiavi_->Campo("Chiave").Testo().compare(0, chiave.size(), chiave) != 0) break;
+            const auto tipo = static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero());
+            if (tipo != TipoNome::Ufficiale) continue;
+            Candidato c = leggi(TipoNome::Prefisso);
+            if (c.cCity == CNazItalia && sigle.count(c.Sigla)) aggiungi(std::move(c));
+        }
+    }
+    if (trovati.empty()) {
+        // A name of two languages as records write it, "Villabassa - Niederdorf": the half
+        // that finds one place.
+        const std::vector<std::string> parti = ChiaviNome(e.nome);
+        for (std::size_t k = 0; k < parti.size(); ++k) {
+            if (parti[k] == chiave || parti[k] == PiegaNomeUnito(e.nome)) continue;
+            EsitoRisoluzione meta =
+                RisolviNome(cNaz, parti[k] + (conProvincia ? " (" + e.provincia + ")" : ""));
+            if (meta.stato != StatoRisoluzione::Trovato) continue;
+            meta.nome = e.nome;
+            return meta;
+        }
+        return e;
+    }
+
+    // A place with a hundred times the people of every other that has the name, when neither
+    // a nation nor a province is given, whatever the type of its name ("Parigi" is Paris,
+    // not a village that bears the name as its own).
+    if (!cNaz && !conProvincia && trovati.size() > 1) {
+        std::stable_sort(
+            trovati.begin(), trovati.end(),
+            [](const Candidato& a, const Candidato& b) { return a.abitanti > b.abitanti; });
+        if (trovati[0].tipo <= TipoNome::Alternativo &&
+            trovati[0].abitanti >= 100.0 * std::max(trovati[1].abitanti, 1)) {
+            trovati.resize(1);
+            e.stato = StatoRisoluzione::Trovato;
+            e.candidati = std::move(trovati);
+            return e;
+        }
+    }
+
+    // The best type of name, the most people first.
+    const TipoNome migliore =
+        std::min_element(trovati.begin(), trovati.end(),
+                         [](const Candidato& a, const Candidato& b) { return a.tipo < b.tipo; })
+            ->tipo;
+    std::erase_if(trovati, [&](const Candidato& c) { return c.tipo != migliore; });
+    std::stable_sort(trovati.begin(), trovati.end(), [](const Candidato& a, const Candidato& b) {
+        return a.abitanti > b.abitanti;
+    });
+    bool uno = trovati.size() == 1;
+    if (!uno && !cNaz && !conProvincia) {
+        // Places of one name in several nations: the one far larger than all others.
+        const Candidato& primo = trovati.front();
+        const bool soloNazione =
+            std::none_of(trovati.begin() + 1, trovati.end(),
+                         [&](const Candidato& c) { return c.cCity == primo.cCity; });
+        uno = soloNazione && primo.abitanti >= 10.0 * trovati[1].abitanti;
+    }
+    if (uno) trovati.resize(1);
+    e.stato = uno ? StatoRisoluzione::Trovato : StatoRisoluzione::Ambiguo;
+    e.candidati = std::move(trovati);
+    return e;
+}
+
+std::vector<LuogoTrovato>
+RicercaLuoghi::ChiaviCheCominciano(std::optional<std::int32_t> cNaz, std::string_view testo,
+                                   std::size_t n, const std::vector<LuogoTrovato>& esclusi) {
+    std::vector<LuogoTrovato> trovati;
+    const std::string chiave = PiegaNome(Pulito(testo));
+    if (chiave.empty() || n == 0 || !ApriChiavi()) return trovati;
+    auto gia = [&](std::int32_t naz, const std::string& city) {
+        auto uguale = [&](const LuogoTrovato& l) { return l.cCity == naz && l.City == city; };
+        return std::any_of(esclusi.begin(), esclusi.end(), uguale) ||
+               std::any_of(trovati.begin(), trovati.end(), uguale);
+    };
+    constexpr int Righe = 5000; // a short text begins many keys: a bounded walk
+    chiavi_->Seek(">=", Valore(chiave));
+    for (int k = 0; k < Righe && !chiavi_->NoMatch() && !chiavi_->Eof() && trovati.size() < n;
+         ++k, chiavi_->MoveNext()) {
+        if (chiavi_->Campo("Chiave").Testo().compare(0, chiave.size(), chiave) != 0) break;
+        const auto naz = static_cast<std::int32_t>(chiavi_->Campo("cCity").Intero());
+        if (cNaz && naz != *cNaz) continue;
+        std::string city = chiavi_->Campo("City").Testo();
+        if (gia(naz, city)) continue;
+        const auto tipo = static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero());
+        std::string nome = tipo == TipoNome::Ufficiale || tipo == TipoNome::Frazione
+                               ? std::string()
+                               : chiavi_->Campo("Nome").Testo();
+        trovati.push_back({naz, std::move(city), std::move(nome)});
+    }
+    return trovati;
 }
 
 } // namespace vesmo

@@ -20,6 +20,7 @@
 
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
+#include "places/IndiceNomi.h"
 
 namespace vesmo {
 
@@ -46,6 +47,35 @@ struct EsitoNome {
     Corrispondenza tipo = Corrispondenza::Nessuna;
     std::vector<LuogoTrovato> luoghi; // in index order; the best first for other names
 };
+
+// The answer of RisolviNome: one place, several that fit equally, or none.
+enum class StatoRisoluzione { Trovato, Ambiguo, Nessuno };
+
+struct Candidato {
+    std::int32_t cCity = 0; // the nation's code
+    std::string City;       // the name in AllCity
+    std::string Nome;       // the name that matched, as written in the database ("Girgenti")
+    std::string Sigla;      // the province letters of that name (Italy), else ""
+    TipoNome tipo = TipoNome::Ufficiale;
+    std::int32_t abitanti = 0;
+    double Lon = 0, Lat = 0; // hours west positive, degrees
+};
+
+struct EsitoRisoluzione {
+    StatoRisoluzione stato = StatoRisoluzione::Nessuno;
+    // Trovato: the one place. Ambiguo: the places that fit equally, the most people first.
+    std::vector<Candidato> candidati;
+    std::string nome;                  // the name looked up, without the province
+    std::string provincia;             // the province as given ("MI", "Milano"); "" when none
+    std::string sigle;                 // the letters of today's provinces it stands for, "FC RN"
+    bool provinciaSconosciuta = false; // given, but no Italian province of that name
+    // The text that says which name matched: "Girgenti → Agrigento", "" when the official
+    // name of the place did.
+    std::string Corrispondenza() const;
+};
+
+// The distance beyond which a place is never the answer for a given province, in km.
+inline constexpr double DistanzaMassimaProvincia = 80.0;
 
 class RicercaLuoghi {
 public:
@@ -74,10 +104,30 @@ public:
     std::vector<LuogoTrovato> Simili(std::optional<std::int32_t> cNaz, std::string_view testo,
                                      std::size_t n);
 
+    // The place that a name written as records write it stands for: "Abbiategrasso (MI)",
+    // "Abbiategrasso (Milano)", "BUDDUSO'", "Girgenti (AG)", "Monteleone (CZ)", "Parigi". The name
+    // is folded (PiegaNome) and sought once in the index of keys; the province in brackets
+    // (today's or a former one, letters or name) keeps the places of that province or within
+    // DistanzaMassimaProvincia of it. Of the places left, those of the best type of name win
+    // (official, former official, hamlet, other name); with a province and no name, a unique
+    // official name of the province that begins with it. Several places of the best type are
+    // ambiguous, unless they lie in several nations, no nation and no province were given, and
+    // one has ten times the people of every other. A text in brackets that is no Italian
+    // province is taken as part of the name ("Toronto (ON)"). A database built without the
+    // index of keys finds nothing here.
+    EsitoRisoluzione RisolviNome(std::optional<std::int32_t> cNaz, std::string_view testo);
+    // Up to `n` places with a name whose folded key begins with the folded `testo` ("GIRGENTI",
+    // "BUDDUSO'", "Castelbolognese"), in key order, each place once and none of `esclusi`;
+    // NomeAlt holds the name that matched when it is not the place's own.
+    std::vector<LuogoTrovato> ChiaviCheCominciano(std::optional<std::int32_t> cNaz,
+                                                  std::string_view testo, std::size_t n,
+                                                  const std::vector<LuogoTrovato>& esclusi);
+
 private:
     Database& db_;
-    std::unique_ptr<Cursore> perCitta_, perNazione_, alt_, altTutti_;
-    bool senzaAlternativi_ = false;
+    std::unique_ptr<Cursore> perCitta_, perNazione_, alt_, altTutti_, chiavi_, province_;
+    bool senzaAlternativi_ = false, senzaChiavi_ = false;
+    bool ApriChiavi();
     Cursore& Luoghi(bool nazione);
     Cursore* Alternativi(bool nazione);
 };

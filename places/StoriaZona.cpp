@@ -136,9 +136,8 @@ StoriaZona StoriaDaPeriodi(const std::vector<Periodo>& periodi, std::int32_t cod
     std::size_t primo = 0;
     Momento inizio{};
     const std::int64_t utoff0 = p[0].standard + p[0].estiva;
-    const std::int64_t locale1900 = GiorniDaCivile(1900, 1, 1) * 86400;
-    if (p[0].lmt && (p.size() == 1 || p[1].inizio > locale1900 - utoff0)) {
-        inizio = {1900, 1, 1, 0, 0};
+    if (p[0].lmt && p.size() == 1) {
+        inizio = {1900, 1, 1, 0, 0}; // local mean time for ever: the zone's own from 1900
     } else if (p[0].lmt) {
         primo = 1;
         inizio = MezzanottePiuVicina(p[1].inizio + p[1].standard + p[1].estiva);

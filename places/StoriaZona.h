@@ -51,8 +51,9 @@ struct StoriaZona {
 void TestiFuso(int minutiOvest, std::string& fH_h, std::string& fH_m);
 
 // The rows of one zone's lists, both with code `codice`. The lists begin when the zone leaves
-// local mean time, or on 1 January 1900 with the zone's local mean time when that lasted
-// longer; before that the place's own longitude holds. Offsets are rounded to the minute. A
+// local mean time (a named mean time such as Rome's "RMT" of 1866 is a zone like any other);
+// before that the place's own longitude holds. A zone that never leaves local mean time has
+// its lists from 1 January 1900. Offsets are rounded to the minute. A
 // zone change falls on the midnight nearest to it.
 StoriaZona StoriaDaPeriodi(const std::vector<Periodo>& periodi, std::int32_t codice);
 

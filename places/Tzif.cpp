@@ -233,7 +233,11 @@ ZonaTzif LeggiTzif(std::string_view b, int annoFine) {
     auto aggiungi = [&z](std::int64_t inizio, const TipoOra& tipo) {
         if (!z.periodi.empty()) {
             const TipoOra& prima = z.periodi.back().tipo;
-            if (prima.utoff == tipo.utoff && prima.isdst == tipo.isdst) return;
+            // A named mean time (Rome's "RMT") that follows local mean time at the same offset
+            // is a period of its own: from then on the whole zone keeps the capital's clock.
+            if (prima.utoff == tipo.utoff && prima.isdst == tipo.isdst &&
+                (prima.abbr == "LMT") == (tipo.abbr == "LMT"))
+                return;
         }
         z.periodi.push_back({inizio, tipo});
     };

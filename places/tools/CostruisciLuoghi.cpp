@@ -13,8 +13,10 @@ namespace {
 const char* const Uso =
     "uso: vesmo-costruisci-luoghi --cities cities500.txt --nazioni iso_3166-1.json\n"
     "                             --out Vesmodat.Mdb [--comuni CARTELLA|FILE]\n"
-    "                             [--zoneinfo DIR] [--anno-fine AAAA]\n"
+    "                             [--catastali CARTELLA] [--zoneinfo DIR] [--anno-fine AAAA]\n"
     "  --comuni     i comuni italiani in JSON (nome, codice ISTAT, sigla della provincia)\n"
+    "  --catastali  la cartella di lista-comuni.js e lista-province.js (codice-fiscale-js):\n"
+    "               i nomi dei comuni dal 1861 con il codice catastale, e le province\n"
     "  --zoneinfo   cartella delle zone (predefinita /usr/share/zoneinfo)\n"
     "  --anno-fine  ultimo anno delle regole dell'ora estiva (predefinito 2100)\n";
 
@@ -41,6 +43,8 @@ int main(int argc, char** argv) {
             fonti.nazioni = v;
         else if (a == "--comuni")
             fonti.comuni = v;
+        else if (a == "--catastali")
+            fonti.catastali = v;
         else if (a == "--zoneinfo")
             fonti.zoneinfo = v;
         else if (a == "--out")
@@ -64,9 +68,11 @@ int main(int argc, char** argv) {
         const double secondi =
             std::chrono::duration<double>(std::chrono::steady_clock::now() - inizio).count();
         std::printf("%s: %zu nazioni, %zu luoghi (%zu scartati), %zu comuni, %zu nomi "
-                    "alternativi, %zu zone, %zu righe Fusi, %zu righe Estive, %.1f s\n",
+                    "alternativi, %zu zone, %zu righe Fusi, %zu righe Estive, %zu chiavi di "
+                    "nomi, %zu nomi precedenti (%zu senza luogo), %zu province, %.1f s\n",
                     uscita.c_str(), r.nazioni, r.luoghi, r.scartati, r.comuni, r.nomiAlternativi,
-                    r.zone, r.righeFusi, r.righeEstive, secondi);
+                    r.zone, r.righeFusi, r.righeEstive, r.chiavi, r.nomiPrecedenti,
+                    r.precedentiSenzaLuogo, r.province, secondi);
         return 0;
     } catch (const std::exception& e) {
         std::fprintf(stderr, "vesmo-costruisci-luoghi: %s\n", e.what());

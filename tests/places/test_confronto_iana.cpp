@@ -7,8 +7,12 @@
 #include <cstdlib>
 #include <ctime>
 #include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <map>
 #include <random>
+#include <set>
+#include <sstream>
 
 #include "places/CostruzioneLuoghi.h"
 #include "places/ModelloLuoghi.h"
@@ -55,7 +59,10 @@ void Confronta(ModelloLuoghi& m, const std::string& zona, std::int64_t t, Conteg
     m.ImportaCity(tema);
     ++c.casi;
     const double nostro = (tema.Fuso - tema.Estiva) * 3600;
-    if (m.campi.TagChkSolare.empty() && std::fabs(nostro + offset) <= 30) {
+    // Where the database says "LMT" the place keeps its own local mean time.
+    const bool lmt = std::string(tm.tm_zone ? tm.tm_zone : "") == "LMT";
+    if (lmt ? m.campi.TagChkSolare == "Ok"
+            : m.campi.TagChkSolare.empty() && std::fabs(nostro + offset) <= 30) {
         ++c.uguali;
     } else if (c.diversi.size() < 10) {
         c.diversi.push_back(zona + " " + m.campi.Text3 + "/" + m.campi.Text4 + "/" + m.campi.Text5 +
@@ -163,6 +170,123 @@ TEST(ConfrontoIana, TheBuiltDatabaseAgreesWithTheCLibrary) {
     Riporta("Vesmodat.Mdb", c);
     EXPECT_EQ(luoghiProvati, 3000);
     EXPECT_GE(c.uguali, c.casi * 0.995);
+}
+
+TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
+    // The cases drawn by tests/data/places/tempi-medi.py: moments of every zone's named mean
+    // times (Rome's RMT, Paris's PMT, Dublin's DMT...) with the offset Python's zoneinfo gives.
+    std::ifstream f(std::string(VESMO_DATI_TEST) + "/places/tempi-medi.tsv");
+    ASSERT_TRUE(f);
+    struct Caso {
+        std::string zona, data, ora, abbr;
+        long offset = 0;
+    };
+    std::vector<Caso> casi;
+    std::map<std::string, std::int32_t> codici;
+    for (std::string riga; std::getline(f, riga);) {
+        std::istringstream r(riga);
+        Caso c;
+        std::string offset;
+        std::getline(r, c.zona, '\t');
+        std::getline(r, c.data, '\t');
+        std::getline(r, c.ora, '\t');
+        std::getline(r, offset, '\t');
+        std::getline(r, c.abbr, '\t');
+        c.offset = std::stol(offset);
+        codici.emplace(c.zona, static_cast<std::int32_t>(codici.size() + 1));
+        casi.push_back(c);
+    }
+    ASSERT_GT(casi.size(), 500u);
+    test::CartellaLuoghi cartella;
+    Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+    db.IniziaTransazione();
+    for (const auto& [zona, codice] : codici) {
+        if (!std::filesystem::exists("/usr/share/zoneinfo/" + zona)) continue;
+        ScriviStoria(db, StoriaDaPeriodi(LeggiFileTzif("/usr/share/zoneinfo/" + zona, 2030).periodi,
+                                         codice));
+        test::AggiungiCity(db, 380, zona, 0, 0, codice, codice);
+    }
+    db.ConfermaTransazione();
+    MessaggiRegistrati msg;
+    ModelloLuoghi m(db, msg, 'C');
+    int uguali = 0, provati = 0;
+    std::set<std::string> nomi, diversi;
+    for (const Caso& c : casi) {
+        m.Data1.Seek("=", c.zona);
+        if (m.Data1.NoMatch()) continue; // a zone this system's database lacks
+        m.Data2.Seek("=", m.Data1.Campo("cCity"));
+        m.campi.Text3 = c.data.substr(0, 2);
+        m.campi.Text4 = c.data.substr(3, 2);
+        m.campi.Text5 = c.data.substr(6);
+        m.campi.Text6 = c.ora.substr(0, 2);
+        m.campi.Text7 = c.ora.substr(3, 2);
+        m.campi.TagChkSolare.clear();
+        Tema tema;
+        m.ImportaCity(tema);
+        ++provati;
+        nomi.insert(c.abbr);
+        // The tables hold minutes: to the half minute.
+        if (m.campi.TagChkSolare.empty() &&
+            std::fabs((tema.Fuso - tema.Estiva) * 3600 + static_cast<double>(c.offset)) <= 30.5)
+            ++uguali;
+        else if (diversi.size() < 10)
+            diversi.insert(c.zona + " " + c.data + " " + c.ora + " " + c.abbr);
+    }
+    std::cout << "tempi medi: " << uguali << " su " << provati << " uguali, " << nomi.size()
+              << " nomi\n";
+    for (const auto& d : diversi)
+        std::cout << "  diverso: " << d << "\n";
+    EXPECT_GT(provati, 500);
+    EXPECT_EQ(uguali, provati);
+    EXPECT_TRUE(nomi.count("RMT") && nomi.count("PMT") && nomi.count("DMT"));
+}
+
+TEST(ConfrontoIana, RomesMeanTimeHoldsAtBothEndsOfItaly) {
+    // Every town of Italy kept Rome's clock (+0:49:56) from 12 December 1866 to 31 October
+    // 1893: Aosta and Santa Maria di Leuca, far west and east of Rome, get 50 minutes east of
+    // Greenwich, not their own mean time (0:29:17 and 1:13:26); before and after, their own
+    // mean time and Central European Time.
+    test::CartellaLuoghi cartella;
+    Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+    db.IniziaTransazione();
+    ScriviStoria(
+        db, StoriaDaPeriodi(LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2030).periodi, 1));
+    test::AggiungiCity(db, 380, "Aosta", -7.3202 / 15, 45.7370, 1, 1);
+    test::AggiungiCity(db, 380, "Leuca", -18.3578 / 15, 39.7961, 1, 1);
+    db.ConfermaTransazione();
+    MessaggiRegistrati msg;
+    msg.risposte.assign(8, Risposta::No);
+    ModelloLuoghi m(db, msg, 'C');
+    struct Caso {
+        const char* city;
+        const char* giorno;
+        const char* mese;
+        const char* anno;
+        double fuso; // hours, west positive
+        bool lmt;
+    };
+    const Caso casi[] = {
+        {"Aosta", "11", "12", "1866", -7.3202 / 15, true},
+        {"Aosta", "12", "12", "1866", -50.0 / 60, false},
+        {"Aosta", "15", "06", "1887", -50.0 / 60, false},
+        {"Leuca", "31", "10", "1893", -50.0 / 60, false},
+        {"Leuca", "01", "11", "1893", -1, false},
+        {"Leuca", "01", "01", "1860", -18.3578 / 15, true},
+    };
+    for (const Caso& c : casi) {
+        m.Data1.Seek("=", c.city);
+        m.Data2.Seek("=", m.Data1.Campo("cCity"));
+        m.campi.Text3 = c.giorno;
+        m.campi.Text4 = c.mese;
+        m.campi.Text5 = c.anno;
+        m.campi.Text6 = "12";
+        m.campi.Text7 = "00";
+        m.campi.TagChkSolare.clear();
+        Tema tema;
+        m.ImportaCity(tema);
+        EXPECT_NEAR(tema.Fuso, c.fuso, 1e-9) << c.city << " " << c.anno;
+        EXPECT_EQ(m.campi.TagChkSolare == "Ok", c.lmt) << c.city << " " << c.anno;
+    }
 }
 
 } // namespace

@@ -81,15 +81,27 @@ TEST(StoriaZona, ListsBeginWhenLocalMeanTimeEnds) {
     EXPECT_EQ(s.estive[2], (RigaEstive{7, 1, 10, 1916, 1, 0, 0, 0}));
 }
 
-TEST(StoriaZona, LocalMeanTimeAfter1900IsTheFirstRow) {
-    // A zone that kept its mean time (+0:17:30) until 1920: the lists begin on 1 January 1900.
+TEST(StoriaZona, LocalMeanTimeAfter1900StaysThePlacesOwn) {
+    // A zone that kept its mean time (+0:17:30) until 1920: the lists begin then, and before
+    // that every place keeps its own local mean time.
     const std::vector<Periodo> p{{Periodo::Sempre, T(1050, false, "LMT")},
                                  {Utc(1920, 4, 30, 23, 42) + 30, T(0, false, "GMT")}};
     const StoriaZona s = StoriaDaPeriodi(p, 3);
-    ASSERT_EQ(s.fusi.size(), 2u);
-    EXPECT_EQ(s.fusi[0], (RigaFusi{3, 1, 1, 1900, "-", "18"})); // 17 min 30 s rounds to 18
-    EXPECT_EQ(s.fusi[1], (RigaFusi{3, 1, 5, 1920, "0", "00"}));
+    ASSERT_EQ(s.fusi.size(), 1u);
+    EXPECT_EQ(s.fusi[0], (RigaFusi{3, 1, 5, 1920, "0", "00"}));
     EXPECT_EQ(s.estive.size(), 1u);
+}
+
+TEST(StoriaZona, ACapitalsMeanTimeIsAZoneOfItsOwn) {
+    // Rome: local mean time, then Rome's mean time at the same offset for the whole of Italy
+    // from 12 December 1866 (+0:49:56, 50 minutes in the table), then CET.
+    const std::vector<Periodo> p{{Periodo::Sempre, T(2996, false, "LMT")},
+                                 {Utc(1866, 12, 11, 23, 10) + 4, T(2996, false, "RMT")},
+                                 {Utc(1893, 10, 31, 23, 10) + 4, T(3600, false, "CET")}};
+    const StoriaZona s = StoriaDaPeriodi(p, 5);
+    ASSERT_EQ(s.fusi.size(), 2u);
+    EXPECT_EQ(s.fusi[0], (RigaFusi{5, 12, 12, 1866, "-", "50"}));
+    EXPECT_EQ(s.fusi[1], (RigaFusi{5, 1, 11, 1893, "-1", "00"}));
 }
 
 TEST(StoriaZona, AZoneChangeFallsOnTheNearestMidnight) {

@@ -63,15 +63,19 @@ TEST(Tzif, RefusesVersionOneAndCutFiles) {
 }
 
 TEST(Tzif, ReadsTheSystemFileOfRome) {
-    // The system's own file: Rome took Central European Time at the end of October 1893 and
-    // first used summer time on 3 June 1916.
+    // The system's own file: Italy kept Rome's mean time (+0:49:56, as Rome's local mean time
+    // before it) from 12 December 1866, took Central European Time at the end of October 1893
+    // and first used summer time on 3 June 1916.
     const ZonaTzif z = LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2030);
     ASSERT_GT(z.periodi.size(), 100u);
     EXPECT_EQ(z.periodi[0].tipo.abbr, "LMT");
-    EXPECT_EQ(z.periodi[1].tipo.utoff, 3600);
-    EXPECT_EQ(z.periodi[1].inizio, Utc(1893, 10, 31, 23));
-    EXPECT_EQ(z.periodi[2].inizio, Utc(1916, 6, 3, 23));
-    EXPECT_TRUE(z.periodi[2].tipo.isdst);
+    EXPECT_EQ(z.periodi[1].tipo.abbr, "RMT");
+    EXPECT_EQ(z.periodi[1].tipo.utoff, 2996);
+    EXPECT_EQ(z.periodi[1].inizio, Utc(1866, 12, 11, 23, 10) + 4);
+    EXPECT_EQ(z.periodi[2].tipo.utoff, 3600);
+    EXPECT_EQ(z.periodi[2].inizio, Utc(1893, 10, 31, 23));
+    EXPECT_EQ(z.periodi[3].inizio, Utc(1916, 6, 3, 23));
+    EXPECT_TRUE(z.periodi[3].tipo.isdst);
     EXPECT_EQ(z.regola, "CET-1CEST,M3.5.0,M10.5.0/3");
     // Beyond the changes written in the file, the footer's rule.
     const ZonaTzif lunga = LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2040);

@@ -18,6 +18,7 @@
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/ui/frmInputIni.h"
+#include "places/IndiceNomi.h"
 #include "places/RicercaLuoghi.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
@@ -125,6 +126,87 @@ TEST_F(Lanciatore, UnAltroNomeDellaCittaPortaAlLuogoEDiceQualeNome) {
     EXPECT_EQ(riga(), "Padula");
     EXPECT_EQ(d->Pannello2->text(), "");
     EXPECT_TRUE(messaggi.registro.empty());
+}
+
+// Names as registries write them, in the city box of both forms: a former name goes to today's
+// comune and the status bar says which name matched; a name of several comuni stays where the
+// seek put the grid and the status bar says it is ambiguous.
+TEST_F(Lanciatore, NomiDeiRegistriNelCampoCitta) {
+    {
+        Database db(percorsi.FileDB);
+        CreaTabelleIndiceNomi(db);
+        test::AggiungiCity(db, 380, "Agrigento", -13.58 / 15, 37.31, 1, 1);
+        test::AggiungiCity(db, 380, "Altavilla Silentina", -15.13 / 15, 40.53, 1, 1);
+        test::AggiungiCity(db, 380, "Altavilla Vicentina", -11.47 / 15, 45.51, 1, 1);
+        Cursore c(db, TabellaChiaviLuoghi);
+        struct Chiave {
+            const char* chiave;
+            TipoNome tipo;
+            const char* city;
+            const char* nome;
+            const char* sigla;
+            double lon, lat;
+        };
+        const Chiave chiavi[] = {
+            {"agrigento", TipoNome::Ufficiale, "Agrigento", "Agrigento", "AG", -13.58, 37.31},
+            {"girgenti", TipoNome::Precedente, "Agrigento", "Girgenti", "AG", -13.58, 37.31},
+            {"altavilla", TipoNome::Precedente, "Altavilla Silentina", "Altavilla", "SA", -15.13,
+             40.53},
+            {"altavilla", TipoNome::Precedente, "Altavilla Vicentina", "Altavilla", "VI", -11.47,
+             45.51},
+        };
+        for (const Chiave& k : chiavi) {
+            c.AddNew();
+            c.Imposta("Chiave", k.chiave);
+            c.Imposta("Tipo", static_cast<int>(k.tipo));
+            c.Imposta("cCity", 380);
+            c.Imposta("City", k.city);
+            c.Imposta("Nome", k.nome);
+            c.Imposta("Sigla", k.sigla);
+            c.Imposta("Abitanti", 1000);
+            c.Imposta("Lon", k.lon / 15);
+            c.Imposta("Lat", k.lat);
+            c.Update();
+        }
+        Cursore p(db, TabellaProvinceLuoghi);
+        for (const char* sigla : {"vi", "sa"}) {
+            p.AddNew();
+            p.Imposta("Chiave", sigla);
+            p.Imposta("Sigla", sigla[0] == 'v' ? "VI" : "SA");
+            p.Imposta("Nome", sigla);
+            p.Imposta("LatMin", sigla[0] == 'v' ? 45.3 : 40.2);
+            p.Imposta("LatMax", sigla[0] == 'v' ? 45.8 : 40.9);
+            p.Imposta("LonMin", sigla[0] == 'v' ? 11.2 : 14.8);
+            p.Imposta("LonMax", sigla[0] == 'v' ? 11.8 : 15.6);
+            p.Update();
+        }
+    }
+    auto riga = [](PannelloDati* d) {
+        return d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString();
+    };
+    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
+    f.Form_Load();
+    sessione.TemaX = sessione.TemaCorrente;
+    frmInDatiLyx g(sessione, percorsi.FileDB, 'C', messaggi);
+    g.Form_Load();
+    for (PannelloDati* d : {f.Dati, g.Dati}) {
+        d->Text2->clear();
+        QTest::keyClicks(d->Text2, "GIRGENTI");
+        EXPECT_EQ(riga(d), "Agrigento");
+        EXPECT_EQ(d->Pannello2->text(), "Girgenti → Agrigento");
+        d->Text2->clear();
+        QTest::keyClicks(d->Text2, "Altavilla");
+        EXPECT_EQ(d->Pannello2->text(),
+                  "Altavilla: nome ambiguo, 2 luoghi: Altavilla → Altavilla Silentina (SA), "
+                  "Altavilla → Altavilla Vicentina (VI)");
+        // The province letters choose.
+        QTest::keyClicks(d->Text2, " (VI)");
+        EXPECT_EQ(riga(d), "Altavilla Vicentina");
+        EXPECT_EQ(d->Pannello2->text(), "Altavilla → Altavilla Vicentina");
+        d->Command4->click();
+    }
+    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Altavilla Vicentina");
+    EXPECT_EQ(sessione.TemaX.City.Valore(), "Altavilla Vicentina");
 }
 
 TEST_F(Lanciatore, DigitareLaCittaMuoveLaGriglia) {
