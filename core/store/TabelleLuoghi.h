@@ -9,7 +9,8 @@
 
 namespace vesmo {
 
-inline constexpr std::array<std::string_view, 7> TabelleDeiLuoghi = {
-    "AllCity", "Estive", "Fusi", "FusiEstiveUniti", "Nazioni", "ZoneOrarie", "NomiAlternativi"};
+inline constexpr std::array<std::string_view, 9> TabelleDeiLuoghi = {
+    "AllCity",    "Estive",          "Fusi",         "FusiEstiveUniti", "Nazioni",
+    "ZoneOrarie", "NomiAlternativi", "ChiaviLuoghi", "ProvinceLuoghi"};
 
 } // namespace vesmo
