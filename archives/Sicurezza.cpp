@@ -88,6 +88,21 @@ fs::path CopiaAutomaticaArchivi(const std::string& fileDB, const fs::path& carte
     return copia;
 }
 
+bool CopiaPrimaDiEliminare(const std::string& fileDB, const std::string& cartella,
+                           Messaggi& messaggi, const std::string& routine) {
+    if (cartella.empty()) return true;
+    try {
+        CopiaAutomaticaArchivi(fileDB, cartella);
+        return true;
+    } catch (const std::exception& e) {
+        messaggi.Mostra("Vesmo - Copia automatica",
+                        routine + ": copia automatica degli archivi non riuscita in\n" + cartella +
+                            "\n" + e.what() + "\n\nNulla è stato eliminato.",
+                        Pulsanti::Ok, Icona::Critico);
+        return false;
+    }
+}
+
 std::vector<std::string> ArchiviDellaCopia(const std::string& fileCopia) {
     return ElencoArchivi(fileCopia);
 }

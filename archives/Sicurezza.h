@@ -8,6 +8,8 @@
 #include <string>
 #include <vector>
 
+#include "core/Messaggi.h"
+
 namespace vesmo {
 
 // The whole database into `fileCopia` (replaced when it stands: the user chose it), through the
@@ -25,6 +27,11 @@ inline constexpr const char* CartellaCopie = "Copie archivi";
 // copies beyond the last seven. Returns the path of the new copy.
 std::filesystem::path CopiaAutomaticaArchivi(const std::string& fileDB,
                                              const std::filesystem::path& cartella);
+// The automatic copy before an action that deletes, made when `cartella` is not empty. A copy
+// that fails is told (title "Vesmo - Copia automatica", naming `routine`) and false returned:
+// the caller then deletes nothing.
+bool CopiaPrimaDiEliminare(const std::string& fileDB, const std::string& cartella,
+                           Messaggi& messaggi, const std::string& routine);
 // The automatic copies of `cartella`, oldest first.
 std::vector<std::filesystem::path> CopieAutomatiche(const std::filesystem::path& cartella);
 
