@@ -75,9 +75,23 @@ std::optional<std::string> RinominaArchivio(const std::string& fileDB, const std
     }
     if (*nome == vecchio) return nome;
     try {
+        // The store names its indexes after their table: they are made again under the new
+        // name, all in one transaction.
         Database db(fileDB);
-        db.Esegui("ALTER TABLE " + store_detail::Q(vecchio) + " RENAME TO " +
-                  store_detail::Q(*nome));
+        const std::vector<DefIndice> indici = db.Indici(vecchio);
+        db.IniziaTransazione();
+        try {
+            for (const DefIndice& i : indici)
+                db.EliminaIndice(vecchio, i.nome);
+            db.Esegui("ALTER TABLE " + store_detail::Q(vecchio) + " RENAME TO " +
+                      store_detail::Q(*nome));
+            for (const DefIndice& i : indici)
+                db.CreaIndice(*nome, i);
+            db.ConfermaTransazione();
+        } catch (...) {
+            db.AnnullaTransazione();
+            throw;
+        }
     } catch (const std::exception& e) {
         AvvisoErroreDB(messaggi, "frmGesArchivi.cmdRinomina", e);
         return std::nullopt;

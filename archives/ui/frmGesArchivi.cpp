@@ -203,6 +203,7 @@ void frmGesArchivi::ModoSalvo() {
     Frame2->hide();
     Frame3->hide();
     cmdElimina->hide();
+    cmdRinomina->hide();
     setWindowTitle(QStringLiteral("Vesmo - Salvo"));
     cmdSalva->show();
     resize(width(), Pixel(3000));
