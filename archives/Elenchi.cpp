@@ -182,13 +182,15 @@ std::string TitoloElenco(std::string_view campo) {
 
 std::string OrdineCampo(std::string_view campo, bool discendente) {
     const std::string d = discendente ? " DESC" : "";
-    auto testo = [&](std::string_view c) {
-        return std::string(store_detail::NomeFunzioneChiave) + "(" + Q(c) + ")" + d;
+    // Texts by the store's key: one key of both fields sorts by the first, then the second.
+    auto testo = [&](std::string_view a, std::string_view b = {}) {
+        return std::string(store_detail::NomeFunzioneChiave) + "(" + Q(a) +
+               (b.empty() ? "" : ", " + Q(b)) + ")" + d;
     };
     if (campo == "Nome") return discendente ? testo("Nome") : "";
     if (campo == "Day") return Q("Day") + d + ", " + Q("OraL") + d;
-    if (campo == "City") return testo("City") + ", " + testo("Nazione");
-    if (campo == "Nazione") return testo("Nazione") + ", " + testo("City");
+    if (campo == "City") return testo("City", "Nazione");
+    if (campo == "Nazione") return testo("Nazione", "City");
     if (campo == "Cmto") return testo("Cmto");
     return Q(campo) + d;
 }

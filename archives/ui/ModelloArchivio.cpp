@@ -153,6 +153,8 @@ bool ModelloArchivio::setData(const QModelIndex& indice, const QVariant& valore,
 }
 
 void ModelloArchivio::sort(int colonna, Qt::SortOrder verso) {
+    // The view may ask twice for the same order (QTableView::sortByColumn): once is enough.
+    if (colonna == colonna_ && verso == verso_) return;
     colonna_ = colonna;
     verso_ = verso;
     Ricarica();
