@@ -47,9 +47,8 @@ int ImportaScambioCli(const Argomenti& a, FormatoScambio formato, std::ostream& 
     if (!std::filesystem::is_regular_file(file, ec))
         throw ErroreArgomenti("file non trovato: " + UnaRiga(file));
     const std::string fileDB = DatabaseArchivi(a);
-    std::string nome = a.Opzione("archivio")
-                           ? SenzaSpazi(*a.Opzione("archivio"))
-                           : NomeArchivioDaTitolo(std::filesystem::path(file).filename().string());
+    std::string nome = a.Opzione("archivio") ? SenzaSpazi(*a.Opzione("archivio"))
+                                             : std::filesystem::path(file).stem().string();
     if (nome.empty()) throw ErroreArgomenti("nome dell'archivio vuoto");
     if (!EArchivio(nome)) throw ErroreArgomenti("nome di archivio non valido: " + UnaRiga(nome));
     OpzioniImportScambio opzioni;

@@ -47,6 +47,7 @@ FinestraImporta::FinestraImporta(Sessione& sessione, const std::string& fileDB, 
     // A click on a header sorts by that column; at first the rows stand in the index's order.
     DBGrid1->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     DBGrid1->setSortingEnabled(true);
+    DBGrid1->horizontalHeader()->setStretchLastSection(true);
     DidascaliaGriglia = new QLabel(this);
     DidascaliaGriglia->setObjectName("DidascaliaGriglia");
     DidascaliaGriglia->setAlignment(Qt::AlignCenter);
@@ -144,6 +145,11 @@ void FinestraImporta::Collega(const std::string& nome) {
     }
     DBGrid1->setColumnWidth(0, Pixel(2200));
     DBGrid1->setColumnWidth(1, Pixel(2100));
+    // Date, time, coordinates, zone and summer time are short texts: the comment comes into view.
+    const int larghezze[] = {Pixel(1300), Pixel(800), Pixel(900),
+                             Pixel(900),  Pixel(700), Pixel(700)};
+    for (int i = 0; i < 6 && i + 3 < modello_->columnCount(); ++i)
+        DBGrid1->setColumnWidth(i + 3, larghezze[i]);
     DidascaliaGriglia->setText(QS(nome) + "  " + QString::number(modello_->rowCount()));
 }
 

@@ -59,7 +59,8 @@ frmImportaScambio::frmImportaScambio(const QString& file, FormatoScambio formato
     cmbArchivio->setObjectName("cmbArchivio");
     cmbArchivio->setEditable(true);
     cmbArchivio->addItems(archivi);
-    cmbArchivio->setCurrentText(QS(NomeArchivioDaTitolo(SS(QFileInfo(file).fileName()))));
+    // The file's name without its extension.
+    cmbArchivio->setCurrentText(QFileInfo(file).completeBaseName());
     chkDoppi = new QCheckBox(
         QStringLiteral("Importa anche i temi già presenti (stesso nome, data, ora e luogo)"), this);
     chkDoppi->setObjectName("chkDoppi");

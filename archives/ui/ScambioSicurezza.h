@@ -28,8 +28,8 @@ QString DialogoSalvaFile(QWidget* genitore, const QString& titolo, const QString
                          const QString& filtri);
 
 // The import dialog, caption "Vesmo - Importa Temi": the file and its format, the archive
-// (one of those listed or a new name, the file's name at first), the choice to import again
-// the charts already in the archive.
+// (one of those listed or a new name, the file's name without extension at first), the choice to
+// import again the charts already in the archive.
 class frmImportaScambio : public QDialog {
     Q_OBJECT
 public:

@@ -241,7 +241,7 @@ TEST_F(Scambio, ImportaAafDalDialogoEdEsportaCsv) {
     AlDialogo("frmImportaScambio", [](QWidget* d) {
         EXPECT_EQ(d->windowTitle(), "Vesmo - Importa Temi");
         auto* archivio = d->findChild<QComboBox*>("cmbArchivio");
-        EXPECT_EQ(archivio->currentText(), "clientiaaf");
+        EXPECT_EQ(archivio->currentText(), "clienti");
         archivio->setCurrentText("Clienti");
         EXPECT_FALSE(d->findChild<QCheckBox*>("chkDoppi")->isChecked());
         d->findChild<QPushButton*>("cmdImporta")->click();
