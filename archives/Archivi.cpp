@@ -1,13 +1,12 @@
 #include "archives/Archivi.h"
 
+#include <filesystem>
+
 #include "chart/CalcolaTema.h"
 #include "core/Testo.h"
 #include "core/store/Valore.h"
 
 namespace vesmo {
-
-const std::array<const char*, 6> TabelleNonArchivi = {"AllCity",         "Estive",  "Fusi",
-                                                      "FusiEstiveUniti", "Nazioni", "ZoneOrarie"};
 
 namespace {
 
@@ -38,9 +37,42 @@ std::vector<DefCampo> CampiArchivio() {
 
 bool EArchivio(std::string_view nomeTabella) {
     const std::string nome = SenzaSpazi(nomeTabella);
-    for (const char* t : TabelleNonArchivi)
-        if (nome == t) return false;
+    for (std::string_view t : TabelleNonArchivi)
+        if (UgualeSenzaCaso(nome, t)) return false;
+    if (nome.size() >= 7 && UgualeSenzaCaso(std::string_view(nome).substr(0, 7), "sqlite_"))
+        return false;
     return nomeTabella.find("MSys") == std::string_view::npos;
+}
+
+std::optional<std::string> ErroreNomeArchivio(std::string_view nome) {
+    if (SenzaSpazi(nome).empty()) return "nome dell'archivio vuoto";
+    if (SenzaSpazi(nome).size() != nome.size())
+        return "nome dell'archivio con spazi all'inizio o alla fine";
+    if (!TestoUtf8Valido(nome)) return "nome dell'archivio non è testo UTF-8 valido";
+    if (LunghezzaCaratteri(nome) > LunghezzaMassimaArchivio)
+        return "nome dell'archivio troppo lungo: al massimo " +
+               std::to_string(LunghezzaMassimaArchivio) + " caratteri";
+    for (char c : nome) {
+        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F)
+            return "il nome dell'archivio non può contenere caratteri di controllo";
+        if (CaratteriVietatiArchivio.find(c) != std::string_view::npos)
+            return std::string("il nome dell'archivio non può contenere il carattere ") + c +
+                   " (vietati: " + std::string(CaratteriVietatiArchivio) + ")";
+    }
+    if (!EArchivio(nome)) return "nome riservato a una tabella del database: " + std::string(nome);
+    return std::nullopt;
+}
+
+std::string FileDiArchivio(const std::string& cartella, std::string_view archivio,
+                           std::string_view estensione) {
+    std::string nome = RiparaUtf8(archivio);
+    for (char& c : nome)
+        if (static_cast<unsigned char>(c) < 0x20 || c == 0x7F ||
+            CaratteriVietatiArchivio.find(c) != std::string_view::npos)
+            c = '_';
+    nome = PrimiCaratteri(nome, LunghezzaMassimaArchivio);
+    if (nome.empty()) nome = "_";
+    return (std::filesystem::path(cartella) / (nome + std::string(estensione))).string();
 }
 
 std::vector<std::string> ElencoArchivi(const Database& db) {
@@ -57,6 +89,7 @@ std::vector<std::string> ElencoArchivi(const std::string& fileDB) {
 
 void CreaArchivio(const std::string& fileDB, const std::string& nome) {
     Database db(fileDB);
+    db.VerificaPrimaDiScrivere();
     db.CreaTabella(nome, CampiArchivio(), {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
 }
 
@@ -120,6 +153,7 @@ EsitoSalvataggio SalvaTema(const std::string& fileDB, const std::string& archivi
                             Pulsanti::Ok, Icona::Esclamativo);
             return EsitoSalvataggio::NonSalvato;
         }
+        db.VerificaPrimaDiScrivere();
         Cursore rs(db, archivio);
         rs.Index(IndiceArchivio);
         rs.Seek("=", tema.Nome.str());
@@ -211,6 +245,14 @@ std::optional<std::string> CreaArchivioUtente(const std::string& fileDB, const s
                                               Messaggi& messaggi) {
     std::optional<std::string> nome = NomeNuovoArchivio(testo, elenco, messaggi);
     if (!nome) return std::nullopt;
+    if (std::optional<std::string> errore = ErroreNomeArchivio(*nome)) {
+        messaggi.Mostra("frmGesArchivi.cmdCrea: Nome Non Valido",
+                        "Il nome  " + *nome + "  non vale per un Archivio:\n" + *errore +
+                            "\nArchivio non creato.\n" + Trattini +
+                            "\nThis name cannot name an archive.\n",
+                        Pulsanti::Ok, Icona::Esclamativo);
+        return std::nullopt;
+    }
     try {
         CreaArchivio(fileDB, *nome);
         return nome;

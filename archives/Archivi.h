@@ -15,26 +15,49 @@
 #include "core/Tema.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
+#include "core/store/TabelleLuoghi.h"
 
 namespace vesmo {
 
-// The place tables that share the file and are never listed as archives.
-extern const std::array<const char*, 6> TabelleNonArchivi;
+// The place tables that share the file and are never archives: TabelleDeiLuoghi
+// (core/store/TabelleLuoghi.h), where a new places table is added.
+inline constexpr const auto& TabelleNonArchivi = TabelleDeiLuoghi;
 
 // The fields of an archive in their order, and its one index, on Nome, neither primary nor unique.
 std::vector<DefCampo> CampiArchivio();
 inline constexpr const char* IndiceArchivio = "indNome";
 
-// A table counts as an archive unless its name, without surrounding blanks, is a place table, or
-// unless it holds "MSys" anywhere (case counts).
+// A table counts as an archive unless its name, without surrounding blanks, is a place table
+// (case ignored, as the database ignores it), or unless it holds "MSys" anywhere (case counts),
+// or unless the engine keeps it for itself ("sqlite_...").
 bool EArchivio(std::string_view nomeTabella);
+
+// The one rule for a chart archive's name, however it is named (the create button, the save, the
+// import and the rename of the windows; salva, importa and query of the command line): the name
+// as typed without surrounding blanks, at most LunghezzaMassimaArchivio characters of valid
+// UTF-8, none of them a control character nor one of CaratteriVietatiArchivio (what a file name
+// or a table name cannot hold), and not a name kept for the places tables or the engine (see
+// EArchivio). Nothing when the name may be used, else why not, in one Italian line.
+inline constexpr std::size_t LunghezzaMassimaArchivio = 64;
+inline constexpr std::string_view CaratteriVietatiArchivio = "/\\:*?\"<>|.!`[]";
+std::optional<std::string> ErroreNomeArchivio(std::string_view nome);
+inline bool NomeArchivioValido(std::string_view nome) {
+    return !ErroreNomeArchivio(nome).has_value();
+}
+
+// The path of a file named after an archive (its log, its export) inside `cartella`: the name's
+// characters that a file name cannot hold become "_", so that the file stays in that folder
+// whatever an older archive is called.
+std::string FileDiArchivio(const std::string& cartella, std::string_view archivio,
+                           std::string_view estensione);
 // The archives of an open database, in its order of tables.
 std::vector<std::string> ElencoArchivi(const Database& db);
 // The same with the file opened before and closed after.
 std::vector<std::string> ElencoArchivi(const std::string& fileDB);
 
 // Creates the archive `nome` in the file: the ten fields and the index. The name is not checked
-// here (NomeNuovoArchivio does); the database raises ErroreDB for a name it refuses.
+// here (NomeNuovoArchivio does); the database raises ErroreDB for a name it refuses, and a
+// damaged file is refused (ErroreDB 3343) before anything is written.
 void CreaArchivio(const std::string& fileDB, const std::string& nome);
 
 // Writes a chart into the archive open on `rs`: a new row when `aggiungi` is true (-1), else the

@@ -35,6 +35,8 @@ std::string TestoEliminaArchivio(const std::string& nome) {
 }
 
 bool EliminaArchivio(const std::string& fileDB, const std::string& nome) {
+    // A places table is never an archive, whatever list offered it.
+    if (!EArchivio(nome)) return false;
     Database db(fileDB);
     for (const std::string& t : db.Tabelle())
         if (t == nome) {

@@ -17,7 +17,8 @@ namespace vesmo {
 
 // The question before an archive is deleted (title "Lyx - Gestione Archivi").
 std::string TestoEliminaArchivio(const std::string& nome);
-// Drops the table of exactly that name; nothing when there is none. True when one was dropped.
+// Drops the table of exactly that name; nothing when there is none or when the name is a places
+// table's (not an archive). True when one was dropped.
 bool EliminaArchivio(const std::string& fileDB, const std::string& nome);
 
 // Appends every chart of `sorgente`, in index order, to `destinazione`, the ten fields by value,

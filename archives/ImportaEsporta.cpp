@@ -162,10 +162,6 @@ bool Utf8Valido(std::string_view s) {
     return true;
 }
 
-std::string Cartella(const std::string& cartella, const std::string& file) {
-    return (std::filesystem::path(cartella) / file).string();
-}
-
 } // namespace
 
 bool LettoreCampiSF::InizioRecord() {
@@ -313,8 +309,11 @@ EsitoImport ImportaSF(const std::string& fileDB, const std::string& archivio,
                       const std::function<void(std::uint64_t)>& avanzamento) {
     std::ifstream in(fileTesto, std::ios::binary);
     if (!in) throw std::runtime_error("File non leggibile: " + fileTesto);
+    // The log is only ever appended to: an existing file of that name is not removed, and
+    // anything but a file (a folder, a device) is refused before the import begins.
     std::error_code ec;
-    std::filesystem::remove(fileLog, ec);
+    if (std::filesystem::exists(fileLog, ec) && !std::filesystem::is_regular_file(fileLog, ec))
+        throw std::runtime_error("Il log non è un file: " + fileLog);
 
     EsitoImport esito;
     esito.Archivio = archivio;
@@ -328,6 +327,7 @@ EsitoImport ImportaSF(const std::string& fileDB, const std::string& archivio,
     };
 
     Database db(fileDB);
+    db.VerificaPrimaDiScrivere();
     db.IniziaTransazione();
     try {
         db.CreaTabella(archivio, CampiArchivio(),
@@ -374,7 +374,14 @@ std::optional<EsitoImport> ImportaArchivioSF(const std::string& fileDB,
     std::optional<std::string> nome =
         NomeArchivioImport(NomeArchivioDaTitolo(titolo), elenco, fileTesto, messaggi);
     if (!nome) return std::nullopt;
-    const std::string fileLog = Cartella(cartella, *nome + ".log");
+    if (std::optional<std::string> errore = ErroreNomeArchivio(*nome)) {
+        messaggi.Mostra("Vesmo - frmGesArchivi.mnFileImpSFtxt: Nome Non Valido",
+                        "Il nome  " + *nome + "  non vale per un Archivio:\n" + *errore +
+                            "\nFile non importato:\n" + fileTesto,
+                        Pulsanti::Ok, Icona::Esclamativo);
+        return std::nullopt;
+    }
+    const std::string fileLog = FileDiArchivio(cartella, *nome, ".log");
     EsitoImport esito;
     messaggi.Occupato(true);
     try {
@@ -453,7 +460,7 @@ std::int64_t EsportaTesto(const std::string& fileDB, const std::string& archivio
 std::optional<std::string> EsportaArchivio(const std::string& fileDB, const std::string& archivio,
                                            const std::string& cartella, Messaggi& messaggi) {
     messaggi.Occupato(true);
-    const std::string percorso = Cartella(cartella, archivio + ".txt");
+    const std::string percorso = FileDiArchivio(cartella, archivio, ".txt");
     if (messaggi.Mostra("Vesmo - Export Archivi", "Scrittura del file " + percorso,
                         Pulsanti::OkAnnulla, Icona::Domanda) != Risposta::Ok) {
         messaggi.Occupato(false);

@@ -70,8 +70,10 @@ struct EsitoImport {
 
 // Imports the chart file `fileTesto` into the new archive `archivio` of `fileDB`: the archive and
 // all its rows are written in one transaction, so a failure leaves no archive behind (the error
-// goes on to the caller). Each refused record is one line of `fileLog`, which is deleted first
-// when it stands. `avanzamento` (may be empty) is called after each record with the bytes read.
+// goes on to the caller). Each refused record is one line appended to `fileLog`, which is made
+// at the first of them; an existing file is never removed, and a path that is not a file is
+// refused before anything is written. `avanzamento` (may be empty) is called after each record with
+// the bytes read.
 EsitoImport ImportaSF(const std::string& fileDB, const std::string& archivio,
                       const std::string& fileTesto, const std::string& fileLog,
                       const std::function<void(std::uint64_t)>& avanzamento = {});

@@ -332,6 +332,11 @@ std::optional<EsitoQuery> AvvioQuery(const std::string& fileDB, const std::strin
         return std::nullopt;
     }
     const std::string a = NomeRisultato(testoRisultato);
+    if (std::optional<std::string> errore = ErroreNomeArchivio(a)) {
+        messaggi.Mostra("Vesmo - Query", "Nome Non Valido: " + *errore, Pulsanti::Ok,
+                        Icona::Esclamativo);
+        return std::nullopt;
+    }
     for (const CondizioneQuery& q : condizioni)
         if (!SelezioneValida(q)) {
             messaggi.Mostra("Vesmo - Query", "Selezione  NON  valida!");

@@ -9,6 +9,10 @@
 
 namespace vesmo {
 
+const std::array<const char*, 12> SegniCalcolatrice = {
+    "Ariete",   "Toro",      "Gemelli",    "Cancro",     "Leone",    "Vergine",
+    "Bilancia", "Scorpione", "Sagittario", "Capricorno", "Acquario", "Pesci"};
+
 ErroreTipo::ErroreTipo(const std::string& testo)
     : std::runtime_error("Tipo non corrispondente: \"" + testo + "\"") {}
 

@@ -80,6 +80,8 @@ struct Equatoriali {
     double AR_h = 0, AR_m = 0, AR_s = 0; // right ascension, hours minutes seconds
     double Dec_Gradi = 0, Dec_Primi = 0; // declination, degrees and minutes
 };
+// The signs of the calculator's list, in full, from "Ariete" (0) to "Pesci" (11).
+extern const std::array<const char*, 12> SegniCalcolatrice;
 struct Eclittiche {
     int Segno = 0; // 0 Ariete to 11 Pesci
     double Lon_Gradi = 0, Lon_Primi = 0, Lon_Sec = 0;

@@ -36,6 +36,12 @@ int ComandoArchivi(const Parole& parole, std::ostream& out);
 int ComandoArchivio(const Parole& parole, std::ostream& out);
 int ComandoDb(const Parole& parole, std::ostream& out);
 int ComandoAspetti(const Parole& parole, std::ostream& out);
+int ComandoTransiti(const Parole& parole, std::ostream& out);
+
+// Where a command's notices go (the message boxes of the logic: an extreme latitude, a zone with
+// seconds...). Esegui writes them to stderr after the command's answer; a command that fails
+// prints its one line alone.
+std::ostream& Avvisi();
 
 // Runs a whole command line (without the program's name); returns the exit status.
 int Esegui(const Parole& parole, std::ostream& out, std::ostream& err);

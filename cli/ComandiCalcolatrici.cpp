@@ -15,6 +15,16 @@ namespace vesmo::cli {
 
 namespace {
 
+// These commands take options only: a stray word is refused.
+void SenzaParoleInPiu(const Argomenti& a) {
+    if (!a.Posizionali().empty())
+        throw ErroreArgomenti("argomento inatteso: " + a.Posizionali()[0]);
+}
+
+} // namespace
+
+namespace {
+
 // "G P S", "G P": numbers separated by blanks, as many as asked (missing ones are 0).
 std::array<double, 3> LeggiTripla(const std::string& testo, std::size_t quanti,
                                   const std::string& cosa) {
@@ -47,6 +57,7 @@ double JDDi(const Argomenti& a, bool conOra) {
 int ComandoDeltaT(const Parole& parole, std::ostream& out) {
     Argomenti a(parole, {"json"});
     a.Consenti({"data", "json"});
+    SenzaParoleInPiu(a);
     const Data d = LeggiData(a.Richiesta("data"));
     const double m = DeltaT(d.anno, d.anno, d.mese, d.giorno);
     if (a.Flag("json")) {
@@ -60,6 +71,7 @@ int ComandoDeltaT(const Parole& parole, std::ostream& out) {
 int ComandoEqT(const Parole& parole, std::ostream& out) {
     Argomenti a(parole, {"json"});
     a.Consenti({"data", "ora", "json"});
+    SenzaParoleInPiu(a);
     const double eqt = EquazioneDelTempo(JDDi(a, true));
     if (a.Flag("json")) {
         out << JsonOggetto().Numero("EqT", eqt).str() << '\n';
@@ -72,6 +84,7 @@ int ComandoEqT(const Parole& parole, std::ostream& out) {
 int ComandoEclEqu(const Parole& parole, std::ostream& out) {
     Argomenti a(parole, {"json"});
     a.Consenti({"data", "ora", "segno", "lon", "lat", "ar", "dec", "json"});
+    SenzaParoleInPiu(a);
     const bool eclittiche = a.Opzione("lon").has_value();
     const bool equatoriali = a.Opzione("ar").has_value();
     if (eclittiche == equatoriali)
@@ -86,7 +99,9 @@ int ComandoEclEqu(const Parole& parole, std::ostream& out) {
         const std::string segno = a.Opzione("segno").value_or("0");
         e.Segno = -1;
         for (int i = 0; i < 12; ++i)
-            if (UgualeSenzaCaso(segno, NomiSegni[i])) e.Segno = i;
+            if (UgualeSenzaCaso(segno, SegniCalcolatrice[static_cast<std::size_t>(i)]) ||
+                UgualeSenzaCaso(segno, NomiSegni[i]))
+                e.Segno = i;
         if (e.Segno < 0) {
             std::optional<double> n = NumeroDiCasella(segno);
             if (!n || *n != std::floor(*n) || *n < 0 || *n > 11)
@@ -131,7 +146,7 @@ int ComandoEclEqu(const Parole& parole, std::ostream& out) {
     if (json) {
         out << JsonOggetto()
                    .Numero("cbSegni", e.Segno)
-                   .Testo("Segno", NomiSegni[e.Segno])
+                   .Testo("Segno", SegniCalcolatrice[static_cast<std::size_t>(e.Segno)])
                    .Numero("txLon_Gradi", e.Lon_Gradi)
                    .Numero("txLon_Primi", e.Lon_Primi)
                    .Numero("txLon_Sec", e.Lon_Sec)
@@ -140,8 +155,9 @@ int ComandoEclEqu(const Parole& parole, std::ostream& out) {
                    .str()
             << '\n';
     } else {
-        out << "Lon  " << NomiSegni[e.Segno] << ' ' << TestoNumero(e.Lon_Gradi) << "° "
-            << TestoNumero(e.Lon_Primi) << "' " << FormatoNumero(e.Lon_Sec, "#0.0#") << "\"\n"
+        out << "Lon  " << SegniCalcolatrice[static_cast<std::size_t>(e.Segno)] << ' '
+            << TestoNumero(e.Lon_Gradi) << "° " << TestoNumero(e.Lon_Primi) << "' "
+            << FormatoNumero(e.Lon_Sec, "#0.0#") << "\"\n"
             << "Lat  " << TestoNumero(e.Lat_Gradi) << "° " << TestoNumero(e.Lat_Primi) << "'\n";
     }
     return 0;
@@ -150,6 +166,7 @@ int ComandoEclEqu(const Parole& parole, std::ostream& out) {
 int ComandoFormati(const Parole& parole, std::ostream& out) {
     Argomenti a(parole, {"json"});
     a.Consenti({"gradi", "ore", "gradi-decimali", "ore-decimali", "radianti", "json"});
+    SenzaParoleInPiu(a);
     struct Sorgente {
         const char* opzione;
         int primo, quanti;

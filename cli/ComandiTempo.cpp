@@ -73,7 +73,7 @@ std::string RigaIstante(const char* nome, double jd) {
 int Stampa(const Tema& t, std::int16_t lunaGeo, const Argomenti& a, std::ostream& out,
            const std::vector<std::pair<std::string, std::string>>& campiJson,
            const std::string& righe) {
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     Case c;
     Posizioni p;
     CastaTema(t, c, p, lunaGeo, messaggi);
@@ -184,7 +184,7 @@ bool RilocaRivoluzione(RivoluzioneCercata& r, const Argomenti& a, Messaggi& mess
 int ComandoRivoluzione(const Parole& parole, std::ostream& out) {
     std::vector<std::string> proprie = OpzioniRivoluzione(true);
     Argomenti a = Leggi(parole, proprie, {"json", "primo", "rilocata"});
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     RivoluzioneCercata r = CercaRivoluzioneDaArgomenti(a, true, messaggi);
     if (!r.e.trovato) return NonTrovato("rivoluzione non trovata");
     RilocaRivoluzione(r, a, messaggi);
@@ -213,7 +213,7 @@ int ComandoDirezione(const Parole& parole, std::ostream& out) {
         throw ErroreArgomenti("serve --anni X oppure --data-direzione GG/MM/AAAA");
     if (perAnni && a.Flag("frazione"))
         throw ErroreArgomenti("--frazione vale solo con --data-direzione");
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     Sessione s = ConNatale(a, messaggi);
     float api = 0;
     if (perAnni) {
@@ -255,9 +255,16 @@ int ComandoIngresso(const Parole& parole, std::ostream& out) {
     d.pianeta = pianeta;
     d.bersaglio = LeggiNumero(a.Richiesta("bersaglio"), "bersaglio", 0, 360);
     d.partenza = LeggiGiornoGiuliano(a.Richiesta("partenza"), "partenza");
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     Sessione s = ConNatale(a, messaggi);
-    EsitoIngresso e = IngressiPinS(s, d, messaggi);
+    // The search's boxes go to stderr as they stand, unless it could not run: then its cause
+    // alone, as the failure's one line.
+    MessaggiRegistrati boxRicerca;
+    EsitoIngresso e = IngressiPinS(s, d, boxRicerca);
+    if (!e.errore.empty()) throw std::runtime_error(e.errore);
+    for (const auto& v : boxRicerca.registro)
+        if (v.tipo == MessaggiRegistrati::Voce::Box)
+            messaggi.Mostra(v.titolo, v.testo, v.pulsanti, v.icona);
     if (e.giaSulBersaglio) return NonTrovato("il pianeta è già sul bersaglio al JD di partenza");
     if (!e.trovato) return NonTrovato("ingresso non trovato");
 

@@ -120,7 +120,7 @@ int ComandoAspetti(const Parole& parole, std::ostream& out) {
     Tema primo = LeggiTema(a);
     Tema secondo = comparati ? SecondoTema(a, primo) : primo;
     std::int16_t luna = LeggiLuna(a);
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     Case c;
     Posizioni posRighe, posColonne;
     CastaTema(primo, c, posRighe, luna, messaggi);

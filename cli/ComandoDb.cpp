@@ -31,6 +31,13 @@ std::filesystem::path FileDb(const Argomenti& a) {
     return file;
 }
 
+// Before a write: a read-only file or a damaged one is refused, naming the file.
+void VerificaScrivibile(const std::filesystem::path& file) {
+    Database db(file);
+    if (db.SolaLettura()) throw std::runtime_error("Database di sola lettura: " + file.string());
+    db.VerificaPrimaDiScrivere();
+}
+
 ListaPulizia QualeLista(const std::string& parola) {
     if (parola == "fusi") return ListaPulizia::Fusi;
     if (parola == "estive") return ListaPulizia::Estive;
@@ -55,14 +62,16 @@ int Pulizia(const Argomenti& a, std::ostream& out) {
     if (a.Posizionali().size() != 2) throw ErroreArgomenti(UsoDb);
     const ListaPulizia lista = QualeLista(a.Posizionali()[1]);
     const auto file = FileDb(a);
-    const EsitoScansione esito = ScansionePulizia(file, lista);
+    // The list is read without writing; only --elimina writes, into a file found sound first.
+    const EsitoScansione esito = ScansioneSolaLettura(file, lista);
     std::int64_t eliminate = 0;
     if (a.Flag("elimina")) {
+        VerificaScrivibile(file);
         CopiaPrimaDiEliminare(a);
         eliminate = EliminaRighe(file, lista, esito.codici);
+        // A work index left by the workstation's cleaning form goes with it.
+        EliminaIndiceLavoro(file, lista);
     }
-    // No later step of a script would drop the work index: it goes now.
-    EliminaIndiceLavoro(file, lista);
     if (a.Flag("json")) {
         JsonLista codici;
         for (auto c : esito.codici)
@@ -115,6 +124,7 @@ int Copia(const Argomenti& a, std::ostream& out) {
     const bool fusi = QualeLista(a.Posizionali()[1]) == ListaPulizia::Fusi;
     const std::int32_t da = LeggiCodice(a.Richiesta("da"));
     const std::int32_t nuovo = LeggiCodice(a.Richiesta("a"));
+    VerificaScrivibile(FileDb(a));
     Database db(FileDb(a));
     MessaggiRegistrati m;
     ModelloDbEdit e(db, m, db.Percorso().string());

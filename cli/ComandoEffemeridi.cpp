@@ -50,7 +50,7 @@ int ComandoEffemeridi(const Parole& parole, std::ostream& out) {
     std::string testoJd = a.Richiesta("jd");
     double jd = LeggiGiornoGiuliano(testoJd, "giorno giuliano");
 
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     Effemeridi e = CalcolaEffemeridi(jd, true, messaggi);
 
     if (a.Flag("json")) {

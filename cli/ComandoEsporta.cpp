@@ -26,12 +26,11 @@ int ComandoEsporta(const Parole& parole, std::ostream& out) {
     for (const std::string& t : ElencoArchivi(fileDB))
         if (t == archivio) trovato = true;
     if (!trovato) throw std::runtime_error("archivio non trovato: " + archivio);
-    const std::string file =
-        a.Opzione("out")
-            ? *a.Opzione("out")
-            : (std::filesystem::path(CartellaProgramma()) / (archivio + ".txt")).string();
+    const std::string file = a.Opzione("out")
+                                 ? *a.Opzione("out")
+                                 : FileDiArchivio(CartellaProgramma(), archivio, ".txt");
     // The warnings of a zone with seconds go to stderr.
-    MessaggiConsole avvisi(std::cerr);
+    MessaggiConsole avvisi(Avvisi());
     const std::int64_t n = EsportaTesto(fileDB, archivio, file, avvisi);
     if (a.Flag("json")) {
         JsonOggetto j;

@@ -30,13 +30,18 @@ int ComandoImporta(const Parole& parole, std::ostream& out) {
     std::string nome = a.Opzione("archivio")
                            ? SenzaSpazi(*a.Opzione("archivio"))
                            : NomeArchivioDaTitolo(std::filesystem::path(file).filename().string());
-    if (nome.empty()) throw ErroreArgomenti("nome dell'archivio vuoto");
+    if (auto errore = ErroreNomeArchivio(nome))
+        throw ErroreArgomenti((a.Opzione("archivio") ? "--archivio: " : "") + *errore +
+                              (a.Opzione("archivio") ? "" : " (--archivio NOME ne dà un altro)"));
+    // The log: the one named, or the archive's beside the program; only ever appended to.
+    const std::string log =
+        a.Opzione("log") ? *a.Opzione("log") : FileDiArchivio(CartellaProgramma(), nome, ".log");
+    if (log.empty()) throw ErroreArgomenti("--log senza nome di file");
+    if (std::filesystem::exists(log, ec) && !std::filesystem::is_regular_file(log, ec))
+        throw ErroreArgomenti("--log: non è un file: " + log);
     for (const std::string& esistente : ElencoArchivi(fileDB))
         if (UgualeSenzaCaso(esistente, nome))
             throw std::runtime_error("l'archivio " + esistente + " esiste già");
-    const std::string log =
-        a.Opzione("log") ? *a.Opzione("log")
-                         : (std::filesystem::path(CartellaProgramma()) / (nome + ".log")).string();
     const EsitoImport e = ImportaSF(fileDB, nome, file, log);
     if (a.Flag("json")) {
         JsonOggetto j;

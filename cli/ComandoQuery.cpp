@@ -7,8 +7,8 @@
 #include "archives/Archivi.h"
 #include "archives/Query.h"
 #include "chart/Aspetti.h"
-#include "cli/FileArchivi.h"
 #include "cli/Comandi.h"
+#include "cli/FileArchivi.h"
 #include "cli/Json.h"
 #include "core/Testo.h"
 
@@ -168,6 +168,8 @@ int ComandoQuery(const Parole& parole, std::ostream& out) {
     const std::string da = a.Richiesta("da");
     const std::string nomeA = a.Richiesta("a");
     if (SenzaSpazi(nomeA).empty()) throw ErroreArgomenti("Manca (new) Archivio Query To !!!");
+    if (auto errore = ErroreNomeArchivio(NomeRisultato(nomeA)))
+        throw ErroreArgomenti("--a: " + *errore);
     std::int16_t lunaGeo = 1;
     if (auto l = a.Opzione("luna")) {
         if (Normale(*l) == "topo")
@@ -180,7 +182,7 @@ int ComandoQuery(const Parole& parole, std::ostream& out) {
     for (const std::string& t : ElencoArchivi(fileDB))
         if (t == SenzaSpazi(da)) trovato = true;
     if (!trovato) throw std::runtime_error("archivio non trovato: " + da);
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     std::optional<EsitoQuery> e = AvvioQuery(fileDB, da, nomeA, prove, lunaGeo, messaggi);
     if (!e) return 1; // the source is empty: the message is on stderr
     if (a.Flag("json")) {

@@ -135,7 +135,7 @@ int ComandoRuota(const Parole& parole, std::ostream& out) {
 
     Tema natale = LeggiTema(a);
     std::int16_t luna = LeggiLuna(a);
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     Case cuspidi;
     Posizioni posNatale;
     CastaTema(natale, cuspidi, posNatale, luna, messaggi);

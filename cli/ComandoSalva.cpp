@@ -1,6 +1,7 @@
 // vesmo-cli salva: a chart's record stored into an archive, created when missing. Nothing is
 // cast. A chart of the same name is refused unless --doppio says to overwrite the first of that
 // name or to add a second one.
+#include <optional>
 #include <stdexcept>
 
 #include "archives/Archivi.h"
@@ -26,33 +27,41 @@ int ComandoSalva(const Parole& parole, std::ostream& out) {
     if (!doppio.empty() && doppio != "sovrascrivi" && doppio != "aggiungi")
         throw ErroreArgomenti("--doppio non valido: '" + doppio + "' (sovrascrivi o aggiungi)");
     const std::string richiesto = SenzaSpazi(a.Richiesta("archivio"));
-    if (richiesto.empty()) throw ErroreArgomenti("--archivio senza nome");
+    if (auto errore = ErroreNomeArchivio(richiesto))
+        throw ErroreArgomenti("--archivio: " + *errore);
     const Tema tema = LeggiTema(a);
 
     Database db = ApriArchivi(a);
-    bool creato = false;
-    std::string archivio;
-    const std::vector<std::string> archivi = ElencoArchivi(db);
-    for (const std::string& n : archivi)
-        if (n == richiesto) archivio = n;
-    if (archivio.empty()) {
-        // A new archive: the checks of the management form's create button.
-        for (const std::string& n : archivi)
-            if (UgualeSenzaCaso(n, richiesto))
-                throw ErroreArgomenti("l'archivio " + n + " esiste già: nomi uguali a meno " +
-                                      "delle maiuscole non sono ammessi");
-        if (db.EsisteTabella(richiesto) || !EArchivio(richiesto))
-            throw ErroreArgomenti("nome riservato a una tabella del database: " + richiesto);
-        db.Chiudi();
-        try {
-            CreaArchivio(FileDatabase(a).string(), richiesto);
-        } catch (const ErroreDB& e) {
-            throw ErroreArgomenti("il database non accetta il nome " + richiesto + ": " + e.what());
+    if (db.SolaLettura())
+        throw std::runtime_error("Database di sola lettura: " + FileDatabase(a).string());
+    db.VerificaPrimaDiScrivere();
+    // The archive of that exact name; another of the same name but for the case is refused, as
+    // the database does not tell them apart.
+    auto trova = [&]() -> std::optional<std::string> {
+        std::optional<std::string> r;
+        for (const std::string& n : ElencoArchivi(db)) {
+            if (n == richiesto) return n;
+            if (UgualeSenzaCaso(n, richiesto)) r = n;
         }
-        db.Apri(FileDatabase(a));
-        archivio = richiesto;
-        creato = true;
+        if (r)
+            throw ErroreArgomenti("l'archivio " + *r + " esiste già: nomi uguali a meno " +
+                                  "delle maiuscole non sono ammessi");
+        return std::nullopt;
+    };
+    bool creato = false;
+    std::optional<std::string> trovato = trova();
+    if (!trovato) {
+        try {
+            db.CreaTabella(richiesto, CampiArchivio(),
+                           {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
+            creato = true;
+        } catch (const ErroreDB&) {
+            // Another program made it in the meantime: the chart goes into that one.
+            trovato = trova();
+            if (!trovato) throw;
+        }
     }
+    const std::string archivio = trovato ? *trovato : richiesto;
 
     Cursore rs(db, archivio);
     rs.Index(IndiceArchivio);

@@ -77,7 +77,7 @@ int ComandoStampa(const Parole& parole, std::ostream& out) {
 
     Tema tema = LeggiTema(a);
     o.LunaGeo = LeggiLuna(a);
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     Case cuspidi;
     Posizioni pos;
     CastaTema(tema, cuspidi, pos, o.LunaGeo, messaggi);

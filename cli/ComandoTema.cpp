@@ -128,7 +128,7 @@ int ComandoTema(const Parole& parole, std::ostream& out) {
         throw ErroreArgomenti("argomento inatteso: " + a.Posizionali()[0]);
     Tema t = LeggiTema(a);
     std::int16_t luna = LeggiLuna(a);
-    MessaggiConsole messaggi(std::cerr);
+    MessaggiConsole messaggi(Avvisi());
     Case c;
     Posizioni p;
     CastaTema(t, c, p, luna, messaggi);

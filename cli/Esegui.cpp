@@ -1,6 +1,9 @@
 #include <exception>
 #include <functional>
 #include <map>
+#include <sstream>
+#include <string>
+#include <string_view>
 
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
@@ -54,6 +57,12 @@ const char* const Uso =
     "  aspetti OPZIONI-TEMA [--con-data GG/MM/AAAA --con-ora HH:MM [--con-estiva H]]\n"
     "       [--orbita G]            griglia degli aspetti del tema con se stesso o con\n"
     "                               il secondo tema nello stesso luogo\n"
+    "  transiti OPZIONI-TEMA [--da GG/MM/AAAA] [--a GG/MM/AAAA] [--pianeti LISTA]\n"
+    "       [--punti LISTA] [--aspetti LISTA] [--orbita G]   ogni transito esatto del periodo\n"
+    "                               (l'anno in corso se manca) ai punti del tema, con\n"
+    "                               ingresso e uscita dall'orbita; liste separate da virgole;\n"
+    "                               ora locale con il fuso e l'ora estiva di ogni data (dal\n"
+    "                               database con --city, se no quelli del tema)\n"
     "  salva OPZIONI-TEMA --archivio NOME [--doppio sovrascrivi|aggiungi]\n"
     "                               scrive il tema nell'archivio (creato se manca)\n"
     "  archivi                      gli archivi dei temi e quanti temi hanno\n"
@@ -85,6 +94,65 @@ const char* const Uso =
     "  --comandi                    i nomi dei comandi, uno per riga\n"
     "Ogni comando accetta --json.\n";
 
+// The lines of the usage that tell one command: those that begin with its name, each with the
+// indented lines that go on from it.
+std::string UsoDelComando(const std::string& comando) {
+    std::string r;
+    bool dentro = false;
+    std::size_t inizio = 0;
+    const std::string_view uso = Uso;
+    while (inizio < uso.size()) {
+        std::size_t fine = uso.find('\n', inizio);
+        if (fine == std::string_view::npos) fine = uso.size();
+        const std::string_view riga = uso.substr(inizio, fine - inizio);
+        inizio = fine + 1;
+        if (riga.rfind("  " + comando + " ", 0) == 0 || riga == "  " + comando) {
+            dentro = true;
+        } else if (!(dentro && riga.rfind("   ", 0) == 0)) {
+            dentro = false;
+            continue;
+        }
+        r += r.empty() ? "uso: vesmo-cli " + std::string(riga.substr(2)) : std::string(riga);
+        r += '\n';
+    }
+    if (r.empty()) r = "uso: vesmo-cli " + comando + " [OPZIONI]\n";
+    return r + "  --json                       risposta in JSON\n";
+}
+
+// A request for help: -h or --help right after the command's name or last on the line.
+bool ChiedeAiuto(const Parole& parole) {
+    auto aiuto = [](const std::string& p) { return p == "--help" || p == "-h"; };
+    return parole.size() >= 2 && (aiuto(parole[1]) || aiuto(parole.back()));
+}
+
+} // namespace
+
+std::ostream& Avvisi() {
+    thread_local std::ostringstream avvisi;
+    return avvisi;
+}
+
+namespace {
+
+// The notices of one run: collected from its start, written out by the end of a run that did
+// not fail with an exception.
+class AvvisiDellEsecuzione {
+public:
+    AvvisiDellEsecuzione() { Svuota(); }
+    ~AvvisiDellEsecuzione() { Svuota(); }
+    void Scrivi(std::ostream& err) {
+        err << static_cast<std::ostringstream&>(Avvisi()).str();
+        Svuota();
+    }
+
+private:
+    static void Svuota() {
+        auto& a = static_cast<std::ostringstream&>(Avvisi());
+        a.str({});
+        a.clear();
+    }
+};
+
 } // namespace
 
 int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
@@ -103,6 +171,7 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         {"luogo", ComandoLuogo},
         {"cerca", ComandoCerca},
         {"aspetti", ComandoAspetti},
+        {"transiti", ComandoTransiti},
         {"vicine", ComandoVicine},
         {"importa", ComandoImporta},
         {"esporta", ComandoEsporta},
@@ -130,8 +199,15 @@ int Esegui(const Parole& parole, std::ostream& out, std::ostream& err) {
         err << "vesmo-cli: comando sconosciuto: " << UnaRiga(parole[0]) << '\n';
         return 2;
     }
+    if (ChiedeAiuto(parole)) {
+        out << UsoDelComando(parole[0]);
+        return 0;
+    }
+    AvvisiDellEsecuzione avvisi;
     try {
-        return it->second(Parole(parole.begin() + 1, parole.end()), out);
+        const int stato = it->second(Parole(parole.begin() + 1, parole.end()), out);
+        avvisi.Scrivi(err);
+        return stato;
     } catch (const ErroreArgomenti& e) {
         err << "vesmo-cli " << parole[0] << ": " << UnaRiga(e.what()) << '\n';
         return 2;

@@ -4,9 +4,13 @@
 #include <cstdio>
 #include <cstdlib>
 
+#include "core/Testo.h"
+
 namespace vesmo::cli {
 
-std::string JsonTesto(std::string_view s) {
+std::string JsonTesto(std::string_view testo) {
+    // JSON is UTF-8: a byte that is not part of a valid sequence becomes U+FFFD.
+    const std::string s = RiparaUtf8(testo);
     std::string r = "\"";
     for (char c : s) {
         switch (c) {

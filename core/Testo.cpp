@@ -9,6 +9,61 @@ namespace vesmo {
 
 namespace {
 
+// The length of the valid UTF-8 sequence at the start of `s`, or 0.
+std::size_t SequenzaUtf8(std::string_view s) {
+    const auto c = static_cast<unsigned char>(s[0]);
+    std::size_t n;
+    char32_t u;
+    if (c < 0x80) return 1;
+    if (c >= 0xC2 && c <= 0xDF)
+        n = 1, u = c & 0x1F;
+    else if (c >= 0xE0 && c <= 0xEF)
+        n = 2, u = c & 0x0F;
+    else if (c >= 0xF0 && c <= 0xF4)
+        n = 3, u = c & 0x07;
+    else
+        return 0;
+    if (n >= s.size()) return 0;
+    for (std::size_t k = 1; k <= n; ++k) {
+        const auto d = static_cast<unsigned char>(s[k]);
+        if ((d & 0xC0) != 0x80) return 0;
+        u = (u << 6) | (d & 0x3F);
+    }
+    if ((n == 2 && u < 0x800) || (n == 3 && (u < 0x10000 || u > 0x10FFFF)) ||
+        (u >= 0xD800 && u <= 0xDFFF))
+        return 0;
+    return n + 1;
+}
+
+} // namespace
+
+bool TestoUtf8Valido(std::string_view s) {
+    for (std::size_t i = 0; i < s.size();) {
+        const std::size_t n = SequenzaUtf8(s.substr(i));
+        if (n == 0) return false;
+        i += n;
+    }
+    return true;
+}
+
+std::string RiparaUtf8(std::string_view s) {
+    std::string r;
+    r.reserve(s.size());
+    for (std::size_t i = 0; i < s.size();) {
+        const std::size_t n = SequenzaUtf8(s.substr(i));
+        if (n == 0) {
+            r += "\xEF\xBF\xBD";
+            ++i;
+        } else {
+            r.append(s.substr(i, n));
+            i += n;
+        }
+    }
+    return r;
+}
+
+namespace {
+
 bool InizioCarattere(unsigned char c) {
     return (c & 0xC0) != 0x80;
 }

@@ -21,6 +21,11 @@ std::string TagliaOAllunga(std::string_view utf8, std::size_t n);
 std::string SenzaSpazi(std::string_view s);
 std::string SenzaSpaziDestra(std::string_view s);
 
+// Whether the bytes are valid UTF-8 (no overlong forms, no surrogates, nothing past U+10FFFF).
+bool TestoUtf8Valido(std::string_view s);
+// The text with each byte that is not part of a valid UTF-8 sequence replaced by U+FFFD.
+std::string RiparaUtf8(std::string_view s);
+
 // Latin-1 bytes to UTF-8, and back (characters outside Latin-1 become '?').
 std::string DaLatin1(std::string_view latin1);
 std::string ALatin1(std::string_view utf8);

@@ -56,6 +56,31 @@ EsitoScansione ScansionePulizia(const fs::path& fileDB, ListaPulizia lista) {
     return esito;
 }
 
+EsitoScansione ScansioneSolaLettura(const fs::path& fileDB, ListaPulizia lista) {
+    Database db(fileDB);
+    EsitoScansione esito;
+    LetturaUnica lettura(db);
+    std::unordered_set<std::int32_t> usati;
+    {
+        Cursore codici = Cursore::Sql(db, std::string("SELECT DISTINCT ") + CampoCodice(lista) +
+                                              " FROM AllCity");
+        for (; !codici.Eof(); codici.MoveNext())
+            usati.insert(Intero(codici, CampoCodice(lista)));
+    }
+    Cursore tabella(db, Tabella(lista));
+    std::int32_t precedente = 0;
+    std::unordered_set<std::int32_t> elencati;
+    for (; !tabella.Eof(); tabella.MoveNext()) {
+        ++esito.esaminate;
+        const std::int32_t codice = Intero(tabella, CampoCodice(lista));
+        if (codice == precedente) continue;
+        precedente = codice;
+        if (usati.count(codice) || codice >= 10000) continue;
+        if (elencati.insert(codice).second) esito.codici.push_back(codice);
+    }
+    return esito;
+}
+
 std::string TestoScansione(const EsitoScansione& esito) {
     return std::to_string(esito.esaminate) + "  Righe esaminate - (" +
            std::to_string(esito.codici.size()) + " Codici da Eliminare)";

@@ -31,6 +31,9 @@ struct EsitoScansione {
 // Creates the work index on AllCity (an index of that name left by an earlier scan is used as
 // it stands) and lists the codes of the table's rows that no place has.
 EsitoScansione ScansionePulizia(const std::filesystem::path& fileDB, ListaPulizia lista);
+// The same list read without a write to the file (no work index): the codes that places use are
+// read once, then the table is walked. For a listing, which must work on a read-only file.
+EsitoScansione ScansioneSolaLettura(const std::filesystem::path& fileDB, ListaPulizia lista);
 // The text of Text1 after the scan: "1234  Righe esaminate - (3 Codici da Eliminare)".
 std::string TestoScansione(const EsitoScansione& esito);
 

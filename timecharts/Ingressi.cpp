@@ -1,8 +1,13 @@
 #include "timecharts/Ingressi.h"
 
 #include <algorithm>
+#include <cerrno>
 #include <cmath>
+#include <cstdlib>
+#include <cstring>
+#include <stdexcept>
 #include <system_error>
+#include <unistd.h>
 #include <vector>
 
 #include "chart/Case.h"
@@ -87,25 +92,41 @@ struct Riga {
     int Mv = 0, Cvg = 0;
 };
 
-// TabellaPinS in its temporary file, made new by each run.
+// TabellaPinS in its temporary file, made new by each run: a file of its own, created
+// exclusively, so that runs at the same time and files left by others do not meet.
 class TabellaPinS {
 public:
-    explicit TabellaPinS(const std::filesystem::path& cartella) {
-        std::filesystem::create_directories(cartella);
-        auto file = cartella / FileTemporaneoPinS;
-        std::filesystem::remove(file);
-        db_.Crea(file);
-        db_.CreaTabella("TabellaPinS",
-                        {{"Ges", TipoCampo::Doppio},
-                         {"Les", TipoCampo::Doppio},
-                         {"Mv", TipoCampo::Intero16},
-                         {"Cvg", TipoCampo::Intero16}},
-                        {{"Tempi", {"Ges"}}});
-        cur_.emplace(db_, "TabellaPinS");
-        cur_->Index("Tempi");
-        // One transaction for the run: the file is scratch, and a commit a sample would spend
-        // the search's time waiting on the disk.
-        db_.IniziaTransazione();
+    TabellaPinS(const std::filesystem::path& cartella, bool conserva) : conserva_(conserva) {
+        std::error_code ec;
+        std::filesystem::create_directories(cartella, ec);
+        std::string modello =
+            (cartella / (std::string(FileTemporaneoPinS) + "_XXXXXX.mdb")).string();
+        const int fd = ::mkstemps(modello.data(), 4);
+        if (fd < 0)
+            throw std::runtime_error("Impossibile creare il file temporaneo della ricerca in " +
+                                     cartella.string() + ": " + std::strerror(errno));
+        ::close(fd);
+        file_ = modello;
+        try {
+            // An empty file opens as an empty database.
+            db_.Apri(file_);
+            db_.CreaTabella("TabellaPinS",
+                            {{"Ges", TipoCampo::Doppio},
+                             {"Les", TipoCampo::Doppio},
+                             {"Mv", TipoCampo::Intero16},
+                             {"Cvg", TipoCampo::Intero16}},
+                            {{"Tempi", {"Ges"}}});
+            cur_.emplace(db_, "TabellaPinS");
+            cur_->Index("Tempi");
+            // One transaction for the run: the file is scratch, and a commit a sample would
+            // spend the search's time waiting on the disk.
+            db_.IniziaTransazione();
+        } catch (...) {
+            cur_.reset();
+            db_.Chiudi();
+            Rimuovi();
+            throw;
+        }
     }
     ~TabellaPinS() {
         try {
@@ -115,7 +136,12 @@ public:
         }
         cur_.reset();
         db_.Chiudi();
+        if (!conserva_) Rimuovi();
     }
+    TabellaPinS(const TabellaPinS&) = delete;
+    TabellaPinS& operator=(const TabellaPinS&) = delete;
+
+    const std::filesystem::path& File() const { return file_; }
 
     void Scrivi(double ges, double les) {
         cur_->AddNew();
@@ -150,6 +176,14 @@ public:
     }
 
 private:
+    void Rimuovi() {
+        std::error_code ec;
+        std::filesystem::remove(file_, ec);
+        std::filesystem::remove(file_.string() + "-journal", ec);
+    }
+
+    bool conserva_;
+    std::filesystem::path file_;
     Database db_;
     std::optional<Cursore> cur_;
 };
@@ -158,7 +192,9 @@ class Ricerca {
 public:
     Ricerca(const DatiIngresso& d, Messaggi& m, const Avanzamento& a)
         : n_(d.pianeta), bersaglio_(d.bersaglio), m_(m), av_(a),
-          tabella_(d.cartella.empty() ? CartellaTemporanea() : d.cartella) {}
+          tabella_(d.cartella.empty() ? CartellaTemporanea() : d.cartella, d.conservaFile) {}
+
+    const std::filesystem::path& FileTemporaneo() const { return tabella_.File(); }
 
     EsitoIngresso Esegui(double partenza);
 
@@ -416,12 +452,15 @@ EsitoIngresso IngressiPinS(Sessione& s, const DatiIngresso& dati, Messaggi& mess
     try {
         Ricerca ricerca(dati, messaggi, avanzamento);
         e = ricerca.Esegui(dati.partenza);
+        if (dati.conservaFile) e.fileTemporaneo = ricerca.FileTemporaneo();
     } catch (const Interrotta&) {
         return {};
     } catch (const std::exception& ex) {
         messaggi.Mostra("Lyx - Errore  [frmInSegni.IngressiPinS]", ex.what(), Pulsanti::Ok,
                         Icona::Critico);
-        return {};
+        EsitoIngresso fallito;
+        fallito.errore = ex.what();
+        return fallito;
     }
     if (!e.trovato) return e;
     s.TemaX = s.TransitoCalcolato ? s.TemaTra : s.TemaNat;

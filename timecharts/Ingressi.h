@@ -29,8 +29,9 @@ int PianetaDellaLista(int riga);
 // Mean period in days of body n (1..10, 3 the Earth gives 0).
 double PeriodoMedio(int n);
 
-// The temporary file of the survey, in the system's temporary folder.
-inline constexpr const char* FileTemporaneoPinS = "Exp_PinS_Tmp.mdb";
+// The temporary file of the survey, in the system's temporary folder: each run makes a file of
+// its own, named with this prefix, a unique part and ".mdb", and removes it at its end.
+inline constexpr const char* FileTemporaneoPinS = "Exp_PinS_Tmp";
 std::filesystem::path CartellaTemporanea();
 
 inline constexpr const char* Label7Stazione = "Attenzione, il movimento del Pianeta diventa  ";
@@ -51,6 +52,9 @@ struct DatiIngresso {
     double partenza = 0; // JD Partenza
     // Where the temporary file goes; empty: the system's temporary folder.
     std::filesystem::path cartella;
+    // Keeps the temporary file after the run (its path in EsitoIngresso::fileTemporaneo), for
+    // whoever wants to look at the survey.
+    bool conservaFile = false;
 };
 
 struct EsitoIngresso {
@@ -61,6 +65,11 @@ struct EsitoIngresso {
     // Set when the search ended without a result and without a box: the planet already
     // stood on the target at the start.
     bool giaSulBersaglio = false;
+    // Set when the search could not run (its temporary file could not be made, the disk
+    // failed): what stopped it. The box has told it.
+    std::string errore;
+    // The survey's file, when DatiIngresso::conservaFile kept it.
+    std::filesystem::path fileTemporaneo;
 };
 
 // The longitude of body n at jd (planets as the chart computes them, 10 the mean node).

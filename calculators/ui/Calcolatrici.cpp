@@ -411,7 +411,7 @@ frmEclEqu_Lyx::frmEclEqu_Lyx(Messaggi& messaggi, QWidget* genitore)
     QGroupBox* ecl = Riquadro(this, "Frame1", "Eclittiche ---> Equatoriali ");
     cbSegni = new QComboBox(ecl);
     cbSegni->setObjectName("cbSegni");
-    for (const char* s : NomiSegni)
+    for (const char* s : SegniCalcolatrice)
         cbSegni->addItem(QString::fromUtf8(s));
     cbSegni->setCurrentIndex(0);
     txLon_Gradi = Casella(ecl, "txLon_Gradi", 50);

@@ -37,7 +37,9 @@ Risposta MessaggiQt::Mostra(const std::string& titolo, const std::string& testo,
     case Icona::Nessuna:
         break;
     }
+    // The buttons, the first of them the one Return presses.
     QMessageBox::StandardButtons b;
+    QMessageBox::StandardButton primo = QMessageBox::Ok;
     switch (pulsanti) {
     case Pulsanti::Ok:
         b = QMessageBox::Ok;
@@ -47,20 +49,27 @@ Risposta MessaggiQt::Mostra(const std::string& titolo, const std::string& testo,
         break;
     case Pulsanti::InterrompiRiprovaIgnora:
         b = QMessageBox::Abort | QMessageBox::Retry | QMessageBox::Ignore;
+        primo = QMessageBox::Abort;
         break;
     case Pulsanti::SiNoAnnulla:
         b = QMessageBox::Yes | QMessageBox::No | QMessageBox::Cancel;
+        primo = QMessageBox::Yes;
         break;
     case Pulsanti::SiNo:
         b = QMessageBox::Yes | QMessageBox::No;
+        primo = QMessageBox::Yes;
         break;
     case Pulsanti::RiprovaAnnulla:
         b = QMessageBox::Retry | QMessageBox::Cancel;
+        primo = QMessageBox::Retry;
         break;
     }
     box.setStandardButtons(b);
+    box.setDefaultButton(primo);
     QApplication::restoreOverrideCursor();
     switch (box.exec()) {
+    case QMessageBox::Ok:
+        return Risposta::Ok;
     case QMessageBox::Cancel:
         return Risposta::Annulla;
     case QMessageBox::Abort:

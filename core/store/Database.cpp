@@ -369,8 +369,33 @@ void Database::ConfermaTransazione() {
 }
 
 void Database::AnnullaTransazione() {
-    Conn().Esegui("ROLLBACK");
+    // A full disk, an I/O error or a lost lock may have rolled the transaction back already: the
+    // error that did it is the one to tell, not a rollback of nothing.
+    if (!sqlite3_get_autocommit(Conn().Db())) Conn().Esegui("ROLLBACK");
     ++Conn().versione;
+}
+
+void Database::VerificaPrimaDiScrivere() const {
+    sqlite3_stmt* st = nullptr;
+    int rc = sqlite3_prepare_v2(Conn().Db(), "PRAGMA quick_check(1)", -1, &st, nullptr);
+    std::string esito;
+    if (rc == SQLITE_OK) {
+        rc = sqlite3_step(st);
+        if (rc == SQLITE_ROW) {
+            const unsigned char* t = sqlite3_column_text(st, 0);
+            esito = t ? reinterpret_cast<const char*>(t) : "";
+            rc = SQLITE_OK;
+        }
+    }
+    sqlite3_finalize(st);
+    if (rc == SQLITE_OK && esito == "ok") return;
+    throw ErroreDB(ErroreDB::FormatoNonRiconosciuto,
+                   "Il file " + percorso_.string() + " è danneggiato: nessuna scrittura (" +
+                       (esito.empty() ? std::string(sqlite3_errstr(rc)) : esito) + ")");
+}
+
+bool Database::SolaLettura() const {
+    return sqlite3_db_readonly(Conn().Db(), "main") == 1;
 }
 
 LetturaUnica::LetturaUnica(Database& db) {

@@ -84,10 +84,17 @@ public:
                                        const std::filesystem::path& file,
                                        std::string_view sorgente);
 
-    // One transaction at a time; a cursor's Update inside it is undone by Annulla.
+    // One transaction at a time; a cursor's Update inside it is undone by Annulla. Annulla after
+    // a failure that the engine rolled back itself (a full disk) does nothing and raises nothing.
     void IniziaTransazione();
     void ConfermaTransazione();
     void AnnullaTransazione();
+
+    // Before a write: SQLite's quick check of every page. A damaged file raises ErroreDB 3343
+    // naming the file, so that nothing is written into it.
+    void VerificaPrimaDiScrivere() const;
+    // Whether the file could be opened only for reading (permissions, a read-only medium).
+    bool SolaLettura() const;
 
     // Writes a compact copy of `sorgente` into the new file `destinazione` (ErroreDB 3204 when
     // it exists, 3024 when the source does not). The source is only read: when the copy fails,

@@ -258,6 +258,18 @@ bool PannelloDati::Carica(const std::string& fileDB, char ordinamento) {
                                            : QStringLiteral(" Nazioni "));
     try {
         db_.Apri(fileDB);
+        // The launcher checks the file once at its opening: a damaged one is told at once, and
+        // every save into it is refused by the same check.
+        if (form_ == FormIngresso::MainVesmo) {
+            try {
+                db_.VerificaPrimaDiScrivere();
+            } catch (const ErroreDB& e) {
+                messaggi_.Mostra("Vesmo - DataBase",
+                                 "Il DataBase è danneggiato:\n" + fileDB +
+                                     "\nNessun tema vi sarà scritto.\n\n" + e.what(),
+                                 Pulsanti::Ok, Icona::Critico);
+            }
+        }
         luoghi_ = std::make_unique<ModelloLuoghi>(db_, messaggi_, ordinamento_, form_);
         luoghi_->ApriFusiEstive = [this, fileDB](std::int32_t cFusi, const std::string& d) {
             ApriZonaFusiEstive(fileDB, &db_, cFusi, d, messaggi_, window());

@@ -41,11 +41,11 @@ void frmInDatiLyx::Form_Load() {
 }
 
 void frmInDatiLyx::cmdCalcola_Click() {
-    // The record is read into a blank chart. A box that holds no number leaves TemaX and the
-    // form as they are, so the user can mend it; without a city the user is told, and the
-    // blank chart is the result.
+    // The record is read into a blank chart. Any box the user must mend (no number where one
+    // is wanted, no city) is told, and TemaX and the form stay as they are, so the user can
+    // mend it.
     Tema nuovo = s_.TemaVuoto;
-    if (!Dati->LeggiTema(nuovo) && !Dati->Text2->text().isEmpty()) return;
+    if (!Dati->LeggiTema(nuovo)) return;
     s_.TemaX = nuovo;
     s_.DatiOk = -1;
     if (TagCommand4 == QLatin1String("daRivSol")) {

@@ -3,7 +3,10 @@
 // the database refuses), and the read of a row deleted meanwhile.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "archives/Archivi.h"
+#include "archives/Gestione.h"
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
 #include "core/store/Connessione.h"
@@ -163,32 +166,148 @@ TEST_F(ArchiviTest, NomeDoppioChiedeUnAltroNome) {
     EXPECT_EQ(NomeNuovoArchivio("foo", elenco, messaggi), "alfa");
 }
 
-TEST_F(ArchiviTest, NomiConVirgoletteEParentesiENomiRifiutati) {
-    const std::string strano = "Temi \"Rossi\" [2024]; DROP TABLE AllCity;--'";
+// One rule for every name of an archive: what a file name and a table name can both hold, at most
+// 64 characters, no places table and no name the engine keeps.
+TEST_F(ArchiviTest, UnaRegolaPerINomiDegliArchivi) {
+    struct Caso {
+        std::string nome;
+        const char* perche; // the start of the refusal, or nullptr when the name is taken
+    };
+    const Caso casi[] = {
+        {"Famiglia", nullptr},
+        {"Temi Rossi (2024); DROP TABLE AllCity;--'", nullptr},
+        {"Città d'arte", nullptr},
+        {std::string(64, 'x'), nullptr},
+        {"\xc3\xa8" + std::string(63, 'x'), nullptr}, // 64 characters, 65 bytes
+        {"sqlitemio", nullptr},
+        {"NomiAlternativiMiei", nullptr},
+        {"", "nome dell'archivio vuoto"},
+        {"   ", "nome dell'archivio vuoto"},
+        {" Famiglia", "nome dell'archivio con spazi"},
+        {std::string(65, 'x'), "nome dell'archivio troppo lungo: al massimo 64 caratteri"},
+        {std::string(5000, 'x'), "nome dell'archivio troppo lungo"},
+        {"../../x", "il nome dell'archivio non può contenere il carattere ."},
+        {"a/b", "il nome dell'archivio non può contenere il carattere /"},
+        {"a\\b", "il nome dell'archivio non può contenere il carattere \\"},
+        {"..", "il nome dell'archivio non può contenere il carattere ."},
+        {"Temi \"Rossi\"", "il nome dell'archivio non può contenere il carattere \""},
+        {"Temi [2024]", "il nome dell'archivio non può contenere il carattere ["},
+        {"a:b", "il nome dell'archivio non può contenere il carattere :"},
+        {"a*b", "il nome dell'archivio non può contenere il carattere *"},
+        {"a\nb", "il nome dell'archivio non può contenere caratteri di controllo"},
+        {"a\tb", "il nome dell'archivio non può contenere caratteri di controllo"},
+        {"a\x7f", "il nome dell'archivio non può contenere caratteri di controllo"},
+        {"a\xff", "nome dell'archivio non è testo UTF-8 valido"},
+        {"AllCity", "nome riservato a una tabella del database: AllCity"},
+        {"nomialternativi", "nome riservato a una tabella del database: nomialternativi"},
+        {"NomiAlternativi", "nome riservato"},
+        {"ZONEORARIE", "nome riservato"},
+        {"sqlite_temi", "nome riservato"},
+        {"TempMSysCopia", "nome riservato"},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.nome.substr(0, 70));
+        const std::optional<std::string> errore = ErroreNomeArchivio(c.nome);
+        EXPECT_EQ(NomeArchivioValido(c.nome), c.perche == nullptr);
+        if (c.perche) {
+            ASSERT_TRUE(errore);
+            EXPECT_EQ(errore->rfind(c.perche, 0), 0u) << *errore;
+        }
+    }
+
+    // The create button: a name the rule refuses is told, nothing is created.
+    const std::string strano = "Temi Rossi (2024); DROP TABLE AllCity;--'";
     ASSERT_EQ(CreaArchivioUtente(fileDB, strano, {}, messaggi), strano);
     EXPECT_TRUE(messaggi.registro.empty());
-    EXPECT_EQ(ElencoArchivi(fileDB), std::vector<std::string>{strano});
-    const auto campiAllCity = Database(fileDB).Campi("AllCity");
     EXPECT_EQ(SalvaTema(fileDB, strano, Rossi(), messaggi, "x"), EsitoSalvataggio::Aggiunto);
     EXPECT_EQ(Temi(strano), std::vector<Tema>{Rossi()});
-    EXPECT_TRUE(Database(fileDB).EsisteTabella("AllCity"));
-
-    // A place table's name is not refused by the list, but the database has it already.
-    EXPECT_EQ(CreaArchivioUtente(fileDB, "AllCity", ElencoArchivi(fileDB), messaggi), std::nullopt);
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: Nome Non Valido");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Nel DataBase esiste già una tabella di nome  AllCity\nArchivio non creato.\n" +
-                  std::string(30, '-') + "\nA table of this name already exists.\n");
+    const auto campiAllCity = Database(fileDB).Campi("AllCity");
+    for (const std::string& nome :
+         std::vector<std::string>{"AllCity", "../../x", "sqlite_temi", "NomiAlternativi"}) {
+        messaggi.registro.clear();
+        EXPECT_EQ(CreaArchivioUtente(fileDB, nome, ElencoArchivi(fileDB), messaggi), std::nullopt);
+        ASSERT_EQ(messaggi.registro.size(), 1u);
+        EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: Nome Non Valido");
+        EXPECT_EQ(messaggi.registro[0].testo,
+                  "Il nome  " + nome + "  non vale per un Archivio:\n" + *ErroreNomeArchivio(nome) +
+                      "\nArchivio non creato.\n" + std::string(30, '-') +
+                      "\nThis name cannot name an archive.\n");
+    }
     EXPECT_EQ(Database(fileDB).Campi("AllCity"), campiAllCity);
-
-    // A name the engine keeps for itself.
-    messaggi.registro.clear();
-    EXPECT_EQ(CreaArchivioUtente(fileDB, "sqlite_temi", {}, messaggi), std::nullopt);
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].testo.substr(0, 47),
-              "Il DataBase non accetta il nome  sqlite_temi\nAr");
     EXPECT_EQ(ElencoArchivi(fileDB), std::vector<std::string>{strano});
+}
+
+// The files named after an archive stay in their folder whatever the archive is called.
+TEST_F(ArchiviTest, FileDiUnArchivioNellaSuaCartella) {
+    const struct {
+        std::string archivio, file;
+    } casi[] = {
+        {"Famiglia", "Famiglia.log"},
+        {"../../x", "______x.log"},
+        {"..", "__.log"},
+        {"a/b\\c", "a_b_c.log"},
+        {"a\nb", "a_b.log"},
+        {"", "_.log"},
+        {std::string(300, 'x'), std::string(64, 'x') + ".log"},
+        {"Citt\xc3\xa0", "Citt\xc3\xa0.log"},
+        {"a\xff", "a\xef\xbf\xbd.log"},
+    };
+    for (const auto& c : casi) {
+        const std::filesystem::path p = FileDiArchivio("/cartella/prog", c.archivio, ".log");
+        EXPECT_EQ(p.parent_path(), "/cartella/prog") << c.archivio;
+        EXPECT_EQ(p.filename().string(), c.file) << c.archivio;
+    }
+}
+
+// Every places table is reserved, whatever the case of its name: not an archive, never dropped.
+TEST_F(ArchiviTest, TabelleDeiLuoghiMaiArchivi) {
+    {
+        Database db(fileDB);
+        db.CreaTabella("NomiAlternativi", {{"x", TipoCampo::Intero32}});
+    }
+    CreaArchivio(fileDB, "Famiglia");
+    EXPECT_EQ(ElencoArchivi(fileDB), std::vector<std::string>{"Famiglia"});
+    for (std::string_view t : TabelleDeiLuoghi) {
+        EXPECT_FALSE(EArchivio(t)) << t;
+        EXPECT_FALSE(EArchivio(Maiuscole(t))) << t;
+        EXPECT_FALSE(EliminaArchivio(fileDB, std::string(t))) << t;
+        EXPECT_TRUE(Database(fileDB).EsisteTabella(t)) << t;
+    }
+}
+
+// A damaged file: the save and the creation refuse it, naming it, and write nothing.
+TEST_F(ArchiviTest, FileDanneggiatoNonSiScrive) {
+    Riempi("Famiglia", {"Anna"});
+    {
+        Database db(fileDB);
+        db.CreaTabella("Zavorra", {{"t", TipoCampo::Memo, 0, true}});
+        db.IniziaTransazione();
+        for (int i = 0; i < 400; ++i)
+            db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(300, 'z') + "')");
+        db.ConfermaTransazione();
+    }
+    test::DanneggiaUltimaPagina(fileDB);
+    const auto prima = std::filesystem::file_size(fileDB);
+    const auto tempo = std::filesystem::last_write_time(fileDB);
+    messaggi.registro.clear();
+    EXPECT_EQ(SalvaTema(fileDB, "Famiglia", Rossi(), messaggi, "frmSalvoLyx.cmdSalva"),
+              EsitoSalvataggio::NonSalvato);
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - frmSalvoLyx.cmdSalva");
+    EXPECT_NE(messaggi.registro[0].testo.find("3343"), std::string::npos);
+    EXPECT_NE(messaggi.registro[0].testo.find(fileDB + " è danneggiato"), std::string::npos)
+        << messaggi.registro[0].testo;
+
+    messaggi.registro.clear();
+    EXPECT_EQ(CreaArchivioUtente(fileDB, "Amici", ElencoArchivi(fileDB), messaggi), std::nullopt);
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: DataBase");
+    EXPECT_EQ(messaggi.registro[0].testo.rfind(
+                  "Il file non è un DataBase valido o è danneggiato:\n" + fileDB, 0),
+              0u);
+    EXPECT_EQ(std::filesystem::file_size(fileDB), prima);
+    EXPECT_EQ(std::filesystem::last_write_time(fileDB), tempo);
+    EXPECT_EQ(Database(fileDB).Tabelle().size(), 8u); // six places tables, Famiglia, Zavorra
 }
 
 // A database that cannot take the new table is told for what it is, not as a refused name.

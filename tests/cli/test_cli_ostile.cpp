@@ -7,14 +7,21 @@
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <filesystem>
+#include <fstream>
 #include <iostream>
+#include <iterator>
 #include <map>
 #include <set>
 #include <sstream>
 #include <stdlib.h>
 
+#include "archives/Archivi.h"
+#include "archives/Query.h"
 #include "cli/Comandi.h"
+#include "cli/FileArchivi.h"
 #include "core/Aritmetica.h"
+#include "core/Testo.h"
 #include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
@@ -345,6 +352,177 @@ TEST_F(CliOstile, OgniComandoOgniOpzione) {
     EXPECT_GT(riusciti, 0);
     std::cout << esecuzioni << " runs of " << comandi.size() << " commands, " << riusciti
               << " of them taken\n";
+}
+
+std::string Leggi(const std::filesystem::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+// What a folder holds: each file with its size and time of last change.
+std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>>
+Istantanea(const std::filesystem::path& cartella) {
+    std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>> r;
+    std::error_code ec;
+    for (auto it = std::filesystem::recursive_directory_iterator(cartella, ec);
+         it != std::filesystem::recursive_directory_iterator(); it.increment(ec)) {
+        if (ec) break;
+        const auto& f = *it;
+        std::error_code e2;
+        if (f.is_regular_file(e2))
+            r[f.path().string()] = {f.file_size(e2), f.last_write_time(e2)};
+        else
+            r[f.path().string()] = {0, {}};
+    }
+    return r;
+}
+
+// Names of archives that would be paths or break a file name, log paths that are not logs, and
+// every command's own help: refused in one line or taken, and no file that is not the program's
+// own is touched (the user's documents, the program's folder).
+TEST_F(CliOstile, NomiDArchivioPercorsiDiLogEAiuto) {
+    namespace fs = std::filesystem;
+    const fs::path lavoro = cartella / "lavoro";
+    fs::create_directories(lavoro / "vuota");
+    std::ofstream(lavoro / "tesi.odt") << "il mio lavoro";
+    std::ofstream(lavoro / "x") << "un file dell'utente";
+    std::ofstream(lavoro / "x.txt") << "un altro";
+    std::ofstream(lavoro / "x.log") << "e un altro";
+    const std::string txt = (lavoro / "temi.txt").string();
+    std::ofstream(txt) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
+                          "\"Italia\",\"45N26\",\"12E30\"\n"
+                          "\"Due\",\"2 jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
+                          "\"USA\",\"40N42\",\"74W00\"\n";
+    fs::current_path(lavoro / "vuota");
+    const fs::path programma = cli::CartellaProgramma();
+    const auto primaLavoro = Istantanea(lavoro);
+    const auto primaProgramma = Istantanea(programma);
+
+    std::vector<std::string> nomi = {"../../x",
+                                     "../x",
+                                     "..",
+                                     ".",
+                                     "/",
+                                     "/tmp/x",
+                                     "a/b",
+                                     "a\\b",
+                                     "..\\x",
+                                     "x/../../y",
+                                     "a\nb",
+                                     "a\rb",
+                                     "\t",
+                                     "\x01",
+                                     "a\x7f",
+                                     std::string(65, 'n'),
+                                     std::string(20000, 'n'),
+                                     "NomiAlternativi",
+                                     "nomialternativi",
+                                     "AllCity",
+                                     "ZoneOrarie",
+                                     "sqlite_master",
+                                     "MSysX",
+                                     "a\xff",
+                                     "a:b",
+                                     "a*b",
+                                     "a?b",
+                                     "a|b",
+                                     "<x>",
+                                     "a\"b",
+                                     "[x]",
+                                     "x.",
+                                     "x!",
+                                     "x`",
+                                     "Temi; DROP TABLE AllCity;--",
+                                     "Citt\xc3\xa0",
+                                     "O'Brien"};
+    int rifiutiAttesi = 0, nomiPresi = 0;
+    for (const std::string& nome : nomi) {
+        const bool valido = NomeArchivioValido(SenzaSpazi(nome));
+        // The query's table is the name with "Q_" in front.
+        const bool validoQuery = NomeArchivioValido(NomeRisultato(nome));
+        const std::vector<std::vector<std::string>> righe = {
+            {"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+             "--fuso", "-1", "--nome", "Ugo", "--archivio", nome, "--db", db},
+            {"importa", txt, "--archivio", nome, "--db", db},
+            {"query", "--da", "Nessuno", "--a", nome, "--punto", "Sole", "--luogo", "Ariete",
+             "--db", db},
+            {"esporta", nome, "--db", db},
+            {"archivio", nome, "--db", db},
+        };
+        for (std::size_t k = 0; k < righe.size(); ++k) {
+            // The three that name a new archive refuse every name the rule refuses.
+            const bool deveRifiutare = k < 2 ? !valido : (k == 2 && !validoQuery);
+            Esito e = Prova(righe[k], deveRifiutare);
+            rifiutiAttesi += deveRifiutare;
+            nomiPresi += k < 2 && e.stato == 0;
+        }
+    }
+    // Logs that are not logs, and a document in the place of one.
+    for (const std::string& log :
+         {(lavoro / "vuota").string(), std::string("/dev/null"), std::string(""), std::string("/"),
+          (lavoro / "tesi.odt").string(), std::string("/dev/zero"), std::string("."),
+          std::string("..")}) {
+        const bool file = log == (lavoro / "tesi.odt").string();
+        Esito e = Prova({"importa", txt, "--archivio", "Log" + std::to_string(esecuzioni), "--log",
+                         log, "--db", db},
+                        !file);
+        rifiutiAttesi += !file;
+    }
+    // Each command's help.
+    Esito elenco = Lancia({"--comandi"});
+    std::istringstream righe(elenco.out);
+    for (std::string c; std::getline(righe, c);)
+        for (const char* aiuto : {"--help", "-h"}) {
+            Esito e = Prova({c, aiuto}, false);
+            if (e.stato != 0 || e.out.rfind("uso: vesmo-cli " + c, 0) != 0)
+                Fallisce({c, aiuto}, e, "no usage of its own");
+        }
+
+    // What changed: only the database, and the one document appended to by the import that was
+    // told to log into it.
+    fs::current_path(cartella / ".");
+    int toccati = 0;
+    std::string quali;
+    const auto dopoLavoro = Istantanea(lavoro);
+    for (const auto& [f, stato] : primaLavoro) {
+        auto it = dopoLavoro.find(f);
+        if (f == (lavoro / "tesi.odt").string()) {
+            if (it == dopoLavoro.end() || Leggi(f).rfind("il mio lavoro", 0) != 0)
+                ++toccati, quali += f + "\n";
+            continue;
+        }
+        if (it == dopoLavoro.end() || it->second != stato) ++toccati, quali += f + "\n";
+    }
+    // The program's own logs and exports, named after valid archives, may appear in its folder
+    // (the current folder when the program has none).
+    auto proprio = [&](const std::string& f) {
+        const std::string nome = fs::path(f).filename().string();
+        const std::string coda = nome.size() > 4 ? nome.substr(nome.size() - 4) : "";
+        return fs::path(f).parent_path() == programma && (coda == ".log" || coda == ".txt") &&
+               NomeArchivioValido(nome.substr(0, nome.size() - 4));
+    };
+    for (const auto& [f, stato] : dopoLavoro)
+        if (!primaLavoro.count(f) && !proprio(f)) ++toccati, quali += "new " + f + "\n";
+    const auto dopoProgramma = Istantanea(programma);
+    for (const auto& [f, stato] : dopoProgramma) {
+        auto it = primaProgramma.find(f);
+        if (it == primaProgramma.end() && proprio(f)) {
+            std::error_code ec;
+            fs::remove(f, ec);
+            continue;
+        }
+        if (it == primaProgramma.end() || it->second != stato)
+            ++toccati, quali += "program folder: " + f + "\n";
+    }
+    for (const auto& [f, stato] : primaProgramma)
+        if (!dopoProgramma.count(f))
+            ++toccati, quali += "gone from the program folder: " + f + "\n";
+    EXPECT_EQ(toccati, 0) << quali;
+    EXPECT_EQ(numeroFallimenti, 0) << fallimenti;
+    EXPECT_GT(rifiutiAttesi, 100);
+    EXPECT_GT(nomiPresi, 0);
+    std::cout << esecuzioni << " runs of archive names, logs and help; " << numeroFallimenti
+              << " wrong answers; " << toccati << " files touched outside the program's own\n";
 }
 
 } // namespace

@@ -4,6 +4,9 @@
 
 #include <cmath>
 #include <filesystem>
+#include <fstream>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
@@ -38,12 +41,15 @@ protected:
         d.bersaglio = bersaglio;
         d.partenza = partenza;
         d.cartella = cartella_;
-        return IngressiPinS(s, d, m,
-                            [this](const char* c, double v) { mostrati.emplace_back(c, v); });
+        d.conservaFile = conserva;
+        EsitoIngresso e =
+            IngressiPinS(s, d, m, [this](const char* c, double v) { mostrati.emplace_back(c, v); });
+        ultimo_ = e.fileTemporaneo;
+        return e;
     }
-    // The survey table as the search left it, in time order.
+    // The survey table as the last search left it, in time order.
     std::vector<std::pair<double, double>> Tabella() {
-        Database db(cartella_ / "Exp_PinS_Tmp.mdb");
+        Database db(ultimo_);
         Cursore c(db, "TabellaPinS");
         c.Index("Tempi");
         std::vector<std::pair<double, double>> v;
@@ -52,7 +58,17 @@ protected:
         return v;
     }
 
-    std::filesystem::path cartella_;
+    // The files of the temporary folder.
+    std::vector<std::string> FileDellaCartella() {
+        std::vector<std::string> r;
+        std::error_code ec;
+        for (const auto& f : std::filesystem::directory_iterator(cartella_, ec))
+            r.push_back(f.path().filename().string());
+        return r;
+    }
+
+    std::filesystem::path cartella_, ultimo_;
+    bool conserva = true;
     Sessione s;
     MessaggiRegistrati m;
     std::vector<std::pair<std::string, double>> mostrati;
@@ -194,7 +210,7 @@ TEST_F(Ingressi, MessaggiEFileTemporaneo) {
     ASSERT_EQ(m.registro.size(), 1u);
     EXPECT_EQ(m.registro[0].titolo, "Lyx - Manca il Pianeta");
     EXPECT_EQ(m.registro[0].testo, "Attenzione!\r\n\r\nSelezionare un Pianeta");
-    EXPECT_FALSE(std::filesystem::exists(cartella_ / "Exp_PinS_Tmp.mdb"));
+    EXPECT_TRUE(FileDellaCartella().empty());
 
     // The planet on the target at the start: no result, no box.
     m.registro.clear();
@@ -221,3 +237,73 @@ TEST_F(Ingressi, MessaggiEFileTemporaneo) {
     EXPECT_STREQ(VociPianetiIngresso[8], " Nodo Luna Nord");
     EXPECT_EQ(PeriodoMedio(NumGiove), 4331.865);
 }
+
+namespace {
+
+// Each run makes a file of its own, named after the survey's file, and removes it at its end; a
+// file of that name left by someone else does not stop a run; a folder where no file can be made
+// is an error told as such, never a planet not found.
+TEST_F(Ingressi, FileTemporaneoDiOgniRicerca) {
+    conserva = false;
+    std::filesystem::create_directories(cartella_);
+    // What another user's run left: a file that is not even a database, and not writable.
+    const auto altrui = cartella_ / "Exp_PinS_Tmp.mdb";
+    std::ofstream(altrui) << "non un database";
+    std::filesystem::permissions(altrui, std::filesystem::perms::owner_read);
+    EsitoIngresso e = Cerca(NumVenere, 100, 2451545);
+    EXPECT_TRUE(e.trovato);
+    EXPECT_TRUE(e.errore.empty());
+    EXPECT_EQ(FileDellaCartella(), std::vector<std::string>{"Exp_PinS_Tmp.mdb"});
+
+    // Kept on request, the file carries the survey's name as its prefix.
+    conserva = true;
+    ASSERT_TRUE(Cerca(NumVenere, 100, 2451545).trovato);
+    EXPECT_EQ(ultimo_.parent_path(), cartella_);
+    EXPECT_EQ(ultimo_.filename().string().rfind("Exp_PinS_Tmp", 0), 0u);
+    EXPECT_EQ(ultimo_.extension(), ".mdb");
+    EXPECT_NE(ultimo_.filename(), "Exp_PinS_Tmp.mdb");
+
+    // A "folder" that is a file: no file can be made there.
+    conserva = false;
+    m.registro.clear();
+    const auto cartellaGiusta = cartella_;
+    cartella_ = cartellaGiusta / "Exp_PinS_Tmp.mdb" / "sotto";
+    e = Cerca(NumVenere, 100, 2451545);
+    cartella_ = cartellaGiusta;
+    EXPECT_FALSE(e.trovato);
+    EXPECT_NE(e.errore.find("Impossibile creare il file temporaneo della ricerca"),
+              std::string::npos)
+        << e.errore;
+    ASSERT_EQ(m.registro.size(), 1u);
+    EXPECT_EQ(m.registro[0].titolo, "Lyx - Errore  [frmInSegni.IngressiPinS]");
+    EXPECT_EQ(m.registro[0].testo, e.errore);
+}
+
+// Two programs searching at once in the same temporary folder both find their ingress.
+TEST_F(Ingressi, DueRicercheInsiemeInDueProcessi) {
+    conserva = false;
+    std::filesystem::create_directories(cartella_);
+    std::vector<pid_t> figli;
+    for (int k = 0; k < 2; ++k) {
+        const pid_t pid = ::fork();
+        ASSERT_GE(pid, 0);
+        if (pid == 0) {
+            // Several runs each, so that the two overlap.
+            bool tutti = true;
+            const int pianeta = k == 0 ? NumVenere : NumMarte;
+            const double l0 = LongitudineIngresso(2451545, pianeta);
+            for (int i = 0; i < 4; ++i)
+                tutti = Cerca(pianeta, std::fmod(l0 + 2 + i, 360), 2451545).trovato && tutti;
+            ::_exit(tutti ? 0 : 1);
+        }
+        figli.push_back(pid);
+    }
+    for (pid_t pid : figli) {
+        int stato = 0;
+        ASSERT_EQ(::waitpid(pid, &stato, 0), pid);
+        EXPECT_TRUE(WIFEXITED(stato) && WEXITSTATUS(stato) == 0) << stato;
+    }
+    EXPECT_TRUE(FileDellaCartella().empty());
+}
+
+} // namespace

@@ -31,6 +31,7 @@
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/MenuStampe.h"
 #include "timecharts/ui/MenuTempo.h"
+#include "timecharts/ui/frmCalTransiti.h"
 
 namespace vesmo {
 
@@ -267,6 +268,7 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     CollegaMenuRuote(*this, s_, aspetti_, messaggi_);
     CollegaMenuImporta(*this, s_, percorsi_.FileDB, messaggi_);
     CollegaMenuStampe(*this, s_, aspetti_, messaggi_);
+    CollegaMenuCalTransiti(*this, s_, aspetti_, messaggi_);
 }
 
 frmMenu::~frmMenu() {

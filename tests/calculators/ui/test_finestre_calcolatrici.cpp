@@ -167,6 +167,13 @@ TEST_F(Calcolatrici, DeltaTEquazioneDelTempoECoordinate) {
     ee->txH->setText("12");
     ee->txMn->setText("0");
     EXPECT_EQ(ee->cbSegni->currentText(), "Ariete");
+    // The list names every sign in full, as the calculator shows them.
+    QStringList segni;
+    for (int i = 0; i < ee->cbSegni->count(); ++i)
+        segni << ee->cbSegni->itemText(i);
+    EXPECT_EQ(segni,
+              QStringList({"Ariete", "Toro", "Gemelli", "Cancro", "Leone", "Vergine", "Bilancia",
+                           "Scorpione", "Sagittario", "Capricorno", "Acquario", "Pesci"}));
     ee->txLon_Gradi->setText("0");
     ee->cmdCal_Equ->click();
     EXPECT_EQ(ee->txAR_h->text() + " " + ee->txAR_m->text() + " " + ee->txAR_s->text(), "0 0 0,0");

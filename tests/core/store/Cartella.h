@@ -75,4 +75,19 @@ private:
     bool riuscito_ = false;
 };
 
+// Damages a database file as a failing disk would: the last page of the file (which must not be
+// the first) gets a header no b-tree page can have. The schema on the first page stays readable.
+inline void DanneggiaUltimaPagina(const std::filesystem::path& file) {
+    const auto dimensione = std::filesystem::file_size(file);
+    constexpr std::uintmax_t pagina = 4096;
+    ASSERT_GE(dimensione, 3 * pagina) << file;
+    const int fd = ::open(file.c_str(), O_WRONLY);
+    ASSERT_GE(fd, 0) << file;
+    const std::string guasto(64, '\xFF');
+    const auto scritti = ::pwrite(fd, guasto.data(), guasto.size(),
+                                  static_cast<off_t>((dimensione / pagina - 1) * pagina));
+    ::close(fd);
+    ASSERT_EQ(scritti, static_cast<ssize_t>(guasto.size()));
+}
+
 } // namespace vesmo::test

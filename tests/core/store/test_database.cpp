@@ -205,6 +205,60 @@ TEST_F(File, EngineFailuresNameTheirCause) {
     EXPECT_EQ(testo.rfind("3027: Database di sola lettura. ", 0), 0u) << testo;
 }
 
+// A full disk in the middle of a transaction: the engine has rolled it back, the rollback that
+// follows raises nothing, the cause is the full disk, and the file holds what it held before.
+TEST_F(File, FullDiskInATransactionTellsTheDiskAndKeepsTheFile) {
+    const auto prima = Cursore(db, "Amici").RecordCount();
+    const auto pagine = std::filesystem::file_size(dir / "Vesmodat.Mdb") / 4096;
+    db.Esegui("PRAGMA max_page_count = " + std::to_string(pagine + 2));
+    std::string testo;
+    db.IniziaTransazione();
+    try {
+        db.CreaTabella("Grande", {{"t", TipoCampo::Memo, 0, true}});
+        for (int i = 0; i < 1000; ++i)
+            db.Esegui("INSERT INTO Grande (t) VALUES ('" + std::string(1000, 'g') + "')");
+        ADD_FAILURE() << "the file never filled";
+    } catch (const ErroreDB& e) {
+        EXPECT_EQ(e.Numero(), ErroreDB::DiscoPieno);
+        testo = e.what();
+        EXPECT_NO_THROW(db.AnnullaTransazione());
+    }
+    EXPECT_EQ(testo.rfind("3026: Disco pieno. ", 0), 0u) << testo;
+    EXPECT_FALSE(db.EsisteTabella("Grande"));
+    EXPECT_EQ(Cursore(db, "Amici").RecordCount(), prima);
+    // A rollback with nothing to roll back is no error either.
+    EXPECT_NO_THROW(db.AnnullaTransazione());
+}
+
+// The check before a write: a sound file passes, a damaged one is named and refused; a file that
+// can only be read says so.
+TEST_F(File, DamagedFileIsRefusedBeforeWriting) {
+    EXPECT_NO_THROW(db.VerificaPrimaDiScrivere());
+    EXPECT_FALSE(db.SolaLettura());
+    db.CreaTabella("Zavorra", {{"t", TipoCampo::Memo, 0, true}});
+    for (int i = 0; i < 100; ++i)
+        db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(500, 'z') + "')");
+    db.Chiudi();
+    const fs::path file = dir / "Vesmodat.Mdb";
+    test::DanneggiaUltimaPagina(file);
+    Database danneggiato(file);
+    std::string testo;
+    try {
+        danneggiato.VerificaPrimaDiScrivere();
+    } catch (const ErroreDB& e) {
+        EXPECT_EQ(e.Numero(), ErroreDB::FormatoNonRiconosciuto);
+        testo = e.what();
+    }
+    EXPECT_EQ(
+        testo.rfind("3343: Il file " + file.string() + " è danneggiato: nessuna scrittura", 0), 0u)
+        << testo;
+    danneggiato.Chiudi();
+
+    test::FileSolaLettura solaLettura(file);
+    if (!solaLettura.Riuscito()) GTEST_SKIP() << "no read-only file for this user here";
+    EXPECT_TRUE(Database(file).SolaLettura());
+}
+
 TEST_F(File, CompactionCopiesTablesAndIndexes) {
     db.Esegui("DELETE FROM Amici WHERE Nome = 'Anna'");
     db.Chiudi();

@@ -1,5 +1,7 @@
 // The place tables as created, and the index iLonLat made on demand.
 #include "core/store/Cursore.h"
+#include "core/store/TabelleLuoghi.h"
+#include "places/RicercaLuoghi.h"
 #include "places/Schema.h"
 #include "tests/core/store/Cartella.h"
 
@@ -133,6 +135,25 @@ TEST_F(SchemaLuoghi, LonLatIndexMadeWhenMissing) {
     EXPECT_EQ(d.Campo("Lat").Numero(), 45.4);
     d.MovePrevious();
     EXPECT_EQ(d.Campo("Lat").Numero(), 41.9);
+}
+
+// Every table the places database holds is reserved from the archives: the tables of the schema,
+// the alternate names, and whatever the built database holds besides (a places table added
+// later must be named in TabelleDeiLuoghi, or this fails on the built database).
+TEST_F(SchemaLuoghi, OgniTabellaDeiLuoghiERiservata) {
+    CreaTabellaNomiAlternativi(db);
+    auto riservata = [](const std::string& t) {
+        for (std::string_view r : TabelleDeiLuoghi)
+            if (r == t) return true;
+        return false;
+    };
+    for (const std::string& t : db.Tabelle())
+        EXPECT_TRUE(riservata(t)) << t;
+    const std::filesystem::path costruito = VESMO_DB_LUOGHI;
+    if (!std::filesystem::exists(costruito))
+        GTEST_SKIP() << "manca " << costruito << ": scripts/prepara-dati lo prepara";
+    for (const std::string& t : Database(costruito).Tabelle())
+        EXPECT_TRUE(riservata(t)) << t << " in " << costruito;
 }
 
 } // namespace

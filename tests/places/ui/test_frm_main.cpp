@@ -288,24 +288,29 @@ TEST_F(Lanciatore, InputDelLatoTemi) {
     EXPECT_EQ(sessione.TemaCorrente.Day, GiornoGiuliano(1987, 4, 10));
 }
 
-// "Ca&lcola" clears TemaX, reads the form and sets DatiOk: without a city the user is told and
-// the chart stays blank; a box that holds no number keeps the form open.
+// "Ca&lcola" reads the form into TemaX and sets DatiOk. Without a city, or with a box that
+// holds no number, the user is told, and the form stays open with what was typed while the slot
+// keeps its chart.
 TEST_F(Lanciatore, InputSenzaCittaTemaVuoto) {
+    sessione.DatiOk = 0;
     sessione.TemaX = sessione.TemaCorrente;
-    frmInDatiLyx f(sessione, percorsi.FileDB, 'C', messaggi);
-    f.TagCommand4 = "daRivSol";
-    f.Form_Load();
-    f.show();
-    f.Dati->Text2->clear();
-    f.cmdCalcola->click();
-    EXPECT_EQ(messaggi.registro.back().titolo, "Lyx - Manca Città");
-    EXPECT_EQ(messaggi.registro.back().testo, "Attenzione! \rNon è stata scelta nessuna Città");
-    EXPECT_EQ(sessione.DatiOk, -1);
-    EXPECT_EQ(sessione.TemaX.Nome, sessione.TemaVuoto.Nome);
-    EXPECT_EQ(sessione.TemaX.City, sessione.TemaVuoto.City);
-    EXPECT_EQ(sessione.TemaX.Day, 0);
-    EXPECT_EQ(sessione.TemaX.Lat, 0);
-    EXPECT_FALSE(f.isVisible());
+    {
+        frmInDatiLyx f(sessione, percorsi.FileDB, 'C', messaggi);
+        f.TagCommand4 = "daRivSol";
+        f.Form_Load();
+        f.show();
+        const Tema natale = sessione.TemaX;
+        f.Dati->Text1->setText("Anna Neri");
+        f.Dati->Text2->clear();
+        f.cmdCalcola->click();
+        EXPECT_EQ(messaggi.registro.back().titolo, "Lyx - Manca Città");
+        EXPECT_EQ(messaggi.registro.back().testo, "Attenzione! \rNon è stata scelta nessuna Città");
+        EXPECT_EQ(sessione.DatiOk, 0);
+        EXPECT_EQ(sessione.TemaX, natale);
+        EXPECT_TRUE(f.isVisible());
+        EXPECT_EQ(f.Dati->Text1->text(), "Anna Neri");
+        EXPECT_EQ(f.TagCommand4, "daRivSol");
+    }
 
     sessione.DatiOk = 0;
     sessione.TemaX = sessione.TemaCorrente;

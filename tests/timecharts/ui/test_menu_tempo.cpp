@@ -102,9 +102,10 @@ TEST_F(MenuTempo, VociNeiMenu) {
     EXPECT_EQ(Voci(f->mnuDir),
               (QStringList{"&Secondarie", "&Frazione di anno (secondarie)", "&Posizioni ",
                            "&Domiciliazioni", "C&mto", "&Ruota Doppia"}));
-    EXPECT_EQ(Voci(f->mnuTransiti),
-              (QStringList{"Calcolo Trans&ito Nuovo", "&Posizioni ", "&Domiciliazioni",
-                           "Ingressi nei &Segni", "C&mto", "&Ruota doppia"}));
+    EXPECT_EQ(
+        Voci(f->mnuTransiti),
+        (QStringList{"Calcolo Trans&ito Nuovo", "&Posizioni ", "&Domiciliazioni",
+                     "Ingressi nei &Segni", "Calendario &Transiti...", "C&mto", "&Ruota doppia"}));
     for (const char* n : {"mnuRivSol", "mnuRivLunT", "mnuRivLunS", "mnuDirSec", "mnuDirFra",
                           "mnuTransitiI", "mnuHeDirFrAnno"})
         Voce(n);

@@ -1,0 +1,335 @@
+// What vesmo-cli does to files and databases that are not in good shape or not alone: archive
+// names that would be paths, logs that are not logs, a read-only or damaged database, four
+// programs saving into one new archive at once; and the small conventions every command keeps
+// (its own --help, stray words refused, one line for a refusal, JSON in valid UTF-8).
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <filesystem>
+#include <fstream>
+#include <iostream>
+#include <iterator>
+#include <sstream>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include "archives/Archivi.h"
+#include "cli/Comandi.h"
+#include "core/Testo.h"
+#include "core/store/Cursore.h"
+#include "core/store/Database.h"
+#include "places/Schema.h"
+#include "tests/cli/Lancia.h"
+#include "tests/core/store/Cartella.h"
+
+using namespace vesmo;
+using vesmo::test::Esito;
+
+namespace {
+
+namespace fs = std::filesystem;
+
+int Righe(const std::string& s) {
+    return static_cast<int>(std::count(s.begin(), s.end(), '\n'));
+}
+
+std::string Leggi(const fs::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    return std::string(std::istreambuf_iterator<char>(in), {});
+}
+
+class CliFile : public ::testing::Test {
+protected:
+    void SetUp() override {
+        fileDB = (cartella / "Vesmodat.Mdb").string();
+        Database db;
+        db.Crea(fileDB);
+        CreaSchemaLuoghi(db);
+        db.CreaTabella("NomiAlternativi", {{"x", TipoCampo::Intero32}});
+    }
+    Esito Lancia(std::vector<std::string> parole) {
+        parole.push_back("--db");
+        parole.push_back(fileDB);
+        return vesmo::test::Lancia(parole);
+    }
+    std::vector<std::string> Salva(const std::string& nome, const std::string& archivio) {
+        return {"salva", "--data", "10/04/1987", "--ora",  "19:30", "--lon",      "11E53", "--lat",
+                "45N24", "--fuso", "-1",         "--nome", nome,    "--archivio", archivio};
+    }
+    void Zavorra() {
+        Database db(fileDB);
+        db.CreaTabella("Zavorra", {{"t", TipoCampo::Memo, 0, true}});
+        for (int i = 0; i < 100; ++i)
+            db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(500, 'z') + "')");
+    }
+    vesmo::test::Cartella cartella;
+    std::string fileDB;
+};
+
+} // namespace
+
+// Every way of naming an archive on the command line keeps the one rule: a refusal in one line,
+// status 2, and nothing written anywhere.
+TEST_F(CliFile, NomiDArchivioCheSarebberoPercorsi) {
+    const std::string txt = (cartella / "temi.txt").string();
+    std::ofstream(txt) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
+                          "\"Italia\",\"45N26\",\"12E30\"\n";
+    const std::string prima = Leggi(fileDB);
+    for (const std::string& nome : std::vector<std::string>{
+             "../../x", "a/b", "a\\b", "a\nb", "a\rb", "\x01", "..", std::string(65, 'n'),
+             std::string(5000, 'n'), "NomiAlternativi", "allcity", "sqlite_x", "a\xff"}) {
+        SCOPED_TRACE(nome.substr(0, 40));
+        // The query's table takes the prefix "Q_": a reserved name is no longer one there.
+        const bool riservato = nome == "NomiAlternativi" || nome == "allcity" || nome == "sqlite_x";
+        for (const auto& parole :
+             {Salva("Ugo", nome), std::vector<std::string>{"importa", txt, "--archivio", nome},
+              std::vector<std::string>{"query", "--da", "Amici", "--a", nome, "--punto", "Sole",
+                                       "--luogo", "Ariete"}}) {
+            if (riservato && parole[0] == "query") continue;
+            Esito e = Lancia(parole);
+            EXPECT_EQ(e.stato, 2) << parole[0] << ": " << e.err;
+            EXPECT_EQ(Righe(e.err), 1) << e.err;
+            EXPECT_TRUE(e.out.empty());
+        }
+    }
+    // A file whose title gives no valid name asks for --archivio.
+    const std::string punti = (cartella / "a.b.c.txt").string();
+    fs::copy_file(txt, punti);
+    Esito e = Lancia({"importa", punti});
+    EXPECT_EQ(e.stato, 2);
+    EXPECT_NE(e.err.find("(--archivio NOME ne dà un altro)"), std::string::npos) << e.err;
+    EXPECT_EQ(Leggi(fileDB), prima);
+    EXPECT_EQ(
+        Lancia({"importa", punti, "--archivio", "Abc", "--log", (cartella / "abc.log").string()})
+            .stato,
+        0);
+}
+
+// The places tables are no archives: not listed, not opened, not written.
+TEST_F(CliFile, TabelleDeiLuoghiNonSonoArchivi) {
+    ASSERT_EQ(Lancia(Salva("Anna", "Amici")).stato, 0);
+    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
+    for (const char* t : {"NomiAlternativi", "nomialternativi", "AllCity"}) {
+        Esito a = Lancia({"archivio", t});
+        EXPECT_EQ(a.stato, 1) << t;
+        Esito x = Lancia({"esporta", t, "--out", (cartella / "x.txt").string()});
+        EXPECT_EQ(x.stato, 1) << t;
+        EXPECT_EQ(Lancia(Salva("Ugo", t)).stato, 2) << t;
+    }
+    EXPECT_FALSE(fs::exists(cartella / "x.txt"));
+    EXPECT_TRUE(Database(fileDB).EsisteTabella("NomiAlternativi"));
+}
+
+// --log names a file that is only ever appended to: a document stays, a folder or a device is
+// refused, and without a refused record nothing is written at all.
+TEST_F(CliFile, IlLogNonCancellaNulla) {
+    const std::string buono = (cartella / "buono.txt").string();
+    std::ofstream(buono) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
+    const std::string misto = (cartella / "misto.txt").string();
+    std::ofstream(misto) << Leggi(buono)
+                         << "\"Due\",\"2 jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\","
+                            "\"New York\",\"USA\",\"40N42\",\"74W00\"\n";
+    const std::string documento = (cartella / "tesi.odt").string();
+    std::ofstream(documento) << "il mio lavoro";
+    Esito e = Lancia({"importa", buono, "--log", documento});
+    EXPECT_EQ(e.stato, 0) << e.err;
+    EXPECT_EQ(Leggi(documento), "il mio lavoro");
+    e = Lancia({"importa", misto, "--log", documento});
+    EXPECT_EQ(e.stato, 0) << e.err;
+    EXPECT_EQ(Leggi(documento), "il mio lavoro  [Errore  Mese SF: 2 jun 1946 ]\n");
+
+    fs::create_directories(cartella / "vuota");
+    for (const std::string& log : {(cartella / "vuota").string(), std::string("/dev/null"),
+                                   std::string(""), cartella.Percorso().string() + "/"}) {
+        Esito r = Lancia({"importa", misto, "--archivio", "Altro", "--log", log});
+        EXPECT_EQ(r.stato, 2) << log << ": " << r.err;
+        EXPECT_EQ(Righe(r.err), 1) << r.err;
+    }
+    EXPECT_TRUE(fs::is_directory(cartella / "vuota"));
+    EXPECT_TRUE(fs::exists("/dev/null"));
+    EXPECT_EQ(Lancia({"archivi"}).out, "buonotxt  1\nmistotxt  1\n");
+}
+
+// A file that cannot be written is a failure (status 1) that says so; a damaged one is refused
+// before anything is written; listing the cleaning's codes writes nothing, even on such files.
+TEST_F(CliFile, DatabaseDiSolaLetturaODanneggiato) {
+    ASSERT_EQ(Lancia(Salva("Anna", "Amici")).stato, 0);
+    {
+        vesmo::test::FileSolaLettura solaLettura(fileDB);
+        if (solaLettura.Riuscito()) {
+            const std::string prima = Leggi(fileDB);
+            Esito e = Lancia(Salva("Ugo", "Amici"));
+            EXPECT_EQ(e.stato, 1) << e.err;
+            EXPECT_EQ(e.err, "vesmo-cli salva: Database di sola lettura: " + fileDB + "\n");
+            e = Lancia(Salva("Ugo", "Nuovo"));
+            EXPECT_EQ(e.stato, 1) << e.err;
+            for (const char* lista : {"fusi", "estive"}) {
+                Esito p = Lancia({"db", "pulizia", lista});
+                EXPECT_EQ(p.stato, 0) << p.err;
+                EXPECT_EQ(p.out, "0  Righe esaminate - (0 Codici da Eliminare)\n");
+            }
+            EXPECT_EQ(Leggi(fileDB), prima);
+        }
+    }
+    // Listing on a writable file does not write either.
+    const std::string prima = Leggi(fileDB);
+    EXPECT_EQ(Lancia({"db", "pulizia", "fusi"}).stato, 0);
+    EXPECT_EQ(Lancia({"db", "pulizia", "estive", "--json"}).stato, 0);
+    EXPECT_EQ(Leggi(fileDB), prima);
+    EXPECT_FALSE(Database(fileDB).EsisteIndice("AllCity", "IndFusi"));
+
+    Zavorra();
+    vesmo::test::DanneggiaUltimaPagina(fileDB);
+    const std::string danneggiato = Leggi(fileDB);
+    const std::string txt = (cartella / "temi.txt").string();
+    std::ofstream(txt) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
+                          "\"Italia\",\"45N26\",\"12E30\"\n";
+    for (const auto& parole :
+         {Salva("Ugo", "Amici"), Salva("Ugo", "Nuovo"),
+          std::vector<std::string>{"importa", txt, "--log", (cartella / "t.log").string()},
+          std::vector<std::string>{"db", "pulizia", "fusi", "--elimina"},
+          std::vector<std::string>{"db", "copia", "fusi", "--da", "1", "--a", "2"}}) {
+        Esito e = Lancia(parole);
+        EXPECT_EQ(e.stato, 1) << parole[0] << ": " << e.err;
+        EXPECT_NE(e.err.find(fileDB + " è danneggiato"), std::string::npos) << e.err;
+        EXPECT_EQ(Righe(e.err), 1);
+    }
+    EXPECT_EQ(Leggi(fileDB), danneggiato);
+}
+
+// Four programs save at once into an archive that none of them finds: the one that creates it
+// and the others all add their charts to it.
+TEST_F(CliFile, QuattroProcessiSalvanoInUnArchivioNuovo) {
+    constexpr int Processi = 4, Temi = 8;
+    // All four start together: each waits for the end of a pipe that closes once all are there.
+    int via[2];
+    ASSERT_EQ(::pipe(via), 0);
+    std::vector<pid_t> figli;
+    for (int k = 0; k < Processi; ++k) {
+        const pid_t pid = ::fork();
+        ASSERT_GE(pid, 0);
+        if (pid == 0) {
+            ::close(via[1]);
+            char c;
+            while (::read(via[0], &c, 1) > 0) {
+            }
+            int errori = 0;
+            for (int i = 0; i < Temi; ++i) {
+                Esito e =
+                    Lancia(Salva("P" + std::to_string(k) + "-" + std::to_string(i), "Insieme"));
+                if (e.stato != 0) {
+                    std::fprintf(stderr, "%s", e.err.c_str());
+                    ++errori;
+                }
+            }
+            ::_exit(errori);
+        }
+        figli.push_back(pid);
+    }
+    // Another program holds the write lock while the four start: they all find no archive, and
+    // all wait to create it at the same moment.
+    {
+        Database blocco(fileDB);
+        blocco.Esegui("BEGIN IMMEDIATE");
+        ::close(via[0]);
+        ::close(via[1]);
+        ::usleep(1500 * 1000);
+        blocco.Esegui("COMMIT");
+    }
+    for (pid_t pid : figli) {
+        int stato = 0;
+        ASSERT_EQ(::waitpid(pid, &stato, 0), pid);
+        EXPECT_TRUE(WIFEXITED(stato)) << stato;
+        EXPECT_EQ(WEXITSTATUS(stato), 0);
+    }
+    Database db(fileDB);
+    EXPECT_EQ(ElencoArchivi(db), std::vector<std::string>{"Insieme"});
+    EXPECT_EQ(Cursore(db, "Insieme").RecordCount(), Processi * Temi);
+}
+
+// Each command's own usage, with -h or --help; stray words after the options refused.
+TEST_F(CliFile, AiutoDiOgniComandoEParoleInPiu) {
+    const Esito elenco = vesmo::test::Lancia({"--comandi"});
+    std::istringstream righe(elenco.out);
+    int comandi = 0;
+    for (std::string c; std::getline(righe, c); ++comandi) {
+        for (const char* aiuto : {"--help", "-h"}) {
+            Esito e = vesmo::test::Lancia({c, aiuto});
+            EXPECT_EQ(e.stato, 0) << c << " " << aiuto;
+            EXPECT_EQ(e.out.rfind("uso: vesmo-cli " + c + " ", 0), 0u) << e.out;
+            EXPECT_TRUE(e.err.empty()) << e.err;
+        }
+        // Last on a line with other options too.
+        EXPECT_EQ(vesmo::test::Lancia({c, "--json", "--help"}).stato, 0) << c;
+    }
+    EXPECT_GE(comandi, 20);
+    // A command told on several lines of the usage gets them all.
+    const std::string db = vesmo::test::Lancia({"db", "-h"}).out;
+    for (const char* riga :
+         {"uso: vesmo-cli db pulizia", "\n  db compatta", "\n  db copia", "\n  db zona CODICE"})
+        EXPECT_NE(db.find(riga), std::string::npos) << riga << " in " << db;
+
+    for (const std::vector<std::string>& parole :
+         {std::vector<std::string>{"deltat", "--data", "01/01/2000", "extra"},
+          {"eqt", "--data", "01/01/2000", "--ora", "12:00", "extra"},
+          {"eclequ", "--data", "01/01/2000", "--ora", "12:00", "--ar", "6 0 0", "extra"},
+          {"formati", "--gradi", "1 2 3", "extra"},
+          {"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
+           "--fuso", "-1", "extra"}}) {
+        Esito e = vesmo::test::Lancia(parole);
+        EXPECT_EQ(e.stato, 2) << parole[0];
+        EXPECT_EQ(e.err, "vesmo-cli " + parole[0] + ": argomento inatteso: extra\n");
+    }
+}
+
+// A refused argument is one line even where the chart at an extreme latitude has a notice to
+// give (the notice goes nowhere then); a taken one gives its notice after the answer. Whatever
+// reaches the process's stderr by any way is counted.
+TEST_F(CliFile, UnaRigaPerUnRifiuto) {
+    auto Esegui = [](const std::vector<std::string>& parole) {
+        std::ostringstream cerr;
+        std::streambuf* prima = std::cerr.rdbuf(cerr.rdbuf());
+        Esito e = vesmo::test::Lancia(parole);
+        std::cerr.rdbuf(prima);
+        e.err = cerr.str() + e.err;
+        return e;
+    };
+    const std::vector<std::string> polare = {"--data", "10/04/1987", "--ora", "19:30",  "--lon",
+                                             "11E53",  "--lat",      "89N00", "--fuso", "-1"};
+    auto con = [&](std::vector<std::string> a, const std::vector<std::string>& b) {
+        a.insert(a.begin() + 1, polare.begin(), polare.end());
+        a.insert(a.end(), b.begin(), b.end());
+        return a;
+    };
+    for (const auto& parole :
+         {con({"rivoluzione"}, {"--tipo", "solare", "--anno", "2000", "--angolo", "zz"}),
+          con({"rivoluzione"}, {"--tipo", "sinodica", "--anno", "2000", "--ritorno", "0"}),
+          con({"direzione"}, {"--anni", "zz"}),
+          con({"rivoluzione"}, {"--tipo", "solare", "--anno", "2000", "--rilocata",
+                                "--lon-rilocata", "zz", "--lat-rilocata", "45N00"})}) {
+        Esito e = Esegui(parole);
+        EXPECT_EQ(e.stato, 2) << parole[0];
+        EXPECT_EQ(Righe(e.err), 1) << e.err;
+        EXPECT_EQ(e.err.rfind("vesmo-cli " + parole[0] + ": ", 0), 0u) << e.err;
+    }
+    Esito buono = Esegui(con({"tema"}, {}));
+    EXPECT_EQ(buono.stato, 0);
+    EXPECT_EQ(buono.err, "Lyx - Info Case: Latitudine estrema. Case di Placido non definite\n");
+}
+
+// JSON is valid UTF-8 whatever bytes a name holds: the bad ones become U+FFFD.
+TEST_F(CliFile, JsonSempreUtf8) {
+    Esito e = Lancia(Salva("Ro\xffssi \xc3(", "Amici"));
+    ASSERT_EQ(e.stato, 0) << e.err;
+    for (const auto& parole :
+         {std::vector<std::string>{"archivio", "Amici", "--json"},
+          std::vector<std::string>{"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon",
+                                   "11E53", "--lat", "45N24", "--fuso", "-1", "--nome", "a\xff\xfe",
+                                   "--json"}}) {
+        Esito j = Lancia(parole);
+        ASSERT_EQ(j.stato, 0) << j.err;
+        EXPECT_TRUE(TestoUtf8Valido(j.out)) << j.out;
+        EXPECT_NE(j.out.find("\xef\xbf\xbd"), std::string::npos) << j.out;
+    }
+}

@@ -1,0 +1,341 @@
+// The transit calendar's window driven as the user drives it: the menu entry, the list of a year
+// in the local time of a place whose summer time starts and ends within it, the messages of bad
+// boxes, a search stopped, the list printed, saved as PDF and as CSV, and a double click that
+// puts the moment in the Transito slot.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QApplication>
+#include <QCheckBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QMenu>
+#include <QPrinter>
+#include <QProgressBar>
+#include <QPushButton>
+#include <QTableWidget>
+#include <QTimer>
+#include <ctime>
+#include <fstream>
+#include <sstream>
+
+#include "Modale.h"
+#include "chart/CalcolaTema.h"
+#include "core/Aritmetica.h"
+#include "tests/places/AiutoLuoghi.h"
+#include "timecharts/ui/MenuRuote.h"
+#include "timecharts/ui/frmCalTransiti.h"
+#include "timecharts/ui/frmMenu.h"
+
+using namespace vesmo;
+
+namespace {
+
+std::string Leggi(const std::filesystem::path& p) {
+    std::ifstream in(p, std::ios::binary);
+    std::ostringstream s;
+    s << in.rdbuf();
+    return s.str();
+}
+
+// Local date and time of a Julian day at `ore` hours east of Greenwich, by the C library.
+std::pair<std::string, std::string> Locale(double jd, int ore) {
+    const auto secondi =
+        static_cast<std::time_t>(std::llround((jd - 2440587.5) * 86400)) + ore * 3600;
+    std::tm tm{};
+    gmtime_r(&secondi, &tm);
+    char d[16], o[16];
+    std::strftime(d, sizeof d, "%d/%m/%Y", &tm);
+    std::strftime(o, sizeof o, "%H:%M:%S", &tm);
+    return {d, o};
+}
+
+class CalTransiti : public ::testing::Test {
+protected:
+    void SetUp() override {
+        // Padova: one hour east since 1900, summer time from 29 March 2026 at 2:00 to
+        // 25 October 2026 at 3:00.
+        {
+            Database d = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+            test::AggiungiCity(d, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+            test::AggiungiFuso(d, 1, 1, 1, 1900, "-1", "00");
+            test::AggiungiEstiva(d, 1, 1, 1, 1900, 0, 0, 0, 0);
+            test::AggiungiEstiva(d, 1, 29, 3, 2026, 2, 0, 1, 0);
+            test::AggiungiEstiva(d, 1, 25, 10, 2026, 3, 0, 0, 0);
+        }
+        s.TemaX = test::NataleDiProva();
+        s.TemaX.cNaz = 380;
+        aspetti.EntraInLyx();
+        percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
+        menu = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
+        menu->Form_Load();
+    }
+    void TearDown() override {
+        menu.reset();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+    frmCalTransiti* Apri() {
+        QAction* voce = menu->findChild<QAction*>("mnuTransitiC");
+        EXPECT_NE(voce, nullptr);
+        if (!voce) return nullptr;
+        voce->trigger();
+        auto aperte = menu->findChildren<frmCalTransiti*>();
+        EXPECT_EQ(aperte.size(), 1);
+        return aperte.isEmpty() ? nullptr : aperte.front();
+    }
+    void Anno2026(frmCalTransiti* f) {
+        f->txtDa->setText("01/01/2026");
+        f->txtA->setText("31/12/2026");
+    }
+
+    test::CartellaLuoghi cartella;
+    Sessione s;
+    TabellaAspetti aspetti;
+    ConfigIni cfg;
+    PercorsiVesmo percorsi;
+    MessaggiRegistrati m;
+    std::unique_ptr<frmMenu> menu;
+};
+
+} // namespace
+
+TEST_F(CalTransiti, VoceEFinestra) {
+    QStringList nomi;
+    for (QAction* a : menu->mnuTransiti->actions())
+        nomi << a->objectName();
+    const auto i = nomi.indexOf("mnuTransitiC");
+    ASSERT_GT(i, 0);
+    EXPECT_EQ(nomi[i - 1], "mnuTransitiI");
+    EXPECT_EQ(nomi[i + 1], "mnuTransitiMemo");
+    EXPECT_EQ(menu->findChild<QAction*>("mnuTransitiC")->text(), "Calendario &Transiti...");
+
+    frmCalTransiti* f = Apri();
+    ASSERT_NE(f, nullptr);
+    EXPECT_EQ(f->windowTitle(), "Lyx - Calendario Transiti");
+    // The entry again brings the same window forward.
+    menu->findChild<QAction*>("mnuTransitiC")->trigger();
+    EXPECT_EQ(menu->findChildren<frmCalTransiti*>().size(), 1);
+
+    const std::pair<QString, QString> testi[] = {
+        {"lblTema", "Tema natale:  Mario Rossi"},
+        {"lblLuogo", "Ora locale di  Padova"},
+        {"lblAspetti", "Aspetti attivi:  CONGIUNZIONE, SESTILE, QUADRATURA, TRIGONO, OPPOSIZIONE"},
+        {"cmdCerca", "&Cerca"},
+        {"cmdFerma", "&Ferma"},
+        {"cmdStampa", "Stam&pa ..."},
+        {"cmdPdf", "Salva P&DF ..."},
+        {"cmdTesto", "Salva &Testo / CSV ..."},
+        {"cmdEsci", "&Esci"},
+        {"txtOrbita", "2,50"},
+    };
+    for (const auto& [nome, testo] : testi) {
+        QWidget* w = f->findChild<QWidget*>(nome);
+        ASSERT_NE(w, nullptr) << nome.toStdString();
+        QString t;
+        if (auto* l = qobject_cast<QLabel*>(w)) t = l->text();
+        if (auto* b = qobject_cast<QPushButton*>(w)) t = b->text();
+        if (auto* e = qobject_cast<QLineEdit*>(w)) t = e->text();
+        EXPECT_EQ(t, testo) << nome.toStdString();
+    }
+    // The period is a whole year; the bodies and points are the defaults.
+    EXPECT_TRUE(f->txtDa->text().startsWith("01/01/"));
+    EXPECT_EQ(f->txtA->text(), "31/12/" + f->txtDa->text().mid(6));
+    QStringList pianeti, punti;
+    for (QCheckBox* k : f->chkPianeta)
+        if (k->isChecked()) pianeti << k->text();
+    for (QCheckBox* k : f->chkPunto)
+        if (k->isChecked()) punti << k->text();
+    EXPECT_EQ(pianeti, (QStringList{"Giove", "Saturno", "Urano", "Nettuno", "Plutone"}));
+    EXPECT_EQ(punti.size(), 14);
+    EXPECT_TRUE(punti.contains("Lilith Vera"));
+    EXPECT_FALSE(punti.contains("Lilith Media"));
+    EXPECT_FALSE(f->cmdStampa->isEnabled());
+}
+
+// A year of the slow bodies: the list of the search, in the local time of each date.
+TEST_F(CalTransiti, UnAnnoInOraLocale) {
+    frmCalTransiti* f = Apri();
+    ASSERT_NE(f, nullptr);
+    Anno2026(f);
+    f->cmdCerca->click();
+    const auto& righe = f->Righe();
+    ASSERT_GT(righe.size(), 20u);
+    EXPECT_EQ(f->grdTransiti->rowCount(), static_cast<int>(righe.size()));
+    EXPECT_EQ(f->barAvanzamento->value(), 1000);
+    EXPECT_EQ(f->lblEsito->text(), QString("Transiti trovati: %1").arg(righe.size()));
+    EXPECT_TRUE(f->cmdStampa->isEnabled());
+
+    // The same search on the chart's own points, from local midnight to local midnight.
+    RichiestaTransiti r;
+    r.jdDa = GiornoGiuliano(2026, 1, 1) - 1.0 / 24;
+    r.jdA = GiornoGiuliano(2027, 1, 1) - 1.0 / 24;
+    r.corpi = CorpiTransitoPredefiniti();
+    r.punti = PuntiNataliPredefiniti(s.PosNat, 1);
+    r.aspetti = {0, 1, 2, 3, 4};
+    r.orbita = 2.5;
+    const auto attesi = CercaTransiti(r);
+    ASSERT_EQ(attesi.size(), righe.size());
+
+    const double inizioEstiva = GiornoGiuliano(2026, 3, 29) + 1.0 / 24;
+    const double fineEstiva = GiornoGiuliano(2026, 10, 25) + 1.0 / 24;
+    int estive = 0, invernali = 0;
+    for (std::size_t i = 0; i < righe.size(); ++i) {
+        EXPECT_DOUBLE_EQ(righe[i].jd, attesi[i].jd);
+        const bool estiva = righe[i].jd >= inizioEstiva && righe[i].jd < fineEstiva;
+        (estiva ? estive : invernali)++;
+        const auto [data, ora] = Locale(righe[i].jd, estiva ? 2 : 1);
+        const int r0 = static_cast<int>(i);
+        EXPECT_EQ(f->grdTransiti->item(r0, 0)->text().toStdString(), data) << i;
+        EXPECT_EQ(f->grdTransiti->item(r0, 1)->text().toStdString(), ora) << i;
+        const std::string pianeta = NomiCorpiTransito[static_cast<std::size_t>(attesi[i].corpo)];
+        EXPECT_EQ(f->grdTransiti->item(r0, 2)->text().toStdString(),
+                  pianeta + (attesi[i].retrogrado ? " R" : ""));
+        EXPECT_EQ(f->grdTransiti->item(r0, 4)->text().toStdString(),
+                  r.punti[static_cast<std::size_t>(attesi[i].punto)].nome);
+    }
+    EXPECT_GT(estive, 0);
+    EXPECT_GT(invernali, 0);
+}
+
+TEST_F(CalTransiti, CaselleSbagliate) {
+    frmCalTransiti* f = Apri();
+    ASSERT_NE(f, nullptr);
+    struct Caso {
+        const char *da, *a, *orbita;
+        bool senzaPianeti;
+        const char* messaggio;
+    } casi[] = {
+        {"32/01/2026", "31/12/2026", "2,5", false,
+         "Data iniziale non valida: 32/01/2026\r\n(GG/MM/AAAA)"},
+        {"01/01/2026", "2026", "2,5", false, "Data finale non valida: 2026\r\n(GG/MM/AAAA)"},
+        {"01/01/2026", "31/12/2025", "2,5", false,
+         "La data finale viene prima di quella iniziale."},
+        {"01/01/1800", "31/12/2026", "2,5", false,
+         "Periodo di oltre 200 anni: dividere la ricerca."},
+        {"01/01/2026", "31/12/2026", "tre", false,
+         "Orbita non valida: tre\r\n(da 0 a 30 gradi, con la virgola)"},
+        {"01/01/2026", "31/12/2026", "2,5", true, "Scegliere almeno un pianeta in transito."},
+    };
+    for (const Caso& c : casi) {
+        m.registro.clear();
+        f->txtDa->setText(c.da);
+        f->txtA->setText(c.a);
+        f->txtOrbita->setText(c.orbita);
+        for (int k = 5; k <= 9; ++k)
+            f->chkPianeta[static_cast<std::size_t>(k)]->setChecked(!c.senzaPianeti);
+        f->cmdCerca->click();
+        ASSERT_EQ(m.registro.size(), 1u) << c.messaggio;
+        EXPECT_EQ(m.registro[0].titolo, "Lyx - Calendario Transiti");
+        EXPECT_EQ(m.registro[0].testo, c.messaggio);
+        EXPECT_TRUE(f->Righe().empty());
+    }
+}
+
+// "&Ferma" pressed while the search runs: it ends at once with what it found.
+TEST_F(CalTransiti, RicercaFermata) {
+    frmCalTransiti* f = Apri();
+    ASSERT_NE(f, nullptr);
+    f->txtDa->setText("01/01/1900");
+    f->txtA->setText("31/12/2080");
+    for (QCheckBox* k : f->chkPianeta)
+        k->setChecked(true);
+    QTimer::singleShot(0, f->cmdFerma, [f] {
+        EXPECT_TRUE(f->InRicerca());
+        EXPECT_TRUE(f->cmdFerma->isEnabled());
+        EXPECT_FALSE(f->cmdCerca->isEnabled());
+        f->cmdFerma->click();
+    });
+    f->cmdCerca->click();
+    EXPECT_FALSE(f->InRicerca());
+    EXPECT_TRUE(f->lblEsito->text().startsWith("Ricerca interrotta.  Transiti trovati: "));
+    EXPECT_TRUE(f->cmdCerca->isEnabled());
+    EXPECT_FALSE(f->cmdFerma->isEnabled());
+}
+
+TEST_F(CalTransiti, StampaPdfECsv) {
+    frmCalTransiti* f = Apri();
+    ASSERT_NE(f, nullptr);
+    Anno2026(f);
+    f->Oggi = [] { return std::string("25/11/2026"); };
+    f->cmdCerca->click();
+    ASSERT_FALSE(f->Righe().empty());
+
+    const auto pdf = cartella / "lista.pdf";
+    f->ScegliFilePdf = [&] { return QString::fromStdString((cartella / "lista").string()); };
+    f->cmdPdf->click();
+    const std::string contenuto = Leggi(pdf);
+    ASSERT_EQ(contenuto.rfind("%PDF", 0), 0u);
+    // One page object for each page of the list.
+    std::size_t pagine = 0;
+    for (std::size_t p = contenuto.find("/Type /Page"); p != std::string::npos;
+         p = contenuto.find("/Type /Page", p + 1))
+        if (contenuto.compare(p, 12, "/Type /Pages") != 0) ++pagine;
+    EXPECT_EQ(pagine, static_cast<std::size_t>(PagineTransiti(f->Righe().size())));
+
+    const auto stampa = cartella / "stampa.pdf";
+    f->ScegliStampante = [&](QPrinter& p) {
+        p.setOutputFormat(QPrinter::PdfFormat);
+        p.setOutputFileName(QString::fromStdString(stampa.string()));
+        return true;
+    };
+    f->cmdStampa->click();
+    EXPECT_EQ(Leggi(stampa).rfind("%PDF", 0), 0u);
+
+    const auto csv = cartella / "lista.csv";
+    f->ScegliFileTesto = [&] { return QString::fromStdString(csv.string()); };
+    f->cmdTesto->click();
+    const std::string testo = Leggi(csv);
+    EXPECT_EQ(testo, CsvTransiti(f->Righe()));
+    EXPECT_EQ(testo.substr(0, testo.find("\r\n")),
+              "Data;Ora;Pianeta;Aspetto;Punto natale;Ingresso;Uscita;JD;JDIngresso;JDUscita");
+    const auto txt = cartella / "lista.txt";
+    f->ScegliFileTesto = [&] { return QString::fromStdString(txt.string()); };
+    f->cmdTesto->click();
+    EXPECT_EQ(Leggi(txt), TestoTransiti(f->Righe()));
+    EXPECT_TRUE(m.registro.empty());
+}
+
+// A double click: the moment in the Transito slot, its frame refreshed, the slot cast at it.
+TEST_F(CalTransiti, DoppioClicNelloSlotTransito) {
+    frmCalTransiti* f = Apri();
+    ASSERT_NE(f, nullptr);
+    Anno2026(f);
+    f->cmdCerca->click();
+    ASSERT_GT(f->Righe().size(), 3u);
+    const int riga = 3;
+    const RigaTransito r = f->Righe()[riga];
+    // A double wheel open on the transit shows the new moment outside.
+    menu->findChild<QAction*>("mnuTransitiR")->trigger();
+    emit f->grdTransiti->cellDoubleClicked(riga, 0);
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    StatoMenuRuote* ruote = StatoRuoteDelMenu(*menu);
+    ASSERT_TRUE(ruote && ruote->doppia);
+    EXPECT_TRUE(ruote->doppia->isVisible());
+    EXPECT_EQ(menu->findChildren<frmRuotaDoppia*>().size(), 1);
+    EXPECT_EQ(s.TemaZ.Day, s.TemaTra.Day);
+    EXPECT_EQ(s.TemaZ.OraL, s.TemaTra.OraL);
+
+    EXPECT_EQ(s.TransitoCalcolato, -1);
+    const Tema& t = s.TemaTra;
+    EXPECT_NEAR(t.Day + (t.OraL - t.Estiva + t.Fuso) / 24, r.jd, 1e-9);
+    EXPECT_EQ(t.Nome.str().substr(24, 4), " Tra");
+    EXPECT_TRUE(menu->riquadri[1].frame->isEnabled());
+    EXPECT_TRUE(menu->riquadri[1].data->text().startsWith(QString::number(r.quando.giorno) + "/" +
+                                                          QString::number(r.quando.mese) + "/2026"))
+        << menu->riquadri[1].data->text().toStdString();
+    // The transiting body stands on the exact aspect in the slot's own positions.
+    const Posizione* campi[] = {&s.PosTra.Giove, &s.PosTra.Saturno, &s.PosTra.Urano,
+                                &s.PosTra.Nettuno, &s.PosTra.Plutone};
+    const auto& hit = f->Righe()[riga];
+    std::size_t c = 0;
+    while (NomiCorpiTransito[c + 5] != hit.pianeta)
+        ++c;
+    PuntoNatale punto;
+    ASSERT_TRUE(PuntoDelTema(s.PosNat, hit.punto, punto));
+    double angolo = -1;
+    for (std::size_t k = 0; k < 5; ++k)
+        if (hit.aspetto.rfind(std::string(NomiAspetti[k]).substr(0, hit.aspetto.size()), 0) == 0)
+            angolo = AngoliAspetti[k];
+    EXPECT_NEAR(DistanzaAspetto(campi[c]->Lo, punto.Lo), angolo, 1e-6);
+}
