@@ -182,7 +182,7 @@ std::string RigaLogScambio(std::int64_t riga, const Tema& tema, const std::strin
 
 bool ScriviLogScambio(const std::string& fileLog, const std::vector<std::string>& righe) {
     if (righe.empty()) return false;
-    std::ofstream log(fileLog, std::ios::binary | std::ios::trunc);
+    std::ofstream log(fileLog, std::ios::binary | std::ios::app);
     for (const std::string& r : righe)
         log << r << '\n';
     log.flush();

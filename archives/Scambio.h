@@ -70,7 +70,8 @@ std::int64_t EsportaScambio(const std::string& fileDB, const std::string& archiv
 // The log line of a record: "Riga 12, Rossi Mario: " and the text.
 std::string RigaLogScambio(std::int64_t riga, const Tema& tema, const std::string& testo);
 
-// Writes the log lines to `fileLog` (replacing it), nothing when there are none. True when written.
+// Appends the log lines to `fileLog` (a log is only ever appended to), nothing when there are
+// none. True when written.
 bool ScriviLogScambio(const std::string& fileLog, const std::vector<std::string>& righe);
 
 // The key by which two charts are the same chart: name, date, time to the second, place.

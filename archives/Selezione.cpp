@@ -68,9 +68,8 @@ std::optional<std::string> RinominaArchivio(const std::string& fileDB, const std
         if (a != vecchio) altri.push_back(a);
     std::optional<std::string> nome = NomeNuovoArchivio(testo, altri, messaggi);
     if (!nome) return std::nullopt;
-    if (!EArchivio(*nome)) {
-        messaggi.Mostra("Vesmo - Rinomina Archivio", "Nome non valido per un Archivio: " + *nome,
-                        Pulsanti::Ok, Icona::Esclamativo);
+    if (auto errore = ErroreNomeArchivio(*nome)) {
+        messaggi.Mostra("Vesmo - Rinomina Archivio", *errore, Pulsanti::Ok, Icona::Esclamativo);
         return std::nullopt;
     }
     if (*nome == vecchio) return nome;

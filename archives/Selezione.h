@@ -28,8 +28,8 @@ std::int64_t TrasferisciTemi(Database& db, const std::string& sorgente,
                              const std::string& destinazione, const std::vector<Segnalibro>& righe);
 
 // Renames the archive `vecchio` to the name typed, under the rules of a new archive's name
-// (NomeNuovoArchivio against the other archives; a place table's name, or one holding "MSys",
-// is refused with a message). The new name, or nothing when refused or given up.
+// (NomeNuovoArchivio against the other archives, then the one rule of ErroreNomeArchivio, whose
+// reason is told in a message). The new name, or nothing when refused or given up.
 std::optional<std::string> RinominaArchivio(const std::string& fileDB, const std::string& vecchio,
                                             const std::string& testo, Messaggi& messaggi);
 

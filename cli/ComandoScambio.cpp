@@ -49,8 +49,12 @@ int ImportaScambioCli(const Argomenti& a, FormatoScambio formato, std::ostream& 
     const std::string fileDB = DatabaseArchivi(a);
     std::string nome = a.Opzione("archivio") ? SenzaSpazi(*a.Opzione("archivio"))
                                              : std::filesystem::path(file).stem().string();
-    if (nome.empty()) throw ErroreArgomenti("nome dell'archivio vuoto");
-    if (!EArchivio(nome)) throw ErroreArgomenti("nome di archivio non valido: " + UnaRiga(nome));
+    if (auto errore = ErroreNomeArchivio(nome))
+        throw ErroreArgomenti((a.Opzione("archivio") ? "--archivio: " : "") + *errore +
+                              (a.Opzione("archivio") ? "" : " (--archivio NOME ne dà un altro)"));
+    if (auto log = a.Opzione("log");
+        log && (log->empty() || std::filesystem::is_directory(*log, ec)))
+        throw ErroreArgomenti("--log: non è un file: " + UnaRiga(*log));
     OpzioniImportScambio opzioni;
     opzioni.doppi = a.Flag("doppi");
     opzioni.completa = CompletaDaLuoghi(a);

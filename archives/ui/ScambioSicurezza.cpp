@@ -115,9 +115,8 @@ QString ImportaScambioUtente(QWidget* genitore, QListWidget* lstArchivi, const s
     frmImportaScambio d(file, formato, archivi, genitore);
     if (d.exec() != QDialog::Accepted) return {};
     const std::string nome = SenzaSpazi(SS(d.cmbArchivio->currentText()));
-    if (nome.empty() || !EArchivio(nome)) {
-        messaggi.Mostra("Vesmo - Importa Temi", "Nome non valido per un Archivio: " + nome,
-                        Pulsanti::Ok, Icona::Esclamativo);
+    if (auto errore = ErroreNomeArchivio(nome)) {
+        messaggi.Mostra("Vesmo - Importa Temi", *errore, Pulsanti::Ok, Icona::Esclamativo);
         return {};
     }
     OpzioniImportScambio opzioni;
@@ -128,8 +127,7 @@ QString ImportaScambioUtente(QWidget* genitore, QListWidget* lstArchivi, const s
     messaggi.Occupato(true);
     try {
         e = ImportaScambio(fileDB, nome, SS(file), formato, opzioni);
-        const std::string percorso =
-            (std::filesystem::path(SS(cartella)) / (e.Archivio + ".log")).string();
+        const std::string percorso = FileDiArchivio(SS(cartella), e.Archivio, ".log");
         if (ScriviLogScambio(percorso, e.Log)) log = percorso;
     } catch (const std::exception& ex) {
         messaggi.Occupato(false);

@@ -203,7 +203,7 @@ TEST_F(Scambio, RinominaArchivioConLeRegoleDelNome) {
     f.lstArchivi->setCurrentRow(0);
     messaggi.input = {std::string("Fusi")};
     f.cmdRinomina->click();
-    EXPECT_EQ(messaggi.registro.back().testo, "Nome non valido per un Archivio: Fusi");
+    EXPECT_EQ(messaggi.registro.back().testo, "nome riservato a una tabella del database: Fusi");
     // A name of another archive is asked again; the new one is taken.
     messaggi.input = {std::string("famiglia"), std::string("Clienti 2026")};
     f.cmdRinomina->click();
