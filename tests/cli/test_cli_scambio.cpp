@@ -67,10 +67,13 @@ TEST_F(CliScambio, AafCompletatoEsportatoInCsvEReimportato) {
     EXPECT_EQ(e.out, "{\"Archivio\": \"clienti\", \"Formato\": \"csv\", \"File\": \"" + csv +
                          "\", \"Records\": 2}\n");
     // Both stand already: skipped, then taken again when asked.
-    Esito d = Cli({"importa", csv, "--formato", "csv", "--archivio", "clienti", "--json"});
+    const std::string log2 = (cartella / "csv.log").string();
+    Esito d =
+        Cli({"importa", csv, "--formato", "csv", "--archivio", "clienti", "--log", log2, "--json"});
     EXPECT_NE(d.out.find("\"Importati\": 0, \"Completati\": 0, \"Doppi\": 2"), std::string::npos)
         << d.out;
-    Esito d2 = Cli({"importa", csv, "--formato", "csv", "--archivio", "clienti", "--doppi"});
+    Esito d2 = Cli(
+        {"importa", csv, "--formato", "csv", "--archivio", "clienti", "--doppi", "--log", log2});
     EXPECT_NE(d2.out.find("Importati  2\n"), std::string::npos) << d2.out;
 
     // The search.
