@@ -6,6 +6,8 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include "archives/Sicurezza.h"
+#include "core/Cartelle.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"
 #include "core/ui/frmInputIni.h"
@@ -62,6 +64,9 @@ bool Programma::Avvia(const QString& cartellaProgramma,
         splash_.reset();
         return false;
     }
+    // The automatic copies of the archives, made before anything is deleted, go into the
+    // user's data folder.
+    sessione.CartellaCopie = (CartellaDatiUtente() / CartellaCopie).string();
     principale = std::make_unique<frmMainVesmo>(sessione, avvio.cfg, avvio.percorsi, messaggi_);
     principale->AvviaLyx = [this] { AvviaLyx(); };
     Genitore(principale.get());

@@ -8,6 +8,7 @@
 #include "cli/Comandi.h"
 #include "cli/DatabaseCli.h"
 #include "cli/Json.h"
+#include "cli/SicurezzaCli.h"
 #include "core/store/Cursore.h"
 #include "places/EditorLuoghi.h"
 #include "places/ModelloLuoghi.h"
@@ -19,7 +20,8 @@ namespace {
 
 const char* const UsoDb =
     "uso: vesmo-cli db pulizia fusi|estive [--elimina] | compatta | copia fusi|estive --da "
-    "CODICE --a CODICE | zona CODICE | estive CODICE [--db FILE] [--json]";
+    "CODICE --a CODICE | zona CODICE | estive CODICE | sicurezza FILE | ripristina FILE [ARCHIVIO] "
+    "[--db FILE] [--json]";
 
 // The database file of --db or the usual one, which must exist.
 std::filesystem::path FileDb(const Argomenti& a) {
@@ -65,6 +67,7 @@ int Pulizia(const Argomenti& a, std::ostream& out) {
     std::int64_t eliminate = 0;
     if (a.Flag("elimina")) {
         VerificaScrivibile(file);
+        CopiaPrimaDiEliminare(a);
         eliminate = EliminaRighe(file, lista, esito.codici);
         // A work index left by the workstation's cleaning form goes with it.
         EliminaIndiceLavoro(file, lista);
@@ -92,6 +95,7 @@ int Compatta(const Argomenti& a, std::ostream& out) {
     if (a.Posizionali().size() != 1) throw ErroreArgomenti(UsoDb);
     const auto file = FileDb(a);
     const auto prima = std::filesystem::file_size(file);
+    CopiaPrimaDiEliminare(a);
     MessaggiRegistrati m;
     if (!CompattaDatabase(file, m)) {
         const std::string& t = m.registro.back().testo;
@@ -226,6 +230,10 @@ int ComandoDb(const Parole& parole, std::ostream& out) {
     if (cosa == "copia") {
         a.Consenti({"da", "a", "json", "db"});
         return Copia(a, out);
+    }
+    if (cosa == "sicurezza" || cosa == "ripristina") {
+        a.Consenti({"json", "db"});
+        return cosa == "sicurezza" ? SicurezzaDb(a, out) : RipristinaDb(a, out);
     }
     if (cosa == "zona" || cosa == "estive") {
         a.Consenti({"json", "db"});

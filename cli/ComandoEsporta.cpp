@@ -8,14 +8,18 @@
 #include "cli/Comandi.h"
 #include "cli/FileArchivi.h"
 #include "cli/Json.h"
+#include "cli/ScambioCli.h"
 
 namespace vesmo::cli {
 
 int ComandoEsporta(const Parole& parole, std::ostream& out) {
     Argomenti a(parole, {"json"});
-    a.Consenti({"out", "db", "json"});
+    a.Consenti({"out", "db", "json", "formato"});
     if (a.Posizionali().size() != 1)
-        throw ErroreArgomenti("uso: vesmo-cli esporta ARCHIVIO [--out FILE] [--db FILE] [--json]");
+        throw ErroreArgomenti("uso: vesmo-cli esporta ARCHIVIO [--formato sf|aaf|csv] [--out FILE] "
+                              "[--db FILE] [--json]");
+    if (const FormatoScambio f = LeggiFormato(a); f != FormatoScambio::SF)
+        return EsportaScambioCli(a, f, out);
     const std::string archivio = a.Posizionali()[0];
     const std::string fileDB = DatabaseArchivi(a);
     bool trovato = false;

@@ -8,16 +8,20 @@
 #include "cli/Comandi.h"
 #include "cli/FileArchivi.h"
 #include "cli/Json.h"
+#include "cli/ScambioCli.h"
 #include "core/Testo.h"
 
 namespace vesmo::cli {
 
 int ComandoImporta(const Parole& parole, std::ostream& out) {
-    Argomenti a(parole, {"json"});
-    a.Consenti({"archivio", "log", "db", "json"});
+    Argomenti a(parole, {"json", "doppi"});
+    a.Consenti({"archivio", "log", "db", "json", "formato", "doppi"});
     if (a.Posizionali().size() != 1)
         throw ErroreArgomenti(
-            "uso: vesmo-cli importa FILE [--archivio NOME] [--log FILE] [--db FILE] [--json]");
+            "uso: vesmo-cli importa FILE [--formato sf|aaf|csv] [--archivio NOME] "
+            "[--doppi] [--log FILE] [--db FILE] [--json]");
+    if (const FormatoScambio f = LeggiFormato(a); f != FormatoScambio::SF)
+        return ImportaScambioCli(a, f, out);
     const std::string file = a.Posizionali()[0];
     std::error_code ec;
     if (!std::filesystem::is_regular_file(file, ec))

@@ -34,6 +34,9 @@ struct Sessione {
     std::int16_t SalvatoOk = 0;
     std::int32_t ArchivioIndice = 0;
     std::string ArchivioCorrente;
+    // The folder of the automatic copies of the archives made before a deletion; none when
+    // empty (the application sets it to the user's data folder).
+    std::string CartellaCopie;
 
     // The wheels' drawing switches: one copy for the single and the double wheel.
     StatoRuote Ruote;

@@ -1,5 +1,6 @@
 #include "archives/ui/FinestraImporta.h"
 
+#include <QHBoxLayout>
 #include <QHeaderView>
 #include <QItemSelectionModel>
 #include <QLabel>
@@ -7,9 +8,13 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QTableView>
+#include <algorithm>
 
 #include "archives/Archivi.h"
+#include "archives/Elenchi.h"
 #include "archives/Gestione.h"
+#include "archives/Selezione.h"
+#include "archives/Sicurezza.h"
 #include "archives/ui/ModelloArchivio.h"
 #include "core/qt/MessaggiQt.h"
 
@@ -32,12 +37,17 @@ FinestraImporta::FinestraImporta(Sessione& sessione, const std::string& fileDB, 
     DBGrid1 = new QTableView(this);
     DBGrid1->setObjectName("DBGrid1");
     DBGrid1->setSelectionBehavior(QAbstractItemView::SelectRows);
-    DBGrid1->setSelectionMode(QAbstractItemView::SingleSelection);
+    // Several rows may be chosen, to delete or move them at once.
+    DBGrid1->setSelectionMode(QAbstractItemView::ExtendedSelection);
     DBGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     DBGrid1->verticalHeader()->setDefaultSectionSize(DBGrid1->fontMetrics().height() + 4);
     DBGrid1->verticalHeader()->hide();
     modello_ = new ModelloArchivio(this);
     DBGrid1->setModel(modello_);
+    // A click on a header sorts by that column; at first the rows stand in the index's order.
+    DBGrid1->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
+    DBGrid1->setSortingEnabled(true);
+    DBGrid1->horizontalHeader()->setStretchLastSection(true);
     DidascaliaGriglia = new QLabel(this);
     DidascaliaGriglia->setObjectName("DidascaliaGriglia");
     DidascaliaGriglia->setAlignment(Qt::AlignCenter);
@@ -53,6 +63,22 @@ FinestraImporta::FinestraImporta(Sessione& sessione, const std::string& fileDB, 
     cmdElimina->setObjectName("cmdElimina");
     Command3 = new QPushButton(QStringLiteral("E&sci"), this);
     Command3->setObjectName("Command3");
+    BarraCerca = new QWidget(this);
+    BarraCerca->setObjectName("BarraCerca");
+    auto* etichetta = new QLabel(QStringLiteral("Cerca per campi:"), BarraCerca);
+    txtCerca = new QLineEdit(BarraCerca);
+    txtCerca->setObjectName("txtCerca");
+    txtCerca->setPlaceholderText(
+        QStringLiteral("nome  dal:GG/MM/AAAA  al:GG/MM/AAAA  luogo:...  commento:..."));
+    txtCerca->setClearButtonEnabled(true);
+    lbCerca = new QLabel(BarraCerca);
+    lbCerca->setObjectName("lbCerca");
+    auto* lc = new QHBoxLayout(BarraCerca);
+    lc->setContentsMargins(0, 0, 0, 0);
+    lc->addWidget(etichetta);
+    lc->addWidget(txtCerca, 1);
+    lc->addWidget(lbCerca);
+    connect(txtCerca, &QLineEdit::textChanged, this, &FinestraImporta::txtCerca_Change);
 
     connect(lstArchivi, &QListWidget::itemClicked, this, &FinestraImporta::lstArchivi_Click);
     connect(Text1, &QLineEdit::textChanged, this, &FinestraImporta::Text1_Change);
@@ -120,6 +146,11 @@ void FinestraImporta::Collega(const std::string& nome) {
     }
     DBGrid1->setColumnWidth(0, Pixel(2200));
     DBGrid1->setColumnWidth(1, Pixel(2100));
+    // Date, time, coordinates, zone and summer time are short texts: the comment comes into view.
+    const int larghezze[] = {Pixel(1300), Pixel(800), Pixel(900),
+                             Pixel(900),  Pixel(700), Pixel(700)};
+    for (int i = 0; i < 6 && i + 3 < modello_->columnCount(); ++i)
+        DBGrid1->setColumnWidth(i + 3, larghezze[i]);
     DidascaliaGriglia->setText(QS(nome) + "  " + QString::number(modello_->rowCount()));
 }
 
@@ -211,12 +242,75 @@ bool FinestraImporta::CiSonoTemi(const char* punto) {
     }
 }
 
+std::vector<Segnalibro> FinestraImporta::Selezionati() const {
+    std::vector<int> righe;
+    for (const QModelIndex& i : DBGrid1->selectionModel()->selectedRows())
+        righe.push_back(i.row());
+    std::sort(righe.begin(), righe.end());
+    std::vector<Segnalibro> r;
+    for (int riga : righe)
+        r.push_back(modello_->SegnalibroDi(riga));
+    return r;
+}
+
+void FinestraImporta::CursoreVisibile() {
+    if (!data1_) return;
+    bool visibile = false;
+    try {
+        visibile = !data1_->BOF() && !data1_->Eof() && modello_->RigaDi(data1_->Bookmark()) >= 0;
+    } catch (const ErroreDB&) {
+    }
+    try {
+        if (!visibile && modello_->rowCount() > 0) data1_->VaiA(modello_->SegnalibroDi(0));
+    } catch (const ErroreDB&) {
+    }
+}
+
+void FinestraImporta::txtCerca_Change() {
+    std::string errore;
+    const auto criteri = LeggiCriteri(SS(txtCerca->text()), errore);
+    if (!criteri) {
+        // Told beside the box while the user types: no message box.
+        lbCerca->setText(QS(errore));
+        return;
+    }
+    modello_->Filtra(*criteri);
+    lbCerca->setText(criteri->Vuoti()
+                         ? QString()
+                         : QString::number(modello_->rowCount()) + QStringLiteral(" trovati"));
+    CursoreVisibile();
+    Allinea();
+}
+
 void FinestraImporta::cmdElimina_Click() {
+    const std::vector<Segnalibro> scelti = Selezionati();
+    if (scelti.size() > 1) {
+        // Several charts: one question that says how many, the copy, then all at once.
+        if (messaggi_.Mostra(prefisso_ + "Elimina Temi", TestoEliminaTemi(scelti.size(), archivio_),
+                             Pulsanti::OkAnnulla, Icona::Domanda) != Risposta::Ok)
+            return;
+        if (!CopiaPrimaDiEliminare(fileDB_, s_.CartellaCopie, messaggi_,
+                                   objectName().toStdString() + ".cmdElimina"))
+            return;
+        try {
+            EliminaTemi(db_, archivio_, scelti);
+        } catch (const std::exception& e) {
+            AvvisoErroreDB(messaggi_, objectName().toStdString() + ".cmdElimina", e);
+        }
+        modello_->Ricarica();
+        DBGrid1->clearSelection();
+        CursoreVisibile();
+        Allinea();
+        return;
+    }
     try {
         if (!CiSonoTemi(".")) return;
         const std::string nome = data1_->Campo("Nome").Testo();
         if (messaggi_.Mostra(prefisso_ + "Elimina Temi", TestoEliminaTema(nome),
                              Pulsanti::OkAnnulla, Icona::Informazione) != Risposta::Ok)
+            return;
+        if (!CopiaPrimaDiEliminare(fileDB_, s_.CartellaCopie, messaggi_,
+                                   objectName().toStdString() + ".cmdElimina"))
             return;
         EliminaTemaCorrente(*data1_);
     } catch (const std::exception& e) {

@@ -6,6 +6,7 @@
 #include <QDialog>
 #include <memory>
 #include <string>
+#include <vector>
 
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
@@ -38,6 +39,11 @@ public:
     QLabel* DidascaliaGriglia; // the grid's caption: the archive and its count
     QLineEdit* Text1;
     QPushButton *Command1, *cmdImporta, *cmdElimina, *Command3;
+    // The search by any field: words of the name, dal:, al:, luogo:, commento: (the derived
+    // forms place BarraCerca); lbCerca tells how many were found, or what is wrong.
+    QWidget* BarraCerca;
+    QLineEdit* txtCerca;
+    QLabel* lbCerca;
 
     // The archive bound to the grid, and the cursor on it (no current row when it is empty).
     const std::string& Archivio() const { return archivio_; }
@@ -50,6 +56,7 @@ public slots:
     void Command1_Click();
     void cmdElimina_Click();
     void Command3_Click();
+    void txtCerca_Change();
 
 protected:
     // `prefisso` begins the titles of the messages: "Lyx - " or "Vesmo - ".
@@ -67,6 +74,11 @@ protected:
     virtual void RecordCambiato() {}
     // The current row, or "Archivio vuoto" (with the text's end `punto`) told and false.
     bool CiSonoTemi(const char* punto);
+
+    // The rows selected in the grid, in the grid's order.
+    std::vector<Segnalibro> Selezionati() const;
+    // After rows went away or the search changed: the cursor on a row the grid shows.
+    void CursoreVisibile();
 
     // Binds the grid to archive `nome`.
     void Collega(const std::string& nome);

@@ -22,6 +22,12 @@ void ModelloArchivio::Apri(Database& db, const std::string& tabella, const std::
     auto rs = std::make_unique<Cursore>(db, tabella);
     rs->Index(indice);
     campi_ = db.Campi(tabella);
+    bool day = false, oraL = false;
+    for (const DefCampo& c : campi_) {
+        day = day || c.nome == "Day";
+        oraL = oraL || c.nome == "OraL";
+    }
+    archivio_ = day && oraL;
     rs_ = std::move(rs);
     endResetModel();
     Ricarica();
@@ -44,7 +50,18 @@ void ModelloArchivio::Ricarica() {
     righe_.clear();
     if (rs_) {
         rs_->Refresh();
-        righe_ = rs_->Segnalibri();
+        if (colonna_ < 0 && criteri_.Vuoti()) {
+            righe_ = rs_->Segnalibri();
+        } else {
+            std::vector<Valore> parametri;
+            const std::string dove = archivio_ ? CondizioneRicerca(criteri_, parametri) : "";
+            const std::string ordine =
+                colonna_ >= 0 && colonna_ < static_cast<int>(campi_.size())
+                    ? OrdineCampo(campi_[static_cast<std::size_t>(colonna_)].nome,
+                                  verso_ == Qt::DescendingOrder)
+                    : "";
+            righe_ = rs_->Segnalibri(dove, ordine, parametri);
+        }
         perSegnalibro_.reserve(righe_.size());
         for (std::size_t i = 0; i < righe_.size(); ++i)
             perSegnalibro_[righe_[i].riga] = static_cast<int>(i);
@@ -73,7 +90,8 @@ const std::vector<QString>& ModelloArchivio::Celle(int riga) const {
     try {
         rs_->VaiA(righe_.at(static_cast<std::size_t>(riga)));
         for (const DefCampo& c : campi_)
-            celle.push_back(QS(rs_->Campo(c.nome).Testo()));
+            celle.push_back(QS(archivio_ ? TestoElenco(c.nome, rs_->Campo(c.nome))
+                                         : rs_->Campo(c.nome).Testo()));
     } catch (const ErroreDB&) {
         // A row deleted elsewhere since the order was read: shown empty until the next reload.
         celle.assign(campi_.size(), QString());
@@ -89,7 +107,8 @@ QVariant ModelloArchivio::data(const QModelIndex& indice, int ruolo) const {
 QVariant ModelloArchivio::headerData(int sezione, Qt::Orientation o, int ruolo) const {
     if (ruolo != Qt::DisplayRole) return {};
     if (o == Qt::Horizontal && sezione >= 0 && sezione < static_cast<int>(campi_.size()))
-        return QS(campi_[static_cast<std::size_t>(sezione)].nome);
+        return QS(archivio_ ? TitoloElenco(campi_[static_cast<std::size_t>(sezione)].nome)
+                            : campi_[static_cast<std::size_t>(sezione)].nome);
     return {};
 }
 
@@ -106,11 +125,22 @@ bool ModelloArchivio::setData(const QModelIndex& indice, const QVariant& valore,
     // The texts of a chart keep their width, as the save writes them.
     if (campo.tipo == TipoCampo::Testo && campo.dimensione > 0)
         testo = TagliaOAllunga(testo, static_cast<std::size_t>(campo.dimensione));
+    Valore nuovo(testo);
+    if (archivio_) {
+        auto v = ValoreElenco(campo.nome, testo);
+        if (!v) {
+            if (Errore)
+                Errore(std::runtime_error("Valore non valido per " + TitoloElenco(campo.nome) +
+                                          ": " + testo));
+            return false;
+        }
+        nuovo = *v;
+    }
     const Segnalibro s = righe_.at(static_cast<std::size_t>(indice.row()));
     try {
         rs_->VaiA(s);
         rs_->Edit();
-        rs_->Imposta(campo.nome, Valore(testo));
+        rs_->Imposta(campo.nome, nuovo);
         rs_->Update();
     } catch (const std::exception& e) {
         rs_->CancelUpdate();
@@ -120,6 +150,19 @@ bool ModelloArchivio::setData(const QModelIndex& indice, const QVariant& valore,
     Ricarica();
     if (RigaCambiata) RigaCambiata(s);
     return true;
+}
+
+void ModelloArchivio::sort(int colonna, Qt::SortOrder verso) {
+    // The view may ask twice for the same order (QTableView::sortByColumn): once is enough.
+    if (colonna == colonna_ && verso == verso_) return;
+    colonna_ = colonna;
+    verso_ = verso;
+    Ricarica();
+}
+
+void ModelloArchivio::Filtra(const CriteriRicerca& criteri) {
+    criteri_ = criteri;
+    Ricarica();
 }
 
 } // namespace vesmo

@@ -16,6 +16,8 @@
 
 #include "archives/Archivi.h"
 #include "archives/Gestione.h"
+#include "archives/Selezione.h"
+#include "archives/Sicurezza.h"
 #include "archives/ui/ImportaEsporta.h"
 #include "core/qt/MessaggiQt.h"
 
@@ -44,9 +46,12 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     lstArchivi->setObjectName("lstArchivi");
     cmdElimina = new QPushButton(QStringLiteral("&Elimina Archivio Selezionato"), Frame1);
     cmdElimina->setObjectName("cmdElimina");
+    cmdRinomina = new QPushButton(QStringLiteral("&Rinomina Archivio Selezionato"), Frame1);
+    cmdRinomina->setObjectName("cmdRinomina");
     auto* l1 = new QVBoxLayout(Frame1);
     l1->addWidget(lstArchivi);
     l1->addWidget(cmdElimina);
+    l1->addWidget(cmdRinomina);
 
     Frame2 = new QGroupBox(QStringLiteral("Crea Nuovo Archivio"), this);
     Frame2->setObjectName("Frame2");
@@ -126,6 +131,39 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
             [this] { mnFileImpSFtxt_Click(this, lstArchivi, fileDB_, messaggi_); });
     connect(mnFileTT, &QAction::triggered, this,
             [this] { mnFileTT_Click(lstArchivi, fileDB_, messaggi_); });
+    cartellaFile = CartellaProgrammaQt();
+    mnFileImpAAF = mnFileImp->addAction(QStringLiteral("&AAF..."));
+    mnFileImpAAF->setObjectName("mnFileImpAAF");
+    mnFileImpCSV = mnFileImp->addAction(QStringLiteral("Foglio &CSV..."));
+    mnFileImpCSV->setObjectName("mnFileImpCSV");
+    mnFileExpAAF = mnFileExp->addAction(QStringLiteral("&AAF..."));
+    mnFileExpAAF->setObjectName("mnFileExpAAF");
+    mnFileExpCSV = mnFileExp->addAction(QStringLiteral("Foglio &CSV..."));
+    mnFileExpCSV->setObjectName("mnFileExpCSV");
+    mnFile->addSeparator();
+    mnFileSicurezza = mnFile->addAction(QStringLiteral("Copia di &sicurezza..."));
+    mnFileSicurezza->setObjectName("mnFileSicurezza");
+    mnFileRipristina = mnFile->addAction(QStringLiteral("&Ripristina..."));
+    mnFileRipristina->setObjectName("mnFileRipristina");
+    for (auto [voce, formato] : {std::pair{mnFileImpAAF, FormatoScambio::AAF},
+                                 std::pair{mnFileImpCSV, FormatoScambio::CSV}})
+        connect(voce, &QAction::triggered, this, [this, formato] {
+            ImportaScambioUtente(this, lstArchivi, fileDB_, formato, messaggi_, cartellaFile,
+                                 completaLuogo, sceltaApri);
+        });
+    for (auto [voce, formato] : {std::pair{mnFileExpAAF, FormatoScambio::AAF},
+                                 std::pair{mnFileExpCSV, FormatoScambio::CSV}})
+        connect(voce, &QAction::triggered, this, [this, formato] {
+            EsportaScambioUtente(this, lstArchivi, fileDB_, formato, messaggi_, cartellaFile,
+                                 sceltaSalva);
+        });
+    connect(mnFileSicurezza, &QAction::triggered, this, [this] {
+        CopiaDiSicurezzaUtente(this, fileDB_, messaggi_, cartellaFile, sceltaSalva);
+    });
+    connect(mnFileRipristina, &QAction::triggered, this, [this] {
+        if (!RipristinaUtente(this, fileDB_, messaggi_, QS(s_.CartellaCopie), sceltaApri).isEmpty())
+            RiempiArchivi();
+    });
 
     auto* colonnaDestra = new QVBoxLayout;
     colonnaDestra->addWidget(Frame2);
@@ -147,6 +185,7 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     connect(Command4, &QPushButton::clicked, this, &frmGesArchivi::Command4_Click);
     connect(lstArchivi, &QListWidget::itemDoubleClicked, this, &frmGesArchivi::lstArchivi_DblClick);
     connect(cmdElimina, &QPushButton::clicked, this, &frmGesArchivi::cmdElimina_Click);
+    connect(cmdRinomina, &QPushButton::clicked, this, &frmGesArchivi::cmdRinomina_Click);
     connect(cmdTrasporta, &QPushButton::clicked, this, &frmGesArchivi::cmdTrasporta_Click);
     connect(cmdOkTrasporta, &QPushButton::clicked, this, &frmGesArchivi::cmdOkTrasporta_Click);
     connect(Command1, &QPushButton::clicked, this, &frmGesArchivi::Command1_Click);
@@ -166,6 +205,7 @@ void frmGesArchivi::ModoSalvo() {
     Frame2->hide();
     Frame3->hide();
     cmdElimina->hide();
+    cmdRinomina->hide();
     setWindowTitle(QStringLiteral("Vesmo - Salvo"));
     cmdSalva->show();
     cmdSalva->setDefault(true);
@@ -194,7 +234,8 @@ void frmGesArchivi::cmdElimina_Click() {
     if (!voce) return;
     const std::string nome = SS(voce->text());
     if (messaggi_.Mostra("Lyx - Gestione Archivi", TestoEliminaArchivio(nome), Pulsanti::SiNo,
-                         Icona::Informazione) == Risposta::Si) {
+                         Icona::Informazione) == Risposta::Si &&
+        CopiaPrimaDiEliminare(fileDB_, s_.CartellaCopie, messaggi_, "frmGesArchivi.cmdElimina")) {
         try {
             EliminaArchivio(fileDB_, nome);
         } catch (const std::exception& e) {
@@ -284,6 +325,21 @@ void frmGesArchivi::cmdCrea_Click() {
     for (int i = 0; i < lstArchivi->count(); ++i)
         elenco.push_back(SS(lstArchivi->item(i)->text()));
     if (CreaArchivioUtente(fileDB_, SS(Text1->text()), elenco, messaggi_)) RiempiArchivi();
+}
+
+void frmGesArchivi::cmdRinomina_Click() {
+    QListWidgetItem* voce = lstArchivi->currentItem();
+    if (!voce) return;
+    const std::string vecchio = SS(voce->text());
+    const auto testo = messaggi_.Chiedi("Vesmo - Rinomina Archivio",
+                                        "Nuovo nome dell'Archivio  " + vecchio, vecchio);
+    if (!testo) return;
+    const auto nuovo = RinominaArchivio(fileDB_, vecchio, *testo, messaggi_);
+    if (!nuovo || *nuovo == vecchio) return;
+    if (s_.ArchivioCorrente == vecchio) s_.ArchivioCorrente = *nuovo;
+    const int riga = lstArchivi->currentRow();
+    RiempiArchivi();
+    if (riga < lstArchivi->count()) lstArchivi->setCurrentRow(riga);
 }
 
 void frmGesArchivi::cmdSalva_Click() {

@@ -8,6 +8,8 @@
 #include <cstdint>
 #include <string>
 
+#include "archives/Scambio.h"
+#include "archives/ui/ScambioSicurezza.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
 
@@ -50,6 +52,17 @@ public:
     // The menu of the text import and export; their entries are wired by those forms.
     QMenu *mnFile, *mnFileImp, *mnFileExp;
     QAction *mnFileImpSFtxt, *mnFileTT;
+    // The exchange with other programs and the copies: AAF and CSV in and out, the copy of the
+    // whole database, an archive brought back from a copy; and the rename of an archive.
+    QAction *mnFileImpAAF, *mnFileImpCSV, *mnFileExpAAF, *mnFileExpCSV, *mnFileSicurezza,
+        *mnFileRipristina;
+    QPushButton* cmdRinomina;
+    // The completion of imported charts from the places database (set by the opener; records
+    // without coordinates or zone are refused without it), the file dialogs of those entries
+    // (tests replace them), and the folder of the files written beside the program.
+    CompletaLuogo completaLuogo;
+    SceltaFile sceltaApri = DialogoApriFile, sceltaSalva = DialogoSalvaFile;
+    QString cartellaFile;
     // The help form last shown by Command1 or Command3.
     QDialog* Aiuto() const { return aiuto_; }
 
@@ -64,6 +77,7 @@ public slots:
     void cmdSalva_Click();
     void Command4_Click();
     void lstArchivi_DblClick(QListWidgetItem*);
+    void cmdRinomina_Click();
 
 private:
     void MostraAiuto(const QString& titolo, const QStringList& righe);

@@ -37,6 +37,7 @@ frmImpTVesmo::frmImpTVesmo(Sessione& sessione, const std::string& fileDB, Messag
     centro->addWidget(DidascaliaGriglia);
     centro->addWidget(DBGrid1, 1);
     centro->addWidget(Frame3);
+    centro->addWidget(BarraCerca);
     centro->addWidget(Command1);
     auto* tutto = new QHBoxLayout(this);
     tutto->addLayout(sinistra);

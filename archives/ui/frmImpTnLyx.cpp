@@ -16,6 +16,7 @@
 
 #include "archives/Archivi.h"
 #include "archives/Gestione.h"
+#include "archives/Selezione.h"
 #include "archives/ui/ModelloArchivio.h"
 #include "archives/ui/WidgetAnteprima.h"
 #include "core/qt/MessaggiQt.h"
@@ -85,6 +86,7 @@ frmImpTnLyx::frmImpTnLyx(Sessione& sessione, const std::string& fileDB, Messaggi
     centro->addWidget(DidascaliaGriglia);
     centro->addWidget(DBGrid1, 1);
     centro->addLayout(cerca);
+    centro->addWidget(BarraCerca);
     centro->addLayout(estesa);
     centro->addLayout(sposta);
     centro->addWidget(Command1);
@@ -224,6 +226,28 @@ void frmImpTnLyx::cmdCambiaA_Click() {
     if (destinazione == archivio_) {
         messaggi_.Mostra("Lyx - Operazione Abortita", TestoArchiviUguali(archivio_, destinazione),
                          Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    const std::vector<Segnalibro> scelti = Selezionati();
+    if (scelti.size() > 1) {
+        // Several charts: one question that says how many, then all in one transaction.
+        if (messaggi_.Mostra("Lyx - Trasferimenti Tn",
+                             TestoTrasferireTemi(scelti.size(), archivio_, destinazione),
+                             Pulsanti::SiNo, Icona::Domanda) != Risposta::Si)
+            return;
+        try {
+            const std::int64_t n = TrasferisciTemi(db_, archivio_, destinazione, scelti);
+            messaggi_.Mostra("Lyx - Info Trasferimenti",
+                             std::to_string(n) + " temi   Trasferiti\n\ndall' Archivio   " +
+                                 archivio_ + "\nall' Archivio     " + destinazione,
+                             Pulsanti::Ok, Icona::Informazione);
+        } catch (const std::exception& e) {
+            AvvisoErroreDB(messaggi_, "frmImpTnLyx.cmdCambiaA", e);
+        }
+        modello_->Ricarica();
+        DBGrid1->clearSelection();
+        CursoreVisibile();
+        Allinea();
         return;
     }
     try {

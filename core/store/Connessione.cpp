@@ -18,6 +18,17 @@ int Collazione(void*, int na, const void* a, int nb, const void* b) {
                             std::string_view(static_cast<const char*>(b), nb));
 }
 
+void FunzionePiega(sqlite3_context* ctx, int, sqlite3_value** argv) {
+    if (sqlite3_value_type(argv[0]) == SQLITE_NULL) {
+        sqlite3_result_null(ctx);
+        return;
+    }
+    const std::string piegato =
+        PiegaTesto(std::string_view(reinterpret_cast<const char*>(sqlite3_value_text(argv[0])),
+                                    static_cast<std::size_t>(sqlite3_value_bytes(argv[0]))));
+    sqlite3_result_text(ctx, piegato.data(), static_cast<int>(piegato.size()), SQLITE_TRANSIENT);
+}
+
 void FunzioneChiave(sqlite3_context* ctx, int argc, sqlite3_value** argv) {
     std::string chiave;
     chiave.reserve(32);
@@ -221,6 +232,9 @@ Connessione::Connessione(const std::filesystem::path& file, bool crea, bool sola
     sqlite3_create_function_v2(db_, NomeFunzioneChiave, -1,
                                SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
                                FunzioneChiave, nullptr, nullptr, nullptr);
+    sqlite3_create_function_v2(db_, NomeFunzionePiega, 1,
+                               SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
+                               FunzionePiega, nullptr, nullptr, nullptr);
     try {
         // Reads the schema now, so that a file that is not a database fails here.
         Esegui("SELECT count(*) FROM sqlite_master");

@@ -18,6 +18,9 @@ namespace vesmo::store_detail {
 // Name of the text ordering of text fields, and of the SQL function that makes index keys.
 inline constexpr const char* NomeCollazione = "VESMO";
 inline constexpr const char* NomeFunzioneChiave = "vesmo_chiave";
+// The SQL function that gives a text as compared (PiegaTesto): a search for part of a text that
+// ignores case and accents is instr(vesmo_piega(campo), vesmo_piega(?)) > 0.
+inline constexpr const char* NomeFunzionePiega = "vesmo_piega";
 
 // A name as an SQL identifier in double quotes.
 std::string Q(std::string_view nome);

@@ -373,6 +373,30 @@ std::vector<Segnalibro> Cursore::Segnalibri() const {
     return r;
 }
 
+std::vector<Segnalibro> Cursore::Segnalibri(std::string_view dove, std::string_view ordine,
+                                            const std::vector<Valore>& parametri) const {
+    StatoCursore& s = S();
+    if (s.sql) throw ErroreDB(ErroreDB::ErroreMotore, "Segnalibri filtrati di una query SQL");
+    std::string k(ordine);
+    if (k.empty() && !s.campiIndice.empty()) {
+        k = std::string(store_detail::NomeFunzioneChiave) + "(";
+        for (std::size_t i = 0; i < s.campiIndice.size(); ++i)
+            k += (i ? ", " : "") +
+                 store_detail::Q(s.campi[static_cast<std::size_t>(s.campiIndice[i])].nome);
+        k += ")";
+    }
+    store_detail::Istruzione st(*s.conn, "SELECT rowid FROM " + store_detail::Q(s.tabella) +
+                                             (dove.empty() ? "" : " WHERE " + std::string(dove)) +
+                                             " ORDER BY " + (k.empty() ? "" : k + ", ") + "rowid");
+    for (std::size_t i = 0; i < parametri.size(); ++i)
+        st.Lega(static_cast<int>(i + 1), parametri[i]);
+    std::vector<Segnalibro> r;
+    while (st.Passo())
+        r.push_back(Segnalibro{st.Intero(0)});
+    st.Reimposta();
+    return r;
+}
+
 const std::string& Cursore::Tabella() const {
     return S().tabella;
 }

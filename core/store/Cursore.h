@@ -103,6 +103,11 @@ public:
     // The bookmarks of all rows in the cursor's order, read in one pass without the fields;
     // the cursor does not move.
     std::vector<Segnalibro> Segnalibri() const;
+    // The bookmarks of the table's rows that meet the SQL condition `dove` (all when empty), in
+    // the order of the SQL terms `ordine` (the index's when empty), rowid last; `parametri` are
+    // bound to ?1, ?2... Not for an SQL cursor.
+    std::vector<Segnalibro> Segnalibri(std::string_view dove, std::string_view ordine,
+                                       const std::vector<Valore>& parametri) const;
 
     // Rows in the table, or in the query's result.
     std::int64_t RecordCount() const;

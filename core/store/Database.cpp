@@ -433,6 +433,36 @@ void Database::Compatta(const fs::path& sorgente, const fs::path& destinazione) 
     }
 }
 
+void Database::CopiaDiSicurezza(const fs::path& sorgente, const fs::path& destinazione) {
+    std::error_code ec;
+    if (!fs::is_regular_file(sorgente, ec))
+        throw ErroreDB(ErroreDB::FileNonTrovato,
+                       "Impossibile trovare il file " + sorgente.string());
+    if (fs::exists(destinazione, ec) || fs::is_symlink(destinazione, ec))
+        throw ErroreDB(ErroreDB::DatabaseEsistente,
+                       "Il database esiste già: " + destinazione.string());
+    try {
+        Connessione da(sorgente, false, true);
+        Connessione a(destinazione, true);
+        sqlite3_backup* b = sqlite3_backup_init(a.Db(), "main", da.Db(), "main");
+        if (!b) a.Errore(sqlite3_errcode(a.Db()), "copia di sicurezza");
+        // All pages in one step, under one read lock of the source: one state of the file. A
+        // writer holding the file makes the step wait and try again.
+        int rc;
+        int attese = 0;
+        while ((rc = sqlite3_backup_step(b, -1)) == SQLITE_BUSY || rc == SQLITE_LOCKED) {
+            if (++attese * 20 > store_detail::AttesaBloccoMs) break;
+            sqlite3_sleep(20);
+        }
+        const int fine = sqlite3_backup_finish(b);
+        if (rc != SQLITE_DONE) a.Errore(rc, "copia di sicurezza");
+        if (fine != SQLITE_OK) a.Errore(fine, "copia di sicurezza");
+    } catch (...) {
+        fs::remove(destinazione, ec); // it did not exist before: whatever is there is ours
+        throw;
+    }
+}
+
 void Database::CompattaSulPosto(const fs::path& file, const fs::path& temporaneo) {
     Compatta(file, temporaneo);
     std::error_code ec;

@@ -106,6 +106,12 @@ public:
     // removed.
     static void CompattaSulPosto(const std::filesystem::path& file,
                                  const std::filesystem::path& temporaneo);
+    // Writes a copy of the whole file `sorgente` into the new file `destinazione` through the
+    // engine's online backup: the copy is one consistent state of the file, taken while other
+    // programs may be writing to it (ErroreDB 3204 when the target exists, 3024 when the source
+    // does not). On failure no part of the target is left behind.
+    static void CopiaDiSicurezza(const std::filesystem::path& sorgente,
+                                 const std::filesystem::path& destinazione);
 
 private:
     friend class Cursore;

@@ -3,6 +3,7 @@
 #include <QApplication>
 #include <QMenu>
 
+#include "archives/Sicurezza.h"
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "places/ModelloLuoghi.h"
@@ -113,6 +114,10 @@ void frmMainVesmo::ApriPulizia(int modo) {
     if (modo != 3) scarica();
     auto* p = new frmPulizia(percorsi_.FileDB, modo, messaggi_);
     p->setAttribute(Qt::WA_DeleteOnClose);
+    p->PrimaDiEliminare = [this] {
+        return CopiaPrimaDiEliminare(percorsi_.FileDB, sessione_.CartellaCopie, messaggi_,
+                                     "frmPulizia.Command1");
+    };
     p->AlRitorno = [this] {
         show();
         Form_Load();

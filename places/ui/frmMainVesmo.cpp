@@ -22,6 +22,7 @@
 #include "astrolog/qt/AvviaProgramma.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/ui/frmInputIni.h"
+#include "places/CompletaLuogo.h"
 #include "places/ui/PannelloDati.h"
 
 #ifndef VESMO_VERSIONE
@@ -125,6 +126,7 @@ frmMainVesmo::frmMainVesmo(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& pe
     connect(mnuFilGes, &QAction::triggered, this, [this] {
         frmGesArchivi g(sessione_, percorsi_.FileDB, messaggi_, this,
                         std::filesystem::path(percorsi_.FileIni).parent_path().string());
+        g.completaLuogo = [file = percorsi_.FileDB](Tema& t) { CompletaTemaDaLuoghi(file, t); };
         g.exec();
     });
     connect(mnuFilImp, &QAction::triggered, this, [this] {

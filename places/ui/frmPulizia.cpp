@@ -101,6 +101,7 @@ void frmPulizia::Form_Load() {
 }
 
 void frmPulizia::Command1_Click() {
+    if (PrimaDiEliminare && !PrimaDiEliminare()) return;
     if (modo_ == 3) {
         messaggi_.Occupato(true);
         Text1->setText(QStringLiteral("Attendere... "));

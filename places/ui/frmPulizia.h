@@ -23,6 +23,9 @@ class frmPulizia : public QWidget {
     Q_OBJECT
 public:
     // `modo` (PuliziaModo): 1 clean Fusi, 2 clean Estive, 3 compact the file.
+    // Called before the compaction or the deletion of rows; false stops it (the caller's
+    // automatic copy of the archives that failed has told why).
+    std::function<bool()> PrimaDiEliminare;
     frmPulizia(std::string fileDB, int modo, Messaggi& messaggi, QWidget* genitore = nullptr);
 
     // Shows the form, then runs the scan (modes 1 and 2) or shows the compaction text.

@@ -262,6 +262,25 @@ TEST_F(FinestreDb, CleaningFormDeletesWhatStaysSelected) {
     EXPECT_FALSE(db.EsisteIndice("AllCity", "IndFusi"));
 }
 
+TEST_F(FinestreDb, CleaningAndCompactionWaitForTheCopyBefore) {
+    // The copy asked first; when it fails nothing is deleted or compacted.
+    for (int modo : {1, 3}) {
+        auto* p = new frmPulizia(file.string(), modo, messaggi);
+        p->setAttribute(Qt::WA_DeleteOnClose);
+        int chiesta = 0;
+        p->PrimaDiEliminare = [&] {
+            ++chiesta;
+            return false;
+        };
+        p->Form_Load();
+        QTest::mouseClick(p->Command1, Qt::LeftButton);
+        EXPECT_EQ(chiesta, 1) << modo;
+        EXPECT_EQ(Conta(file, "select count(*) from Fusi where cFusi = 7"), 2) << modo;
+        EXPECT_FALSE(std::filesystem::exists(cartella / "Neo_Vesmodat.mdb"));
+        p->close();
+    }
+}
+
 TEST_F(FinestreDb, CompactionForm) {
     bool tornato = false;
     auto* p = new frmPulizia(file.string(), 3, messaggi);

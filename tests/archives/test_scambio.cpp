@@ -1,0 +1,419 @@
+// The exchange formats AAF and CSV: round trips of an archive of charts drawn from a seeded
+// generator, AAF records written by hand from the format's published definition (the examples of
+// Ferber, Cezanne and Garms stand there), spreadsheet files as Italian spreadsheets write them,
+// the skip of charts already in the archive, and hostile files. Julian days of the dates come
+// from Python's datetime (days from 2000-01-01 = JD 2451544.5).
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <fstream>
+#include <random>
+#include <sstream>
+
+#include "archives/Archivi.h"
+#include "archives/FormatoAAF.h"
+#include "archives/FormatoCSV.h"
+#include "archives/Scambio.h"
+#include "core/Aritmetica.h"
+#include "tests/archives/AiutoArchivi.h"
+
+namespace vesmo::test {
+namespace {
+
+// A chart drawn from the generator: every third one on local mean time, every other one in
+// summer time, places all round the globe (south and west included), names with accents,
+// apostrophes and commas, times with seconds.
+Tema TemaEstratto(std::mt19937& g, int i) {
+    static const char* const nomi[] = {
+        "Rossi, Mario",      "D'Annunzio Gabriele", "Nicolò Brambilla",
+        "Zoë O'Neill",       "Müller, Jürgen",      "Ana María Núñez",
+        "Søren Kierkegaard", "Li \"Tiger\" Wei",    "100% Rossi"};
+    static const char* const citta[] = {"Sant'Angelo",   "São Paulo",  "Buenos Aires", "Reykjavík",
+                                        "Forlì, Cesena", "Wellington", "Los Angeles",  "Zürich"};
+    static const char* const nazioni[] = {"Italy", "Brazil",      "Argentina",     "Iceland",
+                                          "Italy", "New Zealand", "United States", "Switzerland"};
+    auto unita = [&] { return static_cast<double>(g()) / 4294967296.0; };
+    Tema t;
+    t.Nome = std::string(nomi[g() % 9]) + " " + std::to_string(i);
+    const auto luogo = g() % 8;
+    t.City = citta[luogo];
+    t.Stato = nazioni[luogo];
+    t.Day = std::floor(2378496.5 + unita() * 100000) + 0.5; // 1800 to 2073
+    t.OraL = std::floor(unita() * 86400) / 3600;
+    t.Lon = (unita() * 2 - 1) * 12;
+    t.Lat = (unita() * 2 - 1) * 89;
+    if (i % 3 == 0) {
+        t.Fuso = t.Lon;
+        t.Estiva = 0;
+    } else {
+        t.Fuso = std::round((unita() * 2 - 1) * 12 * 4) / 4;
+        t.Estiva = i % 2 ? 1 : 0;
+    }
+    t.Cmto = i % 5 ? "nota, con virgola e \"virgolette\"" : "";
+    return t;
+}
+
+class Scambio : public ConArchivi {
+protected:
+    std::vector<Tema> Riempi300() {
+        std::mt19937 g(29);
+        CreaArchivio(fileDB, "Clienti");
+        std::vector<Tema> temi;
+        Database db(fileDB);
+        db.IniziaTransazione();
+        Cursore rs(db, "Clienti");
+        for (int i = 0; i < 300; ++i) {
+            temi.push_back(TemaEstratto(g, i));
+            std::int16_t aggiungi = -1, modifica = 0;
+            ScriviTema(rs, temi.back(), aggiungi, modifica);
+        }
+        rs.Chiudi();
+        db.ConfermaTransazione();
+        return temi;
+    }
+    std::string File(const std::string& nome, const std::string& testo) {
+        const std::string p = (cartella / nome).string();
+        std::ofstream(p, std::ios::binary) << testo;
+        return p;
+    }
+    static std::string Leggi(const std::string& p) {
+        std::ifstream in(p, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
+    }
+};
+
+void StessiTemi(const std::vector<Tema>& a, const std::vector<Tema>& b, bool conCommento) {
+    ASSERT_EQ(a.size(), b.size());
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        SCOPED_TRACE(a[i].Nome.str());
+        EXPECT_EQ(a[i].Day, b[i].Day);
+        EXPECT_EQ(a[i].OraL, b[i].OraL);
+        EXPECT_EQ(a[i].Lon, b[i].Lon);
+        EXPECT_EQ(a[i].Lat, b[i].Lat);
+        EXPECT_EQ(a[i].Fuso, b[i].Fuso);
+        EXPECT_EQ(a[i].Estiva, b[i].Estiva);
+        EXPECT_EQ(a[i].Nome.str(), b[i].Nome.str());
+        EXPECT_EQ(a[i].City.str(), b[i].City.str());
+        EXPECT_EQ(a[i].Stato.str(), b[i].Stato.str());
+        if (conCommento) {
+            EXPECT_EQ(a[i].Cmto, b[i].Cmto);
+        }
+    }
+}
+
+TEST_F(Scambio, EsportazioneEImportazioneDannoGliStessiTemi) {
+    Riempi300();
+    for (FormatoScambio f : {FormatoScambio::AAF, FormatoScambio::CSV}) {
+        SCOPED_TRACE(NomeFormato(f));
+        const std::string file = (cartella / (std::string("temi.") + NomeFormato(f))).string();
+        EXPECT_EQ(EsportaScambio(fileDB, "Clienti", file, f), 300);
+        const std::string archivio = std::string("Da_") + NomeFormato(f);
+        const EsitoImportScambio e = ImportaScambio(fileDB, archivio, file, f, {});
+        EXPECT_TRUE(e.Creato);
+        EXPECT_EQ(e.Importati, 300);
+        EXPECT_EQ(e.Scartati + e.Doppi + e.Completati, 0);
+        StessiTemi(Temi("Clienti"), Temi(archivio), f == FormatoScambio::CSV);
+        // A second import into the same archive finds every chart already there.
+        const EsitoImportScambio di = ImportaScambio(fileDB, archivio, file, f, {});
+        EXPECT_EQ(di.Importati, 0);
+        EXPECT_EQ(di.Doppi, 300);
+        ASSERT_EQ(di.Log.size(), 300u);
+        EXPECT_NE(di.Log[0].find(": già nell'archivio, non importato"), std::string::npos);
+        // The first record stands on the first line, or below the header row.
+        const std::string prima = f == FormatoScambio::AAF ? "Riga 1, " : "Riga 2, ";
+        EXPECT_EQ(di.Log[0].rfind(prima, 0), 0u) << di.Log[0];
+        // Asked to, it takes them again.
+        OpzioniImportScambio doppi;
+        doppi.doppi = true;
+        EXPECT_EQ(ImportaScambio(fileDB, archivio, file, f, doppi).Importati, 300);
+    }
+}
+
+TEST_F(Scambio, AafSenzaIlBloccoPropioTieneSecondiEPrimiDArco) {
+    // What another program reads: #A93 and #B93 alone give each chart within a second of time
+    // and of arc; the local mean time comes back exact through #ZNAM.
+    Riempi300();
+    const std::string file = (cartella / "temi.aaf").string();
+    EsportaScambio(fileDB, "Clienti", file, FormatoScambio::AAF);
+    std::istringstream in(Leggi(file));
+    std::string solo, riga;
+    while (std::getline(in, riga))
+        if (riga.rfind("#VESMO:", 0) != 0) solo += riga + "\n";
+    const std::string altro = File("altro.aaf", solo);
+    EXPECT_EQ(ImportaScambio(fileDB, "Altro", altro, FormatoScambio::AAF, {}).Importati, 300);
+    const auto a = Temi("Clienti");
+    std::vector<Tema> b = Temi("Altro");
+    ASSERT_EQ(a.size(), b.size());
+    for (std::size_t i = 0; i < a.size(); ++i) {
+        // The index orders by name: "Rossi, Mario 7" keeps its place.
+        SCOPED_TRACE(a[i].Nome.str());
+        EXPECT_EQ(a[i].Nome.str(), b[i].Nome.str());
+        EXPECT_NEAR(a[i].JD(), b[i].JD(), 1.0 / 86400);
+        EXPECT_NEAR(a[i].OraL, b[i].OraL, 1.0 / 3600);
+        EXPECT_NEAR(a[i].Lon * 15, b[i].Lon * 15, 1.0 / 3600);
+        EXPECT_NEAR(a[i].Lat, b[i].Lat, 1.0 / 3600);
+        EXPECT_NEAR(a[i].Fuso, b[i].Fuso, 1.0 / 3600);
+        EXPECT_EQ(a[i].Estiva, b[i].Estiva);
+        if (a[i].Fuso == a[i].Lon) {
+            EXPECT_EQ(b[i].Fuso, b[i].Lon);
+        }
+        EXPECT_EQ(a[i].Stato.str(), b[i].Stato.str());
+    }
+}
+
+TEST_F(Scambio, RecordAafScrittiAMano) {
+    const std::string aaf = "#:========= esempi ============\n"
+                            "#A93:Ferber,Tobias,m,27.9.1970,11:04,Kandel/Pfalz,D\n"
+                            "#B93:*,49n05,8e11,1he,0\n"
+                            "#ZNAM:CET\n"
+                            "#COM:Programmierer\n"
+                            "#A93:Cezanne,Paul,m,19.1.1839,1:00,Aix-En-Provence,F\n"
+                            "#B93:2392758.526528,43n31,5e27,0e21:48,m\n"
+                            "#COM:Frz. Maler.\n"
+                            "gest. 22.10.1906\n"
+                            "#A93:Garms,Martin,11.10.1958,1.10,Brilon-Wald, D\n"
+                            "#A93:Garms,Martin,*,11.10.1958,1.10,Brilon-Wald, D\n"
+                            "#B93: *,51n21,9e35,1,0\r\n"
+                            "#A93:Orario,*,e,1.1.2000,12:00,Roma,I\n"
+                            "#B93:2451545.041667,41n54,12e29,1h00e,0\n"
+                            "#A93:Fuso,*,e,1.1.2000,13:00,Roma,I\n"
+                            "#B93:2451545.0,41n54,12e29,*,0\n"
+                            "#A93:Ovest,*,f,12.3.1960,23:15:30,New York,USA\n"
+                            "#B93:*,40n42:51,74w00:21,5hw00,1\n"
+                            "#A93:Bad,Date,m,31.2.1970,11:04,X,D\n"
+                            "#A93:Bad,Lat,m,1.2.1970,11:04,X,D\n"
+                            "#B93:*,49x05,8e11,1he,0\n";
+    const double g = 1.0 / 60;
+    struct Atteso {
+        const char* nome;
+        double day, oraL, lonGradiEst, lat, fuso, estiva;
+        const char* city;
+        const char* stato;
+    } attesi[] = {
+        {"Ferber, Tobias", 2440856.5, 11 + 4 * g, 8 + 11 * g, 49 + 5 * g, -1, 0, "Kandel/Pfalz",
+         "Germany"},
+        {"Cezanne, Paul", 2392758.5, 1, 5 + 27 * g, 43 + 31 * g, -(5 + 27 * g) / 15, 0,
+         "Aix-En-Provence", "France"},
+        {"Garms, Martin", 2436487.5, 1 + 10 * g, 9 + 35 * g, 51 + 21 * g, -1, 0, "Brilon-Wald",
+         "Germany"},
+        // The Julian day holds: 13h UT is 14h at one hour east.
+        {"Orario", 2451544.5, 14, 12 + 29 * g, 41 + 54 * g, -1, 0, "Roma", "Italy"},
+        // No zone: the Julian day gives it.
+        {"Fuso", 2451544.5, 13, 12 + 29 * g, 41 + 54 * g, -1, 0, "Roma", "Italy"},
+        {"Ovest", 2437005.5, 23 + 15 * g + 30 * g * g, -(74 + 21 * g * g), 40 + 42 * g + 51 * g * g,
+         5, 1, "New York", "United States"},
+    };
+    std::vector<VoceScambio> voci = LeggiAAF(aaf, {});
+    ASSERT_EQ(voci.size(), 9u);
+    // The first Garms record has six fields only.
+    EXPECT_EQ(voci[2].errore, "#A93 con 6 campi invece di 7");
+    EXPECT_EQ(voci[2].riga, 10);
+    voci.erase(voci.begin() + 2);
+    for (std::size_t i = 0; i < std::size(attesi); ++i) {
+        const Atteso& a = attesi[i];
+        const Tema& t = voci[i].tema;
+        SCOPED_TRACE(a.nome);
+        EXPECT_EQ(voci[i].errore, "");
+        EXPECT_EQ(t.Nome.Valore(), a.nome);
+        EXPECT_EQ(t.Day, a.day);
+        EXPECT_NEAR(t.OraL, a.oraL, 1e-9);
+        EXPECT_NEAR(t.Lon, -a.lonGradiEst / 15, 1e-9);
+        EXPECT_NEAR(t.Lat, a.lat, 1e-9);
+        EXPECT_NEAR(t.Fuso, a.fuso, 1e-9);
+        EXPECT_EQ(t.Estiva, a.estiva);
+        EXPECT_EQ(t.City.Valore(), a.city);
+        EXPECT_EQ(t.Stato.Valore(), a.stato);
+    }
+    EXPECT_EQ(voci[0].tema.Cmto, "Programmierer");
+    EXPECT_EQ(voci[1].tema.Cmto, "Frz. Maler.\ngest. 22.10.1906");
+    EXPECT_EQ(voci[1].tema.Fuso, voci[1].tema.Lon); // local mean time
+    EXPECT_EQ(voci[3].nota, "ora 12:00 corretta dal giorno giuliano 2451545.041667");
+    EXPECT_EQ(voci[6].errore, "data non valida: 31.2.1970");
+    EXPECT_EQ(voci[6].riga, 19);
+    EXPECT_EQ(voci[7].errore, "latitudine non valida: 49x05");
+
+    // Into an archive: the refused records are logged with line and name.
+    const EsitoImportScambio e =
+        ImportaScambio(fileDB, "Aaf", File("mano.aaf", aaf), FormatoScambio::AAF, {});
+    EXPECT_EQ(e.Importati, 6);
+    EXPECT_EQ(e.Scartati, 3);
+    const std::vector<std::string> log = {
+        "Riga 10, Garms, Martin: #A93 con 6 campi invece di 7",
+        "Riga 13, Orario: ora 12:00 corretta dal giorno giuliano 2451545.041667",
+        "Riga 19, Bad, Date: data non valida: 31.2.1970",
+        "Riga 20, Bad, Lat: latitudine non valida: 49x05",
+    };
+    EXPECT_EQ(e.Log, log);
+}
+
+TEST_F(Scambio, AafSenzaB93CompletatoDalDatabaseDeiLuoghi) {
+    const std::string aaf = "#A93:Rossi,Mario,m,10.4.1987,19:30,Padova,I\n"
+                            "#A93:Nessuno,*,m,10.4.1987,19:30,Atlantide,I\n"
+                            "#A93:Neri,Anna,f,10.4.1987,19:30,Padova,I\n"
+                            "#B93:*,45n24,11e53,*,*\n";
+    std::vector<std::string> chieste;
+    CompletaLuogo completa = [&](Tema& t) {
+        chieste.push_back(t.City.Valore() + "|" + t.Stato.Valore());
+        if (t.City.Valore() != "Padova") throw std::runtime_error("luogo sconosciuto: Atlantide");
+        t.Lon = -GradiDecimali(11, 52, 0) / 15; // the database's own figures
+        t.Lat = GradiDecimali(45, 25, 0);
+        t.Fuso = -1;
+        t.Estiva = 1;
+    };
+    OpzioniImportScambio o;
+    o.completa = completa;
+    const EsitoImportScambio e =
+        ImportaScambio(fileDB, "Aaf", File("b.aaf", aaf), FormatoScambio::AAF, o);
+    EXPECT_EQ(chieste,
+              (std::vector<std::string>{"Padova|Italy", "Atlantide|Italy", "Padova|Italy"}));
+    EXPECT_EQ(e.Importati, 2);
+    EXPECT_EQ(e.Completati, 2);
+    const std::vector<std::string> log = {
+        "Riga 1, Rossi, Mario: completato dal database dei luoghi: Padova, Italy, 11E52 45N25, "
+        "fuso -1, estiva 1",
+        "Riga 2, Nessuno: luogo non trovato nel database dei luoghi: luogo sconosciuto: Atlantide",
+        "Riga 3, Neri, Anna: completato dal database dei luoghi: Padova, Italy, 11E52 45N25, "
+        "fuso -1, estiva 1",
+    };
+    EXPECT_EQ(e.Log, log);
+    // With #B93 its coordinates hold; the zone came from the database.
+    const auto temi = Temi("Aaf");
+    ASSERT_EQ(temi.size(), 2u);
+    EXPECT_EQ(temi[0].Nome.Valore(), "Neri, Anna");
+    EXPECT_NEAR(temi[0].Lat, GradiDecimali(45, 24, 0), 1e-12);
+    EXPECT_EQ(temi[0].Fuso, -1);
+    EXPECT_NEAR(temi[1].Lat, GradiDecimali(45, 25, 0), 1e-12);
+    // Without a places database nothing is guessed.
+    EXPECT_EQ(LeggiAAF(aaf, {})[0].errore,
+              "luogo senza coordinate o fuso, e nessun database dei luoghi");
+}
+
+TEST(ZonaAAF, LeFormeDelFuso) {
+    const double g = 1.0 / 60;
+    struct Caso {
+        const char* testo;
+        std::optional<double> ore;
+    } casi[] = {
+        {"1he00", 1},
+        {"1he", 1},
+        {"1h00e", 1},
+        {"0e21:48", 21.8 * g},
+        {"5hw00", -5},
+        {"3hw30", -3.5},
+        {"1", 1},
+        {"-5", -5},
+        {"0he49:32", 49 * g + 32 * g * g},
+        {"x", std::nullopt},
+        {"1he99", std::nullopt},
+        {"", std::nullopt},
+        {"99he", std::nullopt},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.testo);
+        auto z = ZonaAAF(c.testo);
+        ASSERT_EQ(z.has_value(), c.ore.has_value());
+        if (z) {
+            EXPECT_NEAR(*z, *c.ore, 1e-12);
+        }
+    }
+}
+
+TEST_F(Scambio, CsvDiUnFoglioItaliano) {
+    // Semicolons, decimal commas, Latin-1 accents, columns in another order, no Day or OraL.
+    const std::string csv =
+        "nome;data;ora;city;stato;lat;lon;fuso;estiva;cmto\r\n"
+        "Nicol\xF2 Bianchi;12/03/1960;10:30;Forl\xEC;Italy;44N13;12E03;-1;0;\"a;b\"\r\n"
+        "\r\n"
+        "Mario \"Bad\";12/03/1960;25:00;Roma;Italy;41,9;-0,83;-1;0;\r\n"
+        "Iso;1960-03-12;10:30:15;Roma;Italy;41,9;-0,83;-1;1;\r\n"
+        "Feb;30/02/1960;10:30;Roma;Italy;41,9;-0,83;-1;0;\r\n";
+    const EsitoImportScambio e =
+        ImportaScambio(fileDB, "Foglio", File("f.csv", csv), FormatoScambio::CSV, {});
+    EXPECT_EQ(e.Importati, 2);
+    const std::vector<std::string> log = {
+        "Riga 4, Mario \"Bad\": ora non valida: 25:00",
+        "Riga 6, Feb: data non valida: 30/02/1960",
+    };
+    EXPECT_EQ(e.Log, log);
+    const auto t = Temi("Foglio");
+    ASSERT_EQ(t.size(), 2u);
+    EXPECT_EQ(t[1].Nome.Valore(), "Nicolò Bianchi");
+    EXPECT_EQ(t[1].City.Valore(), "Forlì");
+    EXPECT_EQ(t[1].Day, 2437005.5);
+    EXPECT_EQ(t[1].OraL, 10.5);
+    EXPECT_NEAR(t[1].Lat, 44 + 13.0 / 60, 1e-9);
+    EXPECT_NEAR(t[1].Lon, -(12 + 3.0 / 60) / 15, 1e-9);
+    EXPECT_EQ(t[1].Cmto, "a;b");
+    EXPECT_EQ(t[0].Nome.Valore(), "Iso");
+    EXPECT_NEAR(t[0].OraL, 10.5 + 15.0 / 3600, 1e-12);
+    EXPECT_EQ(t[0].Lat, 41.9);
+    EXPECT_EQ(t[0].Lon, -0.83);
+    EXPECT_EQ(t[0].Estiva, 1);
+}
+
+TEST(RigaCSV, TestiTraVirgoletteEValoriEsatti) {
+    Tema t = TemaDiProva("Rossi, \"Mario\"");
+    t.Cmto = "riga uno\nriga due";
+    EXPECT_EQ(TestataCSV(), "Nome,Data,Ora,City,Nazione,Lon,Lat,Fuso,Estiva,Day,OraL,Cmto\r\n");
+    EXPECT_EQ(RigaCSV(t), "\"Rossi, \"\"Mario\"\"\",10/04/1987,19:30:00,Padova,Italy,"
+                          "-0.79222222222222216,45.399999999999999,-1,1,2446895.5,19.5,"
+                          "\"riga uno\nriga due\"\r\n");
+}
+
+TEST_F(Scambio, FileOstiliNonFannoDanni) {
+    std::mt19937 g(2);
+    std::vector<std::string> file = {
+        "",
+        "\xEF\xBB\xBF",
+        "#A93:",
+        "#A93:,,,,,,,,,,,,,,,,,,,,\n#B93:,,,,,,,,,,\n#VESMO:,,,,,,,,\n",
+        "#A93:a,b,c,99999999999999999999.1.1,1:1,x,y\n#B93:1e308,9999n99,1e9e1,1he99999,nan\n",
+        "#A93:a,*,*,1.1.2000,12:00,x,I\n#VESMO:2451544.5,12,nan,inf,1e308,-1e308,%,%2,%25%\n",
+        "#A93:a,*,*,1.1.2000,12:00,x,I\n#B93:-1e300,90n00,180e00,24he00,3\n",
+        std::string(200000, '#') + ":\n" + std::string(300000, ','),
+        "\"" + std::string(100000, 'x'),
+        "Nome,Day,OraL,Lon,Lat,Fuso\n" + std::string(5000, ',') + "\n\"\"\"\n",
+        "Nome,Day,OraL,Lon,Lat,Fuso\nx,1e400,-0,nan,inf,-inf\nx,2451544.5,23.9999999999,12,90,24\n",
+        "Nome,Data,Ora\nx,-4712-01-01,00:00\nx,31/12/9999,23:59:59.999\nx,1/1/-99999999999,1:1\n",
+        std::string("a\0b,c\0\n\0", 8),
+    };
+    std::string caso(4096, ' ');
+    for (char& c : caso)
+        c = static_cast<char>(g() % 256);
+    file.push_back(caso);
+    file.push_back("#A93:" + caso);
+    int n = 0;
+    for (const std::string& testo : file) {
+        for (FormatoScambio f : {FormatoScambio::AAF, FormatoScambio::CSV}) {
+            const std::string p = File("ostile" + std::to_string(n++), testo);
+            OpzioniImportScambio o;
+            o.completa = [](Tema&) { throw std::runtime_error("nessun luogo"); };
+            EXPECT_NO_THROW({
+                const EsitoImportScambio e = ImportaScambio(fileDB, "Ostile", p, f, o);
+                for (const std::string& r : e.Log)
+                    EXPECT_EQ(r.rfind("Riga ", 0), 0u);
+            });
+        }
+    }
+    // What was imported reads back and writes out again.
+    for (const Tema& t : Temi("Ostile")) {
+        EXPECT_TRUE(std::isfinite(t.Day) && std::isfinite(t.OraL) && std::isfinite(t.Lon) &&
+                    std::isfinite(t.Lat) && std::isfinite(t.Fuso) && std::isfinite(t.Estiva));
+        RecordAAF(t);
+        RigaCSV(t);
+    }
+}
+
+TEST(SiglaAAF, NazioniDelleSigleEDaCapo) {
+    const std::pair<const char*, const char*> casi[] = {
+        {"I", "Italy"},        {"D", "Germany"},         {"F", "France"},  {"USA", "United States"},
+        {"CH", "Switzerland"}, {"GB", "United Kingdom"}, {"A", "Austria"}, {"E", "Spain"}};
+    for (const auto& [sigla, nazione] : casi) {
+        EXPECT_EQ(NazioneDaSiglaAAF(sigla).value_or("?"), nazione);
+        EXPECT_EQ(SiglaAAFDaNazione(nazione).value_or("?"), sigla);
+    }
+    EXPECT_FALSE(NazioneDaSiglaAAF("Italia"));
+}
+
+} // namespace
+} // namespace vesmo::test
