@@ -263,7 +263,8 @@ TEST_F(ArchiviTest, FileDiUnArchivioNellaSuaCartella) {
 TEST_F(ArchiviTest, TabelleDeiLuoghiMaiArchivi) {
     {
         Database db(fileDB);
-        db.CreaTabella("NomiAlternativi", {{"x", TipoCampo::Intero32}});
+        for (std::string_view t : TabelleDeiLuoghi)
+            if (!db.EsisteTabella(t)) db.CreaTabella(std::string(t), {{"x", TipoCampo::Intero32}});
     }
     CreaArchivio(fileDB, "Famiglia");
     EXPECT_EQ(ElencoArchivi(fileDB), std::vector<std::string>{"Famiglia"});
