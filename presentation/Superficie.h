@@ -84,6 +84,9 @@ public:
     void Stampa(const std::string& testo);
     // The whole surface in the background colour.
     void Pulisci();
+    // The picture of an image file stretched over the rectangle (twips) at (x, y), under what is
+    // drawn after it. Nothing when the file is missing or is not an image.
+    void Immagine(double x, double y, double larghezza, double altezza, const std::string& file);
     // The width in twips that Stampa gives a text in the surface's font; without the font's
     // metrics, six tenths of the size a character.
     virtual double LarghezzaTesto(const std::string& testo) const;
@@ -102,6 +105,8 @@ protected:
     // Returns the text's width in twips.
     virtual double FaiTesto(double x, double y, const std::string& testo) = 0;
     virtual void FaiPulisci() = 0;
+    virtual void FaiImmagine(double x, double y, double larghezza, double altezza,
+                             const std::string& file) = 0;
 
 private:
     double pennaX_ = 0, pennaY_ = 0;
