@@ -78,7 +78,7 @@ bool Programma::Avvia(const QString& cartellaProgramma,
 }
 
 void Programma::AvviaLyx() {
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
     aspetti.EntraInLyx();
     sessione.TemaX = sessione.TemaCorrente;
     cfgLyx = avvio.cfg;
@@ -101,7 +101,7 @@ void Programma::AvviaLyx() {
         QTimer::singleShot(0, principale.get(), [this] { TornaAVesmo(); });
     };
     Genitore(menu.get());
-    messaggi_.Occupato(false);
+    clessidra.Spegni();
     menu->Form_Load();
 }
 

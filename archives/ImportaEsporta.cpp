@@ -383,15 +383,15 @@ std::optional<EsitoImport> ImportaArchivioSF(const std::string& fileDB,
     }
     const std::string fileLog = FileDiArchivio(cartella, *nome, ".log");
     EsitoImport esito;
-    messaggi.Occupato(true);
+    Clessidra clessidra(messaggi);
     try {
         esito = ImportaSF(fileDB, *nome, fileTesto, fileLog);
     } catch (const std::exception& e) {
-        messaggi.Occupato(false);
+        clessidra.Spegni();
         AvvisoErroreDB(messaggi, "frmGesArchivi.mnFileImpSFtxt", e);
         return std::nullopt;
     }
-    messaggi.Occupato(false);
+    clessidra.Spegni();
     if (!esito.Log.empty())
         messaggi.Mostra("Vesmo - frmGesArchivi.mnFileImpSFtxt",
                         "Errori! Esamina il file di testo\n\n" + esito.Log, Pulsanti::Ok,
@@ -459,22 +459,20 @@ std::int64_t EsportaTesto(const std::string& fileDB, const std::string& archivio
 
 std::optional<std::string> EsportaArchivio(const std::string& fileDB, const std::string& archivio,
                                            const std::string& cartella, Messaggi& messaggi) {
-    messaggi.Occupato(true);
+    Clessidra clessidra(messaggi);
     const std::string percorso = FileDiArchivio(cartella, archivio, ".txt");
     if (messaggi.Mostra("Vesmo - Export Archivi", "Scrittura del file " + percorso,
-                        Pulsanti::OkAnnulla, Icona::Domanda) != Risposta::Ok) {
-        messaggi.Occupato(false);
+                        Pulsanti::OkAnnulla, Icona::Domanda) != Risposta::Ok)
         return std::nullopt;
-    }
     std::int64_t n = 0;
     try {
         n = EsportaTesto(fileDB, archivio, percorso, messaggi);
     } catch (const std::exception& e) {
-        messaggi.Occupato(false);
+        clessidra.Spegni();
         AvvisoErroreDB(messaggi, "frmGesArchivi.mnFileTT", e);
         return std::nullopt;
     }
-    messaggi.Occupato(false);
+    clessidra.Spegni();
     messaggi.Mostra("Vesmo - Info File GesArchivi",
                     "Tabella  " + archivio + "\n\nScritta nel File  \n" + percorso +
                         "\nNumero di Records: " + std::to_string(n),

@@ -359,15 +359,8 @@ std::optional<EsitoQuery> AvvioQuery(const std::string& fileDB, const std::strin
             if (nuovaTabella) nuovaTabella(a);
         }
     }
-    messaggi.Occupato(true);
-    try {
-        EsitoQuery e = EseguiQuery(fileDB, da, a, condizioni, lunaGeo, messaggi, avanzamento);
-        messaggi.Occupato(false);
-        return e;
-    } catch (...) {
-        messaggi.Occupato(false);
-        throw;
-    }
+    Clessidra clessidra(messaggi);
+    return EseguiQuery(fileDB, da, a, condizioni, lunaGeo, messaggi, avanzamento);
 }
 
 const char* const TitoloAiutoQuery = "Help - Query Astrologiche";

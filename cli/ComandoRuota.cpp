@@ -1,6 +1,5 @@
 // vesmo-cli ruota: the wheel of a chart written to a PNG, SVG or PDF file; with --transito the
 // double wheel of that transit at the natal place, or its double zodiac.
-#include <QImage>
 #include <cmath>
 #include <filesystem>
 #include <iostream>
@@ -8,22 +7,21 @@
 #include <sstream>
 
 #include "chart/CalcolaTema.h"
-#include "cli/ApplicazioneGrafica.h"
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
 #include "cli/DatabaseCli.h"
 #include "cli/OpzioniTema.h"
 #include "cli/Rivoluzione.h"
 #include "core/Aritmetica.h"
-#include "core/Cartelle.h"
 #include "core/Messaggi.h"
 #include "places/CittaVicine.h"
 #include "presentation/Rilocazione.h"
 #include "presentation/Ruota.h"
 #include "presentation/RuotaAscensionale.h"
 #include "presentation/RuotaDoppia.h"
+#include "presentation/qt/ApplicazioneGrafica.h"
 #include "presentation/qt/Esporta.h"
-#include "presentation/qt/SuperficieQt.h"
+#include "presentation/qt/FileMappa.h"
 
 namespace vesmo::cli {
 
@@ -69,17 +67,7 @@ int ModoAscensionale(const Argomenti& a) {
 // the set-up drew beside the places database, the place marked on it, the nearest towns below.
 void MappaERiquadro(Superficie& sup, const Tema& rilocato, const std::filesystem::path& fileDB) {
     const double W = LarghezzaMappaPixel * 15.0, H = AltezzaMappaPixel * 15.0;
-    std::filesystem::path fileMappa = fileDB.parent_path() / "MappaFusi.png";
-    std::error_code ec;
-    if (!std::filesystem::exists(fileMappa, ec)) {
-        const auto programma = std::filesystem::read_symlink("/proc/self/exe", ec);
-        const auto consegnato =
-            ec ? std::filesystem::path() : DatabaseConsegnato(programma.parent_path());
-        if (!consegnato.empty()) fileMappa = consegnato.parent_path() / "MappaFusi.png";
-    }
-    const QImage mappa(QString::fromStdString(fileMappa.string()));
-    if (auto* qt = dynamic_cast<SuperficieQt*>(&sup); qt && !mappa.isNull())
-        qt->Pittore().drawImage(QRectF(0, 0, W, H), mappa);
+    sup.Immagine(0, 0, W, H, FileMappaFusi(fileDB).string());
     const SegnoMappa segno = SegnaMappa(rilocato.Lon, rilocato.Lat, W, H);
     sup.Linea(segno.x, segno.yDa, segno.x, segno.yA, ColorePalette(11));
     sup.Linea(segno.xDa, segno.y, segno.xA, segno.y, ColorePalette(11));
@@ -141,7 +129,7 @@ int ComandoRuota(const Parole& parole, std::ostream& out) {
     CastaTema(natale, cuspidi, posNatale, luna, messaggi);
     if (a.Flag("asc")) angolo = 360 - posNatale.Asce.Lo;
 
-    auto app = ApplicazioneGrafica();
+    const ApplicazioneGrafica app;
     std::string errore;
     if (rilocata) {
         RivoluzioneCercata r = CercaRivoluzioneDaArgomenti(a, false, messaggi);

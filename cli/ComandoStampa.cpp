@@ -4,7 +4,6 @@
 #include <iostream>
 
 #include "chart/CalcolaTema.h"
-#include "cli/ApplicazioneGrafica.h"
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
 #include "cli/Json.h"
@@ -12,7 +11,8 @@
 #include "core/Messaggi.h"
 #include "core/Testo.h"
 #include "presentation/PaginaStampa.h"
-#include "presentation/qt/StampaPagina.h"
+#include "presentation/qt/ApplicazioneGrafica.h"
+#include "presentation/qt/SalvaPagina.h"
 
 namespace vesmo::cli {
 
@@ -82,7 +82,7 @@ int ComandoStampa(const Parole& parole, std::ostream& out) {
     Posizioni pos;
     CastaTema(tema, cuspidi, pos, o.LunaGeo, messaggi);
 
-    auto app = ApplicazioneGrafica();
+    const ApplicazioneGrafica app;
     std::vector<std::string> scritti;
     auto controlla = [&](const std::string& errore, const std::string& nome) {
         if (!errore.empty()) throw std::runtime_error(errore);

@@ -29,6 +29,27 @@ public:
     virtual void Occupato(bool acceso) = 0;
 };
 
+// The busy pointer for the life of a scope: on when the hourglass is made, off when the scope
+// ends, however it ends (a return, an exception), or earlier with Spegni (before a message box
+// that reports what went wrong). The pointer is turned off once.
+class Clessidra {
+public:
+    explicit Clessidra(Messaggi& messaggi) : messaggi_(&messaggi) { messaggi.Occupato(true); }
+    ~Clessidra() { Spegni(); }
+    Clessidra(const Clessidra&) = delete;
+    Clessidra& operator=(const Clessidra&) = delete;
+
+    void Spegni() {
+        if (!messaggi_) return;
+        Messaggi* m = messaggi_;
+        messaggi_ = nullptr;
+        m->Occupato(false);
+    }
+
+private:
+    Messaggi* messaggi_;
+};
+
 // The answer a box gets when nobody is there to press a button: Ok, Si, Riprova... the first
 // button of the set.
 Risposta PrimoPulsante(Pulsanti p);

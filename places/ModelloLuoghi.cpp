@@ -314,7 +314,7 @@ void ModelloLuoghi::ErroreNazione(const Tema& tema) {
 }
 
 void ModelloLuoghi::CaricaTemaDaUniti(Tema& tema) {
-    messaggi.Occupato(true);
+    Clessidra clessidra(messaggi);
     RiempiDati(tema);
     tema.Fuso = 0;
     tema.Estiva = 0;
@@ -480,7 +480,7 @@ void ModelloLuoghi::CaricaTemaDaUniti(Tema& tema) {
                           ". [ Zona Oraria " + segno + TestoDataOra(precDiff) + "]  ";
         tema.Fuso = precDiff * 24 * (segno == " - " ? -1 : 1);
     }
-    messaggi.Occupato(false);
+    clessidra.Spegni();
     campi.Text22Visibile = campi.Text23Visibile = false;
     campi.Label1Visibile = true;
 }

@@ -109,4 +109,9 @@ void Superficie::Pulisci() {
     pennaY_ = 0;
 }
 
+void Superficie::Immagine(double x, double y, double larghezza, double altezza,
+                          const std::string& file) {
+    FaiImmagine(x, y, larghezza, altezza, file);
+}
+
 } // namespace vesmo

@@ -90,6 +90,9 @@ public:
     // The strokes between these two calls make one glyph: a surface may keep them together.
     void InizioGlifo() { SegnaGlifo(true); }
     void FineGlifo() { SegnaGlifo(false); }
+    // The picture of an image file stretched over the rectangle (twips) at (x, y), under what is
+    // drawn after it. Nothing when the file is missing or is not an image.
+    void Immagine(double x, double y, double larghezza, double altezza, const std::string& file);
     // The width in twips that Stampa gives a text in the surface's font; without the font's
     // metrics, six tenths of the size a character.
     virtual double LarghezzaTesto(const std::string& testo) const;
@@ -112,6 +115,8 @@ protected:
     virtual double FaiTestoCentrato(double cx, double cy, const std::string& testo);
     virtual void FaiPulisci() = 0;
     virtual void SegnaGlifo(bool /*inizio*/) {}
+    virtual void FaiImmagine(double x, double y, double larghezza, double altezza,
+                             const std::string& file) = 0;
 
 private:
     double pennaX_ = 0, pennaY_ = 0;

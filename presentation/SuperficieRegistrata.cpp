@@ -75,4 +75,15 @@ void SuperficieRegistrata::FaiPulisci() {
     figure.push_back(Nuova(Figura::Pulisci, ColoreFondo()));
 }
 
+void SuperficieRegistrata::FaiImmagine(double x, double y, double larghezza, double altezza,
+                                       const std::string& file) {
+    Figura f = Nuova(Figura::Immagine, ColorePenna());
+    f.x1 = x;
+    f.y1 = y;
+    f.x2 = x + larghezza;
+    f.y2 = y + altezza;
+    f.testo = file;
+    figure.push_back(f);
+}
+
 } // namespace vesmo

@@ -11,8 +11,9 @@
 namespace vesmo {
 
 struct Figura {
-    enum Tipo { Ellisse, Arco, Linea, Punto, Testo, Pulisci } tipo = Linea;
-    // Line: from (x1, y1) to (x2, y2). Ellipse, arc, point and text: at (x1, y1).
+    enum Tipo { Ellisse, Arco, Linea, Punto, Testo, Pulisci, Immagine } tipo = Linea;
+    // Line: from (x1, y1) to (x2, y2). Ellipse, arc, point and text: at (x1, y1). Picture: over
+    // the rectangle from (x1, y1) to (x2, y2), its file in `testo`.
     double x1 = 0, y1 = 0, x2 = 0, y2 = 0;
     double rx = 0, ry = 0;           // half-axes of ellipses and arcs; half the box of a text
     double inizio = 0, ampiezza = 0; // arcs, radians
@@ -41,6 +42,8 @@ protected:
     double FaiTesto(double x, double y, const std::string& testo) override;
     void FaiPulisci() override;
     void SegnaGlifo(bool inizio) override;
+    void FaiImmagine(double x, double y, double larghezza, double altezza,
+                     const std::string& file) override;
 
 private:
     Figura Nuova(Figura::Tipo tipo, Colore colore) const;

@@ -124,17 +124,17 @@ QString ImportaScambioUtente(QWidget* genitore, QListWidget* lstArchivi, const s
     opzioni.completa = completa;
     EsitoImportScambio e;
     std::string log;
-    messaggi.Occupato(true);
+    Clessidra clessidra(messaggi);
     try {
         e = ImportaScambio(fileDB, nome, SS(file), formato, opzioni);
         const std::string percorso = FileDiArchivio(SS(cartella), e.Archivio, ".log");
         if (ScriviLogScambio(percorso, e.Log)) log = percorso;
     } catch (const std::exception& ex) {
-        messaggi.Occupato(false);
+        clessidra.Spegni();
         AvvisoErroreDB(messaggi, "frmGesArchivi.mnFileImpScambio", ex);
         return {};
     }
-    messaggi.Occupato(false);
+    clessidra.Spegni();
     if (e.Creato) lstArchivi->addItem(QS(e.Archivio));
     messaggi.Mostra("Vesmo - Importa Temi", TestoEsitoImport(e, log), Pulsanti::Ok,
                     e.Scartati ? Icona::Esclamativo : Icona::Informazione);
@@ -179,15 +179,15 @@ void CopiaDiSicurezzaUtente(QWidget* genitore, const std::string& fileDB, Messag
                         Icona::Esclamativo);
         return;
     }
-    messaggi.Occupato(true);
+    Clessidra clessidra(messaggi);
     try {
         CopiaDiSicurezza(fileDB, SS(file));
     } catch (const std::exception& e) {
-        messaggi.Occupato(false);
+        clessidra.Spegni();
         AvvisoErroreDB(messaggi, "frmGesArchivi.mnFileSicurezza", e);
         return;
     }
-    messaggi.Occupato(false);
+    clessidra.Spegni();
     messaggi.Mostra("Vesmo - Copia di sicurezza",
                     "Copia di sicurezza del database scritta in\n" + SS(file), Pulsanti::Ok,
                     Icona::Informazione);

@@ -259,18 +259,17 @@ void frmGesArchivi::cmdOkTrasporta_Click() {
     QListWidgetItem* da = lstArchivi->currentItem();
     QListWidgetItem* a = List1->currentItem();
     if (da && a) {
-        messaggi_.Occupato(true);
+        Clessidra clessidra(messaggi_);
         try {
             TrasportaArchivio(fileDB_, SS(da->text()), SS(a->text()));
         } catch (const std::exception& e) {
-            messaggi_.Occupato(false);
+            clessidra.Spegni();
             AvvisoErroreDB(messaggi_, "frmGesArchivi.cmdOkTrasporta", e);
         }
     }
     List1->hide();
     cmdOkTrasporta->hide();
     Command1->hide();
-    messaggi_.Occupato(false);
 }
 
 void frmGesArchivi::Command1_Click() {
@@ -283,17 +282,16 @@ void frmGesArchivi::Command1_Click() {
 }
 
 void frmGesArchivi::Command2_Click() {
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
     try {
         const EsitoCompleanni e = ImportaCompleanni(
             fileDB_, std::filesystem::path(cartellaProgramma_) / FileCompleanni, messaggi_);
         Command2->setText(QS(DidascaliaImportati(e.importati)));
     } catch (const std::exception& e) {
-        messaggi_.Occupato(false);
+        clessidra.Spegni();
         AvvisoErroreDB(messaggi_, "frmGesArchivi.Command2", e);
     }
     RiempiArchivi();
-    messaggi_.Occupato(false);
 }
 
 void frmGesArchivi::Command3_Click() {

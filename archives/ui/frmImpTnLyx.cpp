@@ -152,27 +152,24 @@ void frmImpTnLyx::RecordCambiato() {
 
 void frmImpTnLyx::cdAvanzata_Click() {
     if (!data1_) return; // no archive to search
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
     cbEstesa->clear();
     std::vector<std::string> nomi;
     try {
         nomi = RicercaEstesa(db_, archivio_, SS(Text1->text()));
     } catch (const std::exception& e) {
-        messaggi_.Occupato(false);
+        clessidra.Spegni();
         AvvisoErroreDB(messaggi_, "frmImpTnLyx.cdAvanzata", e);
         return;
     }
-    if (nomi.empty()) {
-        messaggi_.Occupato(false);
-        return;
-    }
+    if (nomi.empty()) return;
     {
         const QSignalBlocker blocco(cbEstesa);
         for (const std::string& n : nomi)
             cbEstesa->addItem(QS(n));
         cbEstesa->setCurrentIndex(0);
     }
-    messaggi_.Occupato(false);
+    clessidra.Spegni();
     cbEstesa_Click(0);
 }
 

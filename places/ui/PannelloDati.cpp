@@ -284,7 +284,7 @@ bool PannelloDati::Carica(const std::string& fileDB, char ordinamento) {
         MostraTema();
         return false;
     }
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
     delete griglia1_;
     delete griglia2_;
     griglia1_ = new ModelloGriglia({"cCity", "City"}, this);
@@ -303,7 +303,7 @@ bool PannelloDati::Carica(const std::string& fileDB, char ordinamento) {
             [this](const QModelIndex& i) {
                 if (!aggiornando_ && i.isValid()) DBGrid2_RowColChange(i.row());
             });
-    messaggi_.Occupato(false);
+    clessidra.Spegni();
 
     MostraTema();
     Frame5->setTitle(

@@ -738,18 +738,18 @@ void frmDbEdit::Esegui(const char* routine, const std::function<void()>& azione,
                        std::initializer_list<int> daRicaricare) {
     if (!m_) return;
     DaControlli();
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
     try {
         azione();
     } catch (const std::exception& e) {
-        messaggi_.Occupato(false);
+        clessidra.Spegni();
         messaggi_.Mostra(std::string("Vesmo - Errore [frmDbEdit.") + routine + "]", e.what(),
                          Pulsanti::Ok, Icona::Critico);
     }
     Cursore* cursori[6] = {&m_->Data1, &m_->Data2, &m_->Data3, &m_->Data4, &m_->Data6, &m_->Data7};
     for (int k : daRicaricare)
         griglie_[k]->CaricaSuRichiesta(*cursori[k], db_);
-    messaggi_.Occupato(false);
+    clessidra.Spegni();
     AControlli();
 }
 

@@ -31,7 +31,6 @@ template <class W> W* Nome(W* w, const char* nome) {
 }
 
 void Errore(Messaggi& m, const char* routine, const std::exception& e) {
-    m.Occupato(false);
     m.Mostra(std::string("Vesmo - Errore [") + routine + "]", e.what(), Pulsanti::Ok,
              Icona::Critico);
 }
@@ -86,7 +85,7 @@ void frmPulizia::Form_Load() {
     setWindowTitle(modo_ == 1 ? QStringLiteral("Vesmo - Pulizia Fusi")
                               : QStringLiteral("Vesmo - Pulizia Estive"));
     QApplication::processEvents();
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
     try {
         const EsitoScansione esito = ScansionePulizia(fileDB_, Lista());
         for (auto codice : esito.codici) {
@@ -95,19 +94,19 @@ void frmPulizia::Form_Load() {
         }
         Text1->setText(QS(TestoScansione(esito)));
     } catch (const std::exception& e) {
+        clessidra.Spegni();
         Errore(messaggi_, "frmPulizia.Form_Load", e);
     }
-    messaggi_.Occupato(false);
 }
 
 void frmPulizia::Command1_Click() {
     if (PrimaDiEliminare && !PrimaDiEliminare()) return;
     if (modo_ == 3) {
-        messaggi_.Occupato(true);
+        Clessidra clessidra(messaggi_);
         Text1->setText(QStringLiteral("Attendere... "));
         QApplication::processEvents();
         const bool fatto = CompattaDatabase(fileDB_, messaggi_);
-        messaggi_.Occupato(false);
+        clessidra.Spegni();
         if (!fatto) {
             Text1->setText(QStringLiteral("Attendere... Non riuscita"));
             return;
@@ -121,7 +120,7 @@ void frmPulizia::Command1_Click() {
     for (int i = 0; i < List1->count(); ++i)
         if (List1->item(i)->isSelected())
             codici.push_back(static_cast<std::int32_t>(ValoreTesto(SS(List1->item(i)->text()))));
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
     try {
         const std::int64_t eliminate =
             EliminaRighe(fileDB_, Lista(), codici, [this](std::int64_t righe) {
@@ -130,9 +129,9 @@ void frmPulizia::Command1_Click() {
             });
         Text1->setText(QS(TestoEliminate(eliminate, Lista())));
     } catch (const std::exception& e) {
+        clessidra.Spegni();
         Errore(messaggi_, "frmPulizia.Command1", e);
     }
-    messaggi_.Occupato(false);
 }
 
 void frmPulizia::Command2_Click() {
@@ -333,16 +332,17 @@ frmZoomN::frmZoomN(std::string fileDB, std::int32_t cNaz, Messaggi& messaggi, QW
 }
 
 void frmZoomN::Form_Load() {
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
     Combo1->clear();
     try {
         Database db(fileDB_);
         for (const auto& r : RigheZoomNazione(db, cNaz_))
             Combo1->addItem(QS(r));
     } catch (const std::exception& e) {
+        clessidra.Spegni();
         Errore(messaggi_, "frmZoomN.Form_Load", e);
     }
-    messaggi_.Occupato(false);
+    clessidra.Spegni();
     if (Combo1->count() > 0) Combo1->setCurrentIndex(0);
     Label1->setText(QString::number(Combo1->count()));
 }

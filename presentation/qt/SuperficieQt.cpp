@@ -1,6 +1,7 @@
 #include "presentation/qt/SuperficieQt.h"
 
 #include <QFontMetricsF>
+#include <QImage>
 #include <QPainterPath>
 #include <QTransform>
 #include <algorithm>
@@ -133,6 +134,12 @@ void SuperficieQt::FaiPulisci() {
     p_.resetTransform();
     p_.fillRect(destinazione_, ColoreQt(ColoreFondo()));
     p_.restore();
+}
+
+void SuperficieQt::FaiImmagine(double x, double y, double larghezza, double altezza,
+                               const std::string& file) {
+    const QImage immagine(QString::fromStdString(file));
+    if (!immagine.isNull()) p_.drawImage(QRectF(x, y, larghezza, altezza), immagine);
 }
 
 } // namespace vesmo

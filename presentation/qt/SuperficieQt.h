@@ -23,9 +23,6 @@ public:
     SuperficieQt(const SuperficieQt&) = delete;
     SuperficieQt& operator=(const SuperficieQt&) = delete;
 
-    // The painter, set to draw in the surface's twips: for a picture beside the drawing.
-    QPainter& Pittore() { return p_; }
-
 protected:
     void FaiEllisse(double x, double y, double rx, double ry, Colore colore) override;
     void FaiArco(double x, double y, double rx, double ry, double a, double ampiezza,
@@ -35,6 +32,8 @@ protected:
     double FaiTesto(double x, double y, const std::string& testo) override;
     double FaiTestoCentrato(double cx, double cy, const std::string& testo) override;
     void FaiPulisci() override;
+    void FaiImmagine(double x, double y, double larghezza, double altezza,
+                     const std::string& file) override;
 
 private:
     void Penna(Colore colore);

@@ -1,12 +1,9 @@
 #include "presentation/ui/WidgetMappa.h"
 
-#include <QCoreApplication>
-#include <QDir>
-#include <QFileInfo>
 #include <QPainter>
 
-#include "core/Cartelle.h"
 #include "presentation/Superficie.h"
+#include "presentation/qt/FileMappa.h"
 #include "presentation/qt/SuperficieQt.h"
 
 namespace vesmo {
@@ -41,15 +38,7 @@ void WidgetMappa::paintEvent(QPaintEvent*) {
 }
 
 QString FileMappaAccanto(const std::string& fileDB) {
-    const QString vicino =
-        QFileInfo(QString::fromStdString(fileDB)).dir().filePath(QStringLiteral("MappaFusi.png"));
-    if (QFileInfo::exists(vicino)) return vicino;
-    // An installed program works on the user's copy of the database; the map stays with the
-    // delivered one.
-    const auto consegnato =
-        DatabaseConsegnato(QCoreApplication::applicationDirPath().toStdString());
-    if (consegnato.empty()) return vicino;
-    return QString::fromStdString((consegnato.parent_path() / "MappaFusi.png").string());
+    return QString::fromStdString(FileMappaFusi(fileDB).string());
 }
 
 } // namespace vesmo

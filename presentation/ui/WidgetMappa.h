@@ -32,8 +32,7 @@ private:
     std::optional<SegnoMappa> segno_;
 };
 
-// The map's file: beside the places database, else beside the database delivered with an
-// installed program.
+// The map's file (FileMappaFusi) as a QString.
 QString FileMappaAccanto(const std::string& fileDB);
 
 } // namespace vesmo

@@ -16,6 +16,7 @@
 #include <QToolButton>
 #include <algorithm>
 #include <cmath>
+#include <optional>
 
 #include "chart/CalcolaTema.h"
 #include "chart/ui/NumeroDigitato.h"
@@ -506,20 +507,24 @@ void frmRuotaDoppia::Rilocazione(AsseRilocazione asse) {
 
 void frmRuotaDoppia::CercaVicine() {
     lstCityVicine->clear();
+    std::optional<Clessidra> clessidra;
     try {
         const std::vector<CittaVicina> righe =
-            CercaCittaVicine(FileDB, s_.TemaZ.Lon, s_.TemaZ.Lat, [this](bool inizio) {
+            CercaCittaVicine(FileDB, s_.TemaZ.Lon, s_.TemaZ.Lat, [this, &clessidra](bool inizio) {
                 // The index is built inside the event: the label and the busy pointer are the
                 // only sign of it.
                 lbNeoIndici->setVisible(inizio);
-                messaggi_.Occupato(inizio);
+                if (inizio)
+                    clessidra.emplace(messaggi_);
+                else
+                    clessidra.reset();
                 if (inizio) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             });
         for (const CittaVicina& r : righe)
             lstCityVicine->addItem(QString::fromStdString(r.Testo()));
     } catch (const std::exception& e) {
         lbNeoIndici->hide();
-        messaggi_.Occupato(false);
+        clessidra.reset();
         messaggi_.Mostra("Lyx - frmRuotaDoppia.Rilocazione", e.what(), Pulsanti::Ok,
                          Icona::Critico);
     }

@@ -310,7 +310,7 @@ void frmCalTransiti::cmdCerca_Click() {
     grdTransiti->setRowCount(0);
     lblEsito->setText(QStringLiteral("Ricerca in corso ..."));
     Mostra();
-    messaggi_.Occupato(true);
+    Clessidra clessidra(messaggi_);
 
     OrologioLuogo orologio(fileDB_, TemaDelLuogo());
     // From the midnight that opens the first day to the one that closes the last, by the clock
@@ -325,7 +325,7 @@ void frmCalTransiti::cmdCerca_Click() {
         QCoreApplication::processEvents();
         return io && !fermato_;
     });
-    messaggi_.Occupato(false);
+    clessidra.Spegni();
     if (!io) return;
     richiesta_ = r;
     righe_ = RigheTransiti(transiti, r, orologio);

@@ -233,9 +233,10 @@ void frmCheRivoluzione::Command2_Click() {
         if (QLatin1String(controllo) == QLatin1String("Text2"))
             Text2->setText(QS(TestoNumero(valore)));
     };
-    messaggi_.Occupato(true);
-    esito_ = CercaRivoluzione(s_, dati, messaggi_, avanzamento);
-    messaggi_.Occupato(false);
+    {
+        Clessidra clessidra(messaggi_);
+        esito_ = CercaRivoluzione(s_, dati, messaggi_, avanzamento);
+    }
     if (!esito_.trovato) return;
     Text2->setText(QS(TestoNumero(esito_.jd)));
     Label5->setText(QS(esito_.label5));

@@ -211,10 +211,11 @@ void frmInSegni::Command1_Click() {
     dati.bersaglio = *bersaglio;
     dati.partenza = *partenza;
     dati.cartella = stato_.cartellaIngressi;
-    messaggi_.Occupato(true);
-    esito_ =
-        IngressiPinS(s_, dati, messaggi_, [this](const char* c, double v) { Avanzamento(c, v); });
-    messaggi_.Occupato(false);
+    {
+        Clessidra clessidra(messaggi_);
+        esito_ = IngressiPinS(s_, dati, messaggi_,
+                              [this](const char* c, double v) { Avanzamento(c, v); });
+    }
     if (esito_.stazione) {
         Label7->setText(QS(esito_.stazione->label7()));
         Label8->setText(QS(esito_.stazione->label8()));

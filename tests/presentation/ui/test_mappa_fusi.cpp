@@ -4,9 +4,13 @@
 #include <gtest/gtest.h>
 
 #include <QImage>
+#include <QPainter>
 
 #include "presentation/Rilocazione.h"
+#include "presentation/qt/FileMappa.h"
 #include "presentation/qt/MappaFusi.h"
+#include "presentation/qt/SuperficieQt.h"
+#include "tests/core/store/Cartella.h"
 
 using namespace vesmo;
 
@@ -61,4 +65,35 @@ TEST(MappaFusi, TerraColorataPerFuso) {
     EXPECT_NE(zero, mare);
     EXPECT_NE(uno, mare);
     EXPECT_EQ(colore(-40, 0), mare);
+}
+
+// The map beside the relocated wheel: the picture of the file beside the database, stretched
+// over its rectangle of twips under what is drawn after it; without the file, the background.
+TEST(MappaFusi, ImmagineDelFileSullaSuperficie) {
+    test::Cartella cartella;
+    const auto fileDB = cartella / "Vesmodat.Mdb";
+    const auto fileMappa = cartella / "MappaFusi.png";
+    EXPECT_EQ(FileMappaFusi(fileDB), fileMappa); // not there yet: the name all the same
+    QImage rossa(4, 2, QImage::Format_RGB32);
+    rossa.fill(Qt::red);
+    ASSERT_TRUE(rossa.save(QString::fromStdString(fileMappa.string())));
+    EXPECT_EQ(FileMappaFusi(fileDB), fileMappa);
+
+    for (const bool conFile : {true, false}) {
+        SCOPED_TRACE(conFile ? "con il file" : "senza il file");
+        // 100 by 100 twips on 100 by 100 pixels; the picture over the left half, 50 by 100.
+        QImage foglio(100, 100, QImage::Format_RGB32);
+        {
+            QPainter p(&foglio);
+            SuperficieQt sup(p, Rettangolo{0, 0, 100, 100}, QRectF(0, 0, 100, 100), Bianco);
+            sup.Pulisci();
+            sup.Immagine(0, 0, 50, 100,
+                         conFile ? fileMappa.string() : (cartella / "nessuna.png").string());
+            sup.Linea(0, 50, 100, 50, Blu);
+        }
+        EXPECT_EQ(foglio.pixelColor(10, 10), conFile ? QColor(Qt::red) : QColor(Qt::white));
+        EXPECT_EQ(foglio.pixelColor(40, 90), conFile ? QColor(Qt::red) : QColor(Qt::white));
+        EXPECT_EQ(foglio.pixelColor(75, 10), QColor(Qt::white));
+        EXPECT_EQ(foglio.pixelColor(25, 50), QColor(Qt::blue)); // drawn after, over it
+    }
 }
