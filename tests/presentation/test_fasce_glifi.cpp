@@ -59,6 +59,10 @@ void AggiungiFigura(Scatola& s, const Figura& f) {
         s.Aggiungi(f.x1, f.y1);
         s.Aggiungi(f.x1 + 2 * f.rx, f.y1 + 2 * f.ry);
         break;
+    case Figura::Immagine:
+        s.Aggiungi(f.x1, f.y1);
+        s.Aggiungi(f.x2, f.y2);
+        break;
     case Figura::Pulisci:
         break;
     }
