@@ -10,6 +10,7 @@
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
 #include "cli/DatabaseCli.h"
+#include "cli/Json.h"
 #include "cli/OpzioniTema.h"
 #include "cli/Rivoluzione.h"
 #include "core/Aritmetica.h"
@@ -87,10 +88,10 @@ void MappaERiquadro(Superficie& sup, const Tema& rilocato, const std::filesystem
 } // namespace
 
 int ComandoRuota(const Parole& parole, std::ostream& out) {
-    Argomenti a(parole, {"aspetti", "asc", "case-transito", "rilocata", "primo"});
+    Argomenti a(parole, {"aspetti", "asc", "case-transito", "rilocata", "primo", "json"});
     auto ammesse = OpzioniDelTema();
     for (const char* o : {"out", "transito", "estiva-transito", "aspetti", "size", "angolo", "asc",
-                          "nodi", "zodiaco", "case-transito", "ascensionale", "arco", "db"})
+                          "nodi", "zodiaco", "case-transito", "ascensionale", "arco", "db", "json"})
         ammesse.push_back(o);
     for (const std::string& o : OpzioniRivoluzione(false))
         ammesse.push_back(o);
@@ -194,7 +195,11 @@ int ComandoRuota(const Parole& parole, std::ostream& out) {
         });
     }
     if (!errore.empty()) throw std::runtime_error(errore);
-    out << file << '\n';
+    // The file written, as stampa tells its own.
+    if (a.Flag("json"))
+        out << JsonOggetto().Campo("File", JsonLista().Valore(JsonTesto(file)).str()).str() << '\n';
+    else
+        out << file << '\n';
     return 0;
 }
 

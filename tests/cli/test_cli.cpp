@@ -325,6 +325,11 @@ TEST(CliRuota, TransitoConSpazioFinale) {
     EXPECT_EQ(e.stato, 0) << e.err;
     EXPECT_TRUE(std::filesystem::exists(file));
     std::filesystem::remove(file);
+    // Every command takes --json: the wheel tells the file it wrote, as the printed page does.
+    Esito json = Lancia(Con(base, {"--json"}));
+    EXPECT_EQ(json.stato, 0) << json.err;
+    EXPECT_EQ(json.out, "{\"File\": [\"" + file.string() + "\"]}\n");
+    std::filesystem::remove(file);
     Esito senzaOra = Lancia(Con(base, {"--transito", "1/1/2026 "}));
     EXPECT_EQ(senzaOra.stato, 2);
     EXPECT_EQ(senzaOra.err, "vesmo-cli ruota: --transito vuole data e ora: GG/MM/AAAA HH:MM\n");
