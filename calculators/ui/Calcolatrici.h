@@ -8,7 +8,7 @@
 #include "calculators/Calcolatrici.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
-#include "presentation/StatoRuote.h"
+#include "core/StatoRuote.h"
 
 class QComboBox;
 class QGroupBox;

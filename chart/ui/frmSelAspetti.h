@@ -9,8 +9,8 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/StatoRuote.h"
 #include "core/qt/MessaggiDellaFinestra.h"
-#include "presentation/StatoRuote.h"
 
 class QAction;
 class QGroupBox;

@@ -15,9 +15,9 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/StatoRuote.h"
 #include "core/qt/MessaggiDellaFinestra.h"
 #include "core/store/Cursore.h"
-#include "presentation/StatoRuote.h"
 #include "presentation/ui/PassiTema.h"
 
 class QAction;

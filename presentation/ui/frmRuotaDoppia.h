@@ -13,9 +13,9 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/StatoRuote.h"
 #include "core/qt/MessaggiDellaFinestra.h"
 #include "presentation/Rilocazione.h"
-#include "presentation/StatoRuote.h"
 #include "presentation/ui/PassiTema.h"
 #include "presentation/ui/WidgetRuota.h"
 

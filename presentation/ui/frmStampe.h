@@ -15,8 +15,8 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
+#include "core/StatoRuote.h"
 #include "presentation/PaginaStampa.h"
-#include "presentation/StatoRuote.h"
 #include "presentation/qt/StampaPagina.h"
 
 class QAction;

@@ -8,7 +8,7 @@
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
-#include "presentation/StatoRuote.h"
+#include "core/StatoRuote.h"
 #include "presentation/ui/frmRuotaDoppia.h"
 #include "timecharts/ui/frmMenu.h"
 

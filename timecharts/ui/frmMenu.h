@@ -12,7 +12,7 @@
 #include "core/Config.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
-#include "presentation/StatoRuote.h"
+#include "core/StatoRuote.h"
 
 class QAction;
 class QGroupBox;
