@@ -6,7 +6,6 @@
 
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
-#include "places/ModelloLuoghi.h"
 
 namespace vesmo {
 

@@ -279,6 +279,14 @@ std::size_t LeggiNumero(std::string_view s, double& valore) {
     return fine;
 }
 
+double ValoreTesto(std::string_view s) {
+    std::size_t i = 0;
+    while (i < s.size() && (s[i] == ' ' || s[i] == '\t'))
+        ++i;
+    double v = 0;
+    return LeggiNumero(s.substr(i), v) > 0 ? v : 0;
+}
+
 namespace {
 
 // The capital of one code point of Latin-1 and Latin Extended-A, or the code point itself.

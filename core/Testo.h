@@ -48,6 +48,11 @@ inline constexpr char SeparatoreMigliaia = '.';
 // `valore`; blanks are not skipped.
 std::size_t LeggiNumero(std::string_view testo, double& valore);
 
+// The number at the start of a box's text: blanks before it are passed over, then LeggiNumero
+// reads a sign and digits with the comma or the dot, the rest is ignored ("12abc" 12,
+// "1998,5" 1998.5, "-" 0).
+double ValoreTesto(std::string_view testo);
+
 // A number as the platform's plain conversion writes it: up to 15 significant digits,
 // no trailing zeros, the locale's decimal separator ("0,5", "-1", "2451545").
 std::string TestoNumero(double x, char separatore = SeparatoreDecimale);

@@ -34,14 +34,6 @@ std::int32_t Intero(const Cursore& c, std::string_view campo) {
 
 } // namespace
 
-double ValoreTesto(std::string_view s) {
-    std::size_t i = 0;
-    while (i < s.size() && (s[i] == ' ' || s[i] == '\t'))
-        ++i;
-    double v = 0;
-    return LeggiNumero(s.substr(i), v) > 0 ? v : 0;
-}
-
 std::string TestoDataOra(double seriale) {
     const double giorni = Fix(seriale);
     const double frazione = std::fabs(seriale - giorni);

@@ -99,11 +99,6 @@ private:
 // Altavilla → Altavilla Vicentina (VI), ..." (up to five, then "...").
 std::string TestoAmbiguo(const EsitoRisoluzione& esito);
 
-// The number at the start of a box's text: blanks before it are passed over, then LeggiNumero
-// reads a sign and digits with the comma or the dot, the rest is ignored ("12abc" 12,
-// "1998,5" 1998.5, "-" 0).
-double ValoreTesto(std::string_view testo);
-
 // A date serial (days from 30 December 1899, the time of day as the fraction) as the system's
 // texts write it: "15/03/1950", "15/03/1950 10:30:00", or "01:00:00" for a bare time.
 std::string TestoDataOra(double seriale);

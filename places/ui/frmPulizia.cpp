@@ -12,6 +12,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "places/ModelloLuoghi.h"
 

@@ -42,6 +42,23 @@ TEST(Testo, NumeriConLaVirgola) {
     EXPECT_EQ(TestoNumero(1.25, '.'), "1.25");
 }
 
+TEST(ValoreTesto, ReadsTheNumberAtTheStart) {
+    EXPECT_EQ(ValoreTesto("12abc"), 12);
+    EXPECT_EQ(ValoreTesto("  -1"), -1);
+    EXPECT_EQ(ValoreTesto("-"), 0);
+    EXPECT_EQ(ValoreTesto(""), 0);
+    EXPECT_EQ(ValoreTesto("1.5"), 1.5);
+    // The Italian comma is the decimal separator of every box.
+    EXPECT_EQ(ValoreTesto("1,5"), 1.5);
+    EXPECT_EQ(ValoreTesto("1998,5"), 1998.5);
+    EXPECT_EQ(ValoreTesto(" 6,5 mesi"), 6.5);
+    EXPECT_EQ(ValoreTesto("-0,25"), -0.25);
+    EXPECT_EQ(ValoreTesto(",5"), 0.5);
+    EXPECT_EQ(ValoreTesto("1,2,3"), 1.2); // one separator only
+    EXPECT_EQ(ValoreTesto(","), 0);
+    EXPECT_EQ(ValoreTesto("05"), 5);
+}
+
 TEST(Testo, FigureNumeriche) {
     EXPECT_EQ(FormatoNumero(5.25, "#0.0"), "5,3");
     EXPECT_EQ(FormatoNumero(-5.25, "#0.0"), "-5,3");

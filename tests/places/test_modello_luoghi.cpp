@@ -265,23 +265,6 @@ TEST_F(Risoluzione, NationCursorThatRanAwayFromThePlace) {
     }
 }
 
-TEST(ValoreTesto, ReadsTheNumberAtTheStart) {
-    EXPECT_EQ(ValoreTesto("12abc"), 12);
-    EXPECT_EQ(ValoreTesto("  -1"), -1);
-    EXPECT_EQ(ValoreTesto("-"), 0);
-    EXPECT_EQ(ValoreTesto(""), 0);
-    EXPECT_EQ(ValoreTesto("1.5"), 1.5);
-    // The Italian comma is the decimal separator of every box.
-    EXPECT_EQ(ValoreTesto("1,5"), 1.5);
-    EXPECT_EQ(ValoreTesto("1998,5"), 1998.5);
-    EXPECT_EQ(ValoreTesto(" 6,5 mesi"), 6.5);
-    EXPECT_EQ(ValoreTesto("-0,25"), -0.25);
-    EXPECT_EQ(ValoreTesto(",5"), 0.5);
-    EXPECT_EQ(ValoreTesto("1,2,3"), 1.2); // one separator only
-    EXPECT_EQ(ValoreTesto(","), 0);
-    EXPECT_EQ(ValoreTesto("05"), 5);
-}
-
 TEST(TestoDataOra, DatesAndTimesAsTheSystemWritesThem) {
     EXPECT_EQ(TestoDataOra(0), "00:00:00");
     EXPECT_EQ(TestoDataOra(1.0 / 24), "01:00:00");
