@@ -17,7 +17,7 @@
 #include <QVBoxLayout>
 #include <cstdio>
 
-#include "chart/ui/NumeroDigitato.h"
+#include "core/NumeroDigitato.h"
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"

@@ -23,10 +23,10 @@
 #include <algorithm>
 #include <cmath>
 
-#include "chart/ui/NumeroDigitato.h"
 #include "chart/ui/frmDomicili.h"
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
+#include "core/NumeroDigitato.h"
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"

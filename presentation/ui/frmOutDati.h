@@ -12,13 +12,14 @@
 #include <optional>
 #include <string>
 
+#include "archives/ScorriArchivio.h"
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
 #include "core/StatoRuote.h"
 #include "core/qt/MessaggiDellaFinestra.h"
 #include "core/store/Cursore.h"
-#include "presentation/ui/PassiTema.h"
+#include "presentation/PassiTema.h"
 
 class QAction;
 class QComboBox;

@@ -19,8 +19,8 @@
 #include <optional>
 
 #include "chart/CalcolaTema.h"
-#include "chart/ui/NumeroDigitato.h"
 #include "chart/ui/frmSelAspetti.h"
+#include "core/NumeroDigitato.h"
 #include "places/CittaVicine.h"
 #include "presentation/ui/WidgetMappa.h"
 #include "presentation/ui/frmOutDati.h"

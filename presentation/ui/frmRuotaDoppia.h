@@ -15,8 +15,8 @@
 #include "core/Sessione.h"
 #include "core/StatoRuote.h"
 #include "core/qt/MessaggiDellaFinestra.h"
+#include "presentation/PassiTema.h"
 #include "presentation/Rilocazione.h"
-#include "presentation/ui/PassiTema.h"
 #include "presentation/ui/WidgetRuota.h"
 
 class QAction;

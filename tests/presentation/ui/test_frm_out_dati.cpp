@@ -24,7 +24,7 @@
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
-#include "presentation/ui/PassiTema.h"
+#include "presentation/PassiTema.h"
 #include "presentation/ui/WidgetRuota.h"
 #include "presentation/ui/frmOutDati.h"
 #include "tests/core/store/Cartella.h"

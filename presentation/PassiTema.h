@@ -1,6 +1,6 @@
-// The two ways the positions window moves to another chart: a step in time of the transit shown,
-// and the previous or next chart of the current archive. Plain logic over the session's records;
-// the window shows the result.
+// The steps of the positions window and of the double wheel: a step in time of the transit shown,
+// the step and the angle typed, the transit cast again. Plain logic over the session's records;
+// the windows show the result.
 #pragma once
 
 #include <optional>
@@ -8,7 +8,6 @@
 
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
-#include "core/store/Cursore.h"
 
 namespace vesmo {
 
@@ -43,12 +42,5 @@ struct Quando {
     int anno, mese, giorno, ore, minuti, secondi;
 };
 std::optional<Quando> QuandoDelTema(const Tema& tema);
-
-// The previous (avanti false) or next chart of the archive ArchivioCorrente, from the row of
-// `segna` or, before the first browse, from the row of TemaX's name. On success TemaX and PosX
-// hold the chart read and cast, `segna` its row, and the result is true. An archive not set, the
-// first or last row, and a failure of the database are told to the user; then nothing changes.
-bool ScorriArchivio(Sessione& s, const std::string& fileDB, std::optional<Segnalibro>& segna,
-                    bool avanti, Messaggi& messaggi);
 
 } // namespace vesmo
