@@ -446,7 +446,9 @@ void frmOutDati::UpDown1_Change(int passo) {
 void frmOutDati::Scorri(bool avanti) {
     s_.TemaX = tema_;
     s_.PosX = pos_;
-    if (!ScorriArchivio(s_, fileDB_, SegnaRecord, avanti, messaggi_)) return;
+    if (!ScorriArchivioCorrente ||
+        !ScorriArchivioCorrente(s_, fileDB_, SegnaRecord, avanti, messaggi_))
+        return;
     tema_ = s_.TemaX;
     pos_ = s_.PosX;
     Didascalia();

@@ -12,7 +12,6 @@
 #include <optional>
 #include <string>
 
-#include "archives/ScorriArchivio.h"
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
@@ -58,6 +57,12 @@ public:
     // Called with each window opened from here (aspect selection, dignities), so that the menu
     // closes it with its other secondary windows.
     std::function<void(QWidget*)> RegistraSecondaria;
+    // The previous (avanti false) or next chart of the current archive, from the row of `segna`:
+    // the archives' browse, given by the chart half that opens this window. On success TemaX and
+    // PosX hold the chart read and cast; without it the archive's arrows do nothing.
+    std::function<bool(Sessione& s, const std::string& fileDB, std::optional<Segnalibro>& segna,
+                       bool avanti, Messaggi& messaggi)>
+        ScorriArchivioCorrente;
 
     // The window shows the transit slot: it has the time-stepping toolbar.
     bool MostraTransito() const { return transito_; }

@@ -14,6 +14,7 @@
 #include <QPushButton>
 #include <QVBoxLayout>
 
+#include "archives/ScorriArchivio.h"
 #include "archives/ui/frmSalvoLyx.h"
 #include "astrolog/Astrolog.h"
 #include "astrolog/qt/AvviaProgramma.h"
@@ -502,6 +503,7 @@ void frmMenu::ApriPosizioni(int slot) {
     auto* f = new frmOutDati(s_, aspetti_, stato, percorsi_.FileDB, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     f->RegistraSecondaria = [this](QWidget* w) { RegistraSecondaria(w); };
+    f->ScorriArchivioCorrente = ScorriArchivio;
     f->AggiornaTransito = [this] {
         // The transit moved in the positions window: its slot is shown again.
         mnuFileSalvo[1]->setChecked(false);

@@ -19,6 +19,7 @@
 #include <filesystem>
 
 #include "archives/Archivi.h"
+#include "archives/ScorriArchivio.h"
 #include "chart/CalcolaTema.h"
 #include "chart/ui/frmDomicili.h"
 #include "chart/ui/frmSelAspetti.h"
@@ -170,6 +171,7 @@ TEST(PassoTempo, FrecceDelPasso) {
 
 TEST_F(Posizioni_, TabellaETesteAlCaricamento) {
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    f.ScorriArchivioCorrente = ScorriArchivio;
     f.show();
     EXPECT_EQ(f.windowTitle(), "Lyx - Posizioni di Prova                         ");
     EXPECT_FALSE(f.Toolbar1->isVisible());
@@ -211,6 +213,7 @@ TEST_F(Posizioni_, TabellaETesteAlCaricamento) {
 TEST_F(Posizioni_, ArchiTraDueRighe) {
     sessione.PosX = DueCorpi();
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    f.ScorriArchivioCorrente = ScorriArchivio;
     f.show();
     QHeaderView* teste = f.MSFlexGrid1->verticalHeader();
     auto clic = [&](int riga) {
@@ -236,6 +239,7 @@ TEST_F(Posizioni_, PassiDelTransito) {
     stato.TransitoPosizioni = -1;
     int aggiornamenti = 0;
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    f.ScorriArchivioCorrente = ScorriArchivio;
     f.AggiornaTransito = [&] { ++aggiornamenti; };
     f.show();
     ASSERT_TRUE(f.Toolbar1->isVisible());
@@ -299,6 +303,7 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
     // Without an archive set, nothing is opened.
     {
         frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+        f.ScorriArchivioCorrente = ScorriArchivio;
         f.mnFilCPrecedente->trigger();
         f.mnFilCSuccessivo->trigger();
         ASSERT_EQ(messaggi.registro.size(), 2u);
@@ -314,6 +319,7 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
 
     sessione.TemaX = Alle("Bruno", 1965, 6, 15, 18, 30, 0);
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    f.ScorriArchivioCorrente = ScorriArchivio;
     f.show();
     f.mnFilCPrecedente->trigger();
     EXPECT_EQ(f.windowTitle(), "Lyx - Posizioni di Anna                          ");
@@ -347,11 +353,13 @@ TEST_F(Posizioni_, TemaFuoriArchivioEArchivioSparito) {
     sessione.TemaX = Alle("Zeta", 1990, 1, 1, 0, 0, 0);
     {
         frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+        f.ScorriArchivioCorrente = ScorriArchivio;
         f.mnFilCPrecedente->trigger();
         EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Bruno");
     }
     sessione.TemaX = Alle("Zeta", 1990, 1, 1, 0, 0, 0);
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    f.ScorriArchivioCorrente = ScorriArchivio;
     f.DbNext->trigger(); // the toolbar's twin of the menu
     EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Anna");
     EXPECT_TRUE(messaggi.registro.empty());
@@ -366,6 +374,7 @@ TEST_F(Posizioni_, TemaFuoriArchivioEArchivioSparito) {
 
 TEST_F(Posizioni_, RotazioniENodi) {
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    f.ScorriArchivioCorrente = ScorriArchivio;
     f.show();
     messaggi.input = {std::string("-45,5"), std::nullopt, std::string("mezzo")};
     f.mnuRotQ->trigger();
@@ -434,6 +443,7 @@ TEST_F(Posizioni_, RotazioniENodi) {
 // its place at any size.
 TEST_F(Posizioni_, LaRuotaSegueLaFinestra) {
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    f.ScorriArchivioCorrente = ScorriArchivio;
     ASSERT_EQ(f.Ruota->TipoMostrato(), WidgetRuota::Tipo::Singola);
     EXPECT_FALSE(f.Ruota->OpzioniSingola().DisegnaAspetti);
     f.mnuAspDC->trigger();
@@ -457,6 +467,7 @@ TEST_F(Posizioni_, FinestreApertaDaQui) {
     stato.DisegnaAspetti = -1;
     QList<QWidget*> registrate;
     frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    f.ScorriArchivioCorrente = ScorriArchivio;
     f.RegistraSecondaria = [&](QWidget* w) { registrate << w; };
     f.show();
     EXPECT_TRUE(f.mnuAspDC->isChecked());
