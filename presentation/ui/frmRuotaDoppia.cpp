@@ -21,7 +21,6 @@
 #include "chart/CalcolaTema.h"
 #include "chart/ui/frmSelAspetti.h"
 #include "core/NumeroDigitato.h"
-#include "places/CittaVicine.h"
 #include "presentation/ui/WidgetMappa.h"
 #include "presentation/ui/frmOutDati.h"
 
@@ -507,10 +506,11 @@ void frmRuotaDoppia::Rilocazione(AsseRilocazione asse) {
 
 void frmRuotaDoppia::CercaVicine() {
     lstCityVicine->clear();
+    if (!CittaVicine) return;
     std::optional<Clessidra> clessidra;
     try {
-        const std::vector<CittaVicina> righe =
-            CercaCittaVicine(FileDB, s_.TemaZ.Lon, s_.TemaZ.Lat, [this, &clessidra](bool inizio) {
+        const std::vector<std::string> righe =
+            CittaVicine(FileDB, s_.TemaZ.Lon, s_.TemaZ.Lat, [this, &clessidra](bool inizio) {
                 // The index is built inside the event: the label and the busy pointer are the
                 // only sign of it.
                 lbNeoIndici->setVisible(inizio);
@@ -520,8 +520,8 @@ void frmRuotaDoppia::CercaVicine() {
                     clessidra.reset();
                 if (inizio) QCoreApplication::processEvents(QEventLoop::ExcludeUserInputEvents);
             });
-        for (const CittaVicina& r : righe)
-            lstCityVicine->addItem(QString::fromStdString(r.Testo()));
+        for (const std::string& r : righe)
+            lstCityVicine->addItem(QString::fromStdString(r));
     } catch (const std::exception& e) {
         lbNeoIndici->hide();
         clessidra.reset();

@@ -9,6 +9,8 @@
 #include <QPointer>
 #include <array>
 #include <functional>
+#include <string>
+#include <vector>
 
 #include "chart/Aspetti.h"
 #include "core/Messaggi.h"
@@ -55,6 +57,13 @@ public:
     std::function<void()> AggiornaRivoluzione;
     // The places database of the town search, and beside it the map of the time zones.
     std::string FileDB;
+    // The towns nearest a point, as the list beside the map shows them: the places' search, given
+    // by the chart half that opens this window. `lon` in hours west positive, `lat` in degrees;
+    // `costruzione` is told true and false around the building of the index. Without it the
+    // list stays empty.
+    std::function<std::vector<std::string>(const std::string& fileDB, double lon, double lat,
+                                           const std::function<void(bool)>& costruzione)>
+        CittaVicine;
 
     WidgetRuota* Ruota;
     QToolBar* Toolbar1;

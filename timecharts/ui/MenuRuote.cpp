@@ -3,6 +3,8 @@
 #include <QAction>
 #include <QMenu>
 
+#include "places/CittaVicine.h"
+
 namespace vesmo {
 
 namespace {
@@ -50,6 +52,13 @@ frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& s, TabellaAspetti& aspe
         io->AggiornaFrames(3);
     };
     f->FileDB = menu.Percorsi().FileDB;
+    f->CittaVicine = [](const std::string& fileDB, double lon, double lat,
+                        const std::function<void(bool)>& costruzione) {
+        std::vector<std::string> righe;
+        for (const CittaVicina& r : CercaCittaVicine(fileDB, lon, lat, costruzione))
+            righe.push_back(r.Testo());
+        return righe;
+    };
     stato->doppia = f;
     menu.RegistraSecondaria(f);
     f->show();
