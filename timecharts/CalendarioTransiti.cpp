@@ -70,25 +70,16 @@ double VelocitaMedia(int corpo) {
 }
 
 const Posizione* CampoDelTema(const Posizioni& p, const std::string& nome) {
-    static const std::map<std::string, Posizione Posizioni::*> campi{
-        {"Sole", &Posizioni::Sole},
-        {"Luna", &Posizioni::Luna},
-        {"Mercurio", &Posizioni::Mercurio},
-        {"Venere", &Posizioni::Venere},
-        {"Marte", &Posizioni::Marte},
-        {"Giove", &Posizioni::Giove},
-        {"Saturno", &Posizioni::Saturno},
-        {"Urano", &Posizioni::Urano},
-        {"Nettuno", &Posizioni::Nettuno},
-        {"Plutone", &Posizioni::Plutone},
-        {"NodoLuna", &Posizioni::NodoLuna},
+    for (const VoceCorpo& v : CorpiInOrdine)
+        if (nome == v.nome) return &(p.*(v.campo));
+    static const std::map<std::string, Posizione Posizioni::*> altri{
         {"LilithMedia", &Posizioni::LilithMedia},
         {"LilithVera", &Posizioni::LilithVera},
         {"Asce", &Posizioni::Asce},
         {"MC", &Posizioni::MC},
     };
-    auto it = campi.find(nome);
-    return it == campi.end() ? nullptr : &(p.*(it->second));
+    auto it = altri.find(nome);
+    return it == altri.end() ? nullptr : &(p.*(it->second));
 }
 
 // A root of g between a and b (a < b), where g(a) and g(b) have opposite signs: the regula falsi

@@ -414,7 +414,11 @@ LetturaUnica::~LetturaUnica() {
     }
 }
 
-void Database::Compatta(const fs::path& sorgente, const fs::path& destinazione) {
+namespace {
+
+// A copy of a database file goes from a file that exists to a name that nothing holds yet, so
+// it never replaces a file it did not make.
+void ControllaCopia(const fs::path& sorgente, const fs::path& destinazione) {
     std::error_code ec;
     if (!fs::is_regular_file(sorgente, ec))
         throw ErroreDB(ErroreDB::FileNonTrovato,
@@ -422,6 +426,13 @@ void Database::Compatta(const fs::path& sorgente, const fs::path& destinazione) 
     if (fs::exists(destinazione, ec) || fs::is_symlink(destinazione, ec))
         throw ErroreDB(ErroreDB::DatabaseEsistente,
                        "Il database esiste già: " + destinazione.string());
+}
+
+} // namespace
+
+void Database::Compatta(const fs::path& sorgente, const fs::path& destinazione) {
+    std::error_code ec;
+    ControllaCopia(sorgente, destinazione);
     try {
         Connessione c(sorgente, false, true);
         Istruzione st(c, "VACUUM INTO ?1");
@@ -435,12 +446,7 @@ void Database::Compatta(const fs::path& sorgente, const fs::path& destinazione) 
 
 void Database::CopiaDiSicurezza(const fs::path& sorgente, const fs::path& destinazione) {
     std::error_code ec;
-    if (!fs::is_regular_file(sorgente, ec))
-        throw ErroreDB(ErroreDB::FileNonTrovato,
-                       "Impossibile trovare il file " + sorgente.string());
-    if (fs::exists(destinazione, ec) || fs::is_symlink(destinazione, ec))
-        throw ErroreDB(ErroreDB::DatabaseEsistente,
-                       "Il database esiste già: " + destinazione.string());
+    ControllaCopia(sorgente, destinazione);
     try {
         Connessione da(sorgente, false, true);
         Connessione a(destinazione, true);
