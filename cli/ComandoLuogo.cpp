@@ -105,14 +105,7 @@ LuogoRisolto RisolviLuogo(const Argomenti& a, const std::string& city,
         }
         luogo = esito.luoghi.front();
     }
-    m.Data5.Seek("=", luogo.cCity);
-    if (m.Data5.NoMatch()) throw std::runtime_error("il luogo " + luogo.City + " non ha nazione");
-    for (m.Data2.Seek("=", m.Data5.Campo("Nazione"));
-         !m.Data2.NoMatch() && !m.Data2.Eof() && m.Data2.Campo("cNaz").Intero() != luogo.cCity;)
-        m.Data2.MoveNext();
-    m.Data1.Seek("=", luogo.cCity, luogo.City);
-    if (m.Data1.NoMatch()) throw std::runtime_error("luogo sconosciuto: " + luogo.City + dove);
-    m.segnalibroNazione = m.Data2.Bookmark();
+    m.VaiALuogo(luogo.cCity, luogo.City, dove);
     auto dueCifre = [](int n) { return (n < 10 ? "0" : "") + std::to_string(n); };
     m.campi.Text3 = dueCifre(d.giorno);
     m.campi.Text4 = dueCifre(d.mese);

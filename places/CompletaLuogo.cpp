@@ -42,14 +42,7 @@ void CompletaTemaDaLuoghi(const std::string& fileDB, Tema& tema) {
             throw std::runtime_error("luogo ambiguo: " + city);
         luogo = esito.luoghi.front();
     }
-    m.Data5.Seek("=", luogo.cCity);
-    if (m.Data5.NoMatch()) throw std::runtime_error("il luogo " + luogo.City + " non ha nazione");
-    for (m.Data2.Seek("=", m.Data5.Campo("Nazione"));
-         !m.Data2.NoMatch() && !m.Data2.Eof() && m.Data2.Campo("cNaz").Intero() != luogo.cCity;)
-        m.Data2.MoveNext();
-    m.Data1.Seek("=", luogo.cCity, luogo.City);
-    if (m.Data1.NoMatch()) throw std::runtime_error("luogo sconosciuto: " + luogo.City);
-    m.segnalibroNazione = m.Data2.Bookmark();
+    m.VaiALuogo(luogo.cCity, luogo.City);
     float anno, mese, giorno;
     DataDaGiuliano(tema.Day, anno, mese, giorno);
     const long minuti = std::lround(tema.OraL * 60);

@@ -3,6 +3,7 @@
 #include <cctype>
 #include <cmath>
 #include <cstdio>
+#include <stdexcept>
 
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
@@ -475,6 +476,18 @@ void ModelloLuoghi::CaricaTemaDaUniti(Tema& tema) {
     clessidra.Spegni();
     campi.Text22Visibile = campi.Text23Visibile = false;
     campi.Label1Visibile = true;
+}
+
+void ModelloLuoghi::VaiALuogo(std::int32_t cCity, const std::string& City,
+                              const std::string& dove) {
+    Data5.Seek("=", cCity);
+    if (Data5.NoMatch()) throw std::runtime_error("il luogo " + City + " non ha nazione");
+    for (Data2.Seek("=", Data5.Campo("Nazione"));
+         !Data2.NoMatch() && !Data2.Eof() && Data2.Campo("cNaz").Intero() != cCity;)
+        Data2.MoveNext();
+    Data1.Seek("=", cCity, City);
+    if (Data1.NoMatch()) throw std::runtime_error("luogo sconosciuto: " + City + dove);
+    segnalibroNazione = Data2.Bookmark();
 }
 
 } // namespace vesmo

@@ -81,6 +81,11 @@ public:
     // fit, the cursors stay and the text says the name is ambiguous (TestoAmbiguo).
     std::string DigitaCity(const std::string& testo);
 
+    // Puts the nation and place cursors on the place `cCity`/`City` and keeps the nation's
+    // bookmark, as the grids do when the user picks it; throws std::runtime_error ("luogo
+    // sconosciuto: City" followed by `dove`) when the place or its nation is not there.
+    void VaiALuogo(std::int32_t cCity, const std::string& City, const std::string& dove = {});
+
     // The steps of Command4 before the display: SeekFuso and CercaEstive with the place's
     // codes and the year and month of the fields, then CaricaTemaDaDB.
     void ImportaCity(Tema& tema);
