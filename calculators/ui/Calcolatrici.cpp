@@ -10,7 +10,6 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <map>
 
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
@@ -636,37 +635,44 @@ frmLunaImg::frmLunaImg(QWidget* genitore) : QDialog(genitore) {
 
 // ---- the menu's entries ----
 
-QDialog* MostraCalcolatrice(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi,
-                            QWidget* menu) {
-    // One window each: those of a menu that closed went with it.
-    static std::map<Calcolatrice, QPointer<QDialog>> aperte;
-    QPointer<QDialog>& f = aperte[quale];
-    if (f && f->parentWidget() != menu) f = nullptr;
+FinestreCalcolatrici::FinestreCalcolatrici(QWidget* menu) : QObject(menu), menu_(menu) {
+    setObjectName("FinestreCalcolatrici");
+}
+
+QDialog* FinestreCalcolatrici::Mostra(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi) {
+    QPointer<QDialog>& f = aperte_[quale];
     if (!f) {
-        switch (quale) {
-        case Calcolatrice::EclEqu:
-            f = new frmEclEqu_Lyx(messaggi, menu);
-            break;
-        case Calcolatrice::EqT:
-            f = new frmEqT_Lyx(menu);
-            break;
-        case Calcolatrice::JD:
-            f = new frmElaJD(sessione, messaggi, menu);
-            break;
-        case Calcolatrice::Formati:
-            f = new frmFormatiNum(menu);
-            break;
-        case Calcolatrice::TETU:
-            f = new frmTE_TU_Lyx(menu);
-            break;
-        }
+        f = Crea(quale, sessione, messaggi);
         f->setAttribute(Qt::WA_DeleteOnClose);
-        if (menu != nullptr) f->setWindowIcon(menu->windowIcon());
+        f->setWindowIcon(menu_->windowIcon());
     }
     f->show();
     f->raise();
     f->activateWindow();
     return f;
+}
+
+QDialog* FinestreCalcolatrici::Crea(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi) {
+    switch (quale) {
+    case Calcolatrice::EclEqu:
+        return new frmEclEqu_Lyx(messaggi, menu_);
+    case Calcolatrice::EqT:
+        return new frmEqT_Lyx(menu_);
+    case Calcolatrice::JD:
+        return new frmElaJD(sessione, messaggi, menu_);
+    case Calcolatrice::Formati:
+        return new frmFormatiNum(menu_);
+    case Calcolatrice::TETU:
+        break;
+    }
+    return new frmTE_TU_Lyx(menu_);
+}
+
+QDialog* MostraCalcolatrice(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi,
+                            QWidget* menu) {
+    auto* finestre = menu->findChild<FinestreCalcolatrici*>(QString(), Qt::FindDirectChildrenOnly);
+    if (!finestre) finestre = new FinestreCalcolatrici(menu);
+    return finestre->Mostra(quale, sessione, messaggi);
 }
 
 void MostraColoriRuota(StatoRuote& stato, QWidget* menu) {
