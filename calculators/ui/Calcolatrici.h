@@ -17,6 +17,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QVBoxLayout;
 
 namespace vesmo {
 
@@ -41,6 +42,12 @@ public:
     void Somma();
 
 private:
+    // The construction's steps: the date frame, the column of the charts to load, the frame of
+    // the sums, the events.
+    QGroupBox* CreaData();
+    QVBoxLayout* CreaCarica();
+    QGroupBox* CreaSomme();
+    void Collega();
     CorniceJD Cornice() const;
     void MostraCornice(const CorniceJD& c);
     void ErroreDiTipo(const char* routine, const ErroreTipo& e);
