@@ -16,6 +16,7 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <tuple>
 
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"
@@ -457,27 +458,23 @@ QWidget* frmDbEdit::TabElimFE() {
     auto* Text32 = CASELLA(p, Text32, F(&ModelloDbEdit::Text32_Change));
     auto* Text35 = CASELLA(p, Text35, F(&ModelloDbEdit::Text35_Change));
     auto* Text47 = CASELLA(p, Text47, F(&ModelloDbEdit::Text47_Change));
-    auto* Command2 = Pulsante(p, "Command2", "Delete Fuso (Solo 1 riga / Only 1 row)");
-    auto* Command4 = Pulsante(p, "Command4", "Delete Estive (Solo 1 riga / Only 1 row)");
-    auto* Command8 = Pulsante(p, "Command8", "Delete cod TTN  (Solo 1 riga / Only 1 row)");
+    auto* Command2 = PulsanteModello(p, "Command2", "Delete Fuso (Solo 1 riga / Only 1 row)",
+                                     "Command2", &ModelloDbEdit::Command2_Click, {2});
+    auto* Command4 = PulsanteModello(p, "Command4", "Delete Estive (Solo 1 riga / Only 1 row)",
+                                     "Command4", &ModelloDbEdit::Command4_Click, {3});
+    auto* Command8 = PulsanteModello(p, "Command8", "Delete cod TTN  (Solo 1 riga / Only 1 row)",
+                                     "Command8", &ModelloDbEdit::Command8_Click, {5});
+    // One frame a deletion: its key and its button.
     auto* v = new QVBoxLayout(p);
-    auto riquadro = [&](const char* nome, QLineEdit* t, QPushButton* b) {
-        auto* f = Nome(new QGroupBox(p), nome);
-        auto* h = new QHBoxLayout(f);
+    for (auto [nome, t, b] :
+         {std::tuple{"Frame32", Text32, Command2}, std::tuple{"Frame35", Text35, Command4},
+          std::tuple{"Frame47", Text47, Command8}}) {
+        auto* h = new QHBoxLayout(Riquadro(p, nome));
         h->addWidget(t);
         h->addWidget(b);
-        v->addWidget(f);
-    };
-    riquadro("Frame32", Text32, Command2);
-    riquadro("Frame35", Text35, Command4);
-    riquadro("Frame47", Text47, Command8);
+        v->addWidget(h->parentWidget());
+    }
     v->addStretch(1);
-    connect(Command2, &QPushButton::clicked, this,
-            [this] { Esegui("Command2", [this] { m_->Command2_Click(); }, {2}); });
-    connect(Command4, &QPushButton::clicked, this,
-            [this] { Esegui("Command4", [this] { m_->Command4_Click(); }, {3}); });
-    connect(Command8, &QPushButton::clicked, this,
-            [this] { Esegui("Command8", [this] { m_->Command8_Click(); }, {5}); });
     return p;
 }
 
