@@ -6,6 +6,7 @@
 #include <QTimer>
 #include <QTranslator>
 
+#include "app/Lanciatore.h"
 #include "archives/Sicurezza.h"
 #include "core/Cartelle.h"
 #include "core/qt/MessaggiQt.h"
@@ -69,6 +70,7 @@ bool Programma::Avvia(const QString& cartellaProgramma,
     sessione.CartellaCopie = (CartellaDatiUtente() / CartellaCopie).string();
     principale = std::make_unique<frmMainVesmo>(sessione, avvio.cfg, avvio.percorsi, messaggi_);
     principale->AvviaLyx = [this] { AvviaLyx(); };
+    ComponiLanciatore(*principale, sessione, avvio.percorsi, messaggi_);
     Genitore(principale.get());
     principale->show();
     splash_->close();

@@ -22,6 +22,7 @@
 #include "core/Aritmetica.h"
 #include "core/Messaggi.h"
 #include "core/Testo.h"
+#include "presentation/qt/AnteprimaQt.h"
 
 using namespace vesmo;
 
@@ -84,6 +85,7 @@ void AperturaImpTnLyx(benchmark::State& state) {
     MessaggiRegistrati m;
     for (auto _ : state) {
         frmImpTnLyx f(s, a.File(), m);
+        f.Anteprima->Disegno = DisegnaAnteprimaQt;
         f.show();
         QApplication::processEvents();
         benchmark::DoNotOptimize(f.DBGrid1->model()->rowCount());
@@ -98,6 +100,7 @@ void PassoNellaGriglia(benchmark::State& state) {
     s.TemaNat.Nome = "Cliente 10000";
     MessaggiRegistrati m;
     frmImpTnLyx f(s, a.File(), m);
+    f.Anteprima->Disegno = DisegnaAnteprimaQt;
     f.show();
     QApplication::processEvents();
     int riga = f.DBGrid1->currentIndex().row();

@@ -4,14 +4,7 @@
 #include <QPaintEvent>
 #include <QPainter>
 
-#include "presentation/Anteprima.h"
-#include "presentation/qt/SuperficieQt.h"
-
 namespace vesmo {
-
-// The wheel reaches 2400 twips around its centre (7500, 3250); the date line starts at 4950,
-// 850 and the summer time line ends near 10000.
-const Rettangolo AreaAnteprima{4800, 700, 5400, 5100};
 
 WidgetAnteprima::WidgetAnteprima(QWidget* genitore) : QWidget(genitore) {
     setAttribute(Qt::WA_OpaquePaintEvent);
@@ -44,10 +37,11 @@ void WidgetAnteprima::paintEvent(QPaintEvent* e) {
 }
 
 void WidgetAnteprima::Disegna(QPainter& p, const QRectF& dove) const {
-    p.fillRect(dove, ColoreQt(FacciaPulsante));
-    if (vuota_) return;
-    SuperficieQt sup(p, AreaAnteprima, dove);
-    DisegnaAnteprima(sup, tema_, pos_);
+    if (!Disegno) {
+        p.fillRect(dove, palette().button());
+        return;
+    }
+    Disegno(p, dove, vuota_ ? nullptr : &tema_, pos_);
 }
 
 } // namespace vesmo

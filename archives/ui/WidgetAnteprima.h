@@ -1,16 +1,18 @@
-// The preview wheel of the chart under the cursor of an archive, drawn through the drawing
-// surface into its own place of the form, the whole picture again at every paint.
+// The preview wheel of the chart under the cursor of an archive, in its own place of the form,
+// the whole picture again at every paint. The drawing is given by whoever opens the form.
 #pragma once
 
 #include <QWidget>
+#include <functional>
 
 #include "core/Tema.h"
-#include "presentation/Ruota.h"
 
 namespace vesmo {
 
-// The part of the form, in twips, that the preview and its two lines of text occupy.
-extern const Rettangolo AreaAnteprima;
+// Draws the preview into `dove`: the background, then the wheel of `tema` (null: an empty
+// archive, only the background).
+using DisegnoAnteprima =
+    std::function<void(QPainter& p, const QRectF& dove, const Tema* tema, const Posizioni& pos)>;
 
 class WidgetAnteprima : public QWidget {
     Q_OBJECT
@@ -24,6 +26,9 @@ public:
 
     // The preview as it stands, on an image of that size.
     QImage Immagine(QSize dimensione) const;
+
+    // Without it the place shows the button colour of the palette.
+    DisegnoAnteprima Disegno;
 
     QSize sizeHint() const override { return {360, 340}; }
     QSize minimumSizeHint() const override { return {200, 190}; }

@@ -20,6 +20,7 @@
 #include "archives/Sicurezza.h"
 #include "archives/ui/ImportaEsporta.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
@@ -39,31 +40,41 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     setObjectName("frmGesArchivi");
     setWindowTitle(QStringLiteral("Vesmo - Gestione Archivi Temi Natali"));
     setModal(true);
+    CreaRiquadri();
+    cmdSalva = Pulsante(this, "cmdSalva", "&Salva  Tema");
+    cmdSalva->hide();
+    Command4 = Pulsante(this, "Command4", "Esc&i");
+    Disponi(CreaMenu());
+    // Enter creates the archive whose name was typed; never the deletion.
+    cmdCrea->setDefault(true);
+    resize(560, 460);
+    Collega();
 
-    Frame1 = new QGroupBox(QStringLiteral("Archivi  Disponibili"), this);
-    Frame1->setObjectName("Frame1");
-    lstArchivi = new QListWidget(Frame1);
-    lstArchivi->setObjectName("lstArchivi");
-    cmdElimina = new QPushButton(QStringLiteral("&Elimina Archivio Selezionato"), Frame1);
-    cmdElimina->setObjectName("cmdElimina");
-    cmdRinomina = new QPushButton(QStringLiteral("&Rinomina Archivio Selezionato"), Frame1);
-    cmdRinomina->setObjectName("cmdRinomina");
+    RiempiArchivi();
+    Combo1->setCurrentIndex(0);
+    std::error_code ec;
+    if (!cartellaProgramma_.empty() &&
+        std::filesystem::is_regular_file(std::filesystem::path(cartellaProgramma_) / FileCompleanni,
+                                         ec))
+        Frame4->show();
+}
+
+void frmGesArchivi::CreaRiquadri() {
+    Frame1 = Riquadro(this, "Frame1", "Archivi  Disponibili");
+    lstArchivi = Nome(new QListWidget(Frame1), "lstArchivi");
+    cmdElimina = Pulsante(Frame1, "cmdElimina", "&Elimina Archivio Selezionato");
+    cmdRinomina = Pulsante(Frame1, "cmdRinomina", "&Rinomina Archivio Selezionato");
     auto* l1 = new QVBoxLayout(Frame1);
     l1->addWidget(lstArchivi);
     l1->addWidget(cmdElimina);
     l1->addWidget(cmdRinomina);
 
-    Frame2 = new QGroupBox(QStringLiteral("Crea Nuovo Archivio"), this);
-    Frame2->setObjectName("Frame2");
-    Text1 = new QLineEdit(Frame2);
-    Text1->setObjectName("Text1");
-    cmdCrea = new QPushButton(QStringLiteral("Ok  &Crea"), Frame2);
-    cmdCrea->setObjectName("cmdCrea");
-    Label1 = new QLabel(QStringLiteral("  Nomi  Non Validi"), Frame2);
-    Label1->setObjectName("Label1");
-    Combo1 = new QComboBox(Frame2);
-    Combo1->setObjectName("Combo1");
-    Combo1->addItems(
+    Frame2 = Riquadro(this, "Frame2", "Crea Nuovo Archivio");
+    Text1 = Casella(Frame2, "Text1");
+    cmdCrea = Pulsante(Frame2, "cmdCrea", "Ok  &Crea");
+    Label1 = Etichetta(Frame2, "  Nomi  Non Validi", "Label1");
+    Combo1 = Lista(
+        Frame2, "Combo1",
         {"AllCity", "Estive", "Fusi", "FusiEstiveUniti", "Nazioni", "ZoneOrarie", "MSys...!"});
     auto* l2 = new QGridLayout(Frame2);
     l2->addWidget(Text1, 0, 0);
@@ -71,16 +82,11 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     l2->addWidget(Label1, 1, 0);
     l2->addWidget(Combo1, 1, 1);
 
-    Frame3 = new QGroupBox(QStringLiteral("Trasporta  Archivi"), this);
-    Frame3->setObjectName("Frame3");
-    cmdTrasporta = new QPushButton(QStringLiteral("&Trasporta"), Frame3);
-    cmdTrasporta->setObjectName("cmdTrasporta");
-    List1 = new QListWidget(Frame3);
-    List1->setObjectName("List1");
-    cmdOkTrasporta = new QPushButton(QStringLiteral("Ok   --->"), Frame3);
-    cmdOkTrasporta->setObjectName("cmdOkTrasporta");
-    Command1 = new QPushButton(QStringLiteral("?"), Frame3);
-    Command1->setObjectName("Command1");
+    Frame3 = Riquadro(this, "Frame3", "Trasporta  Archivi");
+    cmdTrasporta = Pulsante(Frame3, "cmdTrasporta", "&Trasporta");
+    List1 = Nome(new QListWidget(Frame3), "List1");
+    cmdOkTrasporta = Pulsante(Frame3, "cmdOkTrasporta", "Ok   --->");
+    Command1 = Pulsante(Frame3, "Command1", "?");
     auto* l3 = new QGridLayout(Frame3);
     l3->addWidget(cmdTrasporta, 0, 0);
     l3->addWidget(Command1, 0, 1);
@@ -90,61 +96,57 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     cmdOkTrasporta->hide();
     Command1->hide();
 
-    Frame4 = new QGroupBox(QStringLiteral("Importa Compleanni  da AstDbTmp.mdb"), this);
-    Frame4->setObjectName("Frame4");
-    Command2 = new QPushButton(QStringLiteral("Importa"), Frame4);
-    Command2->setObjectName("Command2");
-    Command3 = new QPushButton(QStringLiteral("?"), Frame4);
-    Command3->setObjectName("Command3");
+    Frame4 = Riquadro(this, "Frame4", "Importa Compleanni  da AstDbTmp.mdb");
+    Command2 = Pulsante(Frame4, "Command2", "Importa");
+    Command3 = Pulsante(Frame4, "Command3", "?");
     auto* l4 = new QHBoxLayout(Frame4);
     l4->addWidget(Command2, 1);
     l4->addWidget(Command3);
     Frame4->hide();
+}
 
-    cmdSalva = new QPushButton(QStringLiteral("&Salva  Tema"), this);
-    cmdSalva->setObjectName("cmdSalva");
-    cmdSalva->hide();
-    Command4 = new QPushButton(QStringLiteral("Esc&i"), this);
-    Command4->setObjectName("Command4");
+QMenuBar* frmGesArchivi::CreaMenu() {
+    // The text import and export live in their own forms, which connect these entries.
+    auto* barra = new QMenuBar(this);
+    mnFile = Nome(barra->addMenu(QStringLiteral("&File")), "mnFile");
+    mnFileImp = Nome(mnFile->addMenu(QStringLiteral("&Importa Archivio")), "mnFileImp");
+    mnFileImpSFtxt = Voce(mnFileImp, "mnFileImpSFtxt", "&Simple Text Solar Fire");
+    mnFileExp = Nome(mnFile->addMenu(QStringLiteral("&Esporta Archivio")), "mnFileExp");
+    mnFileTT = Voce(mnFileExp, "mnFileTT", "File di &Testo");
+    cartellaFile = CartellaProgrammaQt();
+    mnFileImpAAF = Voce(mnFileImp, "mnFileImpAAF", "&AAF...");
+    mnFileImpCSV = Voce(mnFileImp, "mnFileImpCSV", "Foglio &CSV...");
+    mnFileExpAAF = Voce(mnFileExp, "mnFileExpAAF", "&AAF...");
+    mnFileExpCSV = Voce(mnFileExp, "mnFileExpCSV", "Foglio &CSV...");
+    mnFile->addSeparator();
+    mnFileSicurezza = Voce(mnFile, "mnFileSicurezza", "Copia di &sicurezza...");
+    mnFileRipristina = Voce(mnFile, "mnFileRipristina", "&Ripristina...");
+    return barra;
+}
+
+void frmGesArchivi::Disponi(QMenuBar* barra) {
     auto* pulsanti = new QHBoxLayout;
     pulsanti->addWidget(cmdSalva);
     pulsanti->addStretch(1);
     pulsanti->addWidget(Command4);
+    auto* colonnaDestra = new QVBoxLayout;
+    colonnaDestra->addWidget(Frame2);
+    colonnaDestra->addWidget(Frame3, 1);
+    colonnaDestra->addWidget(Frame4);
+    auto* corpo = new QHBoxLayout;
+    corpo->addWidget(Frame1, 1);
+    corpo->addLayout(colonnaDestra, 1);
+    auto* tutto = new QVBoxLayout(this);
+    tutto->setMenuBar(barra);
+    tutto->addLayout(corpo, 1);
+    tutto->addLayout(pulsanti);
+}
 
-    // The text import and export live in their own forms, which connect these entries.
-    auto* barra = new QMenuBar(this);
-    mnFile = barra->addMenu(QStringLiteral("&File"));
-    mnFile->setObjectName("mnFile");
-    mnFileImp = mnFile->addMenu(QStringLiteral("&Importa Archivio"));
-    mnFileImp->setObjectName("mnFileImp");
-    mnFileImpSFtxt = mnFileImp->addAction(QStringLiteral("&Simple Text Solar Fire"));
-    mnFileImpSFtxt->setObjectName("mnFileImpSFtxt");
-    mnFileImpSFtxt->setEnabled(false);
-    mnFileExp = mnFile->addMenu(QStringLiteral("&Esporta Archivio"));
-    mnFileExp->setObjectName("mnFileExp");
-    mnFileTT = mnFileExp->addAction(QStringLiteral("File di &Testo"));
-    mnFileTT->setObjectName("mnFileTT");
-    mnFileTT->setEnabled(false);
-    mnFileImpSFtxt->setEnabled(true);
-    mnFileTT->setEnabled(true);
+void frmGesArchivi::Collega() {
     connect(mnFileImpSFtxt, &QAction::triggered, this,
             [this] { mnFileImpSFtxt_Click(this, lstArchivi, fileDB_, messaggi_); });
     connect(mnFileTT, &QAction::triggered, this,
             [this] { mnFileTT_Click(lstArchivi, fileDB_, messaggi_); });
-    cartellaFile = CartellaProgrammaQt();
-    mnFileImpAAF = mnFileImp->addAction(QStringLiteral("&AAF..."));
-    mnFileImpAAF->setObjectName("mnFileImpAAF");
-    mnFileImpCSV = mnFileImp->addAction(QStringLiteral("Foglio &CSV..."));
-    mnFileImpCSV->setObjectName("mnFileImpCSV");
-    mnFileExpAAF = mnFileExp->addAction(QStringLiteral("&AAF..."));
-    mnFileExpAAF->setObjectName("mnFileExpAAF");
-    mnFileExpCSV = mnFileExp->addAction(QStringLiteral("Foglio &CSV..."));
-    mnFileExpCSV->setObjectName("mnFileExpCSV");
-    mnFile->addSeparator();
-    mnFileSicurezza = mnFile->addAction(QStringLiteral("Copia di &sicurezza..."));
-    mnFileSicurezza->setObjectName("mnFileSicurezza");
-    mnFileRipristina = mnFile->addAction(QStringLiteral("&Ripristina..."));
-    mnFileRipristina->setObjectName("mnFileRipristina");
     for (auto [voce, formato] : {std::pair{mnFileImpAAF, FormatoScambio::AAF},
                                  std::pair{mnFileImpCSV, FormatoScambio::CSV}})
         connect(voce, &QAction::triggered, this, [this, formato] {
@@ -164,22 +166,6 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
         if (!RipristinaUtente(this, fileDB_, messaggi_, QS(s_.CartellaCopie), sceltaApri).isEmpty())
             RiempiArchivi();
     });
-
-    auto* colonnaDestra = new QVBoxLayout;
-    colonnaDestra->addWidget(Frame2);
-    colonnaDestra->addWidget(Frame3, 1);
-    colonnaDestra->addWidget(Frame4);
-    auto* corpo = new QHBoxLayout;
-    corpo->addWidget(Frame1, 1);
-    corpo->addLayout(colonnaDestra, 1);
-    auto* tutto = new QVBoxLayout(this);
-    tutto->setMenuBar(barra);
-    tutto->addLayout(corpo, 1);
-    tutto->addLayout(pulsanti);
-    // Enter creates the archive whose name was typed; never the deletion.
-    cmdCrea->setDefault(true);
-    resize(560, 460);
-
     connect(cmdCrea, &QPushButton::clicked, this, &frmGesArchivi::cmdCrea_Click);
     connect(cmdSalva, &QPushButton::clicked, this, &frmGesArchivi::cmdSalva_Click);
     connect(Command4, &QPushButton::clicked, this, &frmGesArchivi::Command4_Click);
@@ -191,14 +177,6 @@ frmGesArchivi::frmGesArchivi(Sessione& sessione, const std::string& fileDB, Mess
     connect(Command1, &QPushButton::clicked, this, &frmGesArchivi::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &frmGesArchivi::Command2_Click);
     connect(Command3, &QPushButton::clicked, this, &frmGesArchivi::Command3_Click);
-
-    RiempiArchivi();
-    Combo1->setCurrentIndex(0);
-    std::error_code ec;
-    if (!cartellaProgramma_.empty() &&
-        std::filesystem::is_regular_file(std::filesystem::path(cartellaProgramma_) / FileCompleanni,
-                                         ec))
-        Frame4->show();
 }
 
 void frmGesArchivi::ModoSalvo() {

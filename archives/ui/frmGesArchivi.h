@@ -20,6 +20,7 @@ class QLineEdit;
 class QListWidget;
 class QListWidgetItem;
 class QMenu;
+class QMenuBar;
 class QAction;
 class QPushButton;
 
@@ -80,6 +81,12 @@ public slots:
     void cmdRinomina_Click();
 
 private:
+    // The construction's steps: the four frames with their controls, the menu bar, the layout,
+    // the events.
+    void CreaRiquadri();
+    QMenuBar* CreaMenu();
+    void Disponi(QMenuBar* barra);
+    void Collega();
     void MostraAiuto(const QString& titolo, const QStringList& righe);
 
     Sessione& s_;

@@ -23,12 +23,13 @@
 #include "chart/Aspetti.h"
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
 namespace {
 
-QListWidget* Lista(QWidget* genitore, const char* nome, const auto& righe) {
+QListWidget* Elenco(QWidget* genitore, const char* nome, const auto& righe) {
     auto* l = new QListWidget(genitore);
     l->setObjectName(nome);
     for (const char* r : righe)
@@ -51,32 +52,65 @@ frmQuery::frmQuery(Sessione& sessione, const std::string& fileDB, Messaggi& mess
     setObjectName("frmQuery");
     setWindowTitle(QStringLiteral("Vesmo - Query Astrologiche"));
 
-    Frame1 = new QGroupBox(QStringLiteral(">>     Query Options   >> "), this);
-    Frame1->setObjectName("Frame1");
-    LstFrom = Lista(Frame1, "LstFrom", RigheFrom);
-    LstTo = Lista(Frame1, "LstTo", RigheTo);
-    LstVerso = Lista(Frame1, "LstVerso", RigheVerso);
+    CreaOpzioni();
+    CreaArchivi();
+    CmdAvvio = Pulsante(this, "CmdAvvio", "&Avvio Query");
+    cmdFerma = Pulsante(this, "cmdFerma", "&Ferma");
+    cmdFerma->setEnabled(false);
+    cmdEsci = Pulsante(this, "cmdEsci", "&Esci");
+    CmdHelp = Pulsante(this, "CmdHelp", "&?");
+    PBarFrom = Nome(new QProgressBar(this), "PBarFrom");
+    PBarFrom->setRange(0, 100);
+    PBarFrom->setValue(0);
+    lbNewTb = Etichetta(this, "", "lbNewTb");
+    auto* pulsanti = new QHBoxLayout;
+    pulsanti->addWidget(CmdAvvio);
+    pulsanti->addWidget(cmdFerma);
+    pulsanti->addStretch(1);
+    pulsanti->addWidget(CmdHelp);
+    pulsanti->addWidget(cmdEsci);
+
+    auto* tutto = new QVBoxLayout(this);
+    tutto->addWidget(Frame1, 1);
+    tutto->addWidget(Frame2);
+    tutto->addWidget(PBarFrom);
+    tutto->addWidget(lbNewTb);
+    tutto->addLayout(pulsanti);
+    resize(760, 560);
+
+    Collega();
+
+    OpLuogo->setChecked(true);
+    OpLuogo_Click();
+    OpGeo->setChecked(true);
+    CmbAspetti->setCurrentIndex(0);
+    RiempiTabelle();
+    CmbTbTo->setCurrentText(QString());
+}
+
+void frmQuery::CreaOpzioni() {
+    Frame1 = Riquadro(this, "Frame1", ">>     Query Options   >> ");
+    LstFrom = Elenco(Frame1, "LstFrom", RigheFrom);
+    LstTo = Elenco(Frame1, "LstTo", RigheTo);
+    LstVerso = Elenco(Frame1, "LstVerso", RigheVerso);
     OpLuogo = Opzione(Frame1, "OpLuogo", "Luogo                           (Segno, Casa)");
     OpAngolo = Opzione(Frame1, "OpAngolo",
                        "Angolo                          (Aspetti,                     Orbita)");
     OpVerso = Opzione(Frame1, "OpVerso", "Verso");
-    CmbAspetti = new QComboBox(Frame1);
-    CmbAspetti->setObjectName("CmbAspetti");
+    CmbAspetti = Lista(Frame1, "CmbAspetti");
     for (int k = 0; k < NumeroAspetti; ++k)
         CmbAspetti->addItem(QS(RigaAspetto(k)));
-    TxOrbita = new QLineEdit(QString::fromUtf8(OrbitaPredefinita), Frame1);
-    TxOrbita->setObjectName("TxOrbita");
-    TxOrbita->setMaximumWidth(70);
-    FrLuna = new QGroupBox(QStringLiteral("Calcolo della Luna "), Frame1);
-    FrLuna->setObjectName("FrLuna");
+    TxOrbita = Casella(Frame1, "TxOrbita", 70);
+    TxOrbita->setText(QString::fromUtf8(OrbitaPredefinita));
+    FrLuna = Riquadro(Frame1, "FrLuna", "Calcolo della Luna ");
     OpGeo = Opzione(FrLuna, "OpGeo", "Luna Geocentrica");
     OpTopo = Opzione(FrLuna, "OpTopo", "Luna Topocentrica");
     auto* luna = new QVBoxLayout(FrLuna);
     luna->addWidget(OpGeo);
     luna->addWidget(OpTopo);
 
-    auto* etichettaFrom = new QLabel(QStringLiteral("Lista From"), Frame1);
-    auto* etichettaTo = new QLabel(QStringLiteral("Lista TO"), Frame1);
+    auto* etichettaFrom = Etichetta(Frame1, "Lista From");
+    auto* etichettaTo = Etichetta(Frame1, "Lista TO");
     auto* opzioni = new QVBoxLayout;
     opzioni->addWidget(OpLuogo);
     opzioni->addWidget(OpAngolo);
@@ -98,52 +132,23 @@ frmQuery::frmQuery(Sessione& sessione, const std::string& fileDB, Messaggi& mess
     g1->setColumnStretch(0, 1);
     g1->setColumnStretch(1, 2);
     g1->setColumnStretch(2, 1);
+}
 
-    Frame2 = new QGroupBox(QStringLiteral("Archivi DataBase"), this);
-    Frame2->setObjectName("Frame2");
-    CmbTbFrom = new QComboBox(Frame2);
-    CmbTbFrom->setObjectName("CmbTbFrom");
-    CmbTbTo = new QComboBox(Frame2);
-    CmbTbTo->setObjectName("CmbTbTo");
+void frmQuery::CreaArchivi() {
+    Frame2 = Riquadro(this, "Frame2", "Archivi DataBase");
+    CmbTbFrom = Lista(Frame2, "CmbTbFrom");
+    CmbTbTo = Lista(Frame2, "CmbTbTo");
     CmbTbTo->setEditable(true);
     CmbTbTo->setInsertPolicy(QComboBox::NoInsert);
     auto* g2 = new QGridLayout(Frame2);
-    g2->addWidget(new QLabel(QStringLiteral("Archivio Query   From"), Frame2), 0, 0);
+    g2->addWidget(Etichetta(Frame2, "Archivio Query   From"), 0, 0);
     g2->addWidget(CmbTbFrom, 0, 1);
-    g2->addWidget(new QLabel(QStringLiteral("(new)  Archivio Query   TO"), Frame2), 1, 0);
+    g2->addWidget(Etichetta(Frame2, "(new)  Archivio Query   TO"), 1, 0);
     g2->addWidget(CmbTbTo, 1, 1);
     g2->setColumnStretch(1, 1);
+}
 
-    CmdAvvio = new QPushButton(QStringLiteral("&Avvio Query"), this);
-    CmdAvvio->setObjectName("CmdAvvio");
-    cmdFerma = new QPushButton(QStringLiteral("&Ferma"), this);
-    cmdFerma->setObjectName("cmdFerma");
-    cmdFerma->setEnabled(false);
-    cmdEsci = new QPushButton(QStringLiteral("&Esci"), this);
-    cmdEsci->setObjectName("cmdEsci");
-    CmdHelp = new QPushButton(QStringLiteral("&?"), this);
-    CmdHelp->setObjectName("CmdHelp");
-    PBarFrom = new QProgressBar(this);
-    PBarFrom->setObjectName("PBarFrom");
-    PBarFrom->setRange(0, 100);
-    PBarFrom->setValue(0);
-    lbNewTb = new QLabel(this);
-    lbNewTb->setObjectName("lbNewTb");
-    auto* pulsanti = new QHBoxLayout;
-    pulsanti->addWidget(CmdAvvio);
-    pulsanti->addWidget(cmdFerma);
-    pulsanti->addStretch(1);
-    pulsanti->addWidget(CmdHelp);
-    pulsanti->addWidget(cmdEsci);
-
-    auto* tutto = new QVBoxLayout(this);
-    tutto->addWidget(Frame1, 1);
-    tutto->addWidget(Frame2);
-    tutto->addWidget(PBarFrom);
-    tutto->addWidget(lbNewTb);
-    tutto->addLayout(pulsanti);
-    resize(760, 560);
-
+void frmQuery::Collega() {
     connect(CmdAvvio, &QPushButton::clicked, this, &frmQuery::CmdAvvio_Click);
     connect(cmdEsci, &QPushButton::clicked, this, &frmQuery::cmdEsci_Click);
     connect(CmdHelp, &QPushButton::clicked, this, &frmQuery::CmdHelp_Click);
@@ -151,13 +156,6 @@ frmQuery::frmQuery(Sessione& sessione, const std::string& fileDB, Messaggi& mess
     connect(OpLuogo, &QRadioButton::clicked, this, &frmQuery::OpLuogo_Click);
     connect(OpAngolo, &QRadioButton::clicked, this, &frmQuery::OpAngolo_Click);
     connect(OpVerso, &QRadioButton::clicked, this, &frmQuery::OpVerso_Click);
-
-    OpLuogo->setChecked(true);
-    OpLuogo_Click();
-    OpGeo->setChecked(true);
-    CmbAspetti->setCurrentIndex(0);
-    RiempiTabelle();
-    CmbTbTo->setCurrentText(QString());
 }
 
 void frmQuery::RiempiTabelle() {

@@ -52,6 +52,11 @@ protected:
     void reject() override;
 
 private:
+    // The construction's steps: the query's options (lists, kinds, aspect and orb, the Moon),
+    // the archives from and to, the events.
+    void CreaOpzioni();
+    void CreaArchivi();
+    void Collega();
     Sessione& s_;
     std::string fileDB_;
     Messaggi& messaggi_;

@@ -10,10 +10,10 @@
 #include <QPointer>
 #include <QPushButton>
 #include <QVBoxLayout>
-#include <map>
 
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
+#include "core/ui/Controlli.h"
 #include "ephemeris/DeltaT.h"
 #include "ephemeris/TestoDatiTema.h"
 
@@ -28,30 +28,11 @@ std::string S(const QString& s) {
     return s.toStdString();
 }
 
-QLineEdit* Casella(QWidget* padre, const char* nome, int larghezza = 60) {
-    auto* e = new QLineEdit(padre);
-    e->setObjectName(nome);
-    e->setMaximumWidth(larghezza);
-    return e;
-}
-
-QPushButton* Pulsante(QWidget* padre, const char* nome, const char* testo) {
-    auto* b = new QPushButton(QString::fromUtf8(testo), padre);
-    b->setObjectName(nome);
+// The calculators' buttons: Enter presses only the one made the default.
+QPushButton* PulsanteNonPredefinito(QWidget* padre, const char* nome, const char* testo) {
+    auto* b = Pulsante(padre, nome, testo);
     b->setAutoDefault(false);
     return b;
-}
-
-QLabel* Etichetta(QWidget* padre, const char* testo, const char* nome = nullptr) {
-    auto* l = new QLabel(QString::fromUtf8(testo), padre);
-    if (nome) l->setObjectName(nome);
-    return l;
-}
-
-QGroupBox* Riquadro(QWidget* padre, const char* nome, const char* titolo) {
-    auto* g = new QGroupBox(QString::fromUtf8(titolo), padre);
-    g->setObjectName(nome);
-    return g;
 }
 
 // A box whose text is not a number counts as 0 and shows "0".
@@ -78,7 +59,18 @@ frmElaJD::frmElaJD(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
     Prepara(this, "frmElaJD", "Lyx - Elaborazioni di Giorni Giuliani (JD)");
     Nuovo = s_.TemaVuoto;
 
-    QGroupBox* data = Riquadro(this, "FrameData", "[Data di  (JD)]");
+    auto* griglia = new QGridLayout(this);
+    griglia->addWidget(CreaData(), 0, 0);
+    griglia->addLayout(CreaCarica(), 0, 1);
+    griglia->addWidget(CreaSomme(), 1, 0, 1, 2);
+    Collega();
+
+    // The form opens on the natal chart.
+    CaricaTema(s_.TemaNat);
+}
+
+QGroupBox* frmElaJD::CreaData() {
+    auto* data = Riquadro(this, "FrameData", "[Data di  (JD)]");
     Text1 = Casella(data, "Text1", 40);
     Text2 = Casella(data, "Text2", 40);
     Text3 = Casella(data, "Text3", 60);
@@ -88,19 +80,15 @@ frmElaJD::frmElaJD(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
     const QString orologio = QStringLiteral("Tempo Locale - quello segnato dall'orologio");
     for (QLineEdit* e : {Text4, Text5, Text11})
         e->setToolTip(orologio);
-    List1 = new QComboBox(data);
-    List1->setObjectName("List1");
-    List1->addItems({QStringLiteral("0"), QStringLiteral("1"), QStringLiteral("2")});
+    List1 = Lista(data, "List1", {"0", "1", "2"});
     List1->setToolTip(QStringLiteral("anche detta ORA LEGALE"));
     Text6 = Casella(data, "Text6", 50);
     Text6->setToolTip(
         QStringLiteral("99  per eliminare il fuso sostituendolo con la Longitudine. "));
-    List2 = new QComboBox(data);
-    List2->setObjectName("List2");
-    List2->addItems({QStringLiteral(" EST "), QStringLiteral(" OVEST")});
+    List2 = Lista(data, "List2", {" EST ", " OVEST"});
     Text7 = Casella(data, "Text7", 160);
-    Command12 = Pulsante(data, "Command12", "&Aggiorna  (JD) ");
-    Command13 = Pulsante(data, "Command13", "A&ggiorna [Data di  (JD)]");
+    Command12 = PulsanteNonPredefinito(data, "Command12", "&Aggiorna  (JD) ");
+    Command13 = PulsanteNonPredefinito(data, "Command13", "A&ggiorna [Data di  (JD)]");
     auto* gd = new QGridLayout(data);
     gd->addWidget(Etichetta(data, "GG / MM / Anno"), 0, 0);
     auto* riga = new QHBoxLayout;
@@ -128,37 +116,43 @@ frmElaJD::frmElaJD(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
     riga->addWidget(Command12);
     riga->addWidget(Command13);
     gd->addLayout(riga, 6, 0, 1, 2);
+    return data;
+}
 
-    Command1 = Pulsante(this, "Command1", "Tema &Natale");
-    Command2 = Pulsante(this, "Command2", "&Transito");
-    Command3 = Pulsante(this, "Command3", "&Rivoluzione");
-    Command4 = Pulsante(this, "Command4", "&Direzione");
-    Command9 = Pulsante(this, "Command9", "N&uovo - vuoto");
-    Command15 = Pulsante(this, "Command15", "&Memorizza (JD) su Nuovo");
-    Command11 = Pulsante(this, "Command11", "Es&ci");
+QVBoxLayout* frmElaJD::CreaCarica() {
+    Command1 = PulsanteNonPredefinito(this, "Command1", "Tema &Natale");
+    Command2 = PulsanteNonPredefinito(this, "Command2", "&Transito");
+    Command3 = PulsanteNonPredefinito(this, "Command3", "&Rivoluzione");
+    Command4 = PulsanteNonPredefinito(this, "Command4", "&Direzione");
+    Command9 = PulsanteNonPredefinito(this, "Command9", "N&uovo - vuoto");
+    Command15 = PulsanteNonPredefinito(this, "Command15", "&Memorizza (JD) su Nuovo");
+    Command11 = PulsanteNonPredefinito(this, "Command11", "Es&ci");
     auto* carica = new QVBoxLayout;
     for (QPushButton* b : {Command1, Command2, Command3, Command4, Command9, Command15})
         carica->addWidget(b);
     carica->addStretch(1);
     carica->addWidget(Command11);
+    return carica;
+}
 
-    QGroupBox* somme = Riquadro(this, "FrameSomme", "Somme Algebriche");
+QGroupBox* frmElaJD::CreaSomme() {
+    auto* somme = Riquadro(this, "FrameSomme", "Somme Algebriche");
     Text8 = Casella(somme, "Text8", 30);
     Text9 = Casella(somme, "Text9", 160);
     Text10 = Casella(somme, "Text10", 160);
     Text10->setReadOnly(true);
     Text10->setText(QStringLiteral("0"));
-    Command5 = Pulsante(somme, "Command5", "T&ema Natale");
-    Command6 = Pulsante(somme, "Command6", "Tran&sito");
-    Command7 = Pulsante(somme, "Command7", "R&ivoluzione");
-    Command8 = Pulsante(somme, "Command8", "Dire&zione");
-    Command10 = Pulsante(somme, "Command10", "Nuo&vo");
+    Command5 = PulsanteNonPredefinito(somme, "Command5", "T&ema Natale");
+    Command6 = PulsanteNonPredefinito(somme, "Command6", "Tran&sito");
+    Command7 = PulsanteNonPredefinito(somme, "Command7", "R&ivoluzione");
+    Command8 = PulsanteNonPredefinito(somme, "Command8", "Dire&zione");
+    Command10 = PulsanteNonPredefinito(somme, "Command10", "Nuo&vo");
     Label10 = Etichetta(somme, "", "Label10");
     Label11 = Etichetta(somme, "", "Label11");
     auto* gs = new QGridLayout(somme);
     gs->addWidget(Text8, 0, 0);
     gs->addWidget(Text9, 0, 1);
-    riga = new QHBoxLayout;
+    auto* riga = new QHBoxLayout;
     for (QPushButton* b : {Command5, Command6, Command7, Command8, Command10}) {
         b->setEnabled(false);
         riga->addWidget(b);
@@ -175,12 +169,10 @@ frmElaJD::frmElaJD(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
     riga->addWidget(Label11);
     riga->addStretch(1);
     gs->addLayout(riga, 4, 0, 1, 3);
+    return somme;
+}
 
-    auto* griglia = new QGridLayout(this);
-    griglia->addWidget(data, 0, 0);
-    griglia->addLayout(carica, 0, 1);
-    griglia->addWidget(somme, 1, 0, 1, 2);
-
+void frmElaJD::Collega() {
     connect(Command12, &QPushButton::clicked, this, &frmElaJD::Command12_Click);
     connect(Command13, &QPushButton::clicked, this, &frmElaJD::Command13_Click);
     connect(Command1, &QPushButton::clicked, this, [this] { CaricaTema(s_.TemaNat); });
@@ -203,9 +195,6 @@ frmElaJD::frmElaJD(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
     connect(Command8, &QPushButton::clicked, this, [this, operando] { operando(s_.TemaDir); });
     connect(Command10, &QPushButton::clicked, this, [this, operando] { operando(Nuovo); });
     connect(Text9, &QLineEdit::textChanged, this, &frmElaJD::Somma);
-
-    // The form opens on the natal chart.
-    CaricaTema(s_.TemaNat);
 }
 
 CorniceJD frmElaJD::Cornice() const {
@@ -303,9 +292,9 @@ frmTE_TU_Lyx::frmTE_TU_Lyx(QWidget* genitore) : QDialog(genitore) {
     Text3 = Casella(this, "Text3", 40);
     Text4 = Casella(this, "Text4", 40);
     Text5 = Casella(this, "Text5", 60);
-    CommandOK = Pulsante(this, "CommandOK", " &Ok  >>");
+    CommandOK = PulsanteNonPredefinito(this, "CommandOK", " &Ok  >>");
     CommandOK->setDefault(true);
-    Command2 = Pulsante(this, "Command2", "&Esci");
+    Command2 = PulsanteNonPredefinito(this, "Command2", "&Esci");
     Label1 = Etichetta(this, "", "Label1");
     lbAiuto = Etichetta(this, "", "lbAiuto");
     lbAiuto->setFont(QFontDatabase::systemFont(QFontDatabase::FixedFont));
@@ -358,9 +347,9 @@ frmEqT_Lyx::frmEqT_Lyx(QWidget* genitore) : QDialog(genitore) {
         riga->addWidget(e);
     riga->addStretch(1);
     g->addLayout(riga, 1, 1);
-    CommandOK = Pulsante(this, "CommandOK", " &Ok  >>");
+    CommandOK = PulsanteNonPredefinito(this, "CommandOK", " &Ok  >>");
     CommandOK->setDefault(true);
-    Command2 = Pulsante(this, "Command2", "&Esci");
+    Command2 = PulsanteNonPredefinito(this, "Command2", "&Esci");
     Label1 = Etichetta(this, "Eqt = ", "Label1");
     auto* v = new QVBoxLayout(this);
     v->addWidget(frame);
@@ -419,7 +408,7 @@ frmEclEqu_Lyx::frmEclEqu_Lyx(Messaggi& messaggi, QWidget* genitore)
     txLon_Sec = Casella(ecl, "txLon_Sec", 60);
     txLat_Gradi = Casella(ecl, "txLat_Gradi", 50);
     txLat_Primi = Casella(ecl, "txLat_Primi", 50);
-    cmdCal_Equ = Pulsante(ecl, "cmdCal_Equ", "---> Eq&uatoriali");
+    cmdCal_Equ = PulsanteNonPredefinito(ecl, "cmdCal_Equ", "---> Eq&uatoriali");
     auto* ge = new QGridLayout(ecl);
     ge->addWidget(Etichetta(ecl,
                             "Longitudine                            Gradi     Primi    Secondi",
@@ -441,7 +430,7 @@ frmEclEqu_Lyx::frmEclEqu_Lyx(Messaggi& messaggi, QWidget* genitore)
     txAR_s = Casella(equ, "txAR_s", 60);
     txDec_Gradi = Casella(equ, "txDec_Gradi", 50);
     txDec_Primi = Casella(equ, "txDec_Primi", 50);
-    cmdCal_Ecl = Pulsante(equ, "cmdCal_Ecl", "---> E&clittiche");
+    cmdCal_Ecl = PulsanteNonPredefinito(equ, "cmdCal_Ecl", "---> E&clittiche");
     auto* gq = new QGridLayout(equ);
     gq->addWidget(
         Etichetta(equ, "Ascensione Retta  AR            Ore       Minuti  Secondi", "lbAR"), 0, 0,
@@ -455,7 +444,7 @@ frmEclEqu_Lyx::frmEclEqu_Lyx(Messaggi& messaggi, QWidget* genitore)
     gq->addWidget(txDec_Primi, 3, 2);
     gq->addWidget(cmdCal_Ecl, 4, 0, 1, 4, Qt::AlignRight);
 
-    cmdEsci = Pulsante(this, "cmdEsci", "&Esci");
+    cmdEsci = PulsanteNonPredefinito(this, "cmdEsci", "&Esci");
     auto* v = new QVBoxLayout(this);
     v->addWidget(data);
     v->addWidget(ecl);
@@ -560,9 +549,9 @@ frmFormatiNum::frmFormatiNum(QWidget* genitore) : QDialog(genitore) {
         riga->addStretch(1);
         v->addWidget(f);
     }
-    CommandOK = Pulsante(this, "CommandOK", "&OK");
+    CommandOK = PulsanteNonPredefinito(this, "CommandOK", "&OK");
     CommandOK->setDefault(true);
-    Command2 = Pulsante(this, "Command2", "&Esci");
+    Command2 = PulsanteNonPredefinito(this, "Command2", "&Esci");
     auto* riga = new QHBoxLayout;
     riga->addWidget(CommandOK);
     riga->addStretch(1);
@@ -608,9 +597,9 @@ frmColoriRuota::frmColoriRuota(StatoRuote& stato, QWidget* genitore)
         "prima di inviarle. Nel formato .zip occupano circa 30 Kb.",
         "Label1");
     Frame1 = Riquadro(this, "Frame1", "Ruota per Video ");
-    Command2 = Pulsante(Frame1, "Command2", "16,8 Milioni di Colori");
+    Command2 = PulsanteNonPredefinito(Frame1, "Command2", "16,8 Milioni di Colori");
     Command2->setDefault(true);
-    Command1 = Pulsante(Frame1, "Command1", "256 Colori");
+    Command1 = PulsanteNonPredefinito(Frame1, "Command1", "256 Colori");
     auto* riga = new QHBoxLayout(Frame1);
     riga->addWidget(Command2);
     riga->addWidget(Command1);
@@ -636,37 +625,44 @@ frmLunaImg::frmLunaImg(QWidget* genitore) : QDialog(genitore) {
 
 // ---- the menu's entries ----
 
-QDialog* MostraCalcolatrice(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi,
-                            QWidget* menu) {
-    // One window each: those of a menu that closed went with it.
-    static std::map<Calcolatrice, QPointer<QDialog>> aperte;
-    QPointer<QDialog>& f = aperte[quale];
-    if (f && f->parentWidget() != menu) f = nullptr;
+FinestreCalcolatrici::FinestreCalcolatrici(QWidget* menu) : QObject(menu), menu_(menu) {
+    setObjectName("FinestreCalcolatrici");
+}
+
+QDialog* FinestreCalcolatrici::Mostra(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi) {
+    QPointer<QDialog>& f = aperte_[quale];
     if (!f) {
-        switch (quale) {
-        case Calcolatrice::EclEqu:
-            f = new frmEclEqu_Lyx(messaggi, menu);
-            break;
-        case Calcolatrice::EqT:
-            f = new frmEqT_Lyx(menu);
-            break;
-        case Calcolatrice::JD:
-            f = new frmElaJD(sessione, messaggi, menu);
-            break;
-        case Calcolatrice::Formati:
-            f = new frmFormatiNum(menu);
-            break;
-        case Calcolatrice::TETU:
-            f = new frmTE_TU_Lyx(menu);
-            break;
-        }
+        f = Crea(quale, sessione, messaggi);
         f->setAttribute(Qt::WA_DeleteOnClose);
-        if (menu != nullptr) f->setWindowIcon(menu->windowIcon());
+        f->setWindowIcon(menu_->windowIcon());
     }
     f->show();
     f->raise();
     f->activateWindow();
     return f;
+}
+
+QDialog* FinestreCalcolatrici::Crea(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi) {
+    switch (quale) {
+    case Calcolatrice::EclEqu:
+        return new frmEclEqu_Lyx(messaggi, menu_);
+    case Calcolatrice::EqT:
+        return new frmEqT_Lyx(menu_);
+    case Calcolatrice::JD:
+        return new frmElaJD(sessione, messaggi, menu_);
+    case Calcolatrice::Formati:
+        return new frmFormatiNum(menu_);
+    case Calcolatrice::TETU:
+        break;
+    }
+    return new frmTE_TU_Lyx(menu_);
+}
+
+QDialog* MostraCalcolatrice(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi,
+                            QWidget* menu) {
+    auto* finestre = menu->findChild<FinestreCalcolatrici*>(QString(), Qt::FindDirectChildrenOnly);
+    if (!finestre) finestre = new FinestreCalcolatrici(menu);
+    return finestre->Mostra(quale, sessione, messaggi);
 }
 
 void MostraColoriRuota(StatoRuote& stato, QWidget* menu) {

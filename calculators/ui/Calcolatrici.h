@@ -4,6 +4,8 @@
 #pragma once
 
 #include <QDialog>
+#include <QPointer>
+#include <map>
 
 #include "calculators/Calcolatrici.h"
 #include "core/Messaggi.h"
@@ -15,6 +17,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QPushButton;
+class QVBoxLayout;
 
 namespace vesmo {
 
@@ -39,6 +42,12 @@ public:
     void Somma();
 
 private:
+    // The construction's steps: the date frame, the column of the charts to load, the frame of
+    // the sums, the events.
+    QGroupBox* CreaData();
+    QVBoxLayout* CreaCarica();
+    QGroupBox* CreaSomme();
+    void Collega();
     CorniceJD Cornice() const;
     void MostraCornice(const CorniceJD& c);
     void ErroreDiTipo(const char* routine, const ErroreTipo& e);
@@ -116,6 +125,24 @@ public:
 // The menu's entries: each calculator shown not modally, one window each for the life of
 // `menu` (a second choice brings it to the front); the colours modally.
 enum class Calcolatrice { EclEqu, EqT, JD, Formati, TETU };
+
+// The calculators open from one menu: owned by the menu, their windows its children, at most
+// one window for each calculator.
+class FinestreCalcolatrici : public QObject {
+    Q_OBJECT
+public:
+    explicit FinestreCalcolatrici(QWidget* menu);
+    // Shows the calculator's window, made when it has none or when the user closed it, and
+    // brings it to the front.
+    QDialog* Mostra(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi);
+
+private:
+    QDialog* Crea(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi);
+    QWidget* menu_;
+    std::map<Calcolatrice, QPointer<QDialog>> aperte_;
+};
+
+// Through the menu's own FinestreCalcolatrici, made at the first choice.
 QDialog* MostraCalcolatrice(Calcolatrice quale, Sessione& sessione, Messaggi& messaggi,
                             QWidget* menu);
 void MostraColoriRuota(StatoRuote& stato, QWidget* menu);

@@ -14,6 +14,7 @@
 #include "chart/Dignita.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
@@ -106,6 +107,23 @@ frmDomicili::frmDomicili(Sessione& sessione, Messaggi& messaggi, QWidget* genito
     setWindowTitle(QStringLiteral("Lyx - Domiciliazioni di "));
     ChiudiConEsc(this);
 
+    auto* sopra = new QHBoxLayout;
+    sopra->addLayout(Gruppi(), 1);
+    sopra->addSpacing(12);
+    sopra->addLayout(Tabella());
+    Command1 = Pulsante(this, "Command1", "&Esci ");
+    connect(Command1, &QPushButton::clicked, this, &frmDomicili::Command1_Click);
+    auto* tutto = new QVBoxLayout(this);
+    tutto->addLayout(sopra, 1);
+    auto* piede = new QHBoxLayout;
+    piede->addStretch(1);
+    piede->addWidget(Command1);
+    tutto->addLayout(piede);
+
+    Form_Load();
+}
+
+QVBoxLayout* frmDomicili::Gruppi() {
     // Left: one row a group, its caption, its count and the names.
     const char* nomiTesto[11] = {"Text1", "Text2", "Text3", "Text4",  "Text5", "Text6",
                                  "Text7", "Text8", "Text9", "Text10", "Text11"};
@@ -118,19 +136,16 @@ frmDomicili::frmDomicili(Sessione& sessione, Messaggi& messaggi, QWidget* genito
                               NomiDignita[1],  NomiDignita[2],  NomiDignita[3]};
     auto* modalita = new QGridLayout;
     auto* elementi = new QGridLayout;
-    auto* Frame1 = new QGroupBox(QStringLiteral("Potenza  Planetaria"), this);
-    Frame1->setObjectName("Frame1");
+    auto* Frame1 = Riquadro(this, "Frame1", "Potenza  Planetaria");
     auto* dignita = new QGridLayout(Frame1);
     for (int i = 0; i < 11; ++i) {
         auto* titolo = new QLabel(QString::fromLatin1(titoli[i]), this);
         titolo->setObjectName(nomiTitolo[i]);
         titolo->setMinimumWidth(90);
-        auto* conto = new QLabel(this);
-        conto->setObjectName(nomiConto[i]);
+        auto* conto = Etichetta(this, "", nomiConto[i]);
         conto->setMinimumWidth(24);
         conto->setAlignment(Qt::AlignRight | Qt::AlignVCenter);
-        auto* testo = new QPlainTextEdit(this);
-        testo->setObjectName(nomiTesto[i]);
+        auto* testo = Nome(new QPlainTextEdit(this), nomiTesto[i]);
         testo->setReadOnly(true);
         testo->setFixedHeight(testo->fontMetrics().lineSpacing() * 2 + 12);
         testo->setMinimumWidth(300);
@@ -149,7 +164,10 @@ frmDomicili::frmDomicili(Sessione& sessione, Messaggi& messaggi, QWidget* genito
     sinistra->addSpacing(8);
     sinistra->addWidget(Frame1);
     sinistra->addStretch(1);
+    return sinistra;
+}
 
+QVBoxLayout* frmDomicili::Tabella() {
     // Right: the fixed table under its heading, the birth and the rulers of the Ascendant. The
     // heading is set in a fixed-pitch font and the columns take its widths, so each word stands
     // over its column.
@@ -157,8 +175,7 @@ frmDomicili::frmDomicili(Sessione& sessione, Messaggi& messaggi, QWidget* genito
     lblTestata = new QLabel(QString::fromLatin1(TestataTabellaDignita), this);
     lblTestata->setObjectName("lblTestata");
     lblTestata->setFont(fisso);
-    MSFlexGrid1 = new QTableWidget(10, 5, this);
-    MSFlexGrid1->setObjectName("MSFlexGrid1");
+    MSFlexGrid1 = Nome(new QTableWidget(10, 5, this), "MSFlexGrid1");
     MSFlexGrid1->setFont(FontSimboli(12));
     MSFlexGrid1->horizontalHeader()->hide();
     MSFlexGrid1->verticalHeader()->hide();
@@ -178,10 +195,8 @@ frmDomicili::frmDomicili(Sessione& sessione, Messaggi& messaggi, QWidget* genito
         MSFlexGrid1->setRowHeight(i, 24);
     MSFlexGrid1->setFixedSize(totale + 2 * MSFlexGrid1->frameWidth(),
                               10 * 24 + 2 * MSFlexGrid1->frameWidth());
-    lblNascita = new QLabel(this);
-    lblNascita->setObjectName("lblNascita");
-    lblReggente = new QLabel(this);
-    lblReggente->setObjectName("lblReggente");
+    lblNascita = Etichetta(this, "", "lblNascita");
+    lblReggente = Etichetta(this, "", "lblReggente");
     lblReggente->setFont(FontSimboli(font().pointSize() > 0 ? font().pointSize() + 1 : 11));
     auto* destra = new QVBoxLayout;
     destra->addWidget(lblTestata);
@@ -190,23 +205,7 @@ frmDomicili::frmDomicili(Sessione& sessione, Messaggi& messaggi, QWidget* genito
     destra->addWidget(lblNascita);
     destra->addWidget(lblReggente);
     destra->addStretch(1);
-
-    Command1 = new QPushButton(QStringLiteral("&Esci "), this);
-    Command1->setObjectName("Command1");
-    connect(Command1, &QPushButton::clicked, this, &frmDomicili::Command1_Click);
-
-    auto* sopra = new QHBoxLayout;
-    sopra->addLayout(sinistra, 1);
-    sopra->addSpacing(12);
-    sopra->addLayout(destra);
-    auto* tutto = new QVBoxLayout(this);
-    tutto->addLayout(sopra, 1);
-    auto* piede = new QHBoxLayout;
-    piede->addStretch(1);
-    piede->addWidget(Command1);
-    tutto->addLayout(piede);
-
-    Form_Load();
+    return destra;
 }
 
 void frmDomicili::Form_Load() {

@@ -15,6 +15,7 @@ class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 class QTableWidget;
+class QVBoxLayout;
 
 namespace vesmo {
 
@@ -40,6 +41,10 @@ public slots:
     void Command1_Click();
 
 private:
+    // The left column (a row for each group of modes, elements and dignities: caption, count,
+    // names) and the right one (the fixed table under its heading, the birth, the rulers).
+    QVBoxLayout* Gruppi();
+    QVBoxLayout* Tabella();
     void Form_Load();
     void DisegnaTabella(const std::string& nascita, const std::string& diurno,
                         const std::string& notturno);

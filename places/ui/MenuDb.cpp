@@ -3,9 +3,9 @@
 #include <QApplication>
 #include <QMenu>
 
-#include "archives/Sicurezza.h"
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 #include "places/ModelloLuoghi.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmDbEdit.h"
@@ -17,21 +17,16 @@
 namespace vesmo {
 
 void frmMainVesmo::CreaMenuDb() {
-    auto azione = [this](const char* nome, const char* testo) {
-        auto* a = new QAction(QString::fromUtf8(testo), this);
-        a->setObjectName(nome);
-        return a;
-    };
-    mnuZN = azione("mnuZN", "Zoom N&azione");
-    mnuZE = azione("mnuZE", "&Zoom Estive");
+    mnuZN = Azione(this, "mnuZN", "Zoom N&azione");
+    mnuZE = Azione(this, "mnuZE", "&Zoom Estive");
     mnuFile->insertActions(mnuFilePath, {mnuZN, mnuZE});
     mnuFile->insertSeparator(mnuFilePath);
-    mnuFilEdit = azione("mnuFilEdit", "Db Ed&ita");
-    mnuFilDbCt = azione("mnuFilDbCt", "Db C&ompact");
+    mnuFilEdit = Azione(this, "mnuFilEdit", "Db Ed&ita");
+    mnuFilDbCt = Azione(this, "mnuFilDbCt", "Db C&ompact");
     auto* pulizia = new QMenu(QStringLiteral("Db P&ulizia / Clean"), mnuFile);
     pulizia->setObjectName("mnuFilDbPul");
-    mnuFilDbPulEst = azione("mnuFilDbPulEst", "&Estive");
-    mnuFilDbPilFusi = azione("mnuFilDbPilFusi", "&Fusi");
+    mnuFilDbPulEst = Azione(this, "mnuFilDbPulEst", "&Estive");
+    mnuFilDbPilFusi = Azione(this, "mnuFilDbPilFusi", "&Fusi");
     pulizia->addAction(mnuFilDbPulEst);
     pulizia->addAction(mnuFilDbPilFusi);
     mnuFile->insertAction(mnuFilEsci, mnuFilEdit);
@@ -114,10 +109,7 @@ void frmMainVesmo::ApriPulizia(int modo) {
     if (modo != 3) scarica();
     auto* p = new frmPulizia(percorsi_.FileDB, modo, messaggi_);
     p->setAttribute(Qt::WA_DeleteOnClose);
-    p->PrimaDiEliminare = [this] {
-        return CopiaPrimaDiEliminare(percorsi_.FileDB, sessione_.CartellaCopie, messaggi_,
-                                     "frmPulizia.Command1");
-    };
+    p->PrimaDiEliminare = PrimaDiEliminare;
     p->AlRitorno = [this] {
         show();
         Form_Load();

@@ -17,31 +17,13 @@
 
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 #include "places/ui/ModelloGriglia.h"
 #include "places/ui/frmPulizia.h"
 
 namespace vesmo {
 
 namespace {
-
-QLineEdit* Casella(QWidget* g, const char* nome, int larghezza) {
-    auto* t = new QLineEdit(g);
-    t->setObjectName(nome);
-    if (larghezza > 0) t->setMaximumWidth(larghezza);
-    return t;
-}
-
-QComboBox* Lista(QWidget* g, const char* nome, std::initializer_list<const char*> voci) {
-    auto* l = new QComboBox(g);
-    l->setObjectName(nome);
-    for (const char* v : voci)
-        l->addItem(QString::fromUtf8(v));
-    return l;
-}
-
-QLabel* Etichetta(QWidget* g, const char* testo) {
-    return new QLabel(QString::fromUtf8(testo), g);
-}
 
 std::string Trim(const std::string& s) {
     return SenzaSpazi(s);
@@ -52,6 +34,21 @@ std::string Trim(const std::string& s) {
 PannelloDati::PannelloDati(Tema& tema, Messaggi& messaggi, FormIngresso form, QWidget* genitore)
     : QWidget(genitore), tema_(tema), messaggi_(messaggi), form_(form) {
     setObjectName("PannelloDati");
+    CreaControlli();
+    auto* corpo = new QHBoxLayout;
+    corpo->addLayout(Disponi(), 3);
+    corpo->addWidget(DisponiDataBase(), 2);
+    auto* tutto = new QVBoxLayout(this);
+    tutto->setContentsMargins(6, 6, 6, 0);
+    tutto->addLayout(corpo, 1);
+    tutto->addWidget(StatusBar1);
+    Text12->hide();
+    Text16->hide();
+
+    Collega();
+}
+
+void PannelloDati::CreaControlli() {
     Text1 = Casella(this, "Text1", 0);
     Text19 = Casella(this, "Text19", 0);
     Text2 = Casella(this, "Text2", 0);
@@ -75,21 +72,16 @@ PannelloDati::PannelloDati(Tema& tema, Messaggi& messaggi, FormIngresso form, QW
     const QString virgola = QStringLiteral("Il separatore decimale è la VIRGOLA");
     Text12->setToolTip(virgola);
     Text16->setToolTip(virgola);
-    chkSolare = new QCheckBox(QStringLiteral("LMT"), this);
-    chkSolare->setObjectName("chkSolare");
-    chkSolare->setToolTip(QStringLiteral("Date antecedenti i Fusi Orari. Local Mean Time"));
-    Label1 = Etichetta(this, "Compresa nel Fuso se in vigore. Inside  time zone.");
-    Label1->setObjectName("Label1");
+    chkSolare = Spunta(this, "chkSolare", "LMT", "Date antecedenti i Fusi Orari. Local Mean Time");
+    Label1 = Etichetta(this, "Compresa nel Fuso se in vigore. Inside  time zone.", "Label1");
     Label1->setWordWrap(true);
     Label1->hide();
     List2 = Lista(this, "List2", {VociList2[0], VociList2[1]});
     List3 = Lista(this, "List3", {VociList3[0], VociList3[1], VociList3[2], VociList3[3]});
     List4 = Lista(this, "List4", {VociList4[0], VociList4[1]});
     List5 = Lista(this, "List5", {VociList5[0], VociList5[1]});
-    Command4 = new QPushButton(QStringLiteral("Importa &City"), this);
-    Command4->setObjectName("Command4");
-    Command5 = new QPushButton(QStringLiteral("Aggiorna DB"), this);
-    Command5->setObjectName("Command5");
+    Command4 = Pulsante(this, "Command4", "Importa &City");
+    Command5 = Pulsante(this, "Command5", "Aggiorna DB");
     DBGrid1 = new QTableView(this);
     DBGrid1->setObjectName("DBGrid1");
     DBGrid2 = new QTableView(this);
@@ -105,13 +97,13 @@ PannelloDati::PannelloDati(Tema& tema, Messaggi& messaggi, FormIngresso form, QW
     StatusBar1 = new QStatusBar(this);
     StatusBar1->setObjectName("StatusBar1");
     StatusBar1->setSizeGripEnabled(false);
-    Pannello1 = new QLabel(this);
-    Pannello1->setObjectName("Pannello1");
-    Pannello2 = new QLabel(this);
-    Pannello2->setObjectName("Pannello2");
+    Pannello1 = Etichetta(this, "", "Pannello1");
+    Pannello2 = Etichetta(this, "", "Pannello2");
     StatusBar1->addWidget(Pannello1);
     StatusBar1->addWidget(Pannello2, 1);
+}
 
+QGridLayout* PannelloDati::Disponi() {
     // Left: the person, the moment, the zone, the coordinates.
     auto* sinistra = new QGridLayout;
     int r = 0;
@@ -182,10 +174,12 @@ PannelloDati::PannelloDati(Tema& tema, Messaggi& messaggi, FormIngresso form, QW
     sinistra->addWidget(lon, r++, 0, 1, 5);
     sinistra->addWidget(lat, r++, 0, 1, 5);
     sinistra->setRowStretch(r, 1);
+    return sinistra;
+}
 
+QGroupBox* PannelloDati::DisponiDataBase() {
     // Right: the database.
-    Frame5 = new QGroupBox(QStringLiteral(" DataBase "), this);
-    Frame5->setObjectName("Frame5");
+    Frame5 = Riquadro(this, "Frame5", " DataBase ");
     {
         auto* g = new QGridLayout(Frame5);
         g->addWidget(Etichetta(this, "Nazione"), 0, 0);
@@ -201,17 +195,10 @@ PannelloDati::PannelloDati(Tema& tema, Messaggi& messaggi, FormIngresso form, QW
         g->setRowStretch(1, 1);
         g->setRowStretch(3, 3);
     }
-    auto* corpo = new QHBoxLayout;
-    corpo->addLayout(sinistra, 3);
-    corpo->addWidget(Frame5, 2);
-    auto* tutto = new QVBoxLayout(this);
-    tutto->setContentsMargins(6, 6, 6, 0);
-    tutto->addLayout(corpo, 1);
-    tutto->addWidget(StatusBar1);
+    return Frame5;
+}
 
-    Text12->hide();
-    Text16->hide();
-
+void PannelloDati::Collega() {
     connect(Command4, &QPushButton::clicked, this, &PannelloDati::Command4_Click);
     connect(Command5, &QPushButton::clicked, this, &PannelloDati::Command5_Click);
     connect(List3, &QComboBox::activated, this, &PannelloDati::List3_Click);

@@ -14,6 +14,7 @@
 
 class QCheckBox;
 class QComboBox;
+class QGridLayout;
 class QGroupBox;
 class QLabel;
 class QLineEdit;
@@ -72,6 +73,12 @@ protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
+    // The construction's steps: the controls, the left side (person, moment, zone,
+    // coordinates), the database frame on the right, the events.
+    void CreaControlli();
+    QGridLayout* Disponi();
+    QGroupBox* DisponiDataBase();
+    void Collega();
     void DaControlli(); // controls -> campi_
     void AControlli();  // campi_ -> controls
     void MostraCoordinate();

@@ -16,9 +16,11 @@
 #include <QTabWidget>
 #include <QTableView>
 #include <QVBoxLayout>
+#include <tuple>
 
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"
+#include "core/ui/Controlli.h"
 #include "places/ui/ModelloGriglia.h"
 
 namespace vesmo {
@@ -71,26 +73,17 @@ void frmDbEdit::Chiudi() {
 
 namespace {
 
-template <class W> W* Nome(W* w, const char* nome) {
-    w->setObjectName(QString::fromUtf8(nome));
-    return w;
-}
-
-QLabel* Etichetta(QWidget* p, const char* testo, const char* nome = nullptr) {
-    auto* l = new QLabel(QString::fromUtf8(testo), p);
-    if (nome) l->setObjectName(nome);
-    return l;
-}
-
-QPushButton* Bottone(QWidget* p, const char* nome, const char* testo) {
-    return Nome(new QPushButton(QString::fromUtf8(testo), p), nome);
-}
-
-QComboBox* Combo(QWidget* p, const char* nome, std::initializer_list<const char*> voci = {}) {
-    auto* c = Nome(new QComboBox(p), nome);
-    for (const char* v : voci)
-        c->addItem(QString::fromUtf8(v));
-    return c;
+// A frame of coordinates: degrees, minutes, seconds and the decimal box on a row, the two lists
+// (side of the meridian or the equator, notation) below.
+QGroupBox* RiquadroCoordinate(QWidget* p, const char* titolo, QLineEdit* const (&caselle)[4],
+                              QComboBox* lato, QComboBox* notazione) {
+    auto* r = new QGroupBox(QString::fromUtf8(titolo), p);
+    auto* h = new QGridLayout(r);
+    for (int k = 0; k < 4; ++k)
+        h->addWidget(caselle[k], 0, k);
+    h->addWidget(lato, 1, 0, 1, 2);
+    h->addWidget(notazione, 1, 2, 1, 2);
+    return r;
 }
 
 QTableView* Griglia(QWidget* p, const char* nome) {
@@ -119,8 +112,8 @@ void frmDbEdit::Costruisci() {
     DBGrid2 = Griglia(this, "DBGrid2");
     DBGrid3 = Griglia(this, "DBGrid3");
     DBGrid4 = Griglia(this, "DBGrid4");
-    Command1 = Bottone(this, "Command1", DidascaliaOff);
-    CmdEsci = Bottone(this, "CmdEsci", "&Esci");
+    Command1 = Pulsante(this, "Command1", DidascaliaOff);
+    CmdEsci = Pulsante(this, "CmdEsci", "&Esci");
 
     auto* sinistra = new QVBoxLayout;
     sinistra->addWidget(Etichetta(this, "Nazioni"));
@@ -177,14 +170,23 @@ void frmDbEdit::Costruisci() {
         return t;                                                                                  \
     }()
 
+QPushButton* frmDbEdit::PulsanteModello(QWidget* p, const char* nome, const char* testo,
+                                        const char* routine, void (ModelloDbEdit::*azione)(),
+                                        std::vector<int> daRicaricare) {
+    auto* b = Pulsante(p, nome, testo);
+    connect(b, &QPushButton::clicked, this, [this, routine, azione, daRicaricare] {
+        Esegui(
+            routine, [this, azione] { (m_.get()->*azione)(); }, daRicaricare);
+    });
+    return b;
+}
+
 QWidget* frmDbEdit::TabCity() {
     auto* p = new QWidget;
     using F = void (ModelloDbEdit::*)();
     F nulla = nullptr;
     auto* Text19 = CASELLA(p, Text19, F(&ModelloDbEdit::Text19_Change));
     auto* Text2 = CASELLA(p, Text2, F(&ModelloDbEdit::Text2_Change));
-    auto* Text1 = CASELLA(p, Text1, nulla);
-    Text1->setReadOnly(true);
     auto* Text21 = CASELLA(p, Text21, nulla);
     auto* Text18 = CASELLA(p, Text18, nulla);
     auto* Text20 = CASELLA(p, Text20, nulla);
@@ -194,52 +196,11 @@ QWidget* frmDbEdit::TabCity() {
     connect(ChkNewNaz, &QCheckBox::clicked, this,
             [this] { Esegui("ChkNewNaz_Click", [this] { m_->ChkNewNaz_Click(); }); });
 
-    QLineEdit* lon[4];
-    QLineEdit* lat[4];
-    lon[0] = CASELLA(p, Text9, nulla);
-    lon[1] = CASELLA(p, Text10, nulla);
-    lon[2] = CASELLA(p, Text11, nulla);
-    lon[3] = CASELLA(p, Text12, nulla);
-    lat[0] = CASELLA(p, Text13, nulla);
-    lat[1] = CASELLA(p, Text14, nulla);
-    lat[2] = CASELLA(p, Text15, nulla);
-    lat[3] = CASELLA(p, Text16, nulla);
-    for (auto* t : lon)
-        t->setMaximumWidth(70);
-    for (auto* t : lat)
-        t->setMaximumWidth(70);
-    lon[3]->hide();
-    lat[3]->hide();
-    auto* Combo1 = Combo(p, "Combo1", {VociCombo1DbEdit[0], VociCombo1DbEdit[1]});
-    auto* Combo2 =
-        Combo(p, "Combo2",
-              {VociCombo2DbEdit[0], VociCombo2DbEdit[1], VociCombo2DbEdit[2], VociCombo2DbEdit[3]});
-    auto* Combo3 = Combo(p, "Combo3", {VociCombo3DbEdit[0], VociCombo3DbEdit[1]});
-    auto* Combo4 = Combo(p, "Combo4", {VociCombo4DbEdit[0], VociCombo4DbEdit[1]});
-    legami_.push_back({Combo1, nullptr, nullptr, &CampiDbEdit::Combo1});
-    legami_.push_back({Combo2, nullptr, nullptr, &CampiDbEdit::Combo2});
-    legami_.push_back({Combo3, nullptr, nullptr, &CampiDbEdit::Combo3});
-    legami_.push_back({Combo4, nullptr, nullptr, &CampiDbEdit::Combo4});
-    connect(Combo2, &QComboBox::activated, this, &frmDbEdit::Combo2_Click);
-    connect(Combo4, &QComboBox::activated, this, &frmDbEdit::Combo4_Click);
-
-    auto* Combo6 = Combo(p, "Combo6");
-    auto* Combo7 = Combo(p, "Combo7");
-    legami_.push_back({Combo6, nullptr, &CampiDbEdit::Combo6});
-    legami_.push_back({Combo7, nullptr, &CampiDbEdit::Combo7});
-    auto* lstZoom = Nome(new QListWidget(p), "lstZoom");
-    lstZoom->setFont(Monospazio());
-    legami_.push_back({lstZoom, nullptr, &CampiDbEdit::lstZoom});
-    auto* cmbMaxMin = Combo(p, "cmbMaxMin");
-    cmbMaxMin->setFont(Monospazio());
-    legami_.push_back({cmbMaxMin, nullptr, &CampiDbEdit::cmbMaxMin});
-    auto* Label22 = Etichetta(p, "City                          cFusi  cEst", "Label22");
-    Label22->setFont(Monospazio());
-    auto* CmdAddNewCity = Bottone(p, "CmdAddNewCity", "&Aggiungi City / Add City");
-    auto* cmdHelpCod = Bottone(p, "cmdHelpCod", "help Codici");
-    auto* cmdZoomF = Bottone(p, "cmdZoomF", "<< Zoom c&Fusi");
-    auto* cmdZoomE = Bottone(p, "cmdZoomE", "Zoom cEs&t >>");
-
+    auto* CmdAddNewCity =
+        PulsanteModello(p, "CmdAddNewCity", "&Aggiungi City / Add City", "CmdAddNewCity",
+                        &ModelloDbEdit::CmdAddNewCity_Click, {0, 1});
+    auto* cmdHelpCod = PulsanteModello(p, "cmdHelpCod", "help Codici", "cmdHelpCod",
+                                       &ModelloDbEdit::cmdHelpCod_Click);
     auto* g = new QGridLayout(p);
     int r = 0;
     g->addWidget(Etichetta(p, "Nazione"), r, 0);
@@ -255,22 +216,7 @@ QWidget* frmDbEdit::TabCity() {
     g->addWidget(Text20, r++, 3);
     g->addWidget(Etichetta(p, "Spec (Specifiche)"), r, 0);
     g->addWidget(Text25, r++, 1, 1, 3);
-    auto* gLon = new QGroupBox(QStringLiteral("Longitudine"), p);
-    {
-        auto* h = new QGridLayout(gLon);
-        for (int k = 0; k < 4; ++k)
-            h->addWidget(lon[k], 0, k);
-        h->addWidget(Combo1, 1, 0, 1, 2);
-        h->addWidget(Combo2, 1, 2, 1, 2);
-    }
-    auto* gLat = new QGroupBox(QStringLiteral("Latitudine"), p);
-    {
-        auto* h = new QGridLayout(gLat);
-        for (int k = 0; k < 4; ++k)
-            h->addWidget(lat[k], 0, k);
-        h->addWidget(Combo3, 1, 0, 1, 2);
-        h->addWidget(Combo4, 1, 2, 1, 2);
-    }
+    auto [gLon, gLat] = CoordinateCity(p);
     g->addWidget(gLon, r, 0, 1, 2);
     g->addWidget(gLat, r++, 2, 1, 2);
     g->addWidget(Etichetta(p, "Il separatore decimale è la VIRGOLA"), r++, 0, 1, 4);
@@ -281,6 +227,68 @@ QWidget* frmDbEdit::TabCity() {
         h->addStretch(1);
         g->addLayout(h, r++, 0, 1, 4);
     }
+    ZoomCity(p, g, r);
+    return p;
+}
+
+std::pair<QGroupBox*, QGroupBox*> frmDbEdit::CoordinateCity(QWidget* p) {
+    using F = void (ModelloDbEdit::*)();
+    F nulla = nullptr;
+    QLineEdit* lon[4];
+    QLineEdit* lat[4];
+    lon[0] = CASELLA(p, Text9, nulla);
+    lon[1] = CASELLA(p, Text10, nulla);
+    lon[2] = CASELLA(p, Text11, nulla);
+    lon[3] = CASELLA(p, Text12, nulla);
+    lat[0] = CASELLA(p, Text13, nulla);
+    lat[1] = CASELLA(p, Text14, nulla);
+    lat[2] = CASELLA(p, Text15, nulla);
+    lat[3] = CASELLA(p, Text16, nulla);
+    for (int k = 0; k < 4; ++k) {
+        lon[k]->setMaximumWidth(70);
+        lat[k]->setMaximumWidth(70);
+    }
+    lon[3]->hide();
+    lat[3]->hide();
+    auto* Combo1 = Lista(p, "Combo1", {VociCombo1DbEdit[0], VociCombo1DbEdit[1]});
+    auto* Combo2 =
+        Lista(p, "Combo2",
+              {VociCombo2DbEdit[0], VociCombo2DbEdit[1], VociCombo2DbEdit[2], VociCombo2DbEdit[3]});
+    auto* Combo3 = Lista(p, "Combo3", {VociCombo3DbEdit[0], VociCombo3DbEdit[1]});
+    auto* Combo4 = Lista(p, "Combo4", {VociCombo4DbEdit[0], VociCombo4DbEdit[1]});
+    legami_.push_back({Combo1, nullptr, nullptr, &CampiDbEdit::Combo1});
+    legami_.push_back({Combo2, nullptr, nullptr, &CampiDbEdit::Combo2});
+    legami_.push_back({Combo3, nullptr, nullptr, &CampiDbEdit::Combo3});
+    legami_.push_back({Combo4, nullptr, nullptr, &CampiDbEdit::Combo4});
+    connect(Combo2, &QComboBox::activated, this, &frmDbEdit::Combo2_Click);
+    connect(Combo4, &QComboBox::activated, this, &frmDbEdit::Combo4_Click);
+
+    return {RiquadroCoordinate(p, "Longitudine", lon, Combo1, Combo2),
+            RiquadroCoordinate(p, "Latitudine", lat, Combo3, Combo4)};
+}
+
+void frmDbEdit::ZoomCity(QWidget* p, QGridLayout* g, int r) {
+    using F = void (ModelloDbEdit::*)();
+    F nulla = nullptr;
+    auto* Text1 = CASELLA(p, Text1, nulla);
+    Text1->setReadOnly(true);
+    auto* Combo6 = Lista(p, "Combo6");
+    auto* Combo7 = Lista(p, "Combo7");
+    legami_.push_back({Combo6, nullptr, &CampiDbEdit::Combo6});
+    legami_.push_back({Combo7, nullptr, &CampiDbEdit::Combo7});
+    auto* lstZoom = Nome(new QListWidget(p), "lstZoom");
+    lstZoom->setFont(Monospazio());
+    legami_.push_back({lstZoom, nullptr, &CampiDbEdit::lstZoom});
+    auto* cmbMaxMin = Lista(p, "cmbMaxMin");
+    cmbMaxMin->setFont(Monospazio());
+    legami_.push_back({cmbMaxMin, nullptr, &CampiDbEdit::cmbMaxMin});
+    auto* Label22 = Etichetta(p, "City                          cFusi  cEst", "Label22");
+    Label22->setFont(Monospazio());
+    auto* cmdZoomF = PulsanteModello(p, "cmdZoomF", "<< Zoom c&Fusi", "cmdZoomF",
+                                     &ModelloDbEdit::cmdZoomF_Click);
+    auto* cmdZoomE =
+        PulsanteModello(p, "cmdZoomE", "Zoom cEs&t >>", "cmdZoomE", &ModelloDbEdit::cmdZoomE_Click);
+
     {
         auto* h = new QHBoxLayout;
         h->addWidget(Etichetta(p, "cNaz"));
@@ -295,17 +303,6 @@ QWidget* frmDbEdit::TabCity() {
     g->addWidget(lstZoom, r++, 0, 1, 4);
     g->addWidget(cmbMaxMin, r++, 0, 1, 4);
     g->setRowStretch(r - 2, 1);
-
-    connect(CmdAddNewCity, &QPushButton::clicked, this, [this] {
-        Esegui("CmdAddNewCity", [this] { m_->CmdAddNewCity_Click(); }, {0, 1});
-    });
-    connect(cmdHelpCod, &QPushButton::clicked, this,
-            [this] { Esegui("cmdHelpCod", [this] { m_->cmdHelpCod_Click(); }); });
-    connect(cmdZoomF, &QPushButton::clicked, this,
-            [this] { Esegui("cmdZoomF", [this] { m_->cmdZoomF_Click(); }); });
-    connect(cmdZoomE, &QPushButton::clicked, this,
-            [this] { Esegui("cmdZoomE", [this] { m_->cmdZoomE_Click(); }); });
-    return p;
 }
 
 QWidget* frmDbEdit::TabElimCity() {
@@ -316,7 +313,8 @@ QWidget* frmDbEdit::TabElimCity() {
     auto* Text30 = CASELLA(p, Text30, F(&ModelloDbEdit::Text30_Change));
     auto* Text24 = CASELLA(p, Text24, nulla);
     Text24->setReadOnly(true);
-    auto* CmdElimCity = Bottone(p, "CmdElimCity", "&Elimina City / Delete City");
+    auto* CmdElimCity = PulsanteModello(p, "CmdElimCity", "&Elimina City / Delete City",
+                                        "CmdElimCity", &ModelloDbEdit::CmdElimCity_Click, {0, 1});
     auto* g = new QGridLayout(p);
     g->addWidget(Etichetta(p, "Nazione"), 0, 0);
     g->addWidget(Text29, 0, 1);
@@ -326,9 +324,6 @@ QWidget* frmDbEdit::TabElimCity() {
     g->addWidget(Text24, 2, 1);
     g->addWidget(CmdElimCity, 3, 1);
     g->setRowStretch(4, 1);
-    connect(CmdElimCity, &QPushButton::clicked, this, [this] {
-        Esegui("CmdElimCity", [this] { m_->CmdElimCity_Click(); }, {0, 1});
-    });
     return p;
 }
 
@@ -342,8 +337,8 @@ QWidget* frmDbEdit::TabFusoEstive() {
     Option1->setChecked(true);
     auto* Text33 = CASELLA(p, Text33, nulla);
     auto* Text34 = CASELLA(p, Text34, nulla);
-    auto* Combo8 = Combo(p, "Combo8");
-    auto* Combo9 = Combo(p, "Combo9");
+    auto* Combo8 = Lista(p, "Combo8");
+    auto* Combo9 = Lista(p, "Combo9");
     legami_.push_back({Combo8, nullptr, &CampiDbEdit::Combo8});
     legami_.push_back({Combo9, nullptr, &CampiDbEdit::Combo9});
     // Option5 and Option6 are a group of their own, apart from Option1 and Option2.
@@ -359,35 +354,12 @@ QWidget* frmDbEdit::TabFusoEstive() {
         h->addWidget(Option5);
         h->addWidget(Option6);
     }
-    auto* Text17 = CASELLA(p, Text17, nulla);
-    auto* Text8 = CASELLA(p, Text8, nulla);
-    auto* Text5 = CASELLA(p, Text5, nulla);
-    auto* Text6 = CASELLA(p, Text6, nulla);
-    auto* Text7 = CASELLA(p, Text7, nulla);
-    auto* Text22 = CASELLA(p, Text22, nulla);
-    auto* Text23 = CASELLA(p, Text23, nulla);
-    for (auto* t : {Text17, Text8, Text6, Text7, Text22, Text23})
-        t->setMaximumWidth(50);
-    Text5->setMaximumWidth(70);
-    auto* Combo5 = Combo(p, "Combo5", {"EST", "OVEST"});
-    legami_.push_back({Combo5, nullptr, nullptr, &CampiDbEdit::Combo5});
-    auto* Label2 = Etichetta(p, "Fusi", "Label2");
-    auto* Label4 = Etichetta(p, "h : m", "Label4");
-    auto* Label6 = Etichetta(p, "Alle", "Label6");
-    auto* Command7 = Bottone(p, "Command7", "Aggiungo &Riga / Add row");
-    auto* cmdHpCodFE = Bottone(p, "cmdHpCodFE", "help Codici");
-    auto* cmdZfFE = Bottone(p, "cmdZfFE", "<< Zoom &FUSI");
-    auto* cmdZeFE = Bottone(p, "cmdZeFE", "Zoom &ESTIVE >>");
-    auto* Text36 = CASELLA(p, Text36, nulla);
-    Text36->setReadOnly(true);
-    Text36->setFont(Monospazio());
-    auto* lstZmFE = Nome(new QListWidget(p), "lstZmFE");
-    lstZmFE->setFont(Monospazio());
-    legami_.push_back({lstZmFE, nullptr, &CampiDbEdit::lstZmFE});
-    auto* cmbZoneOrarie = Combo(p, "cmbZoneOrarie");
-    cmbZoneOrarie->setFont(Monospazio());
-    legami_.push_back({cmbZoneOrarie, nullptr, &CampiDbEdit::cmbZoneOrarie});
-
+    auto* cmdHpCodFE = PulsanteModello(p, "cmdHpCodFE", "help Codici", "cmdHpCodFE",
+                                       &ModelloDbEdit::cmdHpCodFE_Click);
+    auto* cmdZfFE =
+        PulsanteModello(p, "cmdZfFE", "<< Zoom &FUSI", "cmdZfFE", &ModelloDbEdit::cmdZfFE_Click);
+    auto* cmdZeFE =
+        PulsanteModello(p, "cmdZeFE", "Zoom &ESTIVE >>", "cmdZeFE", &ModelloDbEdit::cmdZeFE_Click);
     auto* g = new QGridLayout(p);
     int r = 0;
     g->addWidget(Etichetta(p, "Nazione"), r, 0);
@@ -404,6 +376,37 @@ QWidget* frmDbEdit::TabFusoEstive() {
     g->addWidget(Combo9, r, 2);
     g->addWidget(cmdZeFE, r++, 3);
     g->addWidget(gruppo, r++, 0, 1, 4);
+    r = RigaFusoEstive(p, g, r);
+    ZoomFusoEstive(p, g, r);
+
+    connect(Option1, &QRadioButton::clicked, this,
+            [this] { Esegui("Option1_Click", [this] { m_->Option1_Click(); }); });
+    connect(Option2, &QRadioButton::clicked, this,
+            [this] { Esegui("Option2_Click", [this] { m_->Option2_Click(); }); });
+    connect(Option6, &QRadioButton::clicked, this, [this] { DaControlli(); });
+    return p;
+}
+
+int frmDbEdit::RigaFusoEstive(QWidget* p, QGridLayout* g, int r) {
+    using F = void (ModelloDbEdit::*)();
+    F nulla = nullptr;
+    auto* Text17 = CASELLA(p, Text17, nulla);
+    auto* Text8 = CASELLA(p, Text8, nulla);
+    auto* Text5 = CASELLA(p, Text5, nulla);
+    auto* Text6 = CASELLA(p, Text6, nulla);
+    auto* Text7 = CASELLA(p, Text7, nulla);
+    auto* Text22 = CASELLA(p, Text22, nulla);
+    auto* Text23 = CASELLA(p, Text23, nulla);
+    for (auto* t : {Text17, Text8, Text6, Text7, Text22, Text23})
+        t->setMaximumWidth(50);
+    Text5->setMaximumWidth(70);
+    auto* Combo5 = Lista(p, "Combo5", {"EST", "OVEST"});
+    legami_.push_back({Combo5, nullptr, nullptr, &CampiDbEdit::Combo5});
+    auto* Label2 = Etichetta(p, "Fusi", "Label2");
+    auto* Label4 = Etichetta(p, "h : m", "Label4");
+    auto* Label6 = Etichetta(p, "Alle", "Label6");
+    auto* Command7 = PulsanteModello(p, "Command7", "Aggiungo &Riga / Add row", "Command7",
+                                     &ModelloDbEdit::Command7_Click, {2, 3});
     g->addWidget(Etichetta(p, "Day Mese   Anno"), r, 0);
     {
         auto* h = new QHBoxLayout;
@@ -427,26 +430,26 @@ QWidget* frmDbEdit::TabFusoEstive() {
         h->addWidget(Command7);
         g->addLayout(h, r++, 1, 1, 3);
     }
+    return r;
+}
+
+void frmDbEdit::ZoomFusoEstive(QWidget* p, QGridLayout* g, int r) {
+    using F = void (ModelloDbEdit::*)();
+    F nulla = nullptr;
+    auto* Text36 = CASELLA(p, Text36, nulla);
+    Text36->setReadOnly(true);
+    Text36->setFont(Monospazio());
+    auto* lstZmFE = Nome(new QListWidget(p), "lstZmFE");
+    lstZmFE->setFont(Monospazio());
+    legami_.push_back({lstZmFE, nullptr, &CampiDbEdit::lstZmFE});
+    auto* cmbZoneOrarie = Lista(p, "cmbZoneOrarie");
+    cmbZoneOrarie->setFont(Monospazio());
+    legami_.push_back({cmbZoneOrarie, nullptr, &CampiDbEdit::cmbZoneOrarie});
+
     g->addWidget(Text36, r++, 0, 1, 4);
     g->addWidget(lstZmFE, r++, 0, 1, 4);
     g->addWidget(cmbZoneOrarie, r++, 0, 1, 4);
     g->setRowStretch(r - 2, 1);
-
-    connect(Option1, &QRadioButton::clicked, this,
-            [this] { Esegui("Option1_Click", [this] { m_->Option1_Click(); }); });
-    connect(Option2, &QRadioButton::clicked, this,
-            [this] { Esegui("Option2_Click", [this] { m_->Option2_Click(); }); });
-    connect(Option6, &QRadioButton::clicked, this, [this] { DaControlli(); });
-    connect(cmdHpCodFE, &QPushButton::clicked, this,
-            [this] { Esegui("cmdHpCodFE", [this] { m_->cmdHpCodFE_Click(); }); });
-    connect(cmdZfFE, &QPushButton::clicked, this,
-            [this] { Esegui("cmdZfFE", [this] { m_->cmdZfFE_Click(); }); });
-    connect(cmdZeFE, &QPushButton::clicked, this,
-            [this] { Esegui("cmdZeFE", [this] { m_->cmdZeFE_Click(); }); });
-    connect(Command7, &QPushButton::clicked, this, [this] {
-        Esegui("Command7", [this] { m_->Command7_Click(); }, {2, 3});
-    });
-    return p;
 }
 
 QWidget* frmDbEdit::TabElimFE() {
@@ -455,27 +458,23 @@ QWidget* frmDbEdit::TabElimFE() {
     auto* Text32 = CASELLA(p, Text32, F(&ModelloDbEdit::Text32_Change));
     auto* Text35 = CASELLA(p, Text35, F(&ModelloDbEdit::Text35_Change));
     auto* Text47 = CASELLA(p, Text47, F(&ModelloDbEdit::Text47_Change));
-    auto* Command2 = Bottone(p, "Command2", "Delete Fuso (Solo 1 riga / Only 1 row)");
-    auto* Command4 = Bottone(p, "Command4", "Delete Estive (Solo 1 riga / Only 1 row)");
-    auto* Command8 = Bottone(p, "Command8", "Delete cod TTN  (Solo 1 riga / Only 1 row)");
+    auto* Command2 = PulsanteModello(p, "Command2", "Delete Fuso (Solo 1 riga / Only 1 row)",
+                                     "Command2", &ModelloDbEdit::Command2_Click, {2});
+    auto* Command4 = PulsanteModello(p, "Command4", "Delete Estive (Solo 1 riga / Only 1 row)",
+                                     "Command4", &ModelloDbEdit::Command4_Click, {3});
+    auto* Command8 = PulsanteModello(p, "Command8", "Delete cod TTN  (Solo 1 riga / Only 1 row)",
+                                     "Command8", &ModelloDbEdit::Command8_Click, {5});
+    // One frame a deletion: its key and its button.
     auto* v = new QVBoxLayout(p);
-    auto riquadro = [&](const char* nome, QLineEdit* t, QPushButton* b) {
-        auto* f = Nome(new QGroupBox(p), nome);
-        auto* h = new QHBoxLayout(f);
+    for (auto [nome, t, b] :
+         {std::tuple{"Frame32", Text32, Command2}, std::tuple{"Frame35", Text35, Command4},
+          std::tuple{"Frame47", Text47, Command8}}) {
+        auto* h = new QHBoxLayout(Riquadro(p, nome));
         h->addWidget(t);
         h->addWidget(b);
-        v->addWidget(f);
-    };
-    riquadro("Frame32", Text32, Command2);
-    riquadro("Frame35", Text35, Command4);
-    riquadro("Frame47", Text47, Command8);
+        v->addWidget(h->parentWidget());
+    }
     v->addStretch(1);
-    connect(Command2, &QPushButton::clicked, this,
-            [this] { Esegui("Command2", [this] { m_->Command2_Click(); }, {2}); });
-    connect(Command4, &QPushButton::clicked, this,
-            [this] { Esegui("Command4", [this] { m_->Command4_Click(); }, {3}); });
-    connect(Command8, &QPushButton::clicked, this,
-            [this] { Esegui("Command8", [this] { m_->Command8_Click(); }, {5}); });
     return p;
 }
 
@@ -489,7 +488,7 @@ QWidget* frmDbEdit::TabCopia() {
     auto* Text3 = CASELLA(p, Text3, F(&ModelloDbEdit::Text3_Change));
     auto* Text4 = CASELLA(p, Text4, F(&ModelloDbEdit::Text4_Change));
     auto* Text26 = CASELLA(p, Text26, nulla);
-    auto* Command3 = Bottone(p, "Command3", "Copio");
+    auto* Command3 = Pulsante(p, "Command3", "Copio");
     auto* Label1 = Etichetta(p, "", "Label1");
     auto* Label3 = Etichetta(p, "", "Label3");
     auto* Frame3 = Nome(new QGroupBox(p), "Frame3");
@@ -557,10 +556,10 @@ QWidget* frmDbEdit::TabZone() {
     auto* List1 = Nome(new QListWidget(p), "List1");
     List1->setFont(Monospazio());
     legami_.push_back({List1, nullptr, &CampiDbEdit::List1});
-    auto* Command5 = Bottone(p, "Command5", "Aggiungo al DB");
+    auto* Command5 = Pulsante(p, "Command5", "Aggiungo al DB");
     Command5->setToolTip(
         QStringLiteral("( Nuova riga Tabella FusiEstiveUniti ) ( Add new time zone )"));
-    auto* Command6 = Bottone(p, "Command6", " &Zoom Cod     ( cFusi = cEst >10000)");
+    auto* Command6 = Pulsante(p, "Command6", " &Zoom Cod     ( cFusi = cEst >10000)");
     DBGrid5 = Griglia(p, "DBGrid5");
     DBGrid6 = Griglia(p, "DBGrid6");
     for (auto* t : {Text39, Text40, Text42, Text43})
@@ -735,7 +734,7 @@ void frmDbEdit::Seleziona(QTableView* v, ModelloGriglia* g, Cursore& c) {
 }
 
 void frmDbEdit::Esegui(const char* routine, const std::function<void()>& azione,
-                       std::initializer_list<int> daRicaricare) {
+                       const std::vector<int>& daRicaricare) {
     if (!m_) return;
     DaControlli();
     Clessidra clessidra(messaggi_);

@@ -4,6 +4,8 @@
 
 #include <QWidget>
 #include <memory>
+#include <utility>
+#include <vector>
 
 #include "core/Messaggi.h"
 #include "core/store/Database.h"
@@ -15,6 +17,7 @@ class QGroupBox;
 class QLabel;
 class QLineEdit;
 class QListWidget;
+class QGridLayout;
 class QPushButton;
 class QRadioButton;
 class QTabWidget;
@@ -44,8 +47,16 @@ private:
     struct Legame;
     void Costruisci();
     QWidget* TabCity();
+    // TabCity's frames of the coordinates (longitude, latitude) and its zoom of the codes from
+    // row `r` of `g` down.
+    std::pair<QGroupBox*, QGroupBox*> CoordinateCity(QWidget* p);
+    void ZoomCity(QWidget* p, QGridLayout* g, int r);
     QWidget* TabElimCity();
     QWidget* TabFusoEstive();
+    // TabFusoEstive's new row (date, time, value, the button that adds it) from row `r` of
+    // `g`, returning the next row, and its zoom of the lists below.
+    int RigaFusoEstive(QWidget* p, QGridLayout* g, int r);
+    void ZoomFusoEstive(QWidget* p, QGridLayout* g, int r);
     QWidget* TabElimFE();
     QWidget* TabCopia();
     QWidget* TabZone();
@@ -53,7 +64,11 @@ private:
     void AControlli();
     void Seleziona(QTableView* v, ModelloGriglia* g, Cursore& c);
     void Esegui(const char* routine, const std::function<void()>& azione,
-                std::initializer_list<int> daRicaricare = {});
+                const std::vector<int>& daRicaricare = {});
+    // A button whose click runs the model's `azione` through Esegui.
+    QPushButton* PulsanteModello(QWidget* p, const char* nome, const char* testo,
+                                 const char* routine, void (ModelloDbEdit::*azione)(),
+                                 std::vector<int> daRicaricare = {});
     void Command1_Click();
     void Combo2_Click();
     void Combo4_Click();

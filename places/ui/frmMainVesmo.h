@@ -1,5 +1,7 @@
 // The launcher: birth data entry over the places database, the settings, the sort orders, and
-// the way to the archives, to Astrolog and to the chart half.
+// the menu entries of the archives, of Astrolog and of the chart half. The forms of those
+// subsystems are reached from above: the program connects these entries and puts the Astrolog
+// frame on top of the window.
 #pragma once
 
 #include <QDialog>
@@ -11,10 +13,7 @@
 #include "core/Sessione.h"
 
 class QAction;
-class QCheckBox;
-class QComboBox;
-class QLineEdit;
-class QPushButton;
+class QVBoxLayout;
 
 namespace vesmo {
 
@@ -29,12 +28,12 @@ public:
     // The load step: lists, sort order, cursors, the record shown and imported.
     void Form_Load();
 
+    // A frame of another subsystem put above the entry form.
+    void MettiInCima(QWidget* riquadro);
+
     PannelloDati* Dati;
-    // The bridge to Astrolog.
-    QComboBox *Combo1, *Combo2;
-    QLineEdit* Text17;
-    QCheckBox* ChkGEO;
-    QPushButton *Command1, *Command6;
+    // Entries connected by the program: Astrolog (mnuFilAvvia, mnuFilSI), the archives
+    // (mnuFilGes, mnuFilImp, mnuFilSalva) and the query (MnuQ).
     QAction *mnuFilAvvia, *mnuFilSI, *mnuFilGes, *mnuFilSalva;
     QAction* mnuFilImp;
     QAction *mnuFilAvvLyx, *mnuFilePath, *mnuFilOrdC, *mnuFilOrdN, *mnuFilEsci, *mnuAbout;
@@ -45,6 +44,9 @@ public:
     std::function<void()> AvviaLyx;
     QMenu* mnuFile;
     QAction* MnuQ; // the chart query
+    // The automatic copy of the archives before the cleaning deletes (set by the program); false
+    // stops the cleaning.
+    std::function<bool()> PrimaDiEliminare;
 
     // Hooks for the parts of the launcher that live in other subsystems (archives, Astrolog,
     // the chart half); each adds its own menu entries through this window.
@@ -56,8 +58,6 @@ public slots:
     void mnuFilOrdN_Click();
     void mnuFilEsci_Click();
     void mnuAbout_Click();
-    void Command1_Click();
-    void Command6_Click();
     void mnuZN_Click();
     void mnuZE_Click();
     void mnuFilEdit_Click();
@@ -65,17 +65,25 @@ public slots:
     // Opens frmPulizia in mode 1 (Fusi), 2 (Estive) or 3 (compaction).
     void ApriPulizia(int modo);
 
+signals:
+    // The load step begins: the frames above reset their own controls.
+    void Caricamento();
+
 protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
     void CambiaOrdinamento(char ordine);
+    void CreaRiquadro();
+    void CreaMenuFile();
     void CreaMenuDb();
+    void Collega();
 
     Sessione& sessione_;
     ConfigIni& cfg_;
     PercorsiVesmo& percorsi_;
     Messaggi& messaggi_;
+    QVBoxLayout* colonna_ = nullptr;
 };
 
 // "Vesmo - About": the version and the credits.

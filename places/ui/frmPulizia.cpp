@@ -14,6 +14,7 @@
 
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 #include "places/ModelloLuoghi.h"
 
 namespace vesmo {
@@ -24,11 +25,6 @@ QFont Monospazio() {
     QFont f(QStringLiteral("DejaVu Sans Mono"));
     f.setStyleHint(QFont::Monospace);
     return f;
-}
-
-template <class W> W* Nome(W* w, const char* nome) {
-    w->setObjectName(QString::fromUtf8(nome));
-    return w;
 }
 
 void Errore(Messaggi& m, const char* routine, const std::exception& e) {
@@ -52,13 +48,13 @@ frmPulizia::frmPulizia(std::string fileDB, int modo, Messaggi& messaggi, QWidget
                              this),
                   "Label1");
     Label1->setWordWrap(true);
-    Text1 = Nome(new QLineEdit(this), "Text1");
+    Text1 = Casella(this, "Text1");
     Text1->setReadOnly(true);
     Text2 = Nome(new QPlainTextEdit(this), "Text2");
     Text2->setReadOnly(true);
     Text2->hide();
-    Command1 = Nome(new QPushButton(QStringLiteral("&Procedi"), this), "Command1");
-    Command2 = Nome(new QPushButton(QStringLiteral("&Esci"), this), "Command2");
+    Command1 = Pulsante(this, "Command1", "&Procedi");
+    Command2 = Pulsante(this, "Command2", "&Esci");
     auto* v = new QVBoxLayout(this);
     v->addWidget(Label1);
     v->addWidget(List1, 1);
@@ -159,47 +155,47 @@ void frmPulizia::closeEvent(QCloseEvent* e) {
 frmFusiEstive::frmFusiEstive(ModelloFusiEstive& modello, QWidget* genitore)
     : QDialog(genitore), m_(modello) {
     setObjectName("frmFusiEstive");
+    CreaControlli();
+    Disponi();
+    connect(Command1, &QPushButton::clicked, this, &frmFusiEstive::Command1_Click);
+    connect(Command2, &QPushButton::clicked, this, &QDialog::accept);
+    resize(780, 460);
+}
+
+void frmFusiEstive::CreaControlli() {
     List1 = Nome(new QListWidget(this), "List1");
     List1->setFont(Monospazio());
-    Text2 = Nome(new QLineEdit(this), "Text2");
+    Text2 = Casella(this, "Text2");
     Text2->setReadOnly(true);
     Text2->setFont(Monospazio());
-    cmbZoneOrarie = Nome(new QComboBox(this), "cmbZoneOrarie");
+    cmbZoneOrarie = Lista(this, "cmbZoneOrarie");
     cmbZoneOrarie->setFont(Monospazio());
-    auto casella = [this](const char* nome, int larghezza) {
-        auto* t = Nome(new QLineEdit(this), nome);
-        t->setMaximumWidth(larghezza);
-        return t;
-    };
-    Text17 = casella("Text17", 40);
-    Text8 = casella("Text8", 40);
-    Text5 = casella("Text5", 60);
-    Text6 = casella("Text6", 40);
-    Text7 = casella("Text7", 40);
-    Text22 = casella("Text22", 40);
-    Text23 = casella("Text23", 40);
-    Combo5 = Nome(new QComboBox(this), "Combo5");
-    Combo5->addItems({QStringLiteral("EST"), QStringLiteral("OVEST")});
-    Label1 = Nome(new QLabel(QStringLiteral("Estive"), this), "Label1");
-    Label2 = Nome(new QLabel(QStringLiteral("Estive"), this), "Label2");
-    Label4 = Nome(new QLabel(QStringLiteral("h : m"), this), "Label4");
-    Label6 = Nome(new QLabel(this), "Label6");
-    Command1 = Nome(new QPushButton(QStringLiteral("&Aggiungi al DB"), this), "Command1");
-    Command2 = Nome(new QPushButton(QStringLiteral("&Esci"), this), "Command2");
+    Text17 = Casella(this, "Text17", 40);
+    Text8 = Casella(this, "Text8", 40);
+    Text5 = Casella(this, "Text5", 60);
+    Text6 = Casella(this, "Text6", 40);
+    Text7 = Casella(this, "Text7", 40);
+    Text22 = Casella(this, "Text22", 40);
+    Text23 = Casella(this, "Text23", 40);
+    Combo5 = Lista(this, "Combo5", {"EST", "OVEST"});
+    Label1 = Etichetta(this, "Estive", "Label1");
+    Label2 = Etichetta(this, "Estive", "Label2");
+    Label4 = Etichetta(this, "h : m", "Label4");
+    Label6 = Etichetta(this, "", "Label6");
+    Command1 = Pulsante(this, "Command1", "&Aggiungi al DB");
+    Command2 = Pulsante(this, "Command2", "&Esci");
+}
+
+void frmFusiEstive::Disponi() {
     auto* g = new QGridLayout(this);
     g->addWidget(Label1, 0, 0, 1, 6);
     g->addWidget(Text2, 1, 0, 1, 6);
     g->addWidget(List1, 2, 0, 1, 6);
     g->addWidget(cmbZoneOrarie, 3, 0, 1, 6);
-    auto etichetta = [this](const char* testo) {
-        auto* l = new QLabel(QString::fromUtf8(testo), this);
-        l->setObjectName("Nuova");
-        return l;
-    };
-    g->addWidget(etichetta("Nuova Riga "), 4, 0);
-    g->addWidget(etichetta("Day Mese   Anno"), 4, 1);
+    g->addWidget(Etichetta(this, "Nuova Riga ", "Nuova"), 4, 0);
+    g->addWidget(Etichetta(this, "Day Mese   Anno", "Nuova"), 4, 1);
     g->addWidget(Label4, 4, 3);
-    g->addWidget(etichetta("In vigore "), 4, 4);
+    g->addWidget(Etichetta(this, "In vigore ", "Nuova"), 4, 4);
     auto* data = new QHBoxLayout;
     data->addWidget(Text17);
     data->addWidget(Text8);
@@ -225,9 +221,6 @@ frmFusiEstive::frmFusiEstive(ModelloFusiEstive& modello, QWidget* genitore)
     g->addLayout(bottoni, 6, 0, 1, 6);
     g->setRowStretch(2, 1);
     g->setColumnStretch(5, 1);
-    connect(Command1, &QPushButton::clicked, this, &frmFusiEstive::Command1_Click);
-    connect(Command2, &QPushButton::clicked, this, &QDialog::accept);
-    resize(780, 460);
 }
 
 void frmFusiEstive::Form_Load() {
@@ -314,15 +307,15 @@ void ApriZonaFusiEstive(const std::string& fileDB, Database* condiviso, std::int
 frmZoomN::frmZoomN(std::string fileDB, std::int32_t cNaz, Messaggi& messaggi, QWidget* genitore)
     : QDialog(genitore), fileDB_(std::move(fileDB)), cNaz_(cNaz), messaggi_(messaggi) {
     setObjectName("frmZoomN");
-    Combo1 = Nome(new QComboBox(this), "Combo1");
+    Combo1 = Lista(this, "Combo1");
     Combo1->setFont(Monospazio());
     Combo1->setMaxVisibleItems(30);
-    Label1 = Nome(new QLabel(this), "Label1");
-    Command1 = Nome(new QPushButton(QStringLiteral("&Esci"), this), "Command1");
+    Label1 = Etichetta(this, "", "Label1");
+    Command1 = Pulsante(this, "Command1", "&Esci");
     auto* v = new QVBoxLayout(this);
     v->addWidget(Combo1);
     auto* h = new QHBoxLayout;
-    h->addWidget(new QLabel(QStringLiteral("City:"), this));
+    h->addWidget(Etichetta(this, "City:"));
     h->addWidget(Label1);
     h->addStretch(1);
     h->addWidget(Command1);

@@ -68,6 +68,8 @@ public:
     QPushButton *Command1, *Command2;
 
 private:
+    void CreaControlli();
+    void Disponi();
     void AControlli();
     ModelloFusiEstive& m_;
 };

@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+#include "app/Lanciatore.h"
+#include "archives/ui/WidgetAnteprima.h"
 #include "archives/ui/frmGesArchivi.h"
 #include "archives/ui/frmImpTVesmo.h"
 #include "archives/ui/frmImpTnLyx.h"
@@ -28,6 +30,7 @@
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
 #include "places/ui/frmPulizia.h"
+#include "presentation/qt/AnteprimaQt.h"
 #include "presentation/ui/frmOutDati.h"
 #include "presentation/ui/frmRuotaDoppia.h"
 #include "presentation/ui/frmStampe.h"
@@ -107,6 +110,7 @@ public:
             {"frmMainVesmo",
              [this] {
                  auto f = std::make_unique<frmMainVesmo>(s, cfg, percorsi, m);
+                 ComponiLanciatore(*f, s, percorsi, m);
                  f->Form_Load();
                  return f;
              }},
@@ -130,7 +134,12 @@ public:
             {"frmSalvoLyx", [this] { return std::make_unique<frmSalvoLyx>(s, fileDB, m); }},
             {"frmQuery", [this] { return std::make_unique<frmQuery>(s, fileDB, m); }},
             {"frmImpTVesmo", [this] { return std::make_unique<frmImpTVesmo>(s, fileDB, m); }},
-            {"frmImpTnLyx", [this] { return std::make_unique<frmImpTnLyx>(s, fileDB, m); }},
+            {"frmImpTnLyx",
+             [this] {
+                 auto f = std::make_unique<frmImpTnLyx>(s, fileDB, m);
+                 f->Anteprima->Disegno = DisegnaAnteprimaQt;
+                 return f;
+             }},
             {"frmMenu", [] { return std::unique_ptr<QWidget>(); }},
             {"frmMemo", [this] { return std::make_unique<frmMemo>(s, *menu, m, 0); }},
             {"frmOutDati",

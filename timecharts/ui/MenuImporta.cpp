@@ -4,7 +4,9 @@
 #include <QMenu>
 #include <QPushButton>
 
+#include "archives/ui/WidgetAnteprima.h"
 #include "archives/ui/frmImpTnLyx.h"
+#include "presentation/qt/AnteprimaQt.h"
 
 namespace vesmo {
 
@@ -21,6 +23,7 @@ void mnuFileImporta_Click(frmMenu& menu, Sessione& sessione, const std::string& 
     menu.ChiudiSecondarie();
     {
         frmImpTnLyx f(sessione, fileDB, messaggi, &menu);
+        f.Anteprima->Disegno = DisegnaAnteprimaQt;
         f.ImportaNelMenu = [&menu](int slot) { SegnaSlotImportato(menu, slot); };
         f.exec();
     }

@@ -14,6 +14,7 @@
 
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 #include "timecharts/ui/MenuTempo.h"
 
 namespace vesmo {
@@ -26,18 +27,6 @@ const char* const Label4Solare =
 const char* const Label2SinFasi = "180  Luna Piena\n270  Primo Quarto\n  0  Luna Nuova\n"
                                   " 90  Ultimo Quarto";
 
-QLabel* Etichetta(QWidget* g, const char* nome, const QString& testo) {
-    auto* l = new QLabel(testo, g);
-    l->setObjectName(nome);
-    return l;
-}
-
-QPushButton* Pulsante(QWidget* g, const char* nome, const char* testo) {
-    auto* b = new QPushButton(QString::fromUtf8(testo), g);
-    b->setObjectName(nome);
-    return b;
-}
-
 } // namespace
 
 frmCheRivoluzione::frmCheRivoluzione(Sessione& sessione, Messaggi& messaggi, TipoRivoluzione tipo,
@@ -47,41 +36,38 @@ frmCheRivoluzione::frmCheRivoluzione(Sessione& sessione, Messaggi& messaggi, Tip
     setObjectName("frmCheRivoluzione");
     setWindowTitle(QS(testi_.didascalia));
 
-    Picture1 = Etichetta(this, "Picture1",
-                         tipo == TipoRivoluzione::Solare ? QStringLiteral("\u2609")
-                                                         : QStringLiteral("\u263D"));
+    CreaControlli();
+    Disponi();
+    MostraTipo();
+    Collega();
+    resize(640, 560);
+}
+
+void frmCheRivoluzione::CreaControlli() {
+    Picture1 = Etichetta(this, tipo_ == TipoRivoluzione::Solare ? "\u2609" : "\u263D", "Picture1");
     QFont grande = Picture1->font();
     grande.setPointSize(48);
     Picture1->setFont(grande);
     Picture1->setAlignment(Qt::AlignCenter);
-    Label6 = Etichetta(this, "Label6", QStringLiteral("Lunare  "));
+    Label6 = Etichetta(this, "Lunare  ", "Label6");
     QFont grassetto = Label6->font();
     grassetto.setBold(true);
     Label6->setFont(grassetto);
 
-    Label7 = Etichetta(this, "Label7", QString::fromUtf8(CaptionLabel7Riv));
-    List1 = new QListWidget(this);
-    List1->setObjectName("List1");
+    Label7 = Etichetta(this, CaptionLabel7Riv, "Label7");
+    List1 = Nome(new QListWidget(this), "List1");
     for (const char* riga : RigheRitorno)
         List1->addItem(QString::fromUtf8(riga));
     List1->setMinimumHeight(260);
-    Label3 = Etichetta(this, "Label3", QString::fromUtf8(CaptionLabel3Riv));
-    Text1 = new QLineEdit(this);
-    Text1->setObjectName("Text1");
-    Text1->setToolTip(QString::fromUtf8(TipText1Riv));
-    Text1->setMaximumWidth(120);
+    Label3 = Etichetta(this, CaptionLabel3Riv, "Label3");
+    Text1 = Casella(this, "Text1", 120, TipText1Riv);
 
-    Frame2Sin = new QGroupBox(QString::fromUtf8(CaptionFrame2Sin), this);
-    Frame2Sin->setObjectName("Frame2Sin");
-    Check1Sin = new QCheckBox(QString::fromUtf8(CaptionCheck1Sin), Frame2Sin);
-    Check1Sin->setObjectName("Check1Sin");
+    Frame2Sin = Riquadro(this, "Frame2Sin", CaptionFrame2Sin);
+    Check1Sin = Spunta(Frame2Sin, "Check1Sin", CaptionCheck1Sin);
     Check1Sin->setChecked(true);
-    Label1Sin = Etichetta(Frame2Sin, "Label1Sin", QString::fromUtf8(CaptionLabelAngoloSin));
-    Text3Sin = new QLineEdit(Frame2Sin);
-    Text3Sin->setObjectName("Text3Sin");
-    Text3Sin->setToolTip(QString::fromUtf8(TipText1Riv));
-    Text3Sin->setMaximumWidth(120);
-    Label2Sin = Etichetta(Frame2Sin, "Label2Sin", QString::fromUtf8(Label2SinFasi));
+    Label1Sin = Etichetta(Frame2Sin, CaptionLabelAngoloSin, "Label1Sin");
+    Text3Sin = Casella(Frame2Sin, "Text3Sin", 120, TipText1Riv);
+    Label2Sin = Etichetta(Frame2Sin, Label2SinFasi, "Label2Sin");
     {
         auto* g = new QGridLayout(Frame2Sin);
         g->addWidget(Check1Sin, 0, 0, 1, 2);
@@ -89,15 +75,13 @@ frmCheRivoluzione::frmCheRivoluzione(Sessione& sessione, Messaggi& messaggi, Tip
         g->addWidget(Text3Sin, 1, 1);
         g->addWidget(Label2Sin, 2, 0, 1, 2);
     }
-    Label38 = Etichetta(this, "Label38", QS(s_.DidascaliaLunaGeo()));
+    Label38 = Etichetta(this, s_.DidascaliaLunaGeo().c_str(), "Label38");
 
-    Label4 = Etichetta(this, "Label4", QString::fromUtf8(Label4Solare));
+    Label4 = Etichetta(this, Label4Solare, "Label4");
     Label4->setWordWrap(true);
-    Text2 = new QLineEdit(this);
-    Text2->setObjectName("Text2");
+    Text2 = Casella(this, "Text2", 200);
     Text2->setReadOnly(true);
-    Text2->setMaximumWidth(200);
-    Label5 = Etichetta(this, "Label5", QString::fromUtf8(Label5Trovato));
+    Label5 = Etichetta(this, Label5Trovato, "Label5");
     Label5->setWordWrap(true);
     Command4 = Pulsante(this, "Command4", "&Calcola >>");
     Command5 = Pulsante(this, "Command5", "");
@@ -105,7 +89,9 @@ frmCheRivoluzione::frmCheRivoluzione(Sessione& sessione, Messaggi& messaggi, Tip
     Command2->setDefault(true);
     Command3 = Pulsante(this, "Command3", "&?");
     Command1 = Pulsante(this, "Command1", "&Annulla");
+}
 
+void frmCheRivoluzione::Disponi() {
     auto* sinistra = new QVBoxLayout;
     sinistra->addWidget(Picture1);
     sinistra->addWidget(Label6, 0, Qt::AlignHCenter);
@@ -141,12 +127,14 @@ frmCheRivoluzione::frmCheRivoluzione(Sessione& sessione, Messaggi& messaggi, Tip
     tutto->addLayout(esito);
     tutto->addLayout(scelte);
     tutto->addLayout(pulsanti);
+}
 
+void frmCheRivoluzione::MostraTipo() {
     // The kind decides what shows.
     Label6->setText(QS(testi_.label6));
-    Label6->setVisible(tipo != TipoRivoluzione::Solare);
+    Label6->setVisible(tipo_ != TipoRivoluzione::Solare);
     if (!testi_.label4.empty()) Label4->setText(QS(testi_.label4));
-    const bool sinodica = tipo == TipoRivoluzione::LunareSinodica;
+    const bool sinodica = tipo_ == TipoRivoluzione::LunareSinodica;
     for (QWidget* w : std::initializer_list<QWidget*>{List1, Label7, Label3, Text1})
         w->setVisible(!sinodica);
     Label4->setVisible(!sinodica);
@@ -158,7 +146,9 @@ frmCheRivoluzione::frmCheRivoluzione(Sessione& sessione, Messaggi& messaggi, Tip
     Command5->hide();
     List1->setCurrentRow(testi_.rigaIniziale);
     List1_Click();
+}
 
+void frmCheRivoluzione::Collega() {
     Text1->installEventFilter(this);
     Text3Sin->installEventFilter(this);
     connect(List1, &QListWidget::currentRowChanged, this, &frmCheRivoluzione::List1_Click);
@@ -168,7 +158,6 @@ frmCheRivoluzione::frmCheRivoluzione(Sessione& sessione, Messaggi& messaggi, Tip
     connect(Command3, &QPushButton::clicked, this, &frmCheRivoluzione::Command3_Click);
     connect(Command4, &QPushButton::clicked, this, &frmCheRivoluzione::Command4_Click);
     connect(Command5, &QPushButton::clicked, this, &frmCheRivoluzione::Command5_Click);
-    resize(640, 560);
 }
 
 void frmCheRivoluzione::List1_Click() {

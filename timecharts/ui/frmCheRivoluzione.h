@@ -48,6 +48,11 @@ protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
+    // The construction's steps: the controls, their layout, what the kind shows, the events.
+    void CreaControlli();
+    void Disponi();
+    void MostraTipo();
+    void Collega();
     void Accetta(bool primo);
 
     Sessione& s_;

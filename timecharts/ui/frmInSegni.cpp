@@ -13,6 +13,7 @@
 
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 #include "timecharts/Istanti.h"
 #include "timecharts/ui/MenuTempo.h"
 
@@ -20,24 +21,12 @@ namespace vesmo {
 
 namespace {
 
-QLabel* Etichetta(QWidget* g, const char* nome, const char* testo) {
-    auto* l = new QLabel(QString::fromUtf8(testo), g);
-    l->setObjectName(nome);
-    return l;
-}
-
-QLineEdit* Casella(QWidget* g, const char* nome, bool soloLettura) {
-    auto* t = new QLineEdit(g);
-    t->setObjectName(nome);
+// The boxes of the form are at least 150 pixels wide.
+QLineEdit* CasellaLarga(QWidget* g, const char* nome, bool soloLettura) {
+    auto* t = Casella(g, nome);
     t->setReadOnly(soloLettura);
     t->setMinimumWidth(150);
     return t;
-}
-
-QPushButton* Pulsante(QWidget* g, const char* nome, const char* testo) {
-    auto* b = new QPushButton(QString::fromUtf8(testo), g);
-    b->setObjectName(nome);
-    return b;
 }
 
 } // namespace
@@ -49,77 +38,10 @@ frmInSegni::frmInSegni(Sessione& sessione, Messaggi& messaggi, StatoMenuTempo& s
     setWindowTitle(QString::fromUtf8(DidascaliaInSegni));
 
     auto* barra = new QMenuBar(this);
-    mnuGuida = barra->addAction(QStringLiteral("&Guida"));
-    mnuGuida->setObjectName("mnuGuida");
-
-    List1 = new QListWidget(this);
-    List1->setObjectName("List1");
-    for (const char* voce : VociPianetiIngresso)
-        List1->addItem(QString::fromUtf8(voce));
-    Text1 = Casella(this, "Text1", false);
-    Text1->setToolTip(QStringLiteral("Separatore decimale:  virgola"));
-    txtPartenza = Casella(this, "txtPartenza", false);
-    txtPartenza->setToolTip(QStringLiteral("separatore decimale:  virgola"));
-    cmdTN = Pulsante(this, "cmdTN", "TN");
-    cmdT = Pulsante(this, "cmdT", " Transito ");
-    cmdR = Pulsante(this, "cmdR", " Rivoluzione ");
-    cmdD = Pulsante(this, "cmdD", " Direzione ");
-    Command1 = Pulsante(this, "Command1", "&Avvio ricerca");
-    Command1->setDefault(true);
-    Command2 = Pulsante(this, "Command2", "A&nnulla");
-    Command3 = Pulsante(this, "Command3", "&?");
-    Command4 = Pulsante(this, "Command4", "&Calcola ");
-    Text3 = Casella(this, "Text3", true);
-    Text4 = Casella(this, "Text4", true);
-    Text5 = Casella(this, "Text5", true);
-    Text6 = Casella(this, "Text6", true);
-    Text7 = Casella(this, "Text7", true);
-    Text8 = Casella(this, "Text8", true);
-    Label7 = Etichetta(this, "Label7", Label7Stazione);
-    Label8 = Etichetta(this, "Label8", Label8Stazione);
-    Label9 = Etichetta(this, "Label9", "Giul ");
-    Label10 = Etichetta(this, "Label10", "Inputs");
-    Label11 = Etichetta(this, "Label11", "Outputs");
-    Label12 = Etichetta(this, "Label12", Label12Risultato);
-    QFont grassetto = Label10->font();
-    grassetto.setBold(true);
-    Label10->setFont(grassetto);
-    Label11->setFont(grassetto);
-
-    auto* ingressi = new QGridLayout;
-    ingressi->addWidget(Label10, 0, 0, 1, 2);
-    ingressi->addWidget(Etichetta(this, "Label1", "Pianeta"), 1, 0, Qt::AlignTop);
-    ingressi->addWidget(List1, 1, 1);
-    ingressi->addWidget(Etichetta(this, "Label2", "Grado Bersaglio"), 2, 0);
-    ingressi->addWidget(Text1, 2, 1);
-    ingressi->addWidget(Etichetta(this, "Label3", "JD Partenza "), 3, 0);
-    ingressi->addWidget(txtPartenza, 3, 1);
-    auto* slot = new QHBoxLayout;
-    for (QPushButton* b : {cmdTN, cmdT, cmdR, cmdD})
-        slot->addWidget(b);
-    ingressi->addLayout(slot, 4, 0, 1, 2);
-
-    auto* uscite = new QGridLayout;
-    uscite->addWidget(Label11, 0, 0, 1, 2);
-    uscite->addWidget(Etichetta(this, "Label4", "Giul Zero"), 1, 0);
-    uscite->addWidget(Text3, 1, 1);
-    uscite->addWidget(Etichetta(this, "Label5", "Longitudine Giul Bersaglio"), 2, 0);
-    uscite->addWidget(Text4, 2, 1);
-    uscite->addWidget(Etichetta(this, "Label6", "Giul Bersaglio"), 3, 0);
-    uscite->addWidget(Text5, 3, 1);
-    uscite->addWidget(Label9, 4, 0);
-    auto* dic = new QHBoxLayout;
-    dic->addWidget(Text6);
-    dic->addWidget(Text7);
-    dic->addWidget(Text8);
-    Text7->setMinimumWidth(40);
-    Text8->setMinimumWidth(40);
-    uscite->addLayout(dic, 4, 1);
-    uscite->setRowStretch(5, 1);
-
+    CreaControlli(barra);
     auto* corpo = new QHBoxLayout;
-    corpo->addLayout(ingressi, 1);
-    corpo->addLayout(uscite, 1);
+    corpo->addLayout(Ingressi(), 1);
+    corpo->addLayout(Uscite(), 1);
     auto* risultato = new QHBoxLayout;
     risultato->addStretch(1);
     risultato->addWidget(Label12);
@@ -145,6 +67,85 @@ frmInSegni::frmInSegni(Sessione& sessione, Messaggi& messaggi, StatoMenuTempo& s
     Text1->installEventFilter(this);
     txtPartenza->installEventFilter(this);
 
+    Collega();
+    resize(720, 460);
+}
+
+void frmInSegni::CreaControlli(QMenuBar* barra) {
+    mnuGuida = Nome(barra->addAction(QStringLiteral("&Guida")), "mnuGuida");
+
+    List1 = Nome(new QListWidget(this), "List1");
+    for (const char* voce : VociPianetiIngresso)
+        List1->addItem(QString::fromUtf8(voce));
+    Text1 = CasellaLarga(this, "Text1", false);
+    Text1->setToolTip(QStringLiteral("Separatore decimale:  virgola"));
+    txtPartenza = CasellaLarga(this, "txtPartenza", false);
+    txtPartenza->setToolTip(QStringLiteral("separatore decimale:  virgola"));
+    cmdTN = Pulsante(this, "cmdTN", "TN");
+    cmdT = Pulsante(this, "cmdT", " Transito ");
+    cmdR = Pulsante(this, "cmdR", " Rivoluzione ");
+    cmdD = Pulsante(this, "cmdD", " Direzione ");
+    Command1 = Pulsante(this, "Command1", "&Avvio ricerca");
+    Command1->setDefault(true);
+    Command2 = Pulsante(this, "Command2", "A&nnulla");
+    Command3 = Pulsante(this, "Command3", "&?");
+    Command4 = Pulsante(this, "Command4", "&Calcola ");
+    Text3 = CasellaLarga(this, "Text3", true);
+    Text4 = CasellaLarga(this, "Text4", true);
+    Text5 = CasellaLarga(this, "Text5", true);
+    Text6 = CasellaLarga(this, "Text6", true);
+    Text7 = CasellaLarga(this, "Text7", true);
+    Text8 = CasellaLarga(this, "Text8", true);
+    Label7 = Etichetta(this, Label7Stazione, "Label7");
+    Label8 = Etichetta(this, Label8Stazione, "Label8");
+    Label9 = Etichetta(this, "Giul ", "Label9");
+    Label10 = Etichetta(this, "Inputs", "Label10");
+    Label11 = Etichetta(this, "Outputs", "Label11");
+    Label12 = Etichetta(this, Label12Risultato, "Label12");
+    QFont grassetto = Label10->font();
+    grassetto.setBold(true);
+    Label10->setFont(grassetto);
+    Label11->setFont(grassetto);
+}
+
+QGridLayout* frmInSegni::Ingressi() {
+    auto* ingressi = new QGridLayout;
+    ingressi->addWidget(Label10, 0, 0, 1, 2);
+    ingressi->addWidget(Etichetta(this, "Pianeta", "Label1"), 1, 0, Qt::AlignTop);
+    ingressi->addWidget(List1, 1, 1);
+    ingressi->addWidget(Etichetta(this, "Grado Bersaglio", "Label2"), 2, 0);
+    ingressi->addWidget(Text1, 2, 1);
+    ingressi->addWidget(Etichetta(this, "JD Partenza ", "Label3"), 3, 0);
+    ingressi->addWidget(txtPartenza, 3, 1);
+    auto* slot = new QHBoxLayout;
+    for (QPushButton* b : {cmdTN, cmdT, cmdR, cmdD})
+        slot->addWidget(b);
+    ingressi->addLayout(slot, 4, 0, 1, 2);
+    return ingressi;
+}
+
+QGridLayout* frmInSegni::Uscite() {
+    auto* uscite = new QGridLayout;
+    uscite->addWidget(Label11, 0, 0, 1, 2);
+    uscite->addWidget(Etichetta(this, "Giul Zero", "Label4"), 1, 0);
+    uscite->addWidget(Text3, 1, 1);
+    uscite->addWidget(Etichetta(this, "Longitudine Giul Bersaglio", "Label5"), 2, 0);
+    uscite->addWidget(Text4, 2, 1);
+    uscite->addWidget(Etichetta(this, "Giul Bersaglio", "Label6"), 3, 0);
+    uscite->addWidget(Text5, 3, 1);
+    uscite->addWidget(Label9, 4, 0);
+    auto* dic = new QHBoxLayout;
+    dic->addWidget(Text6);
+    dic->addWidget(Text7);
+    dic->addWidget(Text8);
+    Text7->setMinimumWidth(40);
+    Text8->setMinimumWidth(40);
+    uscite->addLayout(dic, 4, 1);
+    uscite->setRowStretch(5, 1);
+    return uscite;
+}
+
+void frmInSegni::Collega() {
     connect(mnuGuida, &QAction::triggered, this, &frmInSegni::Command3_Click);
     connect(Command1, &QPushButton::clicked, this, &frmInSegni::Command1_Click);
     connect(Command2, &QPushButton::clicked, this, &QDialog::reject);
@@ -154,7 +155,6 @@ frmInSegni::frmInSegni(Sessione& sessione, Messaggi& messaggi, StatoMenuTempo& s
     connect(cmdT, &QPushButton::clicked, this, [this] { cmdSlot_Click(1); });
     connect(cmdR, &QPushButton::clicked, this, [this] { cmdSlot_Click(2); });
     connect(cmdD, &QPushButton::clicked, this, [this] { cmdSlot_Click(3); });
-    resize(720, 460);
 }
 
 bool frmInSegni::eventFilter(QObject* oggetto, QEvent* evento) {

@@ -8,7 +8,9 @@
 #include "core/Sessione.h"
 #include "timecharts/Ingressi.h"
 
+class QGridLayout;
 class QLabel;
+class QMenuBar;
 class QLineEdit;
 class QListWidget;
 class QPushButton;
@@ -45,6 +47,12 @@ protected:
     bool eventFilter(QObject* oggetto, QEvent* evento) override;
 
 private:
+    // The construction's steps: the controls (the guide's entry on `barra`), the inputs' and
+    // the outputs' columns, the events.
+    void CreaControlli(QMenuBar* barra);
+    QGridLayout* Ingressi();
+    QGridLayout* Uscite();
+    void Collega();
     void Avanzamento(const char* controllo, double valore);
 
     Sessione& s_;

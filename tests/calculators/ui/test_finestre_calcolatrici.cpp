@@ -73,6 +73,12 @@ TEST_F(Calcolatrici, OgniVoceApreLaSuaFinestraUnaVolta) {
         // A second choice brings the same window forward.
         menu->findChild<QAction*>(v.voce)->trigger();
         EXPECT_EQ(menu->findChildren<QDialog*>(v.finestra).size(), 1) << v.finestra;
+        // Closed, the window goes; the next choice makes a new one.
+        f->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        EXPECT_TRUE(menu->findChildren<QDialog*>(v.finestra).isEmpty()) << v.finestra;
+        menu->findChild<QAction*>(v.voce)->trigger();
+        EXPECT_EQ(menu->findChildren<QDialog*>(v.finestra).size(), 1) << v.finestra;
     }
     // The entries stand in the Utility menu before "&Pulizia form".
     QStringList nomi;

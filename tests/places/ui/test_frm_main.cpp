@@ -14,7 +14,6 @@
 #include <QTableView>
 #include <QTest>
 
-#include "archives/Archivi.h"
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/ui/frmInputIni.h"
@@ -295,37 +294,6 @@ TEST_F(Lanciatore, AboutConLaVersione) {
         EXPECT_TRUE(crediti->text().contains(QString::fromUtf8(fonte))) << fonte;
 }
 
-TEST_F(Lanciatore, PonteAstrologSenzaProgramma) {
-    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
-    f.Form_Load();
-    EXPECT_EQ(f.Combo1->count(), 6);
-    EXPECT_EQ(f.ChkGEO->text(), "GEO");
-    f.ChkGEO->setChecked(true);
-    EXPECT_EQ(f.ChkGEO->text(), "ELIO");
-    EXPECT_TRUE(f.Text17->isHidden());
-    f.Combo1->setCurrentIndex(5);
-    emit f.Combo1->activated(5);
-    EXPECT_FALSE(f.Text17->isHidden());
-    EXPECT_EQ(f.Dati->Pannello2->text(), "Siderale Utente. Es: 2,5 ruota gli elementi della carta "
-                                         "di un angolo pari a (Siderale - 2,5)");
-    // Back on index 0, by the user or by the load, the box hides again.
-    f.Combo1->setCurrentIndex(0);
-    emit f.Combo1->activated(0);
-    EXPECT_TRUE(f.Text17->isHidden());
-    f.Combo1->setCurrentIndex(5);
-    EXPECT_FALSE(f.Text17->isHidden());
-    f.Form_Load();
-    EXPECT_EQ(f.Combo1->currentIndex(), 0);
-    EXPECT_TRUE(f.Text17->isHidden());
-    // No program set: the user is told, and the form's chart is read into the record.
-    f.Dati->Text1->setText("Anna Bianchi");
-    f.Command1->click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvia Astrolog");
-    EXPECT_EQ(messaggi.registro[0].testo.rfind("Nessun programma Astrolog impostato.\n", 0), 0u);
-    EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Anna Bianchi");
-}
-
 TEST_F(Lanciatore, NascitaDel1850InTempoMedioLocale) {
     PresetTemaCorrente(sessione, cfg, 1850, 4, 10, 12, 0, 0);
     messaggi.risposte.push_back(Risposta::No);
@@ -534,38 +502,4 @@ TEST_F(Lanciatore, AnnoCorrettoTogliIlTempoMedioLocale) {
     EXPECT_EQ(letto.Fuso, -1);
     EXPECT_EQ(letto.Estiva, 1);
     EXPECT_EQ(letto.Day, GiornoGiuliano(1987, 4, 10));
-}
-
-TEST_F(Lanciatore, ImportaTemaDaArchivio) {
-    CreaArchivio(percorsi.FileDB, "Amici");
-    Tema t;
-    t.Nome = "Giulia Neri";
-    t.City = "Roma";
-    t.Stato = "Italy";
-    t.Day = GiornoGiuliano(1960, 3, 21);
-    t.OraL = 7.25;
-    t.Lon = -0.8322;
-    t.Lat = 41.9;
-    t.Fuso = -1;
-    t.Cmto = "da archivio";
-    ASSERT_EQ(SalvaTema(percorsi.FileDB, "Amici", t, messaggi, "prova"),
-              EsitoSalvataggio::Aggiunto);
-    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
-    f.Form_Load();
-    QAction* voce = f.findChild<QAction*>("mnuFilImp");
-    ASSERT_NE(voce, nullptr);
-    EXPECT_EQ(voce->text(), "I&mporta  Tema");
-    test::AlModale("frmImpTVesmo",
-                   [](QWidget* w) { test::Figlio<QPushButton>(w, "cmdImporta")->click(); });
-    voce->trigger();
-    EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Giulia Neri");
-    EXPECT_EQ(sessione.TemaCorrente.Cmto, "da archivio");
-    // The entry form shows the chart picked.
-    PannelloDati* d = f.Dati;
-    EXPECT_EQ(d->Text1->text(), "Giulia Neri");
-    EXPECT_EQ(d->Text2->text(), "Roma");
-    EXPECT_EQ(d->Text3->text(), "21");
-    EXPECT_EQ(d->Text5->text(), "1960");
-    EXPECT_EQ(d->Text6->text(), "7");
-    EXPECT_EQ(d->Text7->text(), "15");
 }

@@ -1,0 +1,157 @@
+// The launcher as the program composes it: each menu entry opens its form, the Astrolog frame
+// reads the entry form and tells what it did, and a chart imported from an archive lands in
+// the entry form.
+#include <gtest/gtest.h>
+
+#include <QAction>
+#include <QCheckBox>
+#include <QComboBox>
+#include <QLabel>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include "app/Lanciatore.h"
+#include "archives/Archivi.h"
+#include "core/Aritmetica.h"
+#include "core/qt/MessaggiQt.h"
+#include "places/ui/PannelloDati.h"
+#include "places/ui/frmMainVesmo.h"
+#include "tests/places/AiutoLuoghi.h"
+#include "tests/timecharts/ui/Modale.h"
+
+using namespace vesmo;
+
+namespace {
+
+class LanciatoreComposto : public ::testing::Test {
+protected:
+    void SetUp() override {
+        {
+            Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
+            db.IniziaTransazione();
+            test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+            test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
+            test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+            test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
+            db.ConfermaTransazione();
+        }
+        percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
+        percorsi.FileIni = (cartella / "Vesmodat.ini").string();
+        cfg.NazioneDefault = "Italy";
+        cfg.CityDefault = "Padova";
+        cfg.Ordinamento = "N";
+        ScriviConfig(percorsi.FileIni, cfg);
+        PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+        CreaArchivio(percorsi.FileDB, "Amici");
+        f = std::make_unique<frmMainVesmo>(sessione, cfg, percorsi, messaggi);
+        astro = ComponiLanciatore(*f, sessione, percorsi, messaggi);
+        f->Form_Load();
+    }
+
+    test::CartellaLuoghi cartella;
+    Sessione sessione;
+    ConfigIni cfg;
+    PercorsiVesmo percorsi;
+    MessaggiRegistrati messaggi;
+    std::unique_ptr<frmMainVesmo> f;
+    RiquadroAstrolog* astro = nullptr;
+};
+
+} // namespace
+
+TEST_F(LanciatoreComposto, OgniVoceApreLaSuaFinestra) {
+    struct Voce {
+        const char* azione;
+        const char* finestra;
+        const char* titolo;
+    };
+    const Voce voci[] = {
+        {"mnuFilGes", "frmGesArchivi", "Vesmo - Gestione Archivi Temi Natali"},
+        {"mnuFilSalva", "frmGesArchivi", "Vesmo - Salvo"},
+        {"mnuFilImp", "frmImpTVesmo", "Vesmo - Importa Temi da Archivio"},
+        {"MnuQ", "frmQuery", "Vesmo - Query Astrologiche"},
+        {"mnuAbout", "frmHelp", "Vesmo - About"},
+    };
+    for (const Voce& v : voci) {
+        QString titolo;
+        test::AlModale(v.finestra, [&titolo](QWidget* w) {
+            titolo = w->windowTitle();
+            w->close();
+        });
+        QAction* a = f->findChild<QAction*>(v.azione);
+        ASSERT_NE(a, nullptr) << v.azione;
+        a->trigger();
+        EXPECT_EQ(titolo, QString::fromUtf8(v.titolo)) << v.azione;
+    }
+    // The frame stands above the entry form, inside the launcher.
+    EXPECT_EQ(f->findChild<QGroupBox*>("FrameAstrolog"), astro);
+    EXPECT_EQ(astro->title(), "Astrolog");
+    // The cleaning deletes only after the automatic copy of the archives.
+    EXPECT_TRUE(f->PrimaDiEliminare);
+}
+
+TEST_F(LanciatoreComposto, PonteAstrologSenzaProgramma) {
+    EXPECT_EQ(astro->Combo1->count(), 6);
+    EXPECT_EQ(astro->ChkGEO->text(), "GEO");
+    astro->ChkGEO->setChecked(true);
+    EXPECT_EQ(astro->ChkGEO->text(), "ELIO");
+    EXPECT_TRUE(astro->Text17->isHidden());
+    astro->Combo1->setCurrentIndex(5);
+    emit astro->Combo1->activated(5);
+    EXPECT_FALSE(astro->Text17->isHidden());
+    EXPECT_EQ(f->Dati->Pannello2->text(), "Siderale Utente. Es: 2,5 ruota gli elementi della "
+                                          "carta di un angolo pari a (Siderale - 2,5)");
+    // Back on index 0, by the user or by the load, the box hides again.
+    astro->Combo1->setCurrentIndex(0);
+    emit astro->Combo1->activated(0);
+    EXPECT_TRUE(astro->Text17->isHidden());
+    astro->Combo1->setCurrentIndex(5);
+    astro->Combo2->setCurrentIndex(3);
+    EXPECT_FALSE(astro->Text17->isHidden());
+    f->Form_Load();
+    EXPECT_EQ(astro->Combo1->currentIndex(), 0);
+    EXPECT_EQ(astro->Combo2->currentIndex(), 0);
+    EXPECT_TRUE(astro->Text17->isHidden());
+    // No program set, from the button and from the menu: the user is told, and the form's
+    // chart is read into the record.
+    f->Dati->Text1->setText("Anna Bianchi");
+    astro->Command1->click();
+    f->findChild<QAction*>("mnuFilAvvia")->trigger();
+    ASSERT_EQ(messaggi.registro.size(), 2u);
+    for (const auto& m : messaggi.registro) {
+        EXPECT_EQ(m.titolo, "Vesmo - Avvia Astrolog");
+        EXPECT_EQ(m.testo.rfind("Nessun programma Astrolog impostato.\n", 0), 0u);
+    }
+    EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Anna Bianchi");
+}
+
+TEST_F(LanciatoreComposto, ImportaTemaDaArchivio) {
+    Tema t;
+    t.Nome = "Giulia Neri";
+    t.City = "Roma";
+    t.Stato = "Italy";
+    t.Day = GiornoGiuliano(1960, 3, 21);
+    t.OraL = 7.25;
+    t.Lon = -0.8322;
+    t.Lat = 41.9;
+    t.Fuso = -1;
+    t.Cmto = "da archivio";
+    ASSERT_EQ(SalvaTema(percorsi.FileDB, "Amici", t, messaggi, "prova"),
+              EsitoSalvataggio::Aggiunto);
+    QAction* voce = f->findChild<QAction*>("mnuFilImp");
+    ASSERT_NE(voce, nullptr);
+    EXPECT_EQ(voce->text(), "I&mporta  Tema");
+    test::AlModale("frmImpTVesmo",
+                   [](QWidget* w) { test::Figlio<QPushButton>(w, "cmdImporta")->click(); });
+    voce->trigger();
+    EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Giulia Neri");
+    EXPECT_EQ(sessione.TemaCorrente.Cmto, "da archivio");
+    // The entry form shows the chart picked.
+    PannelloDati* d = f->Dati;
+    EXPECT_EQ(d->Text1->text(), "Giulia Neri");
+    EXPECT_EQ(d->Text2->text(), "Roma");
+    EXPECT_EQ(d->Text3->text(), "21");
+    EXPECT_EQ(d->Text5->text(), "1960");
+    EXPECT_EQ(d->Text6->text(), "7");
+    EXPECT_EQ(d->Text7->text(), "15");
+}
