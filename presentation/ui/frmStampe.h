@@ -69,8 +69,7 @@ private:
 class frmStampe : public QMainWindow {
     Q_OBJECT
 public:
-    frmStampe(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato, Messaggi& messaggi,
-              QWidget* genitore = nullptr);
+    frmStampe(Sessione& sessione, Messaggi& messaggi, QWidget* genitore = nullptr);
     ~frmStampe() override;
 
     // The load: the form shows, "&Bianco e Nero" is checked, frmCheStampe asks for the slot and
@@ -123,8 +122,6 @@ protected:
 
 private:
     // The slot's chart and positions of an entry 1..4.
-    Tema& TemaDelSlot(int che);
-    Posizioni& PosDelSlot(int che);
     OpzioniPagina Opzioni(bool sulModulo) const;
     void ErroreDiEsecuzione(const std::string& routine, const std::string& testo);
 
