@@ -173,8 +173,9 @@ TEST_F(File, EngineFailuresNameTheirCause) {
     db.Esegui("INSERT INTO Amici (Nome) VALUES ('Dora')");
     std::string testo;
     try {
-        Database altro(file);
+        Database altro;
         altro.ImpostaAttesaBlocco(50);
+        altro.Apri(file);
         altro.CreaTabella("Nuova", CampiArchivio);
     } catch (const ErroreDB& e) {
         EXPECT_EQ(e.Numero(), ErroreDB::Bloccato);
