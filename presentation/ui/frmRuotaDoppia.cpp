@@ -18,7 +18,6 @@
 #include <cmath>
 #include <optional>
 
-#include "chart/CalcolaTema.h"
 #include "chart/ui/frmSelAspetti.h"
 #include "core/NumeroDigitato.h"
 #include "presentation/ui/WidgetMappa.h"

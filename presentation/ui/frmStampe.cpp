@@ -195,9 +195,8 @@ void frmStampe::Componi(int che) {
     CheStampa = che;
     for (int i = 0; i < 4; ++i)
         mnuFileStampeChe[static_cast<std::size_t>(i)]->setChecked(i + 1 == che);
-    const int slot = che - 1; // the form counts the slots from 1, the session from 0
-    s_.TemaX = s_.TemaDelSlot(slot);
-    s_.PosX = s_.PosDelSlot(slot);
+    s_.TemaX = s_.TemaDelSlot(SlotScelto());
+    s_.PosX = s_.PosDelSlot(SlotScelto());
 
     // The form is cleared and an earlier page that was not sent is dropped.
     pagina->Pulisci();
@@ -293,14 +292,14 @@ void frmStampe::mnuFileStampeBmp_Click() {
                               "Digitare un valido (InputUtente). Solo caratteri alfanumerici. \n"
                               "Correggere quelli errati di default. ";
     auto risposta = messaggi_.Chiedi("Lyx - Salva in 2 file per invio in Internet", testo,
-                                     SenzaSpaziDestra(s_.TemaDelSlot(CheStampa - 1).Nome.str()));
+                                     SenzaSpaziDestra(s_.TemaDelSlot(SlotScelto()).Nome.str()));
     if (!risposta) return;
     const std::string nome = SenzaSpazi(*risposta);
     const std::string primo = c + nome + "_1.bmp", secondo = c + nome + "_2.bmp";
 
     // The slot of the checked entry, under the name typed.
-    s_.TemaX = s_.TemaDelSlot(CheStampa - 1);
-    s_.PosX = s_.PosDelSlot(CheStampa - 1);
+    s_.TemaX = s_.TemaDelSlot(SlotScelto());
+    s_.PosX = s_.PosDelSlot(SlotScelto());
     s_.TemaX.Nome = nome;
     const Tema t = s_.TemaX;
     const Posizioni p = s_.PosX;

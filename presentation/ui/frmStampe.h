@@ -121,7 +121,9 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
-    // The slot's chart and positions of an entry 1..4.
+    // The session's slot of the entry checked: the form counts its entries from 1, the session
+    // its slots from 0.
+    int SlotScelto() const { return CheStampa - 1; }
     OpzioniPagina Opzioni(bool sulModulo) const;
     void ErroreDiEsecuzione(const std::string& routine, const std::string& testo);
 
