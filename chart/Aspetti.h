@@ -1,5 +1,6 @@
-// The aspect table of 17, the one orb, the aspect test, parallels and contraparallels, and the
-// text grid that the aspect selection shows for two charts.
+// The names and angles of the 17 aspects (the session's choice of them is core/TabellaAspetti.h),
+// the aspect test, parallels and contraparallels, and the text grid that the aspect selection
+// shows for two charts.
 #pragma once
 
 #include <array>
