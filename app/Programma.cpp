@@ -81,16 +81,15 @@ bool Programma::Avvia(const QString& cartellaProgramma,
 
 void Programma::AvviaLyx() {
     Clessidra clessidra(messaggi_);
-    aspetti.EntraInLyx();
+    sessione.Aspetti.EntraInLyx();
     sessione.TemaX = sessione.TemaCorrente;
-    cfgLyx = avvio.cfg;
     sessione.DatiOk = 0;
     sessione.MenuPronto = 0;
     principale->Dati->Chiudi();
     principale->hide();
-    menu = std::make_unique<frmMenu>(sessione, aspetti, cfgLyx, avvio.percorsi, messaggi_);
+    menu = std::make_unique<frmMenu>(sessione, avvio.percorsi, messaggi_);
     menu->InputDati = [this](const RichiestaInputDati& richiesta) {
-        char ordine = cfgLyx.Ordinamento.str() == "C" ? 'C' : 'N';
+        char ordine = avvio.cfg.Ordinamento.str() == "C" ? 'C' : 'N';
         frmInDatiLyx f(sessione, avvio.percorsi.FileDB, ordine, messaggi_, menu.get());
         f.TagCommand4 = richiesta.TagCommand4;
         f.Form_Load();

@@ -1,5 +1,5 @@
-// The workstation as one object: the session, the aspect table and the launcher live for the
-// whole run; the chart half lives while the user is in it. main() makes one and runs the event
+// The workstation as one object: the session, the settings and the launcher live for the whole
+// run; the chart half lives while the user is in it. main() makes one and runs the event
 // loop; the tests drive the same object.
 #pragma once
 
@@ -7,7 +7,6 @@
 #include <functional>
 #include <memory>
 
-#include "chart/Aspetti.h"
 #include "core/Config.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
@@ -43,10 +42,9 @@ public:
     void TornaAVesmo();
 
     Sessione sessione;
-    // The aspect choice, the orb and the solar arc: one table for the whole run.
-    TabellaAspetti aspetti;
+    // The settings as read at the start: the one copy every form reads; the launcher's settings
+    // dialog stores into it.
     EsitoAvvio avvio;
-    ConfigIni cfgLyx;
     std::unique_ptr<frmMainVesmo> principale;
     std::unique_ptr<frmMenu> menu;
 

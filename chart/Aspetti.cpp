@@ -17,17 +17,6 @@ const std::array<const char*, NumeroAspetti> NomiAspetti{
 const std::array<double, NumeroAspetti> AngoliAspetti{0,  60, 90,    120, 180, 30,  40,  45, 51.4,
                                                       72, 80, 102.9, 108, 135, 144, 150, 160};
 
-TabellaAspetti::TabellaAspetti() {
-    for (int k = 0; k < 5; ++k)
-        AspettoAttivo[static_cast<std::size_t>(k)] = -1;
-}
-
-void TabellaAspetti::EntraInLyx() {
-    if (Orbita == 0) Orbita = 2.5f;
-    for (int k = 0; k < 5; ++k)
-        AspettoAttivo[static_cast<std::size_t>(k)] = -1;
-}
-
 double DistanzaAspetto(double a, double b, double arcoSolare) {
     double d = std::fabs(a - b + arcoSolare);
     if (d > 180) d = 360 - d;

@@ -1,31 +1,20 @@
-// The aspect table of 17, the one orb, the aspect test, parallels and contraparallels, and the
-// text grid that the aspect selection shows for two charts.
+// The names and angles of the 17 aspects (the session's choice of them is core/TabellaAspetti.h),
+// the aspect test, parallels and contraparallels, and the text grid that the aspect selection
+// shows for two charts.
 #pragma once
 
 #include <array>
 #include <string>
 #include <vector>
 
+#include "core/TabellaAspetti.h"
 #include "core/Tema.h"
 
 namespace vesmo {
 
-inline constexpr int NumeroAspetti = 17;
-
 // Names with their blanks, and exact angles in degrees.
 extern const std::array<const char*, NumeroAspetti> NomiAspetti;
 extern const std::array<double, NumeroAspetti> AngoliAspetti;
-
-// The session's switches and orb.
-struct TabellaAspetti {
-    std::array<std::int16_t, NumeroAspetti> AspettoAttivo{};
-    float Orbita = 0;
-    float ArcoSolare = 0;
-
-    TabellaAspetti();
-    // Entering the chart half: an orb of 0 becomes 2.5; the five majors are switched on again.
-    void EntraInLyx();
-};
 
 // The distance tested for two longitudes: |a - b (+ arco)|, folded to 0..180.
 double DistanzaAspetto(double a, double b, double arcoSolare = 0);

@@ -6,6 +6,7 @@
 #include <string>
 
 #include "core/StatoRuote.h"
+#include "core/TabellaAspetti.h"
 #include "core/Tema.h"
 
 namespace vesmo {
@@ -38,8 +39,17 @@ struct Sessione {
     // empty (the application sets it to the user's data folder).
     std::string CartellaCopie;
 
+    // The aspect choice, the orb and the solar arc: one table for the whole run.
+    TabellaAspetti Aspetti;
     // The wheels' drawing switches: one copy for the single and the double wheel.
     StatoRuote Ruote;
+
+    // The four chart slots by number: 0 natal, 1 transit, 2 revolution, 3 direction (any
+    // other number is the natal slot).
+    Tema& TemaDelSlot(int slot);
+    Posizioni& PosDelSlot(int slot);
+    // The "calculated" flag of slots 1..3 (any other number is the transit's).
+    std::int16_t& FlagDelSlot(int slot);
 
     // Captions of the two Moon flags.
     std::string DidascaliaLunaGeo() const {

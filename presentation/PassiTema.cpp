@@ -110,12 +110,12 @@ void PassoTempo(Tema& tema, UnitaTempo unita, double quanti) {
     tema.Day = GiornoGiuliano(anno, mese, giorno);
 }
 
-void RifaiTransito(Sessione& s, Messaggi& messaggi) {
-    s.TemaTra = s.TemaX;
+const Posizioni& RifaiTransito(Sessione& s, const Tema& spostato, Messaggi& messaggi) {
+    s.TemaTra = spostato;
     s.PosTra = s.PosVuoto;
     Case cuspidi;
     CastaTema(s.TemaTra, cuspidi, s.PosTra, s.LunaGeo, messaggi);
-    s.PosX = s.PosTra;
+    return s.PosTra;
 }
 
 std::optional<Quando> QuandoDelTema(const Tema& tema) {

@@ -32,8 +32,9 @@ int PassoConFrecce(const std::string& testo, int verso);
 std::optional<double> ChiediAngolo(Messaggi& messaggi, const std::string& titolo,
                                    const std::string& domanda, float attuale);
 
-// The transit moved: TemaTra becomes TemaX, cast again, and PosX takes its positions.
-void RifaiTransito(Sessione& s, Messaggi& messaggi);
+// The transit moved, in the positions window or in the double wheel: `spostato` becomes TemaTra,
+// cast again; its positions (PosTra) are returned for the window's own working pair.
+const Posizioni& RifaiTransito(Sessione& s, const Tema& spostato, Messaggi& messaggi);
 
 // The date and time of a chart for the box that shows it: civil date from Day, clock time from
 // OraL, whole seconds. Nothing when it is not a valid date and time (a year out of 100..9999, a

@@ -24,10 +24,9 @@
 
 namespace vesmo {
 
-frmSelAspetti::frmSelAspetti(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
-                             Messaggi& messaggi, QWidget* genitore)
-    : QWidget(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), propri_(messaggi, this),
-      messaggi_(propri_) {
+frmSelAspetti::frmSelAspetti(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
+    : QWidget(genitore), s_(sessione), aspetti_(sessione.Aspetti), stato_(sessione.Ruote),
+      propri_(messaggi, this), messaggi_(propri_) {
     setObjectName("frmSelAspetti");
     setWindowFlag(Qt::Window);
     setAttribute(Qt::WA_DeleteOnClose, false);

@@ -27,8 +27,7 @@ namespace vesmo {
 class frmSelAspetti : public QWidget {
     Q_OBJECT
 public:
-    frmSelAspetti(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
-                  Messaggi& messaggi, QWidget* genitore = nullptr);
+    frmSelAspetti(Sessione& sessione, Messaggi& messaggi, QWidget* genitore = nullptr);
 
     // Called on closing, when the selection was opened from that form and the single wheel
     // draws its aspects: the positions window's and the printing form's AggiornAspetti.

@@ -212,7 +212,9 @@ void ErroreDelMotore(int rc, const std::string& testo) {
     }
 }
 
-Connessione::Connessione(const std::filesystem::path& file, bool crea, bool solaLettura) {
+Connessione::Connessione(const std::filesystem::path& file, bool crea, bool solaLettura,
+                         int attesaBloccoMs)
+    : attesaBloccoMs_(attesaBloccoMs) {
     int flag = solaLettura ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
     if (crea) flag |= SQLITE_OPEN_CREATE;
     int rc = sqlite3_open_v2(file.c_str(), &db_, flag, nullptr);
@@ -223,7 +225,7 @@ Connessione::Connessione(const std::filesystem::path& file, bool crea, bool sola
         ErroreDelMotore(rc, "Impossibile aprire " + file.string() + ": " + testo);
     }
     sqlite3_extended_result_codes(db_, 1);
-    sqlite3_busy_timeout(db_, AttesaBloccoMs);
+    sqlite3_busy_timeout(db_, attesaBloccoMs_);
     // A place table with its indexes is a few tens of megabytes: keep it mapped and cached so
     // that a seek reads no file.
     sqlite3_exec(db_, "PRAGMA mmap_size = 268435456; PRAGMA cache_size = -16384", nullptr, nullptr,
@@ -243,6 +245,11 @@ Connessione::Connessione(const std::filesystem::path& file, bool crea, bool sola
         db_ = nullptr;
         throw;
     }
+}
+
+void Connessione::ImpostaAttesaBlocco(int ms) {
+    attesaBloccoMs_ = ms;
+    sqlite3_busy_timeout(db_, ms);
 }
 
 Connessione::~Connessione() {

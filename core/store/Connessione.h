@@ -25,23 +25,22 @@ inline constexpr const char* NomeFunzionePiega = "vesmo_piega";
 // A name as an SQL identifier in double quotes.
 std::string Q(std::string_view nome);
 
-// How long, in milliseconds, a statement waits for another program's lock on the file before
-// it reports the database locked.
-inline int AttesaBloccoMs = 5000;
-
 // The store's error for a failed call of the engine (its result code `rc`): the causes that the
 // user can act on (a locked, read-only, full, damaged or unreadable file) are named first.
 [[noreturn]] void ErroreDelMotore(int rc, const std::string& testo);
 
 class Connessione {
 public:
-    // Opens (crea: creates) the file; registers the ordering and the key function.
-    Connessione(const std::filesystem::path& file, bool crea, bool solaLettura = false);
+    // Opens (crea: creates) the file; registers the ordering and the key function. A statement
+    // waits `attesaBloccoMs` milliseconds for another program's lock on the file before it
+    // reports the database locked.
+    Connessione(const std::filesystem::path& file, bool crea, bool solaLettura, int attesaBloccoMs);
     ~Connessione();
     Connessione(const Connessione&) = delete;
     Connessione& operator=(const Connessione&) = delete;
 
     sqlite3* Db() const { return db_; }
+    void ImpostaAttesaBlocco(int ms);
     // Runs statements that return no rows.
     void Esegui(const std::string& sql);
     // Raises the error of a failed call, with the engine's text.
@@ -53,6 +52,7 @@ public:
 
 private:
     sqlite3* db_ = nullptr;
+    int attesaBloccoMs_;
 };
 
 // A prepared statement, reset after each use so that no read lock outlives a call.

@@ -149,7 +149,7 @@ void Database::Apri(const fs::path& file) {
     std::error_code ec;
     if (!fs::is_regular_file(file, ec))
         throw ErroreDB(ErroreDB::FileNonTrovato, "Impossibile trovare il file " + file.string());
-    conn_ = std::make_shared<Connessione>(file, false);
+    conn_ = std::make_shared<Connessione>(file, false, false, attesaBloccoMs_);
     percorso_ = file;
 }
 
@@ -158,9 +158,14 @@ void Database::Crea(const fs::path& file) {
     std::error_code ec;
     if (fs::exists(file, ec))
         throw ErroreDB(ErroreDB::DatabaseEsistente, "Il database esiste già: " + file.string());
-    conn_ = std::make_shared<Connessione>(file, true);
+    conn_ = std::make_shared<Connessione>(file, true, false, attesaBloccoMs_);
     conn_->Esegui("PRAGMA user_version = 1"); // writes the file's header now
     percorso_ = file;
+}
+
+void Database::ImpostaAttesaBlocco(int ms) {
+    attesaBloccoMs_ = ms;
+    if (conn_) conn_->ImpostaAttesaBlocco(ms);
 }
 
 void Database::Chiudi() {
@@ -434,7 +439,7 @@ void Database::Compatta(const fs::path& sorgente, const fs::path& destinazione) 
     std::error_code ec;
     ControllaCopia(sorgente, destinazione);
     try {
-        Connessione c(sorgente, false, true);
+        Connessione c(sorgente, false, true, AttesaBloccoPredefinitaMs);
         Istruzione st(c, "VACUUM INTO ?1");
         st.Lega(1, Valore(destinazione.string()));
         st.Completa();
@@ -448,8 +453,8 @@ void Database::CopiaDiSicurezza(const fs::path& sorgente, const fs::path& destin
     std::error_code ec;
     ControllaCopia(sorgente, destinazione);
     try {
-        Connessione da(sorgente, false, true);
-        Connessione a(destinazione, true);
+        Connessione da(sorgente, false, true, AttesaBloccoPredefinitaMs);
+        Connessione a(destinazione, true, false, AttesaBloccoPredefinitaMs);
         sqlite3_backup* b = sqlite3_backup_init(a.Db(), "main", da.Db(), "main");
         if (!b) a.Errore(sqlite3_errcode(a.Db()), "copia di sicurezza");
         // All pages in one step, under one read lock of the source: one state of the file. A
@@ -457,7 +462,7 @@ void Database::CopiaDiSicurezza(const fs::path& sorgente, const fs::path& destin
         int rc;
         int attese = 0;
         while ((rc = sqlite3_backup_step(b, -1)) == SQLITE_BUSY || rc == SQLITE_LOCKED) {
-            if (++attese * 20 > store_detail::AttesaBloccoMs) break;
+            if (++attese * 20 > AttesaBloccoPredefinitaMs) break;
             sqlite3_sleep(20);
         }
         const int fine = sqlite3_backup_finish(b);

@@ -29,6 +29,10 @@ namespace store_detail {
 class Connessione;
 }
 
+// How long, in milliseconds, a statement waits for another program's lock on the file before it
+// reports the database locked, unless the database is told otherwise.
+inline constexpr int AttesaBloccoPredefinitaMs = 5000;
+
 class Database {
 public:
     Database() = default; // closed
@@ -48,6 +52,11 @@ public:
     void Chiudi();
     bool Aperto() const { return conn_ != nullptr; }
     const std::filesystem::path& Percorso() const { return percorso_; }
+    // The wait for another program's lock on the file, in milliseconds, after which a statement
+    // reports the database locked (ErroreDB 3218); it holds for the file open now and for the
+    // ones opened later by this object.
+    void ImpostaAttesaBlocco(int ms);
+    int AttesaBlocco() const { return attesaBloccoMs_; }
 
     // Tables, in name order ignoring case.
     std::vector<std::string> Tabelle() const;
@@ -118,6 +127,7 @@ private:
     friend class LetturaUnica;
     std::shared_ptr<store_detail::Connessione> conn_;
     std::filesystem::path percorso_;
+    int attesaBloccoMs_ = AttesaBloccoPredefinitaMs;
     store_detail::Connessione& Conn() const; // ErroreDB 3000 when closed
 };
 

@@ -15,6 +15,7 @@ class frmInputIni;
 
 struct EsitoAvvio {
     bool continua = false; // false: the user left the first-time dialog, the program ends
+    // The settings read: the program keeps this one copy and hands it to the forms by reference.
     ConfigIni cfg;
     PercorsiVesmo percorsi;
 };

@@ -86,10 +86,11 @@ QString TestoQuando(const Quando& q) {
            it.toString(QTime(q.ore, q.minuti, q.secondi), QStringLiteral("HH:mm:ss"));
 }
 
-frmOutDati::frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
-                       const std::string& fileDB, Messaggi& messaggi, QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), fileDB_(fileDB),
-      propri_(messaggi, this), messaggi_(propri_), tema_(sessione.TemaX), pos_(sessione.PosX) {
+frmOutDati::frmOutDati(Sessione& sessione, const std::string& fileDB, Messaggi& messaggi,
+                       QWidget* genitore)
+    : QMainWindow(genitore), s_(sessione), aspetti_(sessione.Aspetti), stato_(sessione.Ruote),
+      fileDB_(fileDB), propri_(messaggi, this), messaggi_(propri_), tema_(sessione.TemaX),
+      pos_(sessione.PosX) {
     setObjectName("frmOutDati");
     setAttribute(Qt::WA_DeleteOnClose, false);
     setWindowTitle(QStringLiteral("Lyx - Posizioni, Domicili, Aspetti"));
@@ -429,7 +430,7 @@ void frmOutDati::Toolbar1_ButtonClick(UnitaTempo unita) {
     if (!quanti) return;
     s_.TemaX = tema_;
     PassoTempo(s_.TemaX, unita, *quanti);
-    RifaiTransito(s_, messaggi_);
+    s_.PosX = RifaiTransito(s_, s_.TemaX, messaggi_);
     tema_ = s_.TemaX;
     pos_ = s_.PosX;
     RiempiTabella();
@@ -535,7 +536,7 @@ void frmOutDati::mnuAspS_Click() {
         Selezione->deleteLater();
     }
     QWidget* genitore = parentWidget() ? parentWidget() : this;
-    Selezione = new frmSelAspetti(s_, aspetti_, stato_, messaggi_, genitore);
+    Selezione = new frmSelAspetti(s_, messaggi_, genitore);
     QPointer<frmOutDati> io(this);
     Selezione->AggiornaPosizioni = [io] {
         if (io) io->AggiornAspetti();

@@ -46,8 +46,8 @@ public:
     // another positions window opened later has no toolbar. Closing the transit's window clears
     // the flag. `fileDB` is the
     // database of the archives browsed.
-    frmOutDati(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
-               const std::string& fileDB, Messaggi& messaggi, QWidget* genitore = nullptr);
+    frmOutDati(Sessione& sessione, const std::string& fileDB, Messaggi& messaggi,
+               QWidget* genitore = nullptr);
 
     // Redraws the wheel when it draws aspect lines (the aspect selection calls it on closing).
     void AggiornAspetti();

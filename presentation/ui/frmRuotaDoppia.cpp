@@ -18,7 +18,6 @@
 #include <cmath>
 #include <optional>
 
-#include "chart/CalcolaTema.h"
 #include "chart/ui/frmSelAspetti.h"
 #include "core/NumeroDigitato.h"
 #include "presentation/ui/WidgetMappa.h"
@@ -73,9 +72,9 @@ QString DidascaliaDoppia(Esterno esterno) {
     return {};
 }
 
-frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
-                               Messaggi& messaggi, Esterno esterno, QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato),
+frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, Messaggi& messaggi, Esterno esterno,
+                               QWidget* genitore)
+    : QMainWindow(genitore), s_(sessione), aspetti_(sessione.Aspetti), stato_(sessione.Ruote),
       propri_(messaggi, this), messaggi_(propri_), esterno_(esterno) {
     setObjectName("frmRuotaDoppia");
     setWindowTitle(QStringLiteral("Lyx - Ruota Doppia") + DidascaliaDoppia(esterno));
@@ -623,7 +622,7 @@ void frmRuotaDoppia::mnuAspSelezione_Click() {
         Selezione->deleteLater();
     }
     QWidget* genitore = parentWidget() ? parentWidget() : this;
-    Selezione = new frmSelAspetti(s_, aspetti_, stato_, messaggi_, genitore);
+    Selezione = new frmSelAspetti(s_, messaggi_, genitore);
     if (RegistraSecondaria) RegistraSecondaria(Selezione);
     Selezione->show();
 }
@@ -672,11 +671,7 @@ void frmRuotaDoppia::Toolbar1_ButtonClick(UnitaTempo unita) {
     const std::optional<double> quanti = PassoDigitato(txtTempi->text().toStdString(), messaggi_);
     if (!quanti) return;
     PassoTempo(s_.TemaZ, unita, *quanti);
-    s_.TemaTra = s_.TemaZ;
-    s_.PosTra = s_.PosVuoto;
-    Case cuspidi;
-    CastaTema(s_.TemaTra, cuspidi, s_.PosTra, s_.LunaGeo, messaggi_);
-    s_.PosZ = s_.PosTra;
+    s_.PosZ = RifaiTransito(s_, s_.TemaZ, messaggi_);
     if (mnuRotAscSxEST->isChecked()) {
         AngoloRuota = static_cast<float>(360 - s_.PosZ.Asce.Lo);
         AngoloAscens = static_cast<float>(360 - 15 * s_.PosZ.Asce.AR.Numero());

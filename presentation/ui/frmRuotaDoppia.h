@@ -44,8 +44,8 @@ class frmRuotaDoppia : public QMainWindow {
 public:
     // The session's TemaX/PosX and TemaZ/PosZ must hold the two charts. A transit wheel starts
     // without the outer houses and with the time-stepping toolbar; the others with their houses.
-    frmRuotaDoppia(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
-                   Messaggi& messaggi, Esterno esterno, QWidget* genitore = nullptr);
+    frmRuotaDoppia(Sessione& sessione, Messaggi& messaggi, Esterno esterno,
+                   QWidget* genitore = nullptr);
 
     // Called after the toolbar moved the transit, once TemaTra/PosTra hold the new chart: the
     // menu refreshes its Transito frame.

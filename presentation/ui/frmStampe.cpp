@@ -76,9 +76,9 @@ void WidgetPagina::paintEvent(QPaintEvent*) {
     if (disegno_) DisegnaSuPittore(p, QRectF(rect()), area_, disegno_);
 }
 
-frmStampe::frmStampe(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato,
-                     Messaggi& messaggi, QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(aspetti), stato_(stato), messaggi_(messaggi) {
+frmStampe::frmStampe(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
+    : QMainWindow(genitore), s_(sessione), aspetti_(sessione.Aspetti), stato_(sessione.Ruote),
+      messaggi_(messaggi) {
     setObjectName("frmStampe");
     setWindowFlag(Qt::Window);
     setWindowTitle(QStringLiteral("Lyx - Stampe"));
@@ -164,32 +164,6 @@ frmStampe::frmStampe(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& st
 
 frmStampe::~frmStampe() = default;
 
-Tema& frmStampe::TemaDelSlot(int che) {
-    switch (che) {
-    case 2:
-        return s_.TemaTra;
-    case 3:
-        return s_.TemaRiv;
-    case 4:
-        return s_.TemaDir;
-    default:
-        return s_.TemaNat;
-    }
-}
-
-Posizioni& frmStampe::PosDelSlot(int che) {
-    switch (che) {
-    case 2:
-        return s_.PosTra;
-    case 3:
-        return s_.PosRiv;
-    case 4:
-        return s_.PosDir;
-    default:
-        return s_.PosNat;
-    }
-}
-
 OpzioniPagina frmStampe::Opzioni(bool sulModulo) const {
     OpzioniPagina o;
     o.CheStampa = CheStampa;
@@ -221,8 +195,8 @@ void frmStampe::Componi(int che) {
     CheStampa = che;
     for (int i = 0; i < 4; ++i)
         mnuFileStampeChe[static_cast<std::size_t>(i)]->setChecked(i + 1 == che);
-    s_.TemaX = TemaDelSlot(che);
-    s_.PosX = PosDelSlot(che);
+    s_.TemaX = s_.TemaDelSlot(SlotScelto());
+    s_.PosX = s_.PosDelSlot(SlotScelto());
 
     // The form is cleared and an earlier page that was not sent is dropped.
     pagina->Pulisci();
@@ -250,7 +224,7 @@ void frmStampe::mnuFileStampeSelAspetti_Click() {
     s_.TemaY = s_.TemaX;
     s_.PosY = s_.PosX;
     if (Selezione) Selezione->close();
-    Selezione = new frmSelAspetti(s_, aspetti_, stato_, messaggi_, this);
+    Selezione = new frmSelAspetti(s_, messaggi_, this);
     Selezione->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<frmStampe> io(this);
     Selezione->AggiornaStampe = [io] {
@@ -318,14 +292,14 @@ void frmStampe::mnuFileStampeBmp_Click() {
                               "Digitare un valido (InputUtente). Solo caratteri alfanumerici. \n"
                               "Correggere quelli errati di default. ";
     auto risposta = messaggi_.Chiedi("Lyx - Salva in 2 file per invio in Internet", testo,
-                                     SenzaSpaziDestra(TemaDelSlot(CheStampa).Nome.str()));
+                                     SenzaSpaziDestra(s_.TemaDelSlot(SlotScelto()).Nome.str()));
     if (!risposta) return;
     const std::string nome = SenzaSpazi(*risposta);
     const std::string primo = c + nome + "_1.bmp", secondo = c + nome + "_2.bmp";
 
     // The slot of the checked entry, under the name typed.
-    s_.TemaX = TemaDelSlot(CheStampa);
-    s_.PosX = PosDelSlot(CheStampa);
+    s_.TemaX = s_.TemaDelSlot(SlotScelto());
+    s_.PosX = s_.PosDelSlot(SlotScelto());
     s_.TemaX.Nome = nome;
     const Tema t = s_.TemaX;
     const Posizioni p = s_.PosX;

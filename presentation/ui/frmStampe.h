@@ -69,8 +69,7 @@ private:
 class frmStampe : public QMainWindow {
     Q_OBJECT
 public:
-    frmStampe(Sessione& sessione, TabellaAspetti& aspetti, StatoRuote& stato, Messaggi& messaggi,
-              QWidget* genitore = nullptr);
+    frmStampe(Sessione& sessione, Messaggi& messaggi, QWidget* genitore = nullptr);
     ~frmStampe() override;
 
     // The load: the form shows, "&Bianco e Nero" is checked, frmCheStampe asks for the slot and
@@ -122,9 +121,9 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
-    // The slot's chart and positions of an entry 1..4.
-    Tema& TemaDelSlot(int che);
-    Posizioni& PosDelSlot(int che);
+    // The session's slot of the entry checked: the form counts its entries from 1, the session
+    // its slots from 0.
+    int SlotScelto() const { return CheStampa - 1; }
     OpzioniPagina Opzioni(bool sulModulo) const;
     void ErroreDiEsecuzione(const std::string& routine, const std::string& testo);
 

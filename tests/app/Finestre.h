@@ -80,19 +80,19 @@ public:
         s.TemaCorrente = PadovaAlle("Mario Rossi", 1987, 4, 10, 19.5);
         s.TemaX = s.TemaCorrente;
         aspetti.EntraInLyx();
-        menu = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
+        menu = std::make_unique<frmMenu>(s, percorsi, m);
         menu->Form_Load();
         const char* nomi[] = {"", "Transito", "Rivoluzione", "Direzione"};
         for (int slot = 1; slot <= 3; ++slot) {
             s.TemaX = PadovaAlle(nomi[slot], 2024, 6, 1, 12);
             menu->InstallaTema(slot);
-            menu->FlagDelSlot(slot) = -1;
+            s.FlagDelSlot(slot) = -1;
         }
         menu->hide();
-        s.TemaX = menu->TemaDelSlot(0);
-        s.PosX = menu->PosDelSlot(0);
-        s.TemaZ = menu->TemaDelSlot(1);
-        s.PosZ = menu->PosDelSlot(1);
+        s.TemaX = s.TemaDelSlot(0);
+        s.PosX = s.PosDelSlot(0);
+        s.TemaZ = s.TemaDelSlot(1);
+        s.PosZ = s.PosDelSlot(1);
         s.PosDomi = s.PosX;
     }
     ~BancoFinestre() {
@@ -142,27 +142,20 @@ public:
              }},
             {"frmMenu", [] { return std::unique_ptr<QWidget>(); }},
             {"frmMemo", [this] { return std::make_unique<frmMemo>(s, *menu, m, 0); }},
-            {"frmOutDati",
-             [this, &ruote] { return std::make_unique<frmOutDati>(s, aspetti, ruote, fileDB, m); }},
+            {"frmOutDati", [this] { return std::make_unique<frmOutDati>(s, fileDB, m); }},
             {"frmRuotaDoppia transito",
-             [this, &ruote] {
-                 return std::make_unique<frmRuotaDoppia>(s, aspetti, ruote, m, Esterno::Transito);
-             }},
+             [this] { return std::make_unique<frmRuotaDoppia>(s, m, Esterno::Transito); }},
             {"frmRuotaDoppia rivoluzione",
-             [this, &ruote] {
-                 return std::make_unique<frmRuotaDoppia>(s, aspetti, ruote, m,
-                                                         Esterno::Rivoluzione);
-             }},
+             [this] { return std::make_unique<frmRuotaDoppia>(s, m, Esterno::Rivoluzione); }},
             {"frmCheStampe", [] { return std::make_unique<frmCheStampe>(); }},
             {"frmStampe",
-             [this, &ruote] {
-                 auto f = std::make_unique<frmStampe>(s, aspetti, ruote, m);
+             [this] {
+                 auto f = std::make_unique<frmStampe>(s, m);
                  f->ScegliSlot = [] { return 1; };
                  f->Form_Load();
                  return f;
              }},
-            {"frmSelAspetti",
-             [this, &ruote] { return std::make_unique<frmSelAspetti>(s, aspetti, ruote, m); }},
+            {"frmSelAspetti", [this] { return std::make_unique<frmSelAspetti>(s, m); }},
             {"frmDomicili", [this] { return std::make_unique<frmDomicili>(s, m); }},
             {"frmInSegni",
              [this] { return std::make_unique<frmInSegni>(s, m, *StatoTempo(*menu)); }},
@@ -173,8 +166,7 @@ public:
              }},
             {"frmDirezioni",
              [this, nessunInput] { return std::make_unique<frmDirezioni>(s, m, nessunInput); }},
-            {"frmCalTransiti",
-             [this] { return std::make_unique<frmCalTransiti>(s, aspetti, fileDB, m); }},
+            {"frmCalTransiti", [this] { return std::make_unique<frmCalTransiti>(s, fileDB, m); }},
             {"frmElaJD", [this] { return std::make_unique<frmElaJD>(s, m); }},
             {"frmTE_TU_Lyx", [] { return std::make_unique<frmTE_TU_Lyx>(); }},
             {"frmEqT_Lyx", [] { return std::make_unique<frmEqT_Lyx>(); }},
@@ -189,7 +181,7 @@ public:
     PercorsiVesmo percorsi;
     ConfigIni cfg;
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     MessaggiRegistrati m;
     std::unique_ptr<frmMenu> menu;
 };

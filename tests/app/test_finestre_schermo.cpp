@@ -89,8 +89,7 @@ TEST_F(FinestreSulloSchermo, OgniFinestraStaNelloSchermoEdECambiaMisura) {
 // The positions window on the laptop's screen: the table shows every column without a scroll
 // bar, the wheel stands beside it, and the wheel grows with the window.
 TEST_F(FinestreSulloSchermo, PosizioniTabellaInteraERuotaCheCresce) {
-    frmOutDati f(banco.s, banco.aspetti, StatoRuoteDelMenu(*banco.menu)->stato, banco.fileDB,
-                 banco.m);
+    frmOutDati f(banco.s, banco.fileDB, banco.m);
     f.show();
     QCoreApplication::processEvents();
     QCoreApplication::processEvents();

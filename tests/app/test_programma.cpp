@@ -127,7 +127,7 @@ TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
             pos->comboNodi_Click(5);
             // The colours form and the solar arc set theirs on the same session.
             p.sessione.Ruote.ColoriRidotti = -1;
-            p.aspetti.ArcoSolare = 12.5f;
+            p.sessione.Aspetti.ArcoSolare = 12.5f;
         },
         [&] { p.menu->Command1->click(); },
         tornato,
@@ -136,7 +136,7 @@ TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
             EXPECT_EQ(p.sessione.Ruote.DisegnaAspetti, -1);
             EXPECT_EQ(p.sessione.Ruote.NodiScelti, 5);
             EXPECT_EQ(p.sessione.Ruote.ColoriRidotti, -1);
-            EXPECT_EQ(p.aspetti.ArcoSolare, 12.5f);
+            EXPECT_EQ(p.sessione.Aspetti.ArcoSolare, 12.5f);
             // The menu and the double wheel work on the session's own switches.
             EXPECT_EQ(&p.menu->stato, &p.sessione.Ruote);
             p.menu->findChild<QAction*>("mnuFileEsci")->trigger();
@@ -184,18 +184,18 @@ TEST(Messaggi, IBoxStannoSopraLaFinestraCheLiSolleva) {
     menu.setObjectName("frmMenu");
     MessaggiQt messaggi(&menu);
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     aspetti.EntraInLyx();
-    StatoRuote stato;
+    StatoRuote& stato = s.Ruote;
 
-    frmOutDati pos(s, aspetti, stato, "", messaggi);
+    frmOutDati pos(s, "", messaggi);
     pos.show();
     // Pluto's nodes are not computed: the box stands over the positions window.
     EXPECT_EQ(PrimoBox([&] { pos.comboNodi_Click(26); }).genitore, &pos);
     // So does the input box of the rotation.
     EXPECT_EQ(PrimoBox([&] { pos.mnuRotQ_Click(); }).genitore, &pos);
 
-    frmRuotaDoppia doppia(s, aspetti, stato, messaggi, Esterno::Transito);
+    frmRuotaDoppia doppia(s, messaggi, Esterno::Transito);
     doppia.show();
     // The aspect selection with no kind of line switched on.
     stato.DisegnaAspetti = stato.DisegnaAspettiEst = stato.DisegnaAspettiCmp = 0;

@@ -9,7 +9,6 @@
 #include "archives/Gestione.h"
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
-#include "core/store/Connessione.h"
 #include "tests/archives/AiutoArchivi.h"
 
 using namespace vesmo;
@@ -314,8 +313,6 @@ TEST_F(ArchiviTest, FileDanneggiatoNonSiScrive) {
 // A database that cannot take the new table is told for what it is, not as a refused name.
 TEST_F(ArchiviTest, DatabaseBloccatoODiSolaLettura) {
     const std::string trattini(30, '-');
-    const int attesa = store_detail::AttesaBloccoMs;
-    store_detail::AttesaBloccoMs = 50;
     {
         Database altro(fileDB);
         altro.Esegui("BEGIN EXCLUSIVE");
@@ -323,7 +320,6 @@ TEST_F(ArchiviTest, DatabaseBloccatoODiSolaLettura) {
         EXPECT_EQ(CreaArchivioUtente(fileDB, "Famiglia", {}, messaggi), std::nullopt);
         altro.Esegui("ROLLBACK");
     }
-    store_detail::AttesaBloccoMs = attesa;
     ASSERT_EQ(messaggi.registro.size(), 1u);
     EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: DataBase");
     EXPECT_EQ(messaggi.registro[0].testo, "Il DataBase è bloccato da un altro programma:\n" +

@@ -90,6 +90,32 @@ TEST(Sessione, ValoriIniziali) {
     EXPECT_EQ(s.JDPrimoRitorno, -1.0);
 }
 
+// The four slots as the chart menu's frames number them (Natale, Transito, Rivoluzione,
+// Direzione): each number reaches its own chart, positions and "calculated" flag, and a number
+// outside 0..3 falls back to the natal chart.
+TEST(Sessione, SlotPerNumero) {
+    Sessione s;
+    struct Caso {
+        int slot;
+        Tema Sessione::*tema;
+        Posizioni Sessione::*pos;
+        std::int16_t Sessione::*flag;
+    };
+    const Caso casi[] = {
+        {0, &Sessione::TemaNat, &Sessione::PosNat, &Sessione::TransitoCalcolato},
+        {1, &Sessione::TemaTra, &Sessione::PosTra, &Sessione::TransitoCalcolato},
+        {2, &Sessione::TemaRiv, &Sessione::PosRiv, &Sessione::RivoluzioneCalcolata},
+        {3, &Sessione::TemaDir, &Sessione::PosDir, &Sessione::DirezioneCalcolata},
+        {-1, &Sessione::TemaNat, &Sessione::PosNat, &Sessione::TransitoCalcolato},
+        {4, &Sessione::TemaNat, &Sessione::PosNat, &Sessione::TransitoCalcolato},
+    };
+    for (const Caso& c : casi) {
+        EXPECT_EQ(&s.TemaDelSlot(c.slot), &(s.*c.tema)) << c.slot;
+        EXPECT_EQ(&s.PosDelSlot(c.slot), &(s.*c.pos)) << c.slot;
+        EXPECT_EQ(&s.FlagDelSlot(c.slot), &(s.*c.flag)) << c.slot;
+    }
+}
+
 TEST(Tema, OrdineDeiCorpi) {
     ASSERT_EQ(CorpiInOrdine.size(), 11u);
     EXPECT_STREQ(CorpiInOrdine[0].nome, "Sole");

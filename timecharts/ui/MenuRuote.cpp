@@ -23,16 +23,15 @@ StatoMenuRuote* StatoRuoteDelMenu(frmMenu& menu) {
     return menu.findChild<StatoMenuRuote*>("StatoMenuRuote", Qt::FindDirectChildrenOnly);
 }
 
-frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messaggi& m,
-                                Esterno esterno) {
+frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& s, Messaggi& m, Esterno esterno) {
     StatoMenuRuote* stato = StatoRuoteDelMenu(menu);
     if (stato->doppia) stato->doppia->close();
     const int slot = static_cast<int>(esterno);
-    s.TemaX = menu.TemaDelSlot(0);
-    s.PosX = menu.PosDelSlot(0);
-    s.TemaZ = menu.TemaDelSlot(slot);
-    s.PosZ = menu.PosDelSlot(slot);
-    auto* f = new frmRuotaDoppia(s, aspetti, stato->stato, m, esterno, &menu);
+    s.TemaX = s.TemaDelSlot(0);
+    s.PosX = s.PosDelSlot(0);
+    s.TemaZ = s.TemaDelSlot(slot);
+    s.PosZ = s.PosDelSlot(slot);
+    auto* f = new frmRuotaDoppia(s, m, esterno, &menu);
     f->setWindowFlag(Qt::Window);
     f->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<frmMenu> io(&menu);
@@ -65,13 +64,11 @@ frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& s, TabellaAspetti& aspe
     return f;
 }
 
-void CollegaMenuRuote(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messaggi& m) {
+void CollegaMenuRuote(frmMenu& menu, Sessione& s, Messaggi& m) {
     auto* stato = new StatoMenuRuote(s.Ruote, &menu);
     stato->setObjectName("StatoMenuRuote");
     frmMenu* f = &menu;
-    auto apri = [f, &s, &aspetti, &m](Esterno e) {
-        return [f, &s, &aspetti, &m, e] { ApriRuotaDoppia(*f, s, aspetti, m, e); };
-    };
+    auto apri = [f, &s, &m](Esterno e) { return [f, &s, &m, e] { ApriRuotaDoppia(*f, s, m, e); }; };
     Voce(menu, menu.mnuTransiti, "mnuTransitiR", "&Ruota doppia", apri(Esterno::Transito));
     Voce(menu, menu.mnuRiv, "mnuRivR", "&Ruota Doppia", apri(Esterno::Rivoluzione));
     Voce(menu, menu.mnuDir, "mnuDirRuotaDoppia", "&Ruota Doppia", apri(Esterno::Direzione));

@@ -5,7 +5,6 @@
 #include <QObject>
 #include <QPointer>
 
-#include "chart/Aspetti.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
 #include "core/StatoRuote.h"
@@ -15,8 +14,7 @@
 namespace vesmo {
 
 // Adds the three entries to the menu's Transiti, Rivoluzioni and Direzioni menus.
-void CollegaMenuRuote(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
-                      Messaggi& messaggi);
+void CollegaMenuRuote(frmMenu& menu, Sessione& sessione, Messaggi& messaggi);
 
 // What the entries keep while the menu lives: the session's wheel switches (the session's own
 // copy) and the double wheel open (a new opening closes it and loads a new one).
@@ -31,7 +29,7 @@ public:
 StatoMenuRuote* StatoRuoteDelMenu(frmMenu& menu);
 
 // Opens the double wheel of the natal chart and the chart of `esterno`'s slot.
-frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
-                                Messaggi& messaggi, Esterno esterno);
+frmRuotaDoppia* ApriRuotaDoppia(frmMenu& menu, Sessione& sessione, Messaggi& messaggi,
+                                Esterno esterno);
 
 } // namespace vesmo

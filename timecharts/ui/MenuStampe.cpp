@@ -6,7 +6,7 @@
 
 namespace vesmo {
 
-frmStampe* ApriStampe(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messaggi& m) {
+frmStampe* ApriStampe(frmMenu& menu, Sessione& s, Messaggi& m) {
     // The form is loaded once: while it stands open the entry only brings it forward.
     for (frmStampe* aperto : menu.findChildren<frmStampe*>(Qt::FindDirectChildrenOnly)) {
         if (!aperto->isVisible()) continue;
@@ -14,7 +14,7 @@ frmStampe* ApriStampe(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messa
         aperto->activateWindow();
         return aperto;
     }
-    auto* f = new frmStampe(s, aspetti, menu.stato, m, &menu);
+    auto* f = new frmStampe(s, m, &menu);
     f->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<frmMenu> io(&menu);
     f->RegistraSecondaria = [io](QWidget* w) {
@@ -36,7 +36,7 @@ frmStampe* ApriStampe(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messa
     return aperto.data();
 }
 
-void CollegaMenuStampe(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messaggi& m) {
+void CollegaMenuStampe(frmMenu& menu, Sessione& s, Messaggi& m) {
     auto* a = new QAction(QStringLiteral("&Stampe"), &menu);
     a->setObjectName("mnuFileStampe");
     // In the File menu after the save entries: before the line above the way out.
@@ -46,8 +46,7 @@ void CollegaMenuStampe(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Mess
     if (i > 0 && voci[i - 1]->isSeparator()) prima = voci[i - 1];
     menu.mnuFile->insertAction(prima, a);
     frmMenu* f = &menu;
-    QObject::connect(a, &QAction::triggered, &menu,
-                     [f, &s, &aspetti, &m] { ApriStampe(*f, s, aspetti, m); });
+    QObject::connect(a, &QAction::triggered, &menu, [f, &s, &m] { ApriStampe(*f, s, m); });
 }
 
 } // namespace vesmo

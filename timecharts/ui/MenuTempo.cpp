@@ -139,7 +139,7 @@ void InstallaDopoForm(frmMenu& menu, Sessione& s, int slot, bool tieniSalvo) {
     if (!s.DatiOk || slot < 0 || slot > 3) return;
     menu.ChiudiSecondarie();
     if (slot > 0) {
-        menu.FlagDelSlot(slot) = -1;
+        s.FlagDelSlot(slot) = -1;
         menu.riquadri[static_cast<std::size_t>(slot)].astrolog->show();
     }
     if (!tieniSalvo) menu.mnuFileSalvo[static_cast<std::size_t>(slot)]->setChecked(false);

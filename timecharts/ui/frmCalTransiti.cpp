@@ -89,9 +89,9 @@ std::string Orbita(double o) {
 
 } // namespace
 
-frmCalTransiti::frmCalTransiti(Sessione& sessione, const TabellaAspetti& aspetti,
-                               const std::string& fileDB, Messaggi& messaggi, QWidget* genitore)
-    : QWidget(genitore), s_(sessione), aspetti_(aspetti), fileDB_(fileDB), messaggi_(messaggi) {
+frmCalTransiti::frmCalTransiti(Sessione& sessione, const std::string& fileDB, Messaggi& messaggi,
+                               QWidget* genitore)
+    : QWidget(genitore), s_(sessione), fileDB_(fileDB), messaggi_(messaggi) {
     setObjectName("frmCalTransiti");
     setWindowFlag(Qt::Window);
     setWindowTitle(QString::fromUtf8(DidascaliaCalTransiti));
@@ -135,7 +135,7 @@ frmCalTransiti::frmCalTransiti(Sessione& sessione, const TabellaAspetti& aspetti
     const int anno = QDate::currentDate().year();
     txtDa = casella("txtDa", QStringLiteral("01/01/%1").arg(anno), 110);
     txtA = casella("txtA", QStringLiteral("31/12/%1").arg(anno), 110);
-    txtOrbita = casella("txtOrbita", QS(Orbita(aspetti.Orbita)), 60);
+    txtOrbita = casella("txtOrbita", QS(Orbita(sessione.Aspetti.Orbita)), 60);
     txtOrbita->setToolTip(QStringLiteral("Separatore decimale:  virgola"));
     riga->addWidget(new QLabel(QStringLiteral("Dal"), this));
     riga->addWidget(txtDa);
@@ -250,7 +250,7 @@ void frmCalTransiti::Mostra() {
                       QS(SenzaSpaziDestra(TemaDelLuogo().City.str())));
     std::string nomi;
     for (int k = 0; k < NumeroAspetti; ++k)
-        if (aspetti_.AspettoAttivo[static_cast<std::size_t>(k)])
+        if (s_.Aspetti.AspettoAttivo[static_cast<std::size_t>(k)])
             nomi += (nomi.empty() ? "" : ", ") + Taglia(NomiAspetti[static_cast<std::size_t>(k)]);
     lblAspetti->setText(QStringLiteral("Aspetti attivi:  ") +
                         (nomi.empty() ? QStringLiteral("nessuno") : QS(nomi)));
@@ -291,7 +291,7 @@ void frmCalTransiti::cmdCerca_Click() {
             r.punti.push_back(punto);
     }
     for (int k = 0; k < NumeroAspetti; ++k)
-        if (aspetti_.AspettoAttivo[static_cast<std::size_t>(k)]) r.aspetti.push_back(k);
+        if (s_.Aspetti.AspettoAttivo[static_cast<std::size_t>(k)]) r.aspetti.push_back(k);
     if (r.corpi.empty()) return void(Errore("Scegliere almeno un pianeta in transito."));
     if (r.punti.empty()) return void(Errore("Scegliere almeno un punto natale."));
     if (r.aspetti.empty())
@@ -483,34 +483,33 @@ void frmCalTransiti::closeEvent(QCloseEvent* e) {
     QWidget::closeEvent(e);
 }
 
-frmCalTransiti* ApriCalTransiti(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messaggi& m) {
+frmCalTransiti* ApriCalTransiti(frmMenu& menu, Sessione& s, Messaggi& m) {
     for (frmCalTransiti* aperto : menu.findChildren<frmCalTransiti*>(Qt::FindDirectChildrenOnly)) {
         if (!aperto->isVisible()) continue;
         aperto->raise();
         aperto->activateWindow();
         return aperto;
     }
-    auto* f = new frmCalTransiti(s, aspetti, menu.Percorsi().FileDB, m, &menu);
+    auto* f = new frmCalTransiti(s, menu.Percorsi().FileDB, m, &menu);
     f->setAttribute(Qt::WA_DeleteOnClose);
     QPointer<frmMenu> io(&menu);
     Sessione* ps = &s;
-    TabellaAspetti* pa = &aspetti;
     Messaggi* pm = &m;
-    f->InstallaTransito = [io, ps, pa, pm] {
+    f->InstallaTransito = [io, ps, pm] {
         if (!io || !ps->DatiOk) return;
-        io->FlagDelSlot(1) = -1;
+        ps->FlagDelSlot(1) = -1;
         io->riquadri[1].astrolog->show();
         io->mnuFileSalvo[1]->setChecked(false);
         io->InstallaTema(1);
         // An open double wheel shows the new transit outside.
         StatoMenuRuote* stato = StatoRuoteDelMenu(*io);
-        if (stato && stato->doppia) ApriRuotaDoppia(*io, *ps, *pa, *pm, Esterno::Transito);
+        if (stato && stato->doppia) ApriRuotaDoppia(*io, *ps, *pm, Esterno::Transito);
     };
     f->show();
     return f;
 }
 
-void CollegaMenuCalTransiti(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti, Messaggi& m) {
+void CollegaMenuCalTransiti(frmMenu& menu, Sessione& s, Messaggi& m) {
     // After the ingress search, before the transit's comment.
     QAction* prima = nullptr;
     for (QAction* a : menu.mnuTransiti->actions())
@@ -519,8 +518,7 @@ void CollegaMenuCalTransiti(frmMenu& menu, Sessione& s, TabellaAspetti& aspetti,
     a->setObjectName("mnuTransitiC");
     menu.mnuTransiti->insertAction(prima, a);
     frmMenu* f = &menu;
-    QObject::connect(a, &QAction::triggered, &menu,
-                     [f, &s, &aspetti, &m] { ApriCalTransiti(*f, s, aspetti, m); });
+    QObject::connect(a, &QAction::triggered, &menu, [f, &s, &m] { ApriCalTransiti(*f, s, m); });
 }
 
 } // namespace vesmo

@@ -38,8 +38,8 @@ class frmCalTransiti : public QWidget {
     Q_OBJECT
 public:
     // `fileDB`: the places database that gives the zone and summer time of each date.
-    frmCalTransiti(Sessione& sessione, const TabellaAspetti& aspetti, const std::string& fileDB,
-                   Messaggi& messaggi, QWidget* genitore = nullptr);
+    frmCalTransiti(Sessione& sessione, const std::string& fileDB, Messaggi& messaggi,
+                   QWidget* genitore = nullptr);
 
     // The platform's choices, replaced in tests: the print dialog on a printer, the save dialogs
     // of the PDF and of the text (an empty name: cancelled), today's date.
@@ -84,7 +84,6 @@ private:
     const Tema& TemaDelLuogo() const;
 
     Sessione& s_;
-    const TabellaAspetti& aspetti_;
     std::string fileDB_;
     Messaggi& messaggi_;
     RichiestaTransiti richiesta_;
@@ -95,9 +94,7 @@ private:
 
 // Adds "Calendario &Transiti..." (mnuTransitiC) to the menu's Transiti menu, after the ingress
 // search; it opens the form, or brings forward the one open.
-void CollegaMenuCalTransiti(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
-                            Messaggi& messaggi);
-frmCalTransiti* ApriCalTransiti(frmMenu& menu, Sessione& sessione, TabellaAspetti& aspetti,
-                                Messaggi& messaggi);
+void CollegaMenuCalTransiti(frmMenu& menu, Sessione& sessione, Messaggi& messaggi);
+frmCalTransiti* ApriCalTransiti(frmMenu& menu, Sessione& sessione, Messaggi& messaggi);
 
 } // namespace vesmo

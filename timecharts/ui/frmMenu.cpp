@@ -80,10 +80,10 @@ QLabel* Etichetta(QWidget* g, const QString& nome, const QFont& f) {
 
 } // namespace
 
-frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& cfgLyx,
-                 const PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* genitore)
-    : QMainWindow(genitore), stato(sessione.Ruote), s_(sessione), aspetti_(aspetti), cfg_(cfgLyx),
-      percorsi_(percorsi), messaggi_(messaggi) {
+frmMenu::frmMenu(Sessione& sessione, const PercorsiVesmo& percorsi, Messaggi& messaggi,
+                 QWidget* genitore)
+    : QMainWindow(genitore), stato(sessione.Ruote), s_(sessione), percorsi_(percorsi),
+      messaggi_(messaggi) {
     setObjectName("frmMenu");
     setWindowTitle(
         QStringLiteral("Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria."));
@@ -136,7 +136,7 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
             r.astrolog->hide();
             v->addWidget(r.astrolog, 0, Qt::AlignRight);
             connect(r.astrolog, &QPushButton::clicked, this, [this, i] {
-                s_.TemaSalva = TemaDelSlot(i);
+                s_.TemaSalva = s_.TemaDelSlot(i);
                 AvviaAstrolog(s_.TemaSalva, percorsi_, messaggi_, AvviaDistaccato);
             });
         }
@@ -267,52 +267,15 @@ frmMenu::frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& c
     connect(munVarSca, &QAction::triggered, this, &frmMenu::PulisciSlot);
     resize(1000, 560);
     CollegaMenuTempo(*this, s_, messaggi_);
-    CollegaMenuRuote(*this, s_, aspetti_, messaggi_);
+    CollegaMenuRuote(*this, s_, messaggi_);
     CollegaMenuImporta(*this, s_, percorsi_.FileDB, messaggi_);
-    CollegaMenuStampe(*this, s_, aspetti_, messaggi_);
-    CollegaMenuCalTransiti(*this, s_, aspetti_, messaggi_);
+    CollegaMenuStampe(*this, s_, messaggi_);
+    CollegaMenuCalTransiti(*this, s_, messaggi_);
 }
 
 frmMenu::~frmMenu() {
     uscendo_ = true;
     ChiudiSecondarie();
-}
-
-Tema& frmMenu::TemaDelSlot(int slot) {
-    switch (slot) {
-    case 1:
-        return s_.TemaTra;
-    case 2:
-        return s_.TemaRiv;
-    case 3:
-        return s_.TemaDir;
-    default:
-        return s_.TemaNat;
-    }
-}
-
-Posizioni& frmMenu::PosDelSlot(int slot) {
-    switch (slot) {
-    case 1:
-        return s_.PosTra;
-    case 2:
-        return s_.PosRiv;
-    case 3:
-        return s_.PosDir;
-    default:
-        return s_.PosNat;
-    }
-}
-
-std::int16_t& frmMenu::FlagDelSlot(int slot) {
-    switch (slot) {
-    case 2:
-        return s_.RivoluzioneCalcolata;
-    case 3:
-        return s_.DirezioneCalcolata;
-    default:
-        return s_.TransitoCalcolato;
-    }
 }
 
 void frmMenu::MostraEtichette(int slot, bool visibili) {
@@ -344,13 +307,14 @@ void frmMenu::Form_Load() {
 void frmMenu::InstallaTema(int cheFrame) {
     s_.DatiOk = 0;
     if (cheFrame < 0 || cheFrame > 3) return;
-    TemaDelSlot(cheFrame) = s_.TemaX;
-    if (cheFrame >= 2) PosDelSlot(cheFrame) = s_.PosVuoto;
+    s_.TemaDelSlot(cheFrame) = s_.TemaX;
+    if (cheFrame >= 2) s_.PosDelSlot(cheFrame) = s_.PosVuoto;
     riquadri[static_cast<std::size_t>(cheFrame)].tag = QStringLiteral("oK");
     Command2_Click();
     Case cuspidi;
     try {
-        CastaTema(TemaDelSlot(cheFrame), cuspidi, PosDelSlot(cheFrame), s_.LunaGeo, messaggi_);
+        CastaTema(s_.TemaDelSlot(cheFrame), cuspidi, s_.PosDelSlot(cheFrame), s_.LunaGeo,
+                  messaggi_);
     } catch (const ErroreLoopCase&) {
         // The houses never converged: the message has been shown; the slot keeps its record.
     } catch (const std::exception& e) {
@@ -361,7 +325,7 @@ void frmMenu::InstallaTema(int cheFrame) {
 
 void frmMenu::Didascalia(int slot, bool dopoSalvo) {
     Riquadro& r = riquadri[static_cast<std::size_t>(slot)];
-    const Tema& t = TemaDelSlot(slot);
+    const Tema& t = s_.TemaDelSlot(slot);
     if (t.Cmto.empty())
         r.frame->setTitle(r.titolo);
     else if (slot == 0 && !dopoSalvo)
@@ -372,7 +336,7 @@ void frmMenu::Didascalia(int slot, bool dopoSalvo) {
 
 void frmMenu::Rinfresca(int slot) {
     Riquadro& r = riquadri[static_cast<std::size_t>(slot)];
-    const Tema& t = TemaDelSlot(slot);
+    const Tema& t = s_.TemaDelSlot(slot);
     std::string t1, t2, t3, t4;
     TestoDatiTema(t, t1, t2, t3, t4);
     if (slot > 0) {
@@ -419,9 +383,9 @@ void frmMenu::AggiornaFrames(int cheFrame) {
 
 void frmMenu::PulisciSlot() {
     for (int i = 1; i <= 3; ++i) {
-        TemaDelSlot(i) = s_.TemaVuoto;
-        PosDelSlot(i) = s_.PosVuoto;
-        FlagDelSlot(i) = 0;
+        s_.TemaDelSlot(i) = s_.TemaVuoto;
+        s_.PosDelSlot(i) = s_.PosVuoto;
+        s_.FlagDelSlot(i) = 0;
         Riquadro& r = riquadri[static_cast<std::size_t>(i)];
         r.astrolog->hide();
         MostraEtichette(i, false);
@@ -452,7 +416,7 @@ void frmMenu::DopoInput(int slot) {
     if (!s_.DatiOk) return;
     ChiudiSecondarie();
     if (slot > 0) {
-        FlagDelSlot(slot) = -1;
+        s_.FlagDelSlot(slot) = -1;
         riquadri[static_cast<std::size_t>(slot)].astrolog->show();
     }
     mnuFileSalvo[static_cast<std::size_t>(slot)]->setChecked(false);
@@ -496,11 +460,11 @@ void frmMenu::ApriMemo(int slot) {
 
 void frmMenu::ApriPosizioni(int slot) {
     if (PortaDavanti(posizioni_[static_cast<std::size_t>(slot)])) return;
-    s_.TemaX = TemaDelSlot(slot);
-    s_.PosX = PosDelSlot(slot);
+    s_.TemaX = s_.TemaDelSlot(slot);
+    s_.PosX = s_.PosDelSlot(slot);
     // Only the transit's window takes the time-stepping toolbar.
     stato.TransitoPosizioni = slot == 1 ? -1 : 0;
-    auto* f = new frmOutDati(s_, aspetti_, stato, percorsi_.FileDB, messaggi_);
+    auto* f = new frmOutDati(s_, percorsi_.FileDB, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     f->RegistraSecondaria = [this](QWidget* w) { RegistraSecondaria(w); };
     f->ScorriArchivioCorrente = ScorriArchivio;
@@ -521,11 +485,11 @@ void frmMenu::ApriDomicili(int slot) {
     static const char* const etichette[4] = {"[tema natale] ", "[transito] ", "[Rivoluzione] ",
                                              "[Direzione] "};
     if (PortaDavanti(domicili_[static_cast<std::size_t>(slot)])) return;
-    s_.PosDomi = PosDelSlot(slot);
+    s_.PosDomi = s_.PosDelSlot(slot);
     auto* f = new frmDomicili(s_, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     f->setWindowTitle(f->windowTitle() + QString::fromUtf8(etichette[slot]) +
-                      QS(TemaDelSlot(slot).Nome.str()));
+                      QS(s_.TemaDelSlot(slot).Nome.str()));
     RegistraSecondaria(f);
     domicili_[static_cast<std::size_t>(slot)] = f;
     f->show();
@@ -537,7 +501,7 @@ void frmMenu::ApriSelezioneAspetti() {
     s_.PosX = s_.PosNat;
     s_.TemaY = s_.TemaNat;
     s_.PosY = s_.PosNat;
-    auto* f = new frmSelAspetti(s_, aspetti_, stato, messaggi_);
+    auto* f = new frmSelAspetti(s_, messaggi_);
     f->setAttribute(Qt::WA_DeleteOnClose);
     RegistraSecondaria(f);
     selezione_ = f;
@@ -546,12 +510,12 @@ void frmMenu::ApriSelezioneAspetti() {
 
 void frmMenu::Salvo(int slot) {
     QAction* voce = mnuFileSalvo[static_cast<std::size_t>(slot)];
-    s_.TemaSalva = TemaDelSlot(slot);
+    s_.TemaSalva = s_.TemaDelSlot(slot);
     frmSalvoLyx f(s_, percorsi_.FileDB, messaggi_, this);
     f.exec();
     if (s_.SalvatoOk) {
         voce->setChecked(true);
-        if (!TemaDelSlot(slot).Cmto.empty()) Didascalia(slot, true);
+        if (!s_.TemaDelSlot(slot).Cmto.empty()) Didascalia(slot, true);
     }
     s_.SalvatoOk = 0;
 }
@@ -585,9 +549,9 @@ void frmMenu::Aiuto(const QString& titolo, const QString& testo) {
 
 void frmMenu::Command1_Click() {
     for (int i = 1; i <= 3; ++i) {
-        TemaDelSlot(i) = s_.TemaVuoto;
-        PosDelSlot(i) = s_.PosVuoto;
-        FlagDelSlot(i) = 0;
+        s_.TemaDelSlot(i) = s_.TemaVuoto;
+        s_.PosDelSlot(i) = s_.PosVuoto;
+        s_.FlagDelSlot(i) = 0;
         riquadri[static_cast<std::size_t>(i)].astrolog->hide();
     }
     s_.JDRivoluzione = -1.0;
@@ -613,11 +577,11 @@ frmMemo::frmMemo(Sessione& sessione, frmMenu& menu, Messaggi& messaggi, int slot
     : QWidget(genitore, Qt::Window), s_(sessione), menu_(menu), messaggi_(messaggi) {
     setObjectName("frmMemo");
     setWindowTitle(QStringLiteral("Lyx - Commenti  su   ") +
-                   QString::fromUtf8(DidascalieMemo[slot]) + QS(menu.TemaDelSlot(slot).Nome.str()));
+                   QString::fromUtf8(DidascalieMemo[slot]) + QS(s_.TemaDelSlot(slot).Nome.str()));
     ChiudiConEsc(this);
     Text1 = new QPlainTextEdit(this);
     Text1->setObjectName("Text1");
-    Text1->setPlainText(QS(menu.TemaDelSlot(slot).Cmto));
+    Text1->setPlainText(QS(s_.TemaDelSlot(slot).Cmto));
     Label1 = new QLabel(QString::fromUtf8(ParoleMemo[slot]), this);
     Label1->setObjectName("Label1");
     Command1 = new QPushButton(QStringLiteral("&Salva"), this);
@@ -641,7 +605,7 @@ void frmMemo::Command1_Click() {
     const QString parola = Label1->text();
     for (int i = 0; i < 4; ++i) {
         if (!parola.contains(QString::fromUtf8(ParoleMemo[i]))) continue;
-        menu_.TemaDelSlot(i).Cmto = SS(Text1->toPlainText());
+        s_.TemaDelSlot(i).Cmto = SS(Text1->toPlainText());
         auto& r = menu_.riquadri[static_cast<std::size_t>(i)];
         r.frame->setTitle(r.titolo + QStringLiteral(" (salva Cmto)"));
     }

@@ -8,7 +8,6 @@
 #include <array>
 #include <functional>
 
-#include "chart/Aspetti.h"
 #include "core/Config.h"
 #include "core/Messaggi.h"
 #include "core/Sessione.h"
@@ -44,8 +43,8 @@ struct EsitoInputDati {
 class frmMenu : public QMainWindow {
     Q_OBJECT
 public:
-    frmMenu(Sessione& sessione, TabellaAspetti& aspetti, const ConfigIni& cfgLyx,
-            const PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* genitore = nullptr);
+    frmMenu(Sessione& sessione, const PercorsiVesmo& percorsi, Messaggi& messaggi,
+            QWidget* genitore = nullptr);
     ~frmMenu() override;
 
     // The load: labels, Moon modes, and the chart of TemaX installed as the natal slot.
@@ -87,9 +86,6 @@ public:
     QMenu *mnuFile, *mnUnCielo, *mnuTransiti, *mnuRiv, *mnuDir, *mnuVar, *mnuHefrMenu;
 
     const PercorsiVesmo& Percorsi() const { return percorsi_; }
-    Tema& TemaDelSlot(int slot);
-    Posizioni& PosDelSlot(int slot);
-    std::int16_t& FlagDelSlot(int slot); // slots 1..3
 
 public slots:
     void Command1_Click();
@@ -115,8 +111,6 @@ private:
     void Aiuto(const QString& titolo, const QString& testo);
 
     Sessione& s_;
-    TabellaAspetti& aspetti_;
-    ConfigIni cfg_;
     PercorsiVesmo percorsi_;
     Messaggi& messaggi_;
     QList<QPointer<QWidget>> secondarie_;

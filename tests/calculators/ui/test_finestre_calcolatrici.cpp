@@ -27,7 +27,7 @@ protected:
         s.TemaX = vesmo::test::NataleDiProva();
         aspetti.EntraInLyx();
         percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        menu = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
+        menu = std::make_unique<frmMenu>(s, percorsi, m);
         menu->Form_Load();
     }
     QDialog* Apri(const char* voce, const char* finestra) {
@@ -43,7 +43,7 @@ protected:
         return f;
     }
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
     MessaggiRegistrati m;

@@ -76,15 +76,15 @@ protected:
     static int RigaNumeri(int i) { return 2 * i - 1; }
 
     Sessione sessione;
-    TabellaAspetti aspetti;
-    StatoRuote stato;
+    TabellaAspetti& aspetti = sessione.Aspetti;
+    StatoRuote& stato = sessione.Ruote;
     MessaggiRegistrati messaggi;
 };
 
 } // namespace
 
 TEST_F(Selezione, GrigliaDiUnTemaConSeStesso) {
-    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    frmSelAspetti f(sessione, messaggi);
     f.show();
     EXPECT_EQ(f.windowTitle(), "Lyx - Selezione  Aspetti");
     EXPECT_EQ(f.Text1->text(), "2,5");
@@ -112,7 +112,7 @@ TEST_F(Selezione, GrigliaDiUnTemaConSeStesso) {
 }
 
 TEST_F(Selezione, OrbitaDigitataRicostruisceLaGriglia) {
-    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    frmSelAspetti f(sessione, messaggi);
     f.show();
     const QTableWidget* g = f.MSFlexGrid1;
     const int conOrbita25 = CelleScritte(g);
@@ -161,7 +161,7 @@ TEST_F(Selezione, OrbitaDigitataRicostruisceLaGriglia) {
 
 TEST_F(Selezione, InterruttoriDegliAspettiSullaRuota) {
     aspetti.AspettoAttivo[9] = -1; // Quintile on from an earlier visit
-    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    frmSelAspetti f(sessione, messaggi);
     f.show();
     ASSERT_EQ(f.List1->count(), 17);
     EXPECT_EQ(f.List1->item(0)->text(), "  CONGIUNZIONE      0°");
@@ -211,7 +211,7 @@ TEST_F(Selezione, ConfrontoDiDueTemiEChiusura) {
     stato.DisegnaAspetti = -1;
     int ridisegni = 0;
     {
-        frmSelAspetti f(sessione, aspetti, stato, messaggi);
+        frmSelAspetti f(sessione, messaggi);
         f.AggiornaPosizioni = [&] { ++ridisegni; };
         f.show();
         EXPECT_TRUE(f.Label2->isVisible());
@@ -228,7 +228,7 @@ TEST_F(Selezione, ConfrontoDiDueTemiEChiusura) {
     // Without the wheel's aspect lines the opener is not redrawn and keeps its mark.
     stato.SelezioneDaPosizioni = -1;
     stato.DisegnaAspetti = 0;
-    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    frmSelAspetti f(sessione, messaggi);
     f.AggiornaPosizioni = [&] { ++ridisegni; };
     f.show();
     f.close();
@@ -237,7 +237,7 @@ TEST_F(Selezione, ConfrontoDiDueTemiEChiusura) {
 }
 
 TEST_F(Selezione, Aiuto) {
-    frmSelAspetti f(sessione, aspetti, stato, messaggi);
+    frmSelAspetti f(sessione, messaggi);
     f.show();
     QString titolo, testo;
     QTimer::singleShot(0, [&] {

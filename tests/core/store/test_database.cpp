@@ -169,13 +169,13 @@ TEST_F(File, SelectIntoWithBracketsBlanksAndAnyLength) {
 // database at all; the name of a table is not blamed.
 TEST_F(File, EngineFailuresNameTheirCause) {
     const fs::path file = dir / "Vesmodat.Mdb";
-    const int attesa = store_detail::AttesaBloccoMs;
-    store_detail::AttesaBloccoMs = 50;
     db.Esegui("BEGIN EXCLUSIVE");
     db.Esegui("INSERT INTO Amici (Nome) VALUES ('Dora')");
     std::string testo;
     try {
-        Database altro(file);
+        Database altro;
+        altro.ImpostaAttesaBlocco(50);
+        altro.Apri(file);
         altro.CreaTabella("Nuova", CampiArchivio);
     } catch (const ErroreDB& e) {
         EXPECT_EQ(e.Numero(), ErroreDB::Bloccato);
@@ -183,7 +183,6 @@ TEST_F(File, EngineFailuresNameTheirCause) {
     }
     EXPECT_EQ(testo.rfind("3218: Database bloccato da un altro programma. ", 0), 0u) << testo;
     db.Esegui("COMMIT");
-    store_detail::AttesaBloccoMs = attesa;
     db.Chiudi();
 
     const fs::path testoSemplice = dir / "note.txt";

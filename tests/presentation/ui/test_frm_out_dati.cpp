@@ -97,8 +97,8 @@ protected:
     test::Cartella cartella;
     std::string fileDB;
     Sessione sessione;
-    TabellaAspetti aspetti;
-    StatoRuote stato;
+    TabellaAspetti& aspetti = sessione.Aspetti;
+    StatoRuote& stato = sessione.Ruote;
     MessaggiRegistrati messaggi;
 };
 
@@ -170,7 +170,7 @@ TEST(PassoTempo, FrecceDelPasso) {
 }
 
 TEST_F(Posizioni_, TabellaETesteAlCaricamento) {
-    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati f(sessione, fileDB, messaggi);
     f.ScorriArchivioCorrente = ScorriArchivio;
     f.show();
     EXPECT_EQ(f.windowTitle(), "Lyx - Posizioni di Prova                         ");
@@ -206,13 +206,13 @@ TEST_F(Posizioni_, TabellaETesteAlCaricamento) {
 
     // A cusp whose Placidus position is undefined shows its text.
     sessione.PosX.CasaXI.AR = NonDefinita;
-    frmOutDati nonDefinita(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati nonDefinita(sessione, fileDB, messaggi);
     EXPECT_EQ(Cella(nonDefinita, 11, 6), "NonDefinita");
 }
 
 TEST_F(Posizioni_, ArchiTraDueRighe) {
     sessione.PosX = DueCorpi();
-    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati f(sessione, fileDB, messaggi);
     f.ScorriArchivioCorrente = ScorriArchivio;
     f.show();
     QHeaderView* teste = f.MSFlexGrid1->verticalHeader();
@@ -238,7 +238,7 @@ TEST_F(Posizioni_, ArchiTraDueRighe) {
 TEST_F(Posizioni_, PassiDelTransito) {
     stato.TransitoPosizioni = -1;
     int aggiornamenti = 0;
-    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati f(sessione, fileDB, messaggi);
     f.ScorriArchivioCorrente = ScorriArchivio;
     f.AggiornaTransito = [&] { ++aggiornamenti; };
     f.show();
@@ -302,7 +302,7 @@ TEST_F(Posizioni_, PassiDelTransito) {
 TEST_F(Posizioni_, ScorrereLArchivio) {
     // Without an archive set, nothing is opened.
     {
-        frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+        frmOutDati f(sessione, fileDB, messaggi);
         f.ScorriArchivioCorrente = ScorriArchivio;
         f.mnFilCPrecedente->trigger();
         f.mnFilCSuccessivo->trigger();
@@ -318,7 +318,7 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
               Alle("Bruno", 1965, 6, 15, 18, 30, 0)});
 
     sessione.TemaX = Alle("Bruno", 1965, 6, 15, 18, 30, 0);
-    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati f(sessione, fileDB, messaggi);
     f.ScorriArchivioCorrente = ScorriArchivio;
     f.show();
     f.mnFilCPrecedente->trigger();
@@ -352,13 +352,13 @@ TEST_F(Posizioni_, TemaFuoriArchivioEArchivioSparito) {
     Archivio({Alle("Anna", 1960, 1, 1, 12, 0, 0), Alle("Bruno", 1965, 6, 15, 18, 30, 0)});
     sessione.TemaX = Alle("Zeta", 1990, 1, 1, 0, 0, 0);
     {
-        frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+        frmOutDati f(sessione, fileDB, messaggi);
         f.ScorriArchivioCorrente = ScorriArchivio;
         f.mnFilCPrecedente->trigger();
         EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Bruno");
     }
     sessione.TemaX = Alle("Zeta", 1990, 1, 1, 0, 0, 0);
-    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati f(sessione, fileDB, messaggi);
     f.ScorriArchivioCorrente = ScorriArchivio;
     f.DbNext->trigger(); // the toolbar's twin of the menu
     EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Anna");
@@ -373,7 +373,7 @@ TEST_F(Posizioni_, TemaFuoriArchivioEArchivioSparito) {
 }
 
 TEST_F(Posizioni_, RotazioniENodi) {
-    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati f(sessione, fileDB, messaggi);
     f.ScorriArchivioCorrente = ScorriArchivio;
     f.show();
     messaggi.input = {std::string("-45,5"), std::nullopt, std::string("mezzo")};
@@ -442,7 +442,7 @@ TEST_F(Posizioni_, RotazioniENodi) {
 // The wheel beside the table is the chart shown, turned and switched as the window says; it fills
 // its place at any size.
 TEST_F(Posizioni_, LaRuotaSegueLaFinestra) {
-    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati f(sessione, fileDB, messaggi);
     f.ScorriArchivioCorrente = ScorriArchivio;
     ASSERT_EQ(f.Ruota->TipoMostrato(), WidgetRuota::Tipo::Singola);
     EXPECT_FALSE(f.Ruota->OpzioniSingola().DisegnaAspetti);
@@ -466,7 +466,7 @@ TEST_F(Posizioni_, LaRuotaSegueLaFinestra) {
 TEST_F(Posizioni_, FinestreApertaDaQui) {
     stato.DisegnaAspetti = -1;
     QList<QWidget*> registrate;
-    frmOutDati f(sessione, aspetti, stato, fileDB, messaggi);
+    frmOutDati f(sessione, fileDB, messaggi);
     f.ScorriArchivioCorrente = ScorriArchivio;
     f.RegistraSecondaria = [&](QWidget* w) { registrate << w; };
     f.show();

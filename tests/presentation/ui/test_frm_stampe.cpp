@@ -55,7 +55,7 @@ protected:
         s.TemaTra = Padova("Mario Rossi    Tra", 2026, 2, 1, 12);
         CastaTema(s.TemaTra, c, s.PosTra, 1, m);
         aspetti.EntraInLyx();
-        f = std::make_unique<frmStampe>(s, aspetti, stato, m);
+        f = std::make_unique<frmStampe>(s, m);
         f->ScegliSlot = [this] { return slot; };
         f->Oggi = [] { return std::string("01/02/2026"); };
         f->CartellaTemp = QString::fromStdString(cartella.Percorso().string());
@@ -76,8 +76,8 @@ protected:
         return r;
     }
     Sessione s;
-    TabellaAspetti aspetti;
-    StatoRuote stato;
+    TabellaAspetti& aspetti = s.Aspetti;
+    StatoRuote& stato = s.Ruote;
     MessaggiRegistrati m;
     test::Cartella cartella;
     int slot = 1;

@@ -68,7 +68,7 @@ protected:
         s.TemaX.cNaz = 380;
         aspetti.EntraInLyx();
         percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
-        menu = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
+        menu = std::make_unique<frmMenu>(s, percorsi, m);
         menu->Form_Load();
     }
     void TearDown() override {
@@ -91,7 +91,7 @@ protected:
 
     test::CartellaLuoghi cartella;
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
     MessaggiRegistrati m;

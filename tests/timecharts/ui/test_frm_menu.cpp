@@ -34,7 +34,7 @@ protected:
         percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
     }
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
     MessaggiRegistrati m;
@@ -43,7 +43,7 @@ protected:
 } // namespace
 
 TEST_F(Menu, IlTemaDiPartenzaDiventaNatale) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     EXPECT_EQ(f.windowTitle(), "Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria.");
     EXPECT_EQ(s.MenuPronto, -1);
@@ -68,7 +68,7 @@ TEST_F(Menu, IlTemaDiPartenzaDiventaNatale) {
 }
 
 TEST_F(Menu, TransitoDallInput) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     Tema offerto;
     f.InputDati = [&](const RichiestaInputDati&) {
@@ -115,7 +115,7 @@ TEST_F(Menu, TransitoDallInput) {
 }
 
 TEST_F(Menu, CommentoDelloSlot) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     f.ApriMemo(0);
     frmMemo* w = nullptr;
@@ -140,7 +140,7 @@ TEST_F(Menu, CommentoDelloSlot) {
 
 // The refresh redraws the first tagged frame only, and clears every tag.
 TEST_F(Menu, AggiornaConDueEtichette) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     s.TemaRiv = s.TemaNat;
     s.TemaRiv.Nome = "Rivoluzione 2001";
@@ -175,7 +175,7 @@ TEST_F(Menu, SalvoSegnaLaVoce) {
         CreaSchemaLuoghi(db);
     }
     CreaArchivio(percorsi.FileDB, "Clienti");
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     s.TemaNat.Cmto = "Ascendente in Bilancia";
     QAction* voce = f.findChild<QAction*>("mnuFileSalvoTN");
@@ -213,7 +213,7 @@ TEST_F(Menu, SalvoSegnaLaVoce) {
 }
 
 TEST_F(Menu, ChiusuraRifiutataEUscita) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     EXPECT_FALSE(f.close());
     ASSERT_EQ(m.registro.size(), 1u);
@@ -234,7 +234,7 @@ TEST_F(Menu, ChiusuraRifiutataEUscita) {
 }
 
 TEST_F(Menu, FinestreDelloSlot) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     auto aperta = [](const char* nome) -> QWidget* {
         for (QWidget* w : QApplication::topLevelWidgets())
@@ -266,7 +266,7 @@ TEST_F(Menu, FinestreDelloSlot) {
 
 TEST_F(Menu, TraSuiCaratteriDa25A28) {
     s.TemaX.Nome = "Anna Maria Bianchi in Ferraris";
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     Tema offerto;
     f.InputDati = [&](const RichiestaInputDati&) {
@@ -301,7 +301,7 @@ int Aperte(const char* nome) {
 } // namespace
 
 TEST_F(Menu, BarraDelTempoSoloSulTransito) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     s.TemaX = s.TemaNat;
     s.TemaX.Nome = "Transito di prova";
@@ -345,7 +345,7 @@ TEST_F(Menu, BarraDelTempoSoloSulTransito) {
 }
 
 TEST_F(Menu, UnaFinestraPerSlot) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     for (int volta = 0; volta < 2; ++volta) {
         f.findChild<QAction*>("mnUnCieloDomi")->trigger();

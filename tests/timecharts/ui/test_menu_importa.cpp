@@ -58,7 +58,7 @@ protected:
     const char* nomi[4] = {"Anna", "Bruno", "Carla", "Dario"};
     vesmo::test::Cartella cartella;
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
     MessaggiRegistrati m;
@@ -67,7 +67,7 @@ protected:
 } // namespace
 
 TEST_F(MenuImporta, UnTemaInOgniSlot) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     QAction* voce = f.findChild<QAction*>("mnuFileImporta");
     ASSERT_NE(voce, nullptr);
@@ -93,10 +93,10 @@ TEST_F(MenuImporta, UnTemaInOgniSlot) {
         });
         voce->trigger();
         const Tema atteso = Carta(nome, 10 + slot);
-        EXPECT_EQ(f.TemaDelSlot(slot), atteso) << slot;
+        EXPECT_EQ(s.TemaDelSlot(slot), atteso) << slot;
         // The positions came with the chart: the Sun near 20-24 degrees of Aries.
-        EXPECT_GT(f.PosDelSlot(slot).Sole.Lo, 19);
-        EXPECT_LT(f.PosDelSlot(slot).Sole.Lo, 25);
+        EXPECT_GT(s.PosDelSlot(slot).Sole.Lo, 19);
+        EXPECT_LT(s.PosDelSlot(slot).Sole.Lo, 25);
         auto& r = f.riquadri[static_cast<std::size_t>(slot)];
         EXPECT_EQ(r.nome->text().trimmed().toStdString(), nome);
         EXPECT_TRUE(r.frame->isEnabled());
@@ -116,7 +116,7 @@ TEST_F(MenuImporta, UnTemaInOgniSlot) {
 }
 
 TEST_F(MenuImporta, DoppioClicSullOpzioneEdEsciSenzaScelta) {
-    frmMenu f(s, aspetti, cfg, percorsi, m);
+    frmMenu f(s, percorsi, m);
     f.Form_Load();
     QAction* voce = f.findChild<QAction*>("mnuFileImporta");
     ASSERT_NE(voce, nullptr);

@@ -45,14 +45,14 @@ protected:
         s.TemaX = Padova("Mario Rossi", 1987, 4, 10, 19.5);
         aspetti.EntraInLyx();
         percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        f = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
+        f = std::make_unique<frmMenu>(s, percorsi, m);
         f->Form_Load();
         const char* nomi[] = {"", "Transito", "Rivoluzione", "Direzione"};
         const int anni[] = {0, 2024, 2023, 1988};
         for (int slot = 1; slot <= 3; ++slot) {
             s.TemaX = Padova(nomi[slot], anni[slot], 6, 1, 12);
             f->InstallaTema(slot);
-            f->FlagDelSlot(slot) = -1;
+            s.FlagDelSlot(slot) = -1;
         }
     }
     void TearDown() override {
@@ -72,7 +72,7 @@ protected:
         return a;
     }
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
     MessaggiRegistrati m;
@@ -138,9 +138,9 @@ TEST_F(MenuRuote, OgniVoceApreLaSuaRuota) {
             << w->windowTitle().toStdString();
         EXPECT_TRUE(w->isVisible());
         EXPECT_EQ(w->List2->property("Tag").toString(), c.tag);
-        EXPECT_EQ(s.TemaX.Day, f->TemaDelSlot(0).Day);
-        EXPECT_EQ(s.TemaZ.Day, f->TemaDelSlot(c.slot).Day);
-        EXPECT_EQ(s.PosZ.Sole.Lo, f->PosDelSlot(c.slot).Sole.Lo);
+        EXPECT_EQ(s.TemaX.Day, s.TemaDelSlot(0).Day);
+        EXPECT_EQ(s.TemaZ.Day, s.TemaDelSlot(c.slot).Day);
+        EXPECT_EQ(s.PosZ.Sole.Lo, s.PosDelSlot(c.slot).Sole.Lo);
         // The transit starts without its houses and with the time buttons; the revolution
         // with the buttons that move its place; the direction with neither.
         const bool rivoluzione = c.slot == 2;
@@ -196,8 +196,8 @@ TEST_F(MenuRuote, SelezioneAspettiVuoleUnSoloTipo) {
     EXPECT_EQ(m.registro.size(), 2u);
     ASSERT_NE(w->Selezione, nullptr);
     EXPECT_EQ(StatoRuoteDelMenu(*f)->stato.AspettiComparati, -1);
-    EXPECT_EQ(s.TemaX.Day, f->TemaDelSlot(0).Day);
-    EXPECT_EQ(s.TemaY.Day, f->TemaDelSlot(1).Day);
+    EXPECT_EQ(s.TemaX.Day, s.TemaDelSlot(0).Day);
+    EXPECT_EQ(s.TemaY.Day, s.TemaDelSlot(1).Day);
     w->Selezione->close();
 }
 
@@ -264,7 +264,7 @@ TEST_F(MenuRuote, IlTransitoAvanzaEIlRiquadroSiAggiorna) {
     EXPECT_EQ(s.TemaZ.Day, GiornoGiuliano(2024, 6, 4));
     EXPECT_EQ(s.TemaZ.OraL, ora);
     EXPECT_EQ(s.TemaTra.Day, s.TemaZ.Day);
-    EXPECT_EQ(f->TemaDelSlot(1).Day, s.TemaZ.Day);
+    EXPECT_EQ(s.TemaDelSlot(1).Day, s.TemaZ.Day);
     // Three days of the Sun: about three degrees.
     EXPECT_NEAR(s.PosZ.Sole.Lo - sole, 2.9, 0.1);
     EXPECT_EQ(s.PosTra.Sole.Lo, s.PosZ.Sole.Lo);
@@ -277,7 +277,7 @@ TEST_F(MenuRuote, IlTransitoAvanzaEIlRiquadroSiAggiorna) {
     // Ripristina brings back the natal chart inside and the slot outside.
     s.TemaX = s.TemaZ;
     Voce(w, "Ripristina")->trigger();
-    EXPECT_EQ(s.TemaX.Day, f->TemaDelSlot(0).Day);
+    EXPECT_EQ(s.TemaX.Day, s.TemaDelSlot(0).Day);
     EXPECT_EQ(s.TemaZ.Day, GiornoGiuliano(2024, 6, 4));
 
     w->txtTempi->setText("mezzo");

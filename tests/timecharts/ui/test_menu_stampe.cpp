@@ -39,11 +39,11 @@ protected:
         s.TemaX = Padova("Mario Rossi", 1987);
         aspetti.EntraInLyx();
         percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        f = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
+        f = std::make_unique<frmMenu>(s, percorsi, m);
         f->Form_Load();
         s.TemaX = Padova("Rivoluzione", 2024);
         f->InstallaTema(2);
-        f->FlagDelSlot(2) = -1;
+        s.FlagDelSlot(2) = -1;
     }
     void TearDown() override {
         f.reset();
@@ -54,7 +54,7 @@ protected:
         return f->findChildren<frmStampe*>();
     }
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
     MessaggiRegistrati m;

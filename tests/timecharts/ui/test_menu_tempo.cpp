@@ -57,7 +57,7 @@ protected:
         s.TemaX = vesmo::test::NataleDiProva();
         aspetti.EntraInLyx();
         percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        f = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
+        f = std::make_unique<frmMenu>(s, percorsi, m);
         f->Form_Load();
         ASSERT_TRUE(cartella.isValid());
         StatoTempo(*f)->cartellaIngressi = cartella.path().toStdString();
@@ -79,7 +79,7 @@ protected:
         return a;
     }
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
     MessaggiRegistrati m;

@@ -66,15 +66,15 @@ protected:
         s.TemaX = Padova("Mario Rossi", 1987, 19.5);
         aspetti.EntraInLyx();
         percorsi.FileDB = file.string();
-        f = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
+        f = std::make_unique<frmMenu>(s, percorsi, m);
         f->Form_Load();
         s.TemaX = Padova("Rivoluzione", 2023, 12);
         f->InstallaTema(2);
-        f->FlagDelSlot(2) = -1;
+        s.FlagDelSlot(2) = -1;
         s.TemaX = Padova("Transito", 2024, 12);
         f->InstallaTema(1);
-        f->FlagDelSlot(1) = -1;
-        s.JDRivoluzione = f->TemaDelSlot(2).JD();
+        s.FlagDelSlot(1) = -1;
+        s.JDRivoluzione = s.TemaDelSlot(2).JD();
     }
     void TearDown() override {
         f.reset();
@@ -92,7 +92,7 @@ protected:
 
     test::Cartella cartella;
     Sessione s;
-    TabellaAspetti aspetti;
+    TabellaAspetti& aspetti = s.Aspetti;
     ConfigIni cfg;
     PercorsiVesmo percorsi;
     MessaggiOccupato m;
@@ -164,7 +164,7 @@ TEST_F(Rilocate, AccesaSulPostoESpostataDiPrimi) {
     // The slot is unsaved and its frame shows the new place.
     EXPECT_FALSE(f->mnuFileSalvo[2]->isChecked());
     EXPECT_TRUE(f->riquadri[2].tag.isEmpty());
-    EXPECT_EQ(f->TemaDelSlot(2).City.Valore(), "Jolly");
+    EXPECT_EQ(s.TemaDelSlot(2).City.Valore(), "Jolly");
 
     // Thirty minutes of arc north.
     w->CaseTra->trigger();
@@ -228,7 +228,7 @@ TEST_F(Rilocate, Rifiuti) {
     };
     for (const Caso& c : casi) {
         SCOPED_TRACE(c.perche);
-        s.JDRivoluzione = c.rivoluzione ? f->TemaDelSlot(2).JD() : -1.0;
+        s.JDRivoluzione = c.rivoluzione ? s.TemaDelSlot(2).JD() : -1.0;
         frmRuotaDoppia* w = Apri(c.voce);
         ASSERT_NE(w, nullptr);
         if (c.ascensionale) Voce(w, "mnuRascAR")->trigger();
@@ -277,9 +277,9 @@ TEST_F(Rilocate, RuoteAscensionaliAcceseESpente) {
     EXPECT_EQ(w->Ruota->TipoMostrato(), WidgetRuota::Tipo::DoppiaAscensionale);
 
     // The positions window: the same switches, the turn buttons hidden while one is on.
-    s.TemaX = f->TemaDelSlot(0);
-    s.PosX = f->PosDelSlot(0);
-    frmOutDati posizioni(s, aspetti, StatoRuoteDelMenu(*f)->stato, percorsi.FileDB, m);
+    s.TemaX = s.TemaDelSlot(0);
+    s.PosX = s.PosDelSlot(0);
+    frmOutDati posizioni(s, percorsi.FileDB, m);
     for (Passo p : {Passo{"mnuAR", WidgetRuota::Tipo::Ascensionale, 1, true, false},
                     Passo{"mnuAO", WidgetRuota::Tipo::Ascensionale, 2, false, true},
                     Passo{"mnuAO", WidgetRuota::Tipo::Singola, 0, false, false}}) {
