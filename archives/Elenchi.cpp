@@ -86,11 +86,9 @@ void Contiene(std::string& sql, const std::vector<std::string>& campi,
 
 std::optional<double> LeggiDataElenco(std::string_view testo) {
     const std::string t = Pulito(testo);
-    if (t.size() >= 8 && t[4] == '-' && t.find('/') == std::string::npos) {
-        auto p = Parti(t, "-");
-        if (!p || p->size() != 3) return std::nullopt;
-        return GiornoEsistente((*p)[0], (*p)[1], (*p)[2]);
-    }
+    if (t.size() >= 8 && t[4] == '-' && t.find('/') == std::string::npos)
+        if (auto p = Parti(t, "-"); p && p->size() == 3)
+            return GiornoEsistente((*p)[0], (*p)[1], (*p)[2]);
     auto p = Parti(t, "/.");
     if (!p || p->size() != 3) return std::nullopt;
     return GiornoEsistente((*p)[2], (*p)[1], (*p)[0]);

@@ -24,7 +24,9 @@ std::optional<Valore> ValoreElenco(std::string_view campo, const std::string& te
 std::string TitoloElenco(std::string_view campo);
 
 // "12/03/1960", "12.3.1960" or "1960-03-12": the Julian day of the date at 0h, when that day
-// exists (years -4712 to 9999). "10:30" or "10:30:15": decimal hours from 0 to under 24.
+// exists (years -4712 to 9999); the lists and the CSV files read dates with it. A text that
+// starts like a year and dashes but has not three parts is read day first. "10:30" or "10:30:15":
+// decimal hours from 0 to under 24.
 std::optional<double> LeggiDataElenco(std::string_view testo);
 std::optional<double> LeggiOraElenco(std::string_view testo);
 

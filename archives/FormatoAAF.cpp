@@ -175,162 +175,131 @@ std::string TestoGradi(double gradi, char positivo, char negativo) {
     return b;
 }
 
-struct Record {
-    std::int64_t riga = 0;
-    std::vector<std::string> a93, b93, vesmo;
-    bool lmt = false;
-    bool conB93 = false, conVesmo = false;
-    std::string commento;
-};
+} // namespace
 
-VoceScambio Voce(const Record& r, const CompletaLuogo& completa) {
-    VoceScambio v;
-    v.riga = r.riga;
-    Tema& t = v.tema;
+std::string LeggiA93(const BloccoAAF& r, Tema& t) {
     const auto& a = r.a93;
     std::string nome = Ignoto(a[0]) ? "" : a[0];
     if (a.size() > 1 && !Ignoto(a[1])) nome += (nome.empty() ? "" : ", ") + a[1];
     t.Nome = nome;
     t.Cmto = r.commento;
-    if (a.size() < 7) {
-        v.errore = "#A93 con " + std::to_string(a.size()) + " campi invece di 7";
-        return v;
-    }
+    if (a.size() < 7) return "#A93 con " + std::to_string(a.size()) + " campi invece di 7";
     t.City = Ignoto(a[5]) ? "" : a[5];
     auto nazione = NazioneDaSiglaAAF(a[6]);
     t.Stato = nazione ? *nazione : (Ignoto(a[6]) ? "" : a[6]);
     auto day = DataAAF(a[3]);
-    if (!day) {
-        v.errore = "data non valida: " + a[3];
-        return v;
-    }
+    if (!day) return "data non valida: " + a[3];
     t.Day = *day;
     auto ora = OraAAF(a[4]);
-    if (!ora) {
-        v.errore = "ora non valida: " + a[4];
-        return v;
-    }
+    if (!ora) return "ora non valida: " + a[4];
     t.OraL = *ora;
-
-    // The workstation's own chunk, when it belongs to this date, gives the exact values.
-    if (r.conVesmo && r.vesmo.size() == 9) {
-        std::optional<double> n[6];
-        bool tutti = true;
-        for (int i = 0; i < 6; ++i)
-            tutti = (n[i] = Numero(r.vesmo[static_cast<std::size_t>(i)])) && tutti;
-        if (tutti && *n[0] == t.Day && std::fabs(*n[1] - t.OraL) < 1.0 / 60 &&
-            std::fabs(*n[2]) <= 12 && std::fabs(*n[3]) <= 90 && std::fabs(*n[4]) <= 24 &&
-            std::fabs(*n[5]) <= 24) {
-            t.OraL = *n[1];
-            t.Lon = *n[2];
-            t.Lat = *n[3];
-            t.Fuso = *n[4];
-            t.Estiva = *n[5];
-            t.Nome = Decodifica(r.vesmo[6]);
-            t.City = Decodifica(r.vesmo[7]);
-            t.Stato = Decodifica(r.vesmo[8]);
-            return v;
-        }
-    }
-
-    std::vector<std::string> b = r.b93;
-    b.resize(5);
-    std::optional<double> jd, lat, lon, zona, estiva;
-    bool lmt = r.lmt;
-    if (r.conB93) {
-        if (!Ignoto(b[0]) && !(jd = Decimale(b[0]))) {
-            v.errore = "giorno giuliano non valido: " + b[0];
-            return v;
-        }
-        if (!Ignoto(b[1]) && !(lat = GradiAAF(b[1], 'n', 's'))) {
-            v.errore = "latitudine non valida: " + b[1];
-            return v;
-        }
-        if (!Ignoto(b[2]) && !(lon = GradiAAF(b[2], 'e', 'w'))) {
-            v.errore = "longitudine non valida: " + b[2];
-            return v;
-        }
-        if (b[4] == "L" || b[4] == "l" || b[4] == "m" || b[4] == "M") {
-            lmt = true;
-        } else if (!Ignoto(b[4]) && !((estiva = ConSegno(b[4])) && std::fabs(*estiva) <= 3)) {
-            v.errore = "ora estiva non valida: " + b[4];
-            return v;
-        }
-        if (!Ignoto(b[3]) && !lmt && !(zona = ZonaAAF(b[3]))) {
-            v.errore = "fuso non valido: " + b[3];
-            return v;
-        }
-        if (lat && std::fabs(*lat) > 90) {
-            v.errore = "latitudine non valida: " + b[1];
-            return v;
-        }
-        if (lon && std::fabs(*lon) > 180) {
-            v.errore = "longitudine non valida: " + b[2];
-            return v;
-        }
-        if (jd && std::fabs(*jd - t.Day) > 2) {
-            v.errore = "giorno giuliano lontano dalla data: " + b[0];
-            return v;
-        }
-    }
-
-    // What the places database must give: the place when the coordinates are unknown, the zone
-    // when neither it nor the Julian day tells it.
-    if (!lat || !lon || (!zona && !jd && !lmt)) {
-        if (!completa) {
-            v.errore = "luogo senza coordinate o fuso, e nessun database dei luoghi";
-            return v;
-        }
-        try {
-            completa(t);
-        } catch (const std::exception& e) {
-            v.errore = std::string("luogo non trovato nel database dei luoghi: ") + e.what();
-            return v;
-        }
-        v.completare = true;
-        v.nota = "completato dal database dei luoghi: " + SenzaSpazi(t.City.str()) + ", " +
-                 SenzaSpazi(t.Stato.str()) + ", " + TestoCoordinata(t.Lon, 1, 0, false) + " " +
-                 TestoCoordinata(t.Lat, 0, 1, false) + ", fuso " + TestoNumero(t.Fuso) +
-                 ", estiva " + TestoNumero(t.Estiva);
-    }
-    if (lat) t.Lat = *lat;
-    if (lon) t.Lon = -*lon / 15;
-    if (lmt) {
-        t.Fuso = t.Lon;
-        t.Estiva = 0;
-    } else if (zona) {
-        t.Fuso = -*zona;
-        t.Estiva = estiva ? *estiva : 0;
-    }
-    if (jd) {
-        if (!zona && !lmt) {
-            // The zone from the Julian day: the summer time as given, the rest is the zone.
-            t.Estiva = estiva ? *estiva : 0;
-            const double scarto = std::round(((*jd - t.Day) * 24 - t.OraL) * 3600) / 3600;
-            t.Fuso = scarto + t.Estiva;
-        } else if (std::fabs(t.JD() - *jd) > Secondo) {
-            t.OraL = (*jd - t.Day) * 24 + t.Estiva - t.Fuso;
-            t.OraL = std::round(t.OraL * 3600) / 3600;
-            while (t.OraL < 0) {
-                t.OraL += 24;
-                t.Day -= 1;
-            }
-            while (t.OraL >= 24) {
-                t.OraL -= 24;
-                t.Day += 1;
-            }
-            v.nota = "ora " + a[4] + " corretta dal giorno giuliano " + b[0];
-        }
-    }
-    if (std::fabs(t.Fuso) > 24) {
-        v.errore = "fuso non valido: " + TestoNumero(t.Fuso);
-        return v;
-    }
-    if (r.lmt && std::fabs(t.Fuso - t.Lon) <= Secondo * 24) t.Fuso = t.Lon;
-    return v;
+    return {};
 }
 
-} // namespace
+bool LeggiProprio(const BloccoAAF& r, Tema& t) {
+    if (!r.conVesmo || r.vesmo.size() != 9) return false;
+    std::optional<double> n[6];
+    bool tutti = true;
+    for (int i = 0; i < 6; ++i)
+        tutti = (n[i] = Numero(r.vesmo[static_cast<std::size_t>(i)])) && tutti;
+    if (!tutti || *n[0] != t.Day || std::fabs(*n[1] - t.OraL) >= 1.0 / 60 ||
+        std::fabs(*n[2]) > 12 || std::fabs(*n[3]) > 90 || std::fabs(*n[4]) > 24 ||
+        std::fabs(*n[5]) > 24)
+        return false;
+    t.OraL = *n[1];
+    t.Lon = *n[2];
+    t.Lat = *n[3];
+    t.Fuso = *n[4];
+    t.Estiva = *n[5];
+    t.Nome = Decodifica(r.vesmo[6]);
+    t.City = Decodifica(r.vesmo[7]);
+    t.Stato = Decodifica(r.vesmo[8]);
+    return true;
+}
+
+std::string LeggiB93(const BloccoAAF& r, double day, DatiB93& d) {
+    d.lmt = r.lmt;
+    if (!r.conB93) return {};
+    std::vector<std::string> b = r.b93;
+    b.resize(5);
+    if (!Ignoto(b[0]) && !(d.jd = Decimale(b[0]))) return "giorno giuliano non valido: " + b[0];
+    if (!Ignoto(b[1]) && !(d.lat = GradiAAF(b[1], 'n', 's')))
+        return "latitudine non valida: " + b[1];
+    if (!Ignoto(b[2]) && !(d.lon = GradiAAF(b[2], 'e', 'w')))
+        return "longitudine non valida: " + b[2];
+    if (b[4] == "L" || b[4] == "l" || b[4] == "m" || b[4] == "M")
+        d.lmt = true;
+    else if (!Ignoto(b[4]) && !((d.estiva = ConSegno(b[4])) && std::fabs(*d.estiva) <= 3))
+        return "ora estiva non valida: " + b[4];
+    if (!Ignoto(b[3]) && !d.lmt && !(d.zona = ZonaAAF(b[3]))) return "fuso non valido: " + b[3];
+    if (d.lat && std::fabs(*d.lat) > 90) return "latitudine non valida: " + b[1];
+    if (d.lon && std::fabs(*d.lon) > 180) return "longitudine non valida: " + b[2];
+    if (d.jd && std::fabs(*d.jd - day) > 2) return "giorno giuliano lontano dalla data: " + b[0];
+    return {};
+}
+
+std::string CompletaDaLuoghi(const DatiB93& d, const CompletaLuogo& completa, VoceScambio& v) {
+    if (d.lat && d.lon && (d.zona || d.jd || d.lmt)) return {};
+    if (!completa) return "luogo senza coordinate o fuso, e nessun database dei luoghi";
+    Tema& t = v.tema;
+    try {
+        completa(t);
+    } catch (const std::exception& e) {
+        return std::string("luogo non trovato nel database dei luoghi: ") + e.what();
+    }
+    v.completare = true;
+    v.nota = "completato dal database dei luoghi: " + SenzaSpazi(t.City.str()) + ", " +
+             SenzaSpazi(t.Stato.str()) + ", " + TestoCoordinata(t.Lon, 1, 0, false) + " " +
+             TestoCoordinata(t.Lat, 0, 1, false) + ", fuso " + TestoNumero(t.Fuso) + ", estiva " +
+             TestoNumero(t.Estiva);
+    return {};
+}
+
+std::string ApplicaB93(const BloccoAAF& r, const DatiB93& d, VoceScambio& v) {
+    Tema& t = v.tema;
+    if (d.lat) t.Lat = *d.lat;
+    if (d.lon) t.Lon = -*d.lon / 15;
+    if (d.lmt) {
+        t.Fuso = t.Lon;
+        t.Estiva = 0;
+    } else if (d.zona) {
+        t.Fuso = -*d.zona;
+        t.Estiva = d.estiva ? *d.estiva : 0;
+    }
+    if (d.jd && !d.zona && !d.lmt) {
+        // The zone from the Julian day: the summer time as given, the rest is the zone.
+        t.Estiva = d.estiva ? *d.estiva : 0;
+        const double scarto = std::round(((*d.jd - t.Day) * 24 - t.OraL) * 3600) / 3600;
+        t.Fuso = scarto + t.Estiva;
+    } else if (d.jd && std::fabs(t.JD() - *d.jd) > Secondo) {
+        t.OraL = (*d.jd - t.Day) * 24 + t.Estiva - t.Fuso;
+        t.OraL = std::round(t.OraL * 3600) / 3600;
+        while (t.OraL < 0) {
+            t.OraL += 24;
+            t.Day -= 1;
+        }
+        while (t.OraL >= 24) {
+            t.OraL -= 24;
+            t.Day += 1;
+        }
+        v.nota = "ora " + r.a93[4] + " corretta dal giorno giuliano " + r.b93[0];
+    }
+    if (std::fabs(t.Fuso) > 24) return "fuso non valido: " + TestoNumero(t.Fuso);
+    if (r.lmt && std::fabs(t.Fuso - t.Lon) <= Secondo * 24) t.Fuso = t.Lon;
+    return {};
+}
+
+VoceScambio VoceAAF(const BloccoAAF& r, const CompletaLuogo& completa) {
+    VoceScambio v;
+    v.riga = r.riga;
+    if ((v.errore = LeggiA93(r, v.tema)).empty() && !LeggiProprio(r, v.tema)) {
+        DatiB93 d;
+        if ((v.errore = LeggiB93(r, v.tema.Day, d)).empty() &&
+            (v.errore = CompletaDaLuoghi(d, completa, v)).empty())
+            v.errore = ApplicaB93(r, d, v);
+    }
+    return v;
+}
 
 std::optional<double> GradiAAF(std::string_view testo, char positivo, char negativo) {
     std::string t = Pulito(testo);
@@ -389,11 +358,11 @@ std::optional<double> ZonaAAF(std::string_view testo) {
 
 std::vector<VoceScambio> LeggiAAF(std::string_view testo, const CompletaLuogo& completa) {
     std::vector<VoceScambio> voci;
-    std::optional<Record> r;
+    std::optional<BloccoAAF> r;
     std::string* ultimo = nullptr; // the comment a line without "#" continues
     std::string bloccoVesmo;
     auto chiudi = [&] {
-        if (r) voci.push_back(Voce(*r, completa));
+        if (r) voci.push_back(VoceAAF(*r, completa));
         r.reset();
         ultimo = nullptr;
     };

@@ -7,6 +7,7 @@
 #include <cstring>
 #include <map>
 
+#include "archives/Elenchi.h"
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
 
@@ -111,51 +112,6 @@ std::optional<double> Numero(std::string t, bool virgola) {
     return v;
 }
 
-// Whole numbers split at any of the separators: "12/03/1960", "12.3.1960", "1960-03-12".
-std::vector<long> Parti(const std::string& t, const char* separatori) {
-    std::vector<long> r;
-    std::string n;
-    auto chiudi = [&] {
-        if (n.empty() || n.size() > 6 || n == "-") {
-            r.push_back(-99999);
-        } else {
-            r.push_back(std::strtol(n.c_str(), nullptr, 10));
-        }
-        n.clear();
-    };
-    for (char c : t) {
-        if (std::strchr(separatori, c)) {
-            chiudi();
-        } else if (std::isdigit(static_cast<unsigned char>(c)) || (c == '-' && n.empty())) {
-            n.push_back(c);
-        } else {
-            return {};
-        }
-    }
-    chiudi();
-    return r;
-}
-
-std::optional<double> Data(const std::string& testo) {
-    const std::string t = Pulito(testo);
-    long g, m, a;
-    if (auto iso = Parti(t, "-");
-        iso.size() == 3 && t.find('/') == std::string::npos && t.size() >= 8 && t[4] == '-') {
-        a = iso[0], m = iso[1], g = iso[2];
-    } else if (auto p = Parti(t, "/."); p.size() == 3) {
-        g = p[0], m = p[1], a = p[2];
-    } else {
-        return std::nullopt;
-    }
-    if (g < 1 || g > 31 || m < 1 || m > 12 || a < -4712 || a > 9999) return std::nullopt;
-    const double jd = GiornoGiuliano(a, m, g);
-    float aa, mm, gg;
-    DataDaGiuliano(jd, aa, mm, gg);
-    if (aa != static_cast<float>(a) || mm != static_cast<float>(m) || gg != static_cast<float>(g))
-        return std::nullopt;
-    return jd;
-}
-
 std::optional<double> Ora(const std::string& testo) {
     const std::string t = Pulito(testo);
     std::size_t p = t.find(':');
@@ -229,25 +185,111 @@ std::string RigaCSV(const Tema& t) {
            Numero17(t.OraL) + "," + Campo(t.Cmto) + "\r\n";
 }
 
+namespace {
+
+// The columns of the header row by name, upper case, Stato read as Nazione; the first column of
+// a name counts.
+class ColonneCSV {
+public:
+    explicit ColonneCSV(const Riga& testata) {
+        for (std::size_t i = 0; i < testata.campi.size(); ++i) {
+            std::string n = Maiuscole(Pulito(testata.campi[i]));
+            if (n == "STATO") n = "NAZIONE";
+            if (!colonna_.count(n)) colonna_[n] = i;
+        }
+    }
+    // The field of column `nome` in row `r` without the blanks around; none when the column or
+    // the field is missing or blank.
+    std::optional<std::string> operator()(const Riga& r, const char* nome) const {
+        auto it = colonna_.find(Maiuscole(nome));
+        if (it == colonna_.end() || it->second >= r.campi.size()) return std::nullopt;
+        std::string v = Pulito(r.campi[it->second]);
+        if (v.empty()) return std::nullopt;
+        return v;
+    }
+    // The comment as it stands, blanks kept; none when the row has no such column.
+    std::optional<std::string> Commento(const Riga& r) const {
+        auto it = colonna_.find("CMTO");
+        if (it == colonna_.end() || it->second >= r.campi.size()) return std::nullopt;
+        return r.campi[it->second];
+    }
+
+private:
+    std::map<std::string, std::size_t> colonna_;
+};
+
+// The steps of reading one row into an entry. Each that can refuse the row returns the reason
+// ("" when it does not) and leaves the chart as far as it got.
+
+// The date and clock time: Day and OraL (the archive's exact values) when both are given, else
+// Data and Ora.
+std::string LeggiMomento(const ColonneCSV& c, const Riga& r, bool virgola, Tema& t) {
+    auto day = c(r, "Day"), oraL = c(r, "OraL");
+    if (day && oraL) {
+        auto d = Numero(*day, virgola), o = Numero(*oraL, virgola);
+        if (!d || *d < 0 || *d > 5373484.5 || std::fabs(*d - std::floor(*d) - 0.5) > 1e-9)
+            return "Day non valido: " + *day;
+        if (!o || *o < 0 || *o >= 24) return "OraL non valida: " + *oraL;
+        t.Day = *d;
+        t.OraL = *o;
+        return {};
+    }
+    auto data = c(r, "Data"), ora = c(r, "Ora");
+    std::optional<double> d = data ? LeggiDataElenco(*data) : std::nullopt;
+    if (!d) return "data non valida: " + data.value_or("");
+    std::optional<double> o = ora ? Ora(*ora) : std::nullopt;
+    if (!o) return "ora non valida: " + ora.value_or("");
+    t.Day = *d;
+    t.OraL = *o;
+    return {};
+}
+
+// Coordinates, zone and summer time; a row without Lon, Lat or Fuso is completed through
+// `completa` (with a note) before the values given are put over it.
+std::string LeggiLuogo(const ColonneCSV& c, const Riga& r, bool virgola,
+                       const CompletaLuogo& completa, VoceScambio& v) {
+    Tema& t = v.tema;
+    auto lonT = c(r, "Lon"), latT = c(r, "Lat"), fusoT = c(r, "Fuso"), estT = c(r, "Estiva");
+    std::optional<double> lon, lat, fuso, estiva = 0.0;
+    if (lonT && !((lon = Coordinata(*lonT, virgola, true)) && std::fabs(*lon) <= 12))
+        return "Lon non valida: " + *lonT;
+    if (latT && !((lat = Coordinata(*latT, virgola, false)) && std::fabs(*lat) <= 90))
+        return "Lat non valida: " + *latT;
+    if (fusoT && !((fuso = Numero(*fusoT, virgola)) && std::fabs(*fuso) <= 24))
+        return "Fuso non valido: " + *fusoT;
+    if (estT && !((estiva = Numero(*estT, virgola)) && std::fabs(*estiva) <= 3))
+        return "Estiva non valida: " + *estT;
+    if (!lon || !lat || !fuso) {
+        if (!completa) return "luogo senza coordinate o fuso, e nessun database dei luoghi";
+        try {
+            completa(t);
+        } catch (const std::exception& e) {
+            return std::string("luogo non trovato nel database dei luoghi: ") + e.what();
+        }
+        v.completare = true;
+        v.nota = "completato dal database dei luoghi: " + SenzaSpazi(t.City.str()) + ", " +
+                 SenzaSpazi(t.Stato.str()) + ", " + TestoCoordinata(t.Lon, 1, 0, false) + " " +
+                 TestoCoordinata(t.Lat, 0, 1, false) + ", fuso " + TestoNumero(t.Fuso) +
+                 ", estiva " + TestoNumero(t.Estiva);
+    }
+    if (lon) t.Lon = *lon;
+    if (lat) t.Lat = *lat;
+    if (fuso) {
+        t.Fuso = *fuso;
+        t.Estiva = *estiva;
+    }
+    return {};
+}
+
+} // namespace
+
 std::vector<VoceScambio> LeggiCSV(std::string_view testo, const CompletaLuogo& completa) {
     std::vector<VoceScambio> voci;
     const char sep = Separatore(testo);
     const bool virgola = sep != ',';
     std::vector<Riga> righe = Righe(testo, sep);
     if (righe.empty()) return voci;
-    std::map<std::string, std::size_t> colonna;
-    for (std::size_t i = 0; i < righe[0].campi.size(); ++i) {
-        std::string n = Maiuscole(Pulito(righe[0].campi[i]));
-        if (n == "STATO") n = "NAZIONE";
-        if (!colonna.count(n)) colonna[n] = i;
-    }
-    auto c = [&](const Riga& r, const char* nome) -> std::optional<std::string> {
-        auto it = colonna.find(Maiuscole(nome));
-        if (it == colonna.end() || it->second >= r.campi.size()) return std::nullopt;
-        std::string v = Pulito(r.campi[it->second]);
-        if (v.empty()) return std::nullopt;
-        return v;
-    };
+    const ColonneCSV c(righe[0]);
     for (std::size_t k = 1; k < righe.size(); ++k) {
         const Riga& r = righe[k];
         VoceScambio v;
@@ -256,81 +298,9 @@ std::vector<VoceScambio> LeggiCSV(std::string_view testo, const CompletaLuogo& c
         t.Nome = c(r, "Nome").value_or("");
         t.City = c(r, "City").value_or("");
         t.Stato = c(r, "Nazione").value_or("");
-        if (colonna.count("CMTO") && colonna["CMTO"] < r.campi.size())
-            t.Cmto = r.campi[colonna["CMTO"]];
-        auto errore = [&](const std::string& e) {
-            v.errore = e;
-            voci.push_back(v);
-        };
-        auto day = c(r, "Day"), oraL = c(r, "OraL");
-        if (day && oraL) {
-            auto d = Numero(*day, virgola), o = Numero(*oraL, virgola);
-            if (!d || *d < 0 || *d > 5373484.5 || std::fabs(*d - std::floor(*d) - 0.5) > 1e-9) {
-                errore("Day non valido: " + *day);
-                continue;
-            }
-            if (!o || *o < 0 || *o >= 24) {
-                errore("OraL non valida: " + *oraL);
-                continue;
-            }
-            t.Day = *d;
-            t.OraL = *o;
-        } else {
-            auto data = c(r, "Data"), ora = c(r, "Ora");
-            std::optional<double> d = data ? Data(*data) : std::nullopt;
-            if (!d) {
-                errore("data non valida: " + data.value_or(""));
-                continue;
-            }
-            std::optional<double> o = ora ? Ora(*ora) : std::nullopt;
-            if (!o) {
-                errore("ora non valida: " + ora.value_or(""));
-                continue;
-            }
-            t.Day = *d;
-            t.OraL = *o;
-        }
-        auto lonT = c(r, "Lon"), latT = c(r, "Lat"), fusoT = c(r, "Fuso"), estT = c(r, "Estiva");
-        std::optional<double> lon, lat, fuso, estiva = 0.0;
-        if (lonT && !((lon = Coordinata(*lonT, virgola, true)) && std::fabs(*lon) <= 12)) {
-            errore("Lon non valida: " + *lonT);
-            continue;
-        }
-        if (latT && !((lat = Coordinata(*latT, virgola, false)) && std::fabs(*lat) <= 90)) {
-            errore("Lat non valida: " + *latT);
-            continue;
-        }
-        if (fusoT && !((fuso = Numero(*fusoT, virgola)) && std::fabs(*fuso) <= 24)) {
-            errore("Fuso non valido: " + *fusoT);
-            continue;
-        }
-        if (estT && !((estiva = Numero(*estT, virgola)) && std::fabs(*estiva) <= 3)) {
-            errore("Estiva non valida: " + *estT);
-            continue;
-        }
-        if (!lon || !lat || !fuso) {
-            if (!completa) {
-                errore("luogo senza coordinate o fuso, e nessun database dei luoghi");
-                continue;
-            }
-            try {
-                completa(t);
-            } catch (const std::exception& e) {
-                errore(std::string("luogo non trovato nel database dei luoghi: ") + e.what());
-                continue;
-            }
-            v.completare = true;
-            v.nota = "completato dal database dei luoghi: " + SenzaSpazi(t.City.str()) + ", " +
-                     SenzaSpazi(t.Stato.str()) + ", " + TestoCoordinata(t.Lon, 1, 0, false) + " " +
-                     TestoCoordinata(t.Lat, 0, 1, false) + ", fuso " + TestoNumero(t.Fuso) +
-                     ", estiva " + TestoNumero(t.Estiva);
-        }
-        if (lon) t.Lon = *lon;
-        if (lat) t.Lat = *lat;
-        if (fuso) {
-            t.Fuso = *fuso;
-            t.Estiva = *estiva;
-        }
+        if (auto cmto = c.Commento(r)) t.Cmto = *cmto;
+        if ((v.errore = LeggiMomento(c, r, virgola, t)).empty())
+            v.errore = LeggiLuogo(c, r, virgola, completa, v);
         voci.push_back(v);
     }
     return voci;

@@ -1,11 +1,11 @@
 #include "archives/Query.h"
 
-#include <atomic>
-#include <chrono>
+#include <algorithm>
 #include <cmath>
 #include <thread>
 
 #include "archives/Archivi.h"
+#include "archives/CorsaQuery.h"
 #include "chart/Aspetti.h"
 #include "chart/CalcolaTema.h"
 #include "chart/Case.h"
@@ -136,23 +136,18 @@ std::string NomeRisultato(const std::string& testo) {
     return nome;
 }
 
+bool TemaColpito(const Tema& tema, const BisognoQuery& bisogno,
+                 const std::vector<CondizioneQuery>& condizioni, std::int16_t lunaGeo,
+                 Messaggi& messaggi) {
+    Case cuspidi;
+    Posizioni pos;
+    CastaPerQuery(tema, bisogno, cuspidi, pos, lunaGeo, messaggi);
+    for (const CondizioneQuery& q : condizioni)
+        if (!ProvaCondizione(q, cuspidi, pos)) return false;
+    return true;
+}
+
 namespace {
-
-const char* const CampiCopia[10] = {"Nome", "City", "Nazione", "Day",    "OraL",
-                                    "Lon",  "Lat",  "Fuso",    "Estiva", "Cmto"};
-
-// One source row: its ten fields as they stand, and the chart read from them.
-struct RigaSorgente {
-    std::array<Valore, 10> campi;
-    Tema tema;
-};
-
-// What the casting of one chart left: the hit, and the messages it showed.
-struct EsitoTema {
-    bool colpito = false;
-    bool interrotto = false; // the houses never converged: the run ends here
-    std::vector<MessaggiRegistrati::Voce> messaggi;
-};
 
 // The database keeps one table of a name whatever its case: a result name typed in other
 // letters adds to the table that stands.
@@ -162,23 +157,12 @@ bool EsisteTabella(const Database& db, const std::string& nome) {
     return false;
 }
 
-void RipetiMessaggi(const std::vector<MessaggiRegistrati::Voce>& voci, Messaggi& messaggi) {
-    for (const auto& v : voci) {
-        if (v.tipo == MessaggiRegistrati::Voce::Beep)
-            messaggi.Beep();
-        else if (v.tipo == MessaggiRegistrati::Voce::Box)
-            messaggi.Mostra(v.titolo, v.testo, v.pulsanti, v.icona);
-    }
-}
-
 } // namespace
 
 EsitoQuery EseguiQuery(const std::string& fileDB, const std::string& sorgente,
                        const std::string& risultato, const std::vector<CondizioneQuery>& condizioni,
                        std::int16_t lunaGeo, Messaggi& messaggi,
                        const AvanzamentoQuery& avanzamento, unsigned fili) {
-    using Orologio = std::chrono::steady_clock;
-    const auto passo = std::chrono::milliseconds(50);
     EsitoQuery esito;
     esito.Tabella = risultato;
     Database db(fileDB);
@@ -186,137 +170,13 @@ EsitoQuery EseguiQuery(const std::string& fileDB, const std::string& sorgente,
         CreaArchivio(fileDB, risultato);
         esito.NuovaTabella = true;
     }
-
-    // The source as it stands now, in index order. This thread reads it and tells the progress;
-    // the workers cast each chart as soon as it has been read.
+    // The source as it stands now, in index order.
     Cursore rs(db, sorgente);
     rs.Index(IndiceArchivio);
-    const auto contati0 = rs.RecordCount();
-    const std::size_t n = static_cast<std::size_t>(std::max<std::int64_t>(0, contati0));
-    std::vector<RigaSorgente> righe(n);
-    std::vector<EsitoTema> esiti(n);
-    std::vector<char> fatto(n, 0);
-    std::atomic<std::size_t> letti{0};
-    std::atomic<bool> letturaFinita{false};
-    std::atomic<std::size_t> prossimo{0};
-    std::atomic<std::int64_t> contati{0};
-    std::atomic<bool> ferma{false};
-    const BisognoQuery bisogno = BisognoDi(condizioni);
-
-    auto lavora = [&] {
-        MessaggiRegistrati m;
-        for (;;) {
-            if (ferma.load(std::memory_order_relaxed)) return;
-            std::size_t i = prossimo.fetch_add(1);
-            if (i >= n) return;
-            // Ahead of the reading: wait for the row.
-            while (i >= letti.load(std::memory_order_acquire)) {
-                if (ferma.load(std::memory_order_relaxed)) return;
-                if (letturaFinita.load(std::memory_order_acquire) &&
-                    i >= letti.load(std::memory_order_acquire))
-                    return;
-                std::this_thread::sleep_for(std::chrono::microseconds(100));
-            }
-            Case cuspidi;
-            Posizioni pos;
-            m.registro.clear();
-            EsitoTema& e = esiti[i];
-            try {
-                CastaPerQuery(righe[i].tema, bisogno, cuspidi, pos, lunaGeo, m);
-                e.colpito = true;
-                for (const CondizioneQuery& q : condizioni)
-                    if (!ProvaCondizione(q, cuspidi, pos)) {
-                        e.colpito = false;
-                        break;
-                    }
-            } catch (const ErroreLoopCase&) {
-                e.interrotto = true;
-                ferma = true;
-            }
-            if (!m.registro.empty()) e.messaggi = std::move(m.registro);
-            fatto[i] = 1;
-            contati.fetch_add(1, std::memory_order_relaxed);
-        }
-    };
-    if (fili == 0) fili = std::max(1u, std::thread::hardware_concurrency());
-    fili = static_cast<unsigned>(std::min<std::size_t>(fili, std::max<std::size_t>(1, n)));
-    std::int64_t totale = static_cast<std::int64_t>(n);
-    auto chiedi = [&] {
-        if (avanzamento && !avanzamento(contati.load(), totale)) {
-            ferma = true;
-            esito.Fermata = true;
-        }
-    };
-    {
-        std::vector<std::jthread> lavoratori;
-        for (unsigned k = 0; k < fili; ++k)
-            lavoratori.emplace_back(lavora);
-        try {
-            auto prossimoAvviso = Orologio::now() + passo;
-            std::size_t k = 0;
-            for (; k < n && !rs.Eof() && !ferma.load(); rs.MoveNext(), ++k) {
-                RigaSorgente& r = righe[k];
-                for (std::size_t c = 0; c < 10; ++c)
-                    r.campi[c] = rs.Campo(CampiCopia[c]);
-                r.tema.Nome = r.campi[0].Testo();
-                r.tema.City = r.campi[1].Testo();
-                r.tema.Stato = r.campi[2].Testo();
-                r.tema.Day = r.campi[3].Numero();
-                r.tema.OraL = r.campi[4].Numero();
-                r.tema.Lon = r.campi[5].Numero();
-                r.tema.Lat = r.campi[6].Numero();
-                r.tema.Fuso = r.campi[7].Numero();
-                r.tema.Estiva = r.campi[8].Numero();
-                letti.store(k + 1, std::memory_order_release);
-                if (Orologio::now() >= prossimoAvviso) {
-                    chiedi();
-                    prossimoAvviso = Orologio::now() + passo;
-                }
-            }
-            totale = static_cast<std::int64_t>(k);
-        } catch (...) {
-            ferma = true;
-            letturaFinita = true;
-            throw;
-        }
-        letturaFinita = true;
-        rs.Chiudi();
-        while (contati.load() < totale && !ferma.load()) {
-            std::this_thread::sleep_for(std::chrono::milliseconds(20));
-            chiedi();
-        }
-    }
-
-    // The hits in the order of the source, up to the first chart not cast; the messages of
-    // the casting with them.
-    Cursore out(db, risultato);
-    db.IniziaTransazione();
-    try {
-        auto prossimoAvviso = Orologio::now() + passo;
-        for (std::size_t i = 0; i < n && fatto[i]; ++i) {
-            // The window stays alive while the hits are written; a stop asked now changes
-            // nothing, the charts are cast already.
-            if (avanzamento && Orologio::now() >= prossimoAvviso) {
-                avanzamento(contati.load(), totale);
-                prossimoAvviso = Orologio::now() + passo;
-            }
-            RipetiMessaggi(esiti[i].messaggi, messaggi);
-            ++esito.Esaminati;
-            if (esiti[i].interrotto) break;
-            if (!esiti[i].colpito) continue;
-            out.AddNew();
-            for (std::size_t k = 0; k < 10; ++k)
-                out.Imposta(CampiCopia[k], righe[i].campi[k]);
-            out.Update();
-            ++esito.Trovati;
-        }
-        out.Chiudi();
-        db.ConfermaTransazione();
-    } catch (...) {
-        db.AnnullaTransazione();
-        throw;
-    }
-    if (avanzamento) avanzamento(esito.Esaminati, totale);
+    const auto n = static_cast<std::size_t>(std::max<std::int64_t>(0, rs.RecordCount()));
+    CorsaQuery corsa(n, condizioni, lunaGeo, avanzamento, esito);
+    corsa.Corri(rs, fili == 0 ? std::max(1u, std::thread::hardware_concurrency()) : fili);
+    corsa.ScriviColpi(db, risultato, messaggi);
     return esito;
 }
 

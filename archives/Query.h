@@ -58,6 +58,12 @@ const Posizione& PuntoFrom(int lf, const Case& cuspidi, const Posizioni& pos);
 // Whether a cast chart passes the condition.
 bool ProvaCondizione(const CondizioneQuery& q, const Case& cuspidi, const Posizioni& pos);
 
+// The verdict on one chart: casts what `bisogno` asks of it and tests every condition, all to
+// hold. The casting's messages go to `messaggi`; ErroreLoopCase (houses not found) goes on.
+bool TemaColpito(const Tema& tema, const BisognoQuery& bisogno,
+                 const std::vector<CondizioneQuery>& condizioni, std::int16_t lunaGeo,
+                 Messaggi& messaggi);
+
 // The result table's name: the text without surrounding blanks, with "Q_" ahead unless it
 // begins with it.
 std::string NomeRisultato(const std::string& testo);

@@ -18,14 +18,23 @@ std::string TestoTrasferireTemi(std::size_t quanti, const std::string& sorgente,
            sorgente + "\nall' Archivio     " + destinazione + " ?";
 }
 
-std::int64_t EliminaTemi(Database& db, const std::string& archivio,
-                         const std::vector<Segnalibro>& righe) {
+namespace {
+
+// Deletes the rows `righe` of `archivio`, in their order, each copied first into `destinazione`
+// when one is given; one transaction, rolled back on an error, which goes on to the caller.
+// Returns the rows deleted.
+std::int64_t TogliTemi(Database& db, const std::string& archivio, const std::string* destinazione,
+                       const std::vector<Segnalibro>& righe) {
     db.IniziaTransazione();
     std::int64_t n = 0;
     try {
         Cursore rs(db, archivio);
         for (const Segnalibro& s : righe) {
             rs.VaiA(s);
+            if (destinazione) {
+                CopiaTemaIn(db, rs, *destinazione);
+                rs.VaiA(s);
+            }
             rs.Delete();
             ++n;
         }
@@ -38,27 +47,17 @@ std::int64_t EliminaTemi(Database& db, const std::string& archivio,
     return n;
 }
 
+} // namespace
+
+std::int64_t EliminaTemi(Database& db, const std::string& archivio,
+                         const std::vector<Segnalibro>& righe) {
+    return TogliTemi(db, archivio, nullptr, righe);
+}
+
 std::int64_t TrasferisciTemi(Database& db, const std::string& sorgente,
                              const std::string& destinazione,
                              const std::vector<Segnalibro>& righe) {
-    db.IniziaTransazione();
-    std::int64_t n = 0;
-    try {
-        Cursore rs(db, sorgente);
-        for (const Segnalibro& s : righe) {
-            rs.VaiA(s);
-            CopiaTemaIn(db, rs, destinazione);
-            rs.VaiA(s);
-            rs.Delete();
-            ++n;
-        }
-        rs.Chiudi();
-        db.ConfermaTransazione();
-    } catch (...) {
-        db.AnnullaTransazione();
-        throw;
-    }
-    return n;
+    return TogliTemi(db, sorgente, &destinazione, righe);
 }
 
 std::optional<std::string> RinominaArchivio(const std::string& fileDB, const std::string& vecchio,

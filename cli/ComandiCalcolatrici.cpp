@@ -81,57 +81,54 @@ int ComandoEqT(const Parole& parole, std::ostream& out) {
     return 0;
 }
 
-int ComandoEclEqu(const Parole& parole, std::ostream& out) {
-    Argomenti a(parole, {"json"});
-    a.Consenti({"data", "ora", "segno", "lon", "lat", "ar", "dec", "json"});
-    SenzaParoleInPiu(a);
-    const bool eclittiche = a.Opzione("lon").has_value();
-    const bool equatoriali = a.Opzione("ar").has_value();
-    if (eclittiche == equatoriali)
-        throw ErroreArgomenti("serve --segno N --lon \"G P S\" [--lat \"G P\"] oppure "
-                              "--ar \"H M S\" [--dec \"G P\"]");
-    const double jd = JDDi(a, true);
-    const bool json = a.Flag("json");
-    if (eclittiche) {
-        if (a.Opzione("ar") || a.Opzione("dec"))
-            throw ErroreArgomenti("--ar e --dec non vanno con --lon");
-        Eclittiche e;
-        const std::string segno = a.Opzione("segno").value_or("0");
-        e.Segno = -1;
-        for (int i = 0; i < 12; ++i)
-            if (UgualeSenzaCaso(segno, SegniCalcolatrice[static_cast<std::size_t>(i)]) ||
-                UgualeSenzaCaso(segno, NomiSegni[i]))
-                e.Segno = i;
-        if (e.Segno < 0) {
-            std::optional<double> n = NumeroDiCasella(segno);
-            if (!n || *n != std::floor(*n) || *n < 0 || *n > 11)
-                throw ErroreArgomenti("--segno: da 0 (Ariete) a 11 (Pesci), o il nome: " + segno);
-            e.Segno = static_cast<int>(*n);
-        }
-        const auto lon = LeggiTripla(a.Richiesta("lon"), 3, "--lon");
-        const auto lat = LeggiTripla(a.Opzione("lat").value_or("0"), 2, "--lat");
-        e.Lon_Gradi = lon[0];
-        e.Lon_Primi = lon[1];
-        e.Lon_Sec = lon[2];
-        e.Lat_Gradi = lat[0];
-        e.Lat_Primi = lat[1];
-        const Equatoriali q = EclitticheAEquatoriali(jd, e);
-        if (json) {
-            out << JsonOggetto()
-                       .Numero("txAR_h", q.AR_h)
-                       .Numero("txAR_m", q.AR_m)
-                       .Numero("txAR_s", q.AR_s)
-                       .Numero("txDec_Gradi", q.Dec_Gradi)
-                       .Numero("txDec_Primi", q.Dec_Primi)
-                       .str()
-                << '\n';
-        } else {
-            out << "AR   " << TestoNumero(q.AR_h) << "h " << TestoNumero(q.AR_m) << "m "
-                << FormatoNumero(q.AR_s, "#0.0#") << "s\n"
-                << "Dec  " << TestoNumero(q.Dec_Gradi) << "° " << TestoNumero(q.Dec_Primi) << "'\n";
-        }
-        return 0;
+namespace {
+
+// The sign of --segno: its name (as the calculator lists it, or in full) or its number from 0.
+int LeggiSegno(const std::string& segno) {
+    int trovato = -1;
+    for (int i = 0; i < 12; ++i)
+        if (UgualeSenzaCaso(segno, SegniCalcolatrice[static_cast<std::size_t>(i)]) ||
+            UgualeSenzaCaso(segno, NomiSegni[i]))
+            trovato = i;
+    if (trovato >= 0) return trovato;
+    std::optional<double> n = NumeroDiCasella(segno);
+    if (!n || *n != std::floor(*n) || *n < 0 || *n > 11)
+        throw ErroreArgomenti("--segno: da 0 (Ariete) a 11 (Pesci), o il nome: " + segno);
+    return static_cast<int>(*n);
+}
+
+// From ecliptic to equatorial coordinates, the answer as a table or JSON.
+void DaEclittiche(const Argomenti& a, double jd, bool json, std::ostream& out) {
+    if (a.Opzione("ar") || a.Opzione("dec"))
+        throw ErroreArgomenti("--ar e --dec non vanno con --lon");
+    Eclittiche e;
+    e.Segno = LeggiSegno(a.Opzione("segno").value_or("0"));
+    const auto lon = LeggiTripla(a.Richiesta("lon"), 3, "--lon");
+    const auto lat = LeggiTripla(a.Opzione("lat").value_or("0"), 2, "--lat");
+    e.Lon_Gradi = lon[0];
+    e.Lon_Primi = lon[1];
+    e.Lon_Sec = lon[2];
+    e.Lat_Gradi = lat[0];
+    e.Lat_Primi = lat[1];
+    const Equatoriali q = EclitticheAEquatoriali(jd, e);
+    if (json) {
+        out << JsonOggetto()
+                   .Numero("txAR_h", q.AR_h)
+                   .Numero("txAR_m", q.AR_m)
+                   .Numero("txAR_s", q.AR_s)
+                   .Numero("txDec_Gradi", q.Dec_Gradi)
+                   .Numero("txDec_Primi", q.Dec_Primi)
+                   .str()
+            << '\n';
+    } else {
+        out << "AR   " << TestoNumero(q.AR_h) << "h " << TestoNumero(q.AR_m) << "m "
+            << FormatoNumero(q.AR_s, "#0.0#") << "s\n"
+            << "Dec  " << TestoNumero(q.Dec_Gradi) << "° " << TestoNumero(q.Dec_Primi) << "'\n";
     }
+}
+
+// From equatorial to ecliptic coordinates, the answer as a table or JSON.
+void DaEquatoriali(const Argomenti& a, double jd, bool json, std::ostream& out) {
     if (a.Opzione("segno") || a.Opzione("lat"))
         throw ErroreArgomenti("--segno e --lat non vanno con --ar");
     Equatoriali q;
@@ -160,6 +157,24 @@ int ComandoEclEqu(const Parole& parole, std::ostream& out) {
             << FormatoNumero(e.Lon_Sec, "#0.0#") << "\"\n"
             << "Lat  " << TestoNumero(e.Lat_Gradi) << "° " << TestoNumero(e.Lat_Primi) << "'\n";
     }
+}
+
+} // namespace
+
+int ComandoEclEqu(const Parole& parole, std::ostream& out) {
+    Argomenti a(parole, {"json"});
+    a.Consenti({"data", "ora", "segno", "lon", "lat", "ar", "dec", "json"});
+    SenzaParoleInPiu(a);
+    const bool eclittiche = a.Opzione("lon").has_value();
+    const bool equatoriali = a.Opzione("ar").has_value();
+    if (eclittiche == equatoriali)
+        throw ErroreArgomenti("serve --segno N --lon \"G P S\" [--lat \"G P\"] oppure "
+                              "--ar \"H M S\" [--dec \"G P\"]");
+    const double jd = JDDi(a, true);
+    if (eclittiche)
+        DaEclittiche(a, jd, a.Flag("json"), out);
+    else
+        DaEquatoriali(a, jd, a.Flag("json"), out);
     return 0;
 }
 

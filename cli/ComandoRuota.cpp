@@ -85,121 +85,171 @@ void MappaERiquadro(Superficie& sup, const Tema& rilocato, const std::filesystem
     }
 }
 
+// What the command line asks of the wheel, its arguments checked: a bad or clashing one
+// throws ErroreArgomenti, in the order the checks are written.
+struct RichiestaRuota {
+    bool transito = false, rilocata = false;
+    int modoAscens = 0; // ModoAscensionale
+    double arco = 0;    // the outer chart's turn, degrees
+    std::string file;   // .png, .svg or .pdf
+    int lato = 800;     // pixels
+    double angolo = 0;  // the wheel's rotation, degrees
+    int nodi = 0;       // the choice of planetary nodes
+    int casa = 0;       // the house of the double zodiac, 0 for the double wheel
+};
+
+RichiestaRuota LeggiRichiesta(Argomenti& a) {
+    a.Consenti([] {
+        auto ammesse = OpzioniDelTema();
+        for (const char* o :
+             {"out", "transito", "estiva-transito", "aspetti", "size", "angolo", "asc", "nodi",
+              "zodiaco", "case-transito", "ascensionale", "arco", "db", "json"})
+            ammesse.push_back(o);
+        for (const std::string& o : OpzioniRivoluzione(false))
+            ammesse.push_back(o);
+        return ammesse;
+    }());
+    RichiestaRuota r;
+    r.transito = a.Opzione("transito").has_value();
+    r.rilocata = a.Flag("rilocata");
+    if (r.transito && r.rilocata)
+        throw ErroreArgomenti("--transito e --rilocata non vanno insieme");
+    r.modoAscens = ModoAscensionale(a);
+    r.arco = LeggiNumero(a.Opzione("arco").value_or("0"), "arco");
+    if (a.Opzione("arco") && !r.transito && !r.rilocata)
+        throw ErroreArgomenti("--arco gira il tema esterno: vale con --transito o --rilocata");
+    if (r.modoAscens && a.Opzione("zodiaco"))
+        throw ErroreArgomenti("--ascensionale e --zodiaco non vanno insieme");
+    if (r.modoAscens && r.rilocata)
+        throw ErroreArgomenti("--rilocata disegna la ruota doppia con la mappa: senza "
+                              "--ascensionale");
+    if (a.Posizionali().size() > (r.transito ? 1u : 0u))
+        throw ErroreArgomenti("argomento inatteso: " + a.Posizionali().back());
+    r.file = a.Richiesta("out");
+    if (!FormatoDaFile(r.file))
+        throw ErroreArgomenti("--out vuole un file .png, .svg o .pdf: " + r.file);
+    r.lato = LeggiIntero(a.Opzione("size").value_or("800"), "--size", 16, 20000);
+    r.angolo = LeggiNumero(a.Opzione("angolo").value_or("0"), "angolo", -360, 360);
+    r.nodi = LeggiIntero(a.Opzione("nodi").value_or("0"), "--nodi", 0, 24);
+    if (auto z = a.Opzione("zodiaco")) {
+        if (!r.transito) throw ErroreArgomenti("--zodiaco vale solo con --transito");
+        r.casa = LeggiIntero(*z, "--zodiaco", 1, 12);
+    }
+    return r;
+}
+
+// The natal chart cast, as every kind of wheel begins.
+struct NataleRuota {
+    Tema tema;
+    Posizioni pos;
+    std::int16_t luna = 0;
+};
+
+// The steps below draw one kind of wheel into the file and return SalvaDisegno's error ("" when
+// written); the revolution's and the transit's own errors go on to the caller.
+
+// The relocated revolution's double wheel with the map of the time zones.
+std::string RuotaRilocata(const Argomenti& a, const RichiestaRuota& r, const NataleRuota& n,
+                          Messaggi& messaggi) {
+    RivoluzioneCercata riv = CercaRivoluzioneDaArgomenti(a, false, messaggi);
+    if (!riv.e.trovato) throw std::runtime_error("rivoluzione non trovata");
+    RilocaRivoluzione(riv, a, messaggi);
+    OpzioniDoppia o;
+    o.AngoloRuota = r.angolo;
+    o.MappaVisibile = true;
+    o.DisegnaAspettiCmp = a.Flag("aspetti");
+    o.Aspetti.ArcoSolare = static_cast<float>(r.arco);
+    const Rettangolo ruota = AreaDoppia(true);
+    const Rettangolo area{0, 0, ruota.x + ruota.larghezza, ruota.y + ruota.altezza};
+    const auto fileDB = FileDatabase(a);
+    return SalvaDisegno(r.file, r.lato, area, [&](Superficie& sup) {
+        DisegnaDoppia(sup, n.tema, n.pos, riv.s.TemaRiv, riv.s.PosRiv, o);
+        MappaERiquadro(sup, riv.s.TemaRiv, fileDB);
+    });
+}
+
+// The wheel of ascensions, single or with the transit.
+std::string RuotaAscensioni(const Argomenti& a, const RichiestaRuota& r, const NataleRuota& n,
+                            Messaggi& messaggi) {
+    OpzioniAscensionale o;
+    o.ModoAscens = r.modoAscens;
+    o.AngoloRuota = r.angolo;
+    // The ascensions turn with the Ascendant's right ascension when the wheel does.
+    o.AngoloAscens = a.Flag("asc") ? 360 - 15 * n.pos.Asce.AR.Numero() : r.angolo;
+    o.DisegnaAspetti = a.Flag("aspetti");
+    o.Aspetti.ArcoSolare = static_cast<float>(r.arco);
+    if (!r.transito)
+        return SalvaDisegno(r.file, r.lato, AreaAscensionale(false), [&](Superficie& sup) {
+            DisegnaRuotaAscensionale(sup, n.tema, n.pos, o);
+        });
+    Tema temaTransito = LeggiTransito(a, n.tema);
+    Case cuspidi;
+    Posizioni posTransito;
+    CastaTema(temaTransito, cuspidi, posTransito, n.luna, messaggi);
+    return SalvaDisegno(r.file, r.lato, AreaAscensionale(true), [&](Superficie& sup) {
+        DisegnaDoppiaAscensionale(sup, n.tema, n.pos, temaTransito, posTransito, o);
+    });
+}
+
+// The transit's double wheel, or its double zodiac.
+std::string RuotaTransito(const Argomenti& a, const RichiestaRuota& r, const NataleRuota& n,
+                          Messaggi& messaggi) {
+    Tema temaTransito = LeggiTransito(a, n.tema);
+    Case cuspidi;
+    Posizioni posTransito;
+    CastaTema(temaTransito, cuspidi, posTransito, n.luna, messaggi);
+    OpzioniDoppia o;
+    o.AngoloRuota = r.angolo;
+    o.Transito = true;
+    // A transit wheel opens without the transit's houses.
+    o.CaseEsterne = a.Flag("case-transito");
+    o.DisegnaAspettiCmp = a.Flag("aspetti");
+    o.Aspetti.ArcoSolare = static_cast<float>(r.arco);
+    const Rettangolo area = r.casa ? AreaDoppioZodiaco() : AreaDoppia(o.MappaVisibile);
+    return SalvaDisegno(r.file, r.lato, area, [&](Superficie& sup) {
+        if (r.casa)
+            DisegnaDoppioZodiaco(sup, n.tema, n.pos, temaTransito, posTransito, o, r.casa);
+        else
+            DisegnaDoppia(sup, n.tema, n.pos, temaTransito, posTransito, o);
+    });
+}
+
 } // namespace
 
 int ComandoRuota(const Parole& parole, std::ostream& out) {
     Argomenti a(parole, {"aspetti", "asc", "case-transito", "rilocata", "primo", "json"});
-    auto ammesse = OpzioniDelTema();
-    for (const char* o : {"out", "transito", "estiva-transito", "aspetti", "size", "angolo", "asc",
-                          "nodi", "zodiaco", "case-transito", "ascensionale", "arco", "db", "json"})
-        ammesse.push_back(o);
-    for (const std::string& o : OpzioniRivoluzione(false))
-        ammesse.push_back(o);
-    a.Consenti(ammesse);
-    bool transito = a.Opzione("transito").has_value();
-    const bool rilocata = a.Flag("rilocata");
-    if (transito && rilocata) throw ErroreArgomenti("--transito e --rilocata non vanno insieme");
-    const int modoAscens = ModoAscensionale(a);
-    const double arco = LeggiNumero(a.Opzione("arco").value_or("0"), "arco");
-    if (a.Opzione("arco") && !transito && !rilocata)
-        throw ErroreArgomenti("--arco gira il tema esterno: vale con --transito o --rilocata");
-    if (modoAscens && a.Opzione("zodiaco"))
-        throw ErroreArgomenti("--ascensionale e --zodiaco non vanno insieme");
-    if (modoAscens && rilocata)
-        throw ErroreArgomenti("--rilocata disegna la ruota doppia con la mappa: senza "
-                              "--ascensionale");
-    if (a.Posizionali().size() > (transito ? 1u : 0u))
-        throw ErroreArgomenti("argomento inatteso: " + a.Posizionali().back());
-    std::string file = a.Richiesta("out");
-    if (!FormatoDaFile(file))
-        throw ErroreArgomenti("--out vuole un file .png, .svg o .pdf: " + file);
-    int lato = LeggiIntero(a.Opzione("size").value_or("800"), "--size", 16, 20000);
-    double angolo = LeggiNumero(a.Opzione("angolo").value_or("0"), "angolo", -360, 360);
-    int nodi = LeggiIntero(a.Opzione("nodi").value_or("0"), "--nodi", 0, 24);
-    int casa = 0;
-    if (auto z = a.Opzione("zodiaco")) {
-        if (!transito) throw ErroreArgomenti("--zodiaco vale solo con --transito");
-        casa = LeggiIntero(*z, "--zodiaco", 1, 12);
-    }
-
-    Tema natale = LeggiTema(a);
-    std::int16_t luna = LeggiLuna(a);
+    RichiestaRuota r = LeggiRichiesta(a);
+    NataleRuota n;
+    n.tema = LeggiTema(a);
+    n.luna = LeggiLuna(a);
     MessaggiConsole messaggi(Avvisi());
     Case cuspidi;
-    Posizioni posNatale;
-    CastaTema(natale, cuspidi, posNatale, luna, messaggi);
-    if (a.Flag("asc")) angolo = 360 - posNatale.Asce.Lo;
+    CastaTema(n.tema, cuspidi, n.pos, n.luna, messaggi);
+    if (a.Flag("asc")) r.angolo = 360 - n.pos.Asce.Lo;
 
     const ApplicazioneGrafica app;
     std::string errore;
-    if (rilocata) {
-        RivoluzioneCercata r = CercaRivoluzioneDaArgomenti(a, false, messaggi);
-        if (!r.e.trovato) throw std::runtime_error("rivoluzione non trovata");
-        RilocaRivoluzione(r, a, messaggi);
-        OpzioniDoppia o;
-        o.AngoloRuota = angolo;
-        o.MappaVisibile = true;
-        o.DisegnaAspettiCmp = a.Flag("aspetti");
-        o.Aspetti.ArcoSolare = static_cast<float>(arco);
-        const Rettangolo ruota = AreaDoppia(true);
-        const Rettangolo area{0, 0, ruota.x + ruota.larghezza, ruota.y + ruota.altezza};
-        const auto fileDB = FileDatabase(a);
-        errore = SalvaDisegno(file, lato, area, [&](Superficie& sup) {
-            DisegnaDoppia(sup, natale, posNatale, r.s.TemaRiv, r.s.PosRiv, o);
-            MappaERiquadro(sup, r.s.TemaRiv, fileDB);
-        });
-    } else if (modoAscens) {
-        OpzioniAscensionale o;
-        o.ModoAscens = modoAscens;
-        o.AngoloRuota = angolo;
-        // The ascensions turn with the Ascendant's right ascension when the wheel does.
-        o.AngoloAscens = a.Flag("asc") ? 360 - 15 * posNatale.Asce.AR.Numero() : angolo;
-        o.DisegnaAspetti = a.Flag("aspetti");
-        o.Aspetti.ArcoSolare = static_cast<float>(arco);
-        if (transito) {
-            Tema temaTransito = LeggiTransito(a, natale);
-            Posizioni posTransito;
-            CastaTema(temaTransito, cuspidi, posTransito, luna, messaggi);
-            errore = SalvaDisegno(file, lato, AreaAscensionale(true), [&](Superficie& sup) {
-                DisegnaDoppiaAscensionale(sup, natale, posNatale, temaTransito, posTransito, o);
-            });
-        } else {
-            errore = SalvaDisegno(file, lato, AreaAscensionale(false), [&](Superficie& sup) {
-                DisegnaRuotaAscensionale(sup, natale, posNatale, o);
-            });
-        }
-    } else if (!transito) {
+    if (r.rilocata) {
+        errore = RuotaRilocata(a, r, n, messaggi);
+    } else if (r.modoAscens) {
+        errore = RuotaAscensioni(a, r, n, messaggi);
+    } else if (!r.transito) {
         OpzioniRuota o;
-        o.AngoloRuota = angolo;
-        o.NodiScelti = nodi;
+        o.AngoloRuota = r.angolo;
+        o.NodiScelti = r.nodi;
         o.DisegnaAspetti = a.Flag("aspetti");
-        errore = SalvaDisegno(file, lato, AreaRuota(o.Geometria),
-                              [&](Superficie& sup) { DisegnaRuota(sup, natale, posNatale, o); });
+        errore = SalvaDisegno(r.file, r.lato, AreaRuota(o.Geometria),
+                              [&](Superficie& sup) { DisegnaRuota(sup, n.tema, n.pos, o); });
     } else {
-        Tema temaTransito = LeggiTransito(a, natale);
-        Posizioni posTransito;
-        CastaTema(temaTransito, cuspidi, posTransito, luna, messaggi);
-        OpzioniDoppia o;
-        o.AngoloRuota = angolo;
-        o.Transito = true;
-        // A transit wheel opens without the transit's houses.
-        o.CaseEsterne = a.Flag("case-transito");
-        o.DisegnaAspettiCmp = a.Flag("aspetti");
-        o.Aspetti.ArcoSolare = static_cast<float>(arco);
-        Rettangolo area = casa ? AreaDoppioZodiaco() : AreaDoppia(o.MappaVisibile);
-        errore = SalvaDisegno(file, lato, area, [&](Superficie& sup) {
-            if (casa)
-                DisegnaDoppioZodiaco(sup, natale, posNatale, temaTransito, posTransito, o, casa);
-            else
-                DisegnaDoppia(sup, natale, posNatale, temaTransito, posTransito, o);
-        });
+        errore = RuotaTransito(a, r, n, messaggi);
     }
     if (!errore.empty()) throw std::runtime_error(errore);
     // The file written, as stampa tells its own.
     if (a.Flag("json"))
-        out << JsonOggetto().Campo("File", JsonLista().Valore(JsonTesto(file)).str()).str() << '\n';
+        out << JsonOggetto().Campo("File", JsonLista().Valore(JsonTesto(r.file)).str()).str()
+            << '\n';
     else
-        out << file << '\n';
+        out << r.file << '\n';
     return 0;
 }
 

@@ -2,6 +2,8 @@
 // the two bitmaps of the page's halves that the printing form prepares for sending.
 #include <filesystem>
 #include <iostream>
+#include <optional>
+#include <vector>
 
 #include "chart/CalcolaTema.h"
 #include "cli/Argomenti.h"
@@ -36,70 +38,73 @@ std::string LeggiNomeBitmap(const std::string& testo) {
     return nome;
 }
 
-} // namespace
+// What the command line asks of the page, its arguments checked: a bad or clashing one throws
+// ErroreArgomenti, in the order the checks are written.
+struct RichiestaStampa {
+    std::optional<std::string> file; // the page, .pdf or .png (png tells which)
+    bool png = false;
+    std::optional<std::string> bmp; // the name typed for the two bitmaps
+    std::string nomeBmp;            // that name checked
+    std::filesystem::path cartella; // where the bitmaps go
+    OpzioniPagina o;                // but the Moon, which the chart's options give
+};
 
-int ComandoStampa(const Parole& parole, std::ostream& out) {
-    Argomenti a(parole, {"aspetti", "json"});
+RichiestaStampa LeggiRichiesta(Argomenti& a) {
     auto ammesse = OpzioniDelTema();
     for (const char* o : {"out", "aspetti", "slot", "bmp", "dir", "orbita", "json"})
         ammesse.push_back(o);
     a.Consenti(ammesse);
     if (!a.Posizionali().empty())
         throw ErroreArgomenti("argomento inatteso: " + a.Posizionali().front());
-
-    auto file = a.Opzione("out");
-    auto bmp = a.Opzione("bmp");
-    if (!file && !bmp) throw ErroreArgomenti("manca --out FILE.pdf|.png (o --bmp NOME)");
-    bool png = false;
-    if (file) {
-        std::string ext = std::filesystem::path(*file).extension().string();
+    RichiestaStampa r;
+    r.file = a.Opzione("out");
+    r.bmp = a.Opzione("bmp");
+    if (!r.file && !r.bmp) throw ErroreArgomenti("manca --out FILE.pdf|.png (o --bmp NOME)");
+    if (r.file) {
+        std::string ext = std::filesystem::path(*r.file).extension().string();
         if (UgualeSenzaCaso(ext, ".png"))
-            png = true;
+            r.png = true;
         else if (!UgualeSenzaCaso(ext, ".pdf"))
-            throw ErroreArgomenti("--out vuole un file .pdf o .png: " + *file);
+            throw ErroreArgomenti("--out vuole un file .pdf o .png: " + *r.file);
     }
-    if (a.Opzione("dir") && !bmp) throw ErroreArgomenti("--dir vale solo con --bmp");
-    std::string nomeBmp = bmp ? LeggiNomeBitmap(*bmp) : std::string();
-    std::filesystem::path cartella =
-        a.Opzione("dir").value_or(std::filesystem::temp_directory_path().string());
-    if (bmp && !std::filesystem::is_directory(cartella))
-        throw ErroreArgomenti("--dir non è una cartella: " + cartella.string());
-
-    OpzioniPagina o;
-    o.CheStampa = LeggiSlot(a.Opzione("slot").value_or("natale"));
-    o.DataStampa = DataOdierna();
-    o.DisegnaAspetti = a.Flag("aspetti");
+    if (a.Opzione("dir") && !r.bmp) throw ErroreArgomenti("--dir vale solo con --bmp");
+    r.nomeBmp = r.bmp ? LeggiNomeBitmap(*r.bmp) : std::string();
+    r.cartella = a.Opzione("dir").value_or(std::filesystem::temp_directory_path().string());
+    if (r.bmp && !std::filesystem::is_directory(r.cartella))
+        throw ErroreArgomenti("--dir non è una cartella: " + r.cartella.string());
+    r.o.CheStampa = LeggiSlot(a.Opzione("slot").value_or("natale"));
+    r.o.DataStampa = DataOdierna();
+    r.o.DisegnaAspetti = a.Flag("aspetti");
     if (auto orbita = a.Opzione("orbita")) {
         double v = LeggiNumero(*orbita, "--orbita");
         if (v < 0 || v > 30) throw ErroreArgomenti("--orbita vuole gradi da 0 a 30: " + *orbita);
-        o.Aspetti.Orbita = static_cast<float>(v);
+        r.o.Aspetti.Orbita = static_cast<float>(v);
     }
+    return r;
+}
 
-    Tema tema = LeggiTema(a);
-    o.LunaGeo = LeggiLuna(a);
-    MessaggiConsole messaggi(Avvisi());
-    Case cuspidi;
-    Posizioni pos;
-    CastaTema(tema, cuspidi, pos, o.LunaGeo, messaggi);
-
-    const ApplicazioneGrafica app;
+// Writes the page and the bitmaps asked for the cast chart; the files written, in that order.
+// A file that cannot be written throws std::runtime_error with the reason.
+std::vector<std::string> ScriviStampa(const RichiestaStampa& r, const Tema& tema,
+                                      const Posizioni& pos) {
     std::vector<std::string> scritti;
     auto controlla = [&](const std::string& errore, const std::string& nome) {
         if (!errore.empty()) throw std::runtime_error(errore);
         scritti.push_back(nome);
     };
-    if (file) {
+    const OpzioniPagina& o = r.o;
+    if (r.file) {
         DisegnoPagina pagina = [&](Superficie& sup) { ComponiPagina(sup, tema, pos, o); };
-        controlla(png ? SalvaAreaImmagine(*file, "PNG", AreaPagina(), 10, pagina)
-                      : SalvaPaginaPdf(*file, pagina),
-                  *file);
+        controlla(r.png ? SalvaAreaImmagine(*r.file, "PNG", AreaPagina(), 10, pagina)
+                        : SalvaPaginaPdf(*r.file, pagina),
+                  *r.file);
     }
-    if (bmp) {
+    if (r.bmp) {
         // The name typed stands for the chart's name on the two images.
         Tema conNome = tema;
-        conNome.Nome = nomeBmp;
-        std::string primo = (cartella / (nomeBmp + "_1.bmp")).string();
-        std::string secondo = (cartella / (nomeBmp + "_2.bmp")).string();
+        conNome.Nome = r.nomeBmp;
+        std::string primo = (r.cartella / (r.nomeBmp + "_1.bmp")).string();
+        std::string secondo = (r.cartella / (r.nomeBmp + "_2.bmp")).string();
         controlla(
             SalvaAreaImmagine(primo, "BMP", AreaParteAlta(), TwipsPerPixelBitmap,
                               [&](Superficie& sup) { DisegnaParteAlta(sup, conNome, pos, o); }),
@@ -109,7 +114,23 @@ int ComandoStampa(const Parole& parole, std::ostream& out) {
                       [&](Superficie& sup) { DisegnaParteBassa(sup, conNome, pos, o, 0, 0); }),
                   secondo);
     }
+    return scritti;
+}
 
+} // namespace
+
+int ComandoStampa(const Parole& parole, std::ostream& out) {
+    Argomenti a(parole, {"aspetti", "json"});
+    RichiestaStampa r = LeggiRichiesta(a);
+    Tema tema = LeggiTema(a);
+    r.o.LunaGeo = LeggiLuna(a);
+    MessaggiConsole messaggi(Avvisi());
+    Case cuspidi;
+    Posizioni pos;
+    CastaTema(tema, cuspidi, pos, r.o.LunaGeo, messaggi);
+
+    const ApplicazioneGrafica app;
+    const std::vector<std::string> scritti = ScriviStampa(r, tema, pos);
     if (a.Flag("json")) {
         JsonLista lista;
         for (const std::string& s : scritti)

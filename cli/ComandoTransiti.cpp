@@ -129,6 +129,54 @@ std::string JsonJd(double jd) {
 
 } // namespace
 
+namespace {
+
+// The period asked, as whole days: the current year when not given; --a alone ends the year of
+// --da. An empty period or one over AnniMassimi years throws ErroreArgomenti.
+struct PeriodoTransiti {
+    Data da{1, 1, 0}, fine{31, 12, 0};
+    double giornoDa = 0, giornoA = 0; // Julian days at 0h of the first and the last day
+};
+
+PeriodoTransiti LeggiPeriodo(const Argomenti& a) {
+    PeriodoTransiti p;
+    if (auto t = a.Opzione("da")) {
+        p.da = LeggiData(*t);
+    } else {
+        const std::time_t adesso = std::time(nullptr);
+        std::tm oggi{};
+        localtime_r(&adesso, &oggi);
+        p.da.anno = oggi.tm_year + 1900;
+    }
+    p.fine.anno = p.da.anno;
+    if (auto t = a.Opzione("a")) p.fine = LeggiData(*t);
+    p.giornoDa = GiornoGiuliano(p.da.anno, p.da.mese, p.da.giorno);
+    p.giornoA = GiornoGiuliano(p.fine.anno, p.fine.mese, p.fine.giorno);
+    if (p.giornoA < p.giornoDa) throw ErroreArgomenti("periodo vuoto: --a viene prima di --da");
+    if (p.giornoA - p.giornoDa > AnniMassimi * 365.25)
+        throw ErroreArgomenti("periodo di oltre 200 anni: da dividere in più ricerche");
+    return p;
+}
+
+void ScriviTransitiJson(const std::vector<RigaTransito>& righe, std::ostream& out) {
+    JsonLista lista;
+    for (const RigaTransito& t : righe)
+        lista.Valore(JsonOggetto()
+                         .Numero("JD", t.jd)
+                         .Testo("Data", t.quando.Data())
+                         .Testo("Ora", t.quando.Ora())
+                         .Testo("Pianeta", t.pianeta)
+                         .Campo("Retrogrado", t.retrogrado ? "true" : "false")
+                         .Testo("Aspetto", t.aspetto)
+                         .Testo("Punto", t.punto)
+                         .Campo("JDIngresso", JsonJd(t.jdIngresso))
+                         .Campo("JDUscita", JsonJd(t.jdUscita))
+                         .str());
+    out << JsonOggetto().Campo("Transiti", lista.str()).str() << "\n";
+}
+
+} // namespace
+
 int ComandoTransiti(const Parole& parole, std::ostream& out) {
     Argomenti a(parole, {"json"});
     auto ammesse = OpzioniDelTema();
@@ -142,23 +190,7 @@ int ComandoTransiti(const Parole& parole, std::ostream& out) {
     r.corpi = LeggiPianeti(a);
     r.aspetti = LeggiAspetti(a);
     r.orbita = LeggiNumero(a.Opzione("orbita").value_or("2.5"), "orbita", 0, 30);
-    // The period: the current year when not given; --a alone ends the year of --da.
-    Data da{1, 1, 0}, fine{31, 12, 0};
-    if (auto t = a.Opzione("da")) {
-        da = LeggiData(*t);
-    } else {
-        const std::time_t adesso = std::time(nullptr);
-        std::tm oggi{};
-        localtime_r(&adesso, &oggi);
-        da.anno = oggi.tm_year + 1900;
-    }
-    fine.anno = da.anno;
-    if (auto t = a.Opzione("a")) fine = LeggiData(*t);
-    const double giornoDa = GiornoGiuliano(da.anno, da.mese, da.giorno);
-    const double giornoA = GiornoGiuliano(fine.anno, fine.mese, fine.giorno);
-    if (giornoA < giornoDa) throw ErroreArgomenti("periodo vuoto: --a viene prima di --da");
-    if (giornoA - giornoDa > AnniMassimi * 365.25)
-        throw ErroreArgomenti("periodo di oltre 200 anni: da dividere in più ricerche");
+    const PeriodoTransiti periodo = LeggiPeriodo(a);
 
     Tema tema = LeggiTema(a);
     const std::int16_t luna = LeggiLuna(a);
@@ -174,30 +206,17 @@ int ComandoTransiti(const Parole& parole, std::ostream& out) {
     // The clock of the natal place: the places database when the chart came from it.
     const std::string file = a.Opzione("city") ? FileDatabase(a).string() : std::string();
     OrologioLuogo orologio(file, tema);
-    r.jdDa = InizioGiorno(orologio, da);
+    r.jdDa = InizioGiorno(orologio, periodo.da);
     // To the end of the last day: the midnight after it, by its own clock.
-    const MomentoLocale mezzanotte = orologio.Locale(giornoA + 1);
-    r.jdA = giornoA + 1 + (mezzanotte.fuso - mezzanotte.estiva) / 24;
+    const MomentoLocale mezzanotte = orologio.Locale(periodo.giornoA + 1);
+    r.jdA = periodo.giornoA + 1 + (mezzanotte.fuso - mezzanotte.estiva) / 24;
 
     const std::vector<Transito> transiti = CercaTransiti(r);
     if (transiti.empty()) throw std::runtime_error("nessun transito esatto nel periodo");
     const std::vector<RigaTransito> righe = RigheTransiti(transiti, r, orologio);
 
     if (a.Flag("json")) {
-        JsonLista lista;
-        for (const RigaTransito& t : righe)
-            lista.Valore(JsonOggetto()
-                             .Numero("JD", t.jd)
-                             .Testo("Data", t.quando.Data())
-                             .Testo("Ora", t.quando.Ora())
-                             .Testo("Pianeta", t.pianeta)
-                             .Campo("Retrogrado", t.retrogrado ? "true" : "false")
-                             .Testo("Aspetto", t.aspetto)
-                             .Testo("Punto", t.punto)
-                             .Campo("JDIngresso", JsonJd(t.jdIngresso))
-                             .Campo("JDUscita", JsonJd(t.jdUscita))
-                             .str());
-        out << JsonOggetto().Campo("Transiti", lista.str()).str() << "\n";
+        ScriviTransitiJson(righe, out);
         return 0;
     }
     std::string t1, t2, t3, t4;
@@ -205,8 +224,8 @@ int ComandoTransiti(const Parole& parole, std::ostream& out) {
     char orbita[32];
     std::snprintf(orbita, sizeof orbita, "%.2f", r.orbita);
     out << "Tema     " << SenzaSpaziDestra(tema.Nome.Valore()) << "  " << t1 << "  " << t2 << '\n'
-        << "Periodo  " << MomentoConFuso(giornoDa, 0, 0).Data() << " - "
-        << MomentoConFuso(giornoA, 0, 0).Data() << "   Orbita " << orbita << "\n\n"
+        << "Periodo  " << MomentoConFuso(periodo.giornoDa, 0, 0).Data() << " - "
+        << MomentoConFuso(periodo.giornoA, 0, 0).Data() << "   Orbita " << orbita << "\n\n"
         << TestoTransiti(righe);
     return 0;
 }

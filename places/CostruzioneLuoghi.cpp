@@ -125,14 +125,48 @@ std::size_t ScriviLuoghi(Database& db, const std::vector<LuogoGeo>& luoghi,
     return scartati;
 }
 
-RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
-                                              const std::filesystem::path& destinazione) {
-    RiepilogoCostruzione r;
+namespace {
+
+// The ISO nations and those outside the standard, by code.
+std::vector<NazioneIso> NazioniOrdinate(const FontiCostruzione& fonti) {
     std::vector<NazioneIso> nazioni = LeggiFileNazioniIso(fonti.nazioni.string());
     for (const NazioneIso& n : NazioniFuoriIso())
         nazioni.push_back(n);
     std::sort(nazioni.begin(), nazioni.end(),
               [](const NazioneIso& a, const NazioneIso& b) { return a.cNaz < b.cNaz; });
+    return nazioni;
+}
+
+// The comuni's names since 1861 and the provinces, when the sources name their folder; a
+// missing list of provinces throws ErroreFonte.
+void LeggiCatastali(const FontiCostruzione& fonti, std::vector<NomeCatastale>& catastali,
+                    std::vector<ProvinciaItaliana>& province) {
+    if (fonti.catastali.empty()) return;
+    catastali = LeggiFileNomiCatastali(fonti.catastali / "lista-comuni.js");
+    std::ifstream f(fonti.catastali / "lista-province.js", std::ios::binary);
+    if (!f)
+        throw ErroreFonte("file non trovato: " + (fonti.catastali / "lista-province.js").string());
+    province = LeggiProvince(
+        std::string((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>()));
+}
+
+// The history of every zone named by the places: a zone that cannot be read stops the build.
+std::vector<StoriaZona> StorieDelleZone(const FontiCostruzione& fonti,
+                                        const std::map<std::string, std::int32_t>& codici) {
+    std::vector<StoriaZona> storie;
+    for (const auto& [zona, codice] : codici) {
+        const ZonaTzif z = LeggiFileTzif((fonti.zoneinfo / zona).string(), fonti.annoFine);
+        storie.push_back(StoriaDaPeriodi(z.periodi, codice));
+    }
+    return storie;
+}
+
+} // namespace
+
+RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
+                                              const std::filesystem::path& destinazione) {
+    RiepilogoCostruzione r;
+    const std::vector<NazioneIso> nazioni = NazioniOrdinate(fonti);
     std::map<std::string, std::int32_t> cNaz;
     for (const NazioneIso& n : nazioni)
         cNaz[n.alpha2] = n.cNaz;
@@ -147,24 +181,10 @@ RiepilogoCostruzione CostruisciDatabaseLuoghi(const FontiCostruzione& fonti,
     }
     std::vector<NomeCatastale> catastali;
     std::vector<ProvinciaItaliana> province;
-    if (!fonti.catastali.empty()) {
-        catastali = LeggiFileNomiCatastali(fonti.catastali / "lista-comuni.js");
-        std::ifstream f(fonti.catastali / "lista-province.js", std::ios::binary);
-        if (!f)
-            throw ErroreFonte("file non trovato: " +
-                              (fonti.catastali / "lista-province.js").string());
-        province = LeggiProvince(
-            std::string((std::istreambuf_iterator<char>(f)), std::istreambuf_iterator<char>()));
-    }
+    LeggiCatastali(fonti, catastali, province);
     const std::vector<std::string> nomi = NomiLuoghi(luoghi);
     const std::map<std::string, std::int32_t> codici = CodiciZone(luoghi);
-
-    // The zone histories first: a zone that cannot be read stops the build.
-    std::vector<StoriaZona> storie;
-    for (const auto& [zona, codice] : codici) {
-        const ZonaTzif z = LeggiFileTzif((fonti.zoneinfo / zona).string(), fonti.annoFine);
-        storie.push_back(StoriaDaPeriodi(z.periodi, codice));
-    }
+    const std::vector<StoriaZona> storie = StorieDelleZone(fonti, codici);
 
     std::filesystem::path lavoro = destinazione;
     lavoro += ".nuovo";

@@ -430,57 +430,48 @@ void ModelloDbEdit::CmdAddNewCity_Click() {
     Data2.Refresh();
 }
 
-void ModelloDbEdit::CmdElimCity_Click() {
-    if (Data1.BOF() || Data1.Eof() || Data2.BOF() || Data2.Eof() ||
-        Intero(Data1, "cCity") != CNazCorrente()) {
-        messaggi.Mostra(
-            "Vesmo - Accesso Errato",
-            Righe({"Errore Elimina City", "CNaz <> cCity", "Ordinamento per Nazioni",
-                   "Impostare PRIMA la Nazione", std::string(26, '-'), "Error: Delete City",
-                   "CNaz <> cCity", "Set Order by nation", "Set Nation, please"}),
-            Pulsanti::Ok, Icona::Critico);
+bool ModelloDbEdit::AltraCityDellaNazione() {
+    const Segnalibro tenuto = Data1.Bookmark();
+    const std::int32_t cCity = Intero(Data1, "cCity");
+    auto stessaNazione = [&] {
+        return !Data1.BOF() && !Data1.Eof() && Intero(Data1, "cCity") == cCity;
+    };
+    Data1.MoveNext();
+    bool altra = stessaNazione();
+    Data1.VaiA(tenuto);
+    Data1.MovePrevious();
+    altra = altra || stessaNazione();
+    Data1.VaiA(tenuto);
+    return altra;
+}
+
+void ModelloDbEdit::EliminaUnicaCity(const std::string& city, const std::string& nazione) {
+    const std::int32_t cCity = Intero(Data1, "cCity");
+    const std::string testo =
+        Righe({city + "  è l'unica City di  " + nazione, "La sua Eliminazione comporterà anche ",
+               "l'Eliminazione di  " + nazione, "Procedo?", std::string(29, '-'),
+               "Deleting this City means...", "Deleting the Nation", "Continue?"});
+    if (messaggi.Mostra("Vesmo - Unica City", testo, Pulsanti::SiNo, Icona::Domanda) !=
+        Risposta::Si)
         return;
-    }
+    Data1.Delete();
+    Data5.Seek("=", cCity);
+    if (!Data5.NoMatch()) Data5.Delete();
+    if (Data1.RecordCount() > 0) Data1.MoveFirst();
+    if (Data2.RecordCount() > 0) Data2.MoveFirst();
+    DBGrid2_RowColChange();
+    messaggi.Mostra("Vesmo - Elimina City",
+                    Righe({"Operazione eseguita", "Facoltative:", "Pulizia Fusi e Pulizia Estive",
+                           Trattini, "Done"}),
+                    Pulsanti::Ok, Icona::Informazione);
+}
+
+bool ModelloDbEdit::ListeCondivise() {
     const Segnalibro tenuto = Data1.Bookmark();
     const std::int32_t cCity = Intero(Data1, "cCity");
     const std::string city = Data1.Campo("City").Testo();
     const std::int32_t cFusi = Intero(Data1, "cFusi");
     const std::int32_t cEst = Intero(Data1, "cEst");
-    const std::string nazione = NazioneCorrente();
-
-    auto stessaNazione = [&] {
-        return !Data1.BOF() && !Data1.Eof() && Intero(Data1, "cCity") == cCity;
-    };
-    bool altra = false;
-    Data1.MoveNext();
-    altra = stessaNazione();
-    Data1.VaiA(tenuto);
-    Data1.MovePrevious();
-    altra = altra || stessaNazione();
-    Data1.VaiA(tenuto);
-
-    if (!altra) {
-        const std::string testo = Righe(
-            {city + "  è l'unica City di  " + nazione, "La sua Eliminazione comporterà anche ",
-             "l'Eliminazione di  " + nazione, "Procedo?", std::string(29, '-'),
-             "Deleting this City means...", "Deleting the Nation", "Continue?"});
-        if (messaggi.Mostra("Vesmo - Unica City", testo, Pulsanti::SiNo, Icona::Domanda) !=
-            Risposta::Si)
-            return;
-        Data1.Delete();
-        Data5.Seek("=", cCity);
-        if (!Data5.NoMatch()) Data5.Delete();
-        if (Data1.RecordCount() > 0) Data1.MoveFirst();
-        if (Data2.RecordCount() > 0) Data2.MoveFirst();
-        DBGrid2_RowColChange();
-        messaggi.Mostra("Vesmo - Elimina City",
-                        Righe({"Operazione eseguita",
-                               "Facoltative:", "Pulizia Fusi e Pulizia Estive", Trattini, "Done"}),
-                        Pulsanti::Ok, Icona::Informazione);
-        return;
-    }
-
-    // Another place of another name with the same pair of lists?
     bool compagna = false;
     std::int64_t righe = 0;
     Data1.Seek(">=", cCity, " ");
@@ -498,7 +489,30 @@ void ModelloDbEdit::CmdElimCity_Click() {
     }
     campi.Text24 = std::to_string(righe);
     Data1.VaiA(tenuto);
-    if (!compagna) {
+    return compagna;
+}
+
+void ModelloDbEdit::CmdElimCity_Click() {
+    if (Data1.BOF() || Data1.Eof() || Data2.BOF() || Data2.Eof() ||
+        Intero(Data1, "cCity") != CNazCorrente()) {
+        messaggi.Mostra(
+            "Vesmo - Accesso Errato",
+            Righe({"Errore Elimina City", "CNaz <> cCity", "Ordinamento per Nazioni",
+                   "Impostare PRIMA la Nazione", std::string(26, '-'), "Error: Delete City",
+                   "CNaz <> cCity", "Set Order by nation", "Set Nation, please"}),
+            Pulsanti::Ok, Icona::Critico);
+        return;
+    }
+    const std::int32_t cCity = Intero(Data1, "cCity");
+    const std::string city = Data1.Campo("City").Testo();
+    const std::int32_t cFusi = Intero(Data1, "cFusi");
+    const std::int32_t cEst = Intero(Data1, "cEst");
+    const std::string nazione = NazioneCorrente();
+    if (!AltraCityDellaNazione()) {
+        EliminaUnicaCity(city, nazione);
+        return;
+    }
+    if (!ListeCondivise()) {
         const std::string testo = Righe({"cFusi = " + std::to_string(cFusi) + "   e/o ",
                                          "   cEst = " + std::to_string(cEst),
                                          "in copia unica per la Nazione " + nazione, "Procedo?"});
@@ -696,54 +710,37 @@ void ModelloDbEdit::Command6_Click() {
     campi.List1.indice = campi.List1.voci.empty() ? -1 : 0;
 }
 
-void ModelloDbEdit::Command7_Click() {
-    if (ValoreTesto(campi.Text33) > 10000 || ValoreTesto(campi.Text34) > 10000) {
-        messaggi.Mostra(
-            "Info Codici",
-            Righe({"cFusi  o  cEst > 10000", "Nessuna Azione", "click su tab    ZoneOrarie"}),
-            Pulsanti::Ok, Icona::Informazione);
-        return;
-    }
-    const double giorno = ValoreTesto(campi.Text17), mese = ValoreTesto(campi.Text8),
-                 anno = ValoreTesto(campi.Text5);
-    if (giorno == 0 || mese == 0 || anno == 0) {
-        messaggi.Mostra(
-            "Vesmo - Errore Estive",
-            Righe({"Caselle Nuova Riga vuote", Trattini, "Day  or  Mese  or  Anno  not legal"}),
-            Pulsanti::Ok, Icona::Esclamativo);
-        return;
-    }
-    if (campi.Option1) {
-        std::vector<std::string> codici;
-        if (campi.Option5) {
-            if (Codice(campi.Text33) == 0) {
-                messaggi.Mostra("Vesmo - New Fusi",
-                                Righe({"cFusi non valido !", Trattini, "cFusi not legal !"}),
-                                Pulsanti::Ok, Icona::Esclamativo);
-                return;
-            }
-            codici.push_back(campi.Text33);
-        } else {
-            codici = campi.Combo8.voci;
+void ModelloDbEdit::NuoviFusi(double giorno, double mese, double anno) {
+    std::vector<std::string> codici;
+    if (campi.Option5) {
+        if (Codice(campi.Text33) == 0) {
+            messaggi.Mostra("Vesmo - New Fusi",
+                            Righe({"cFusi non valido !", Trattini, "cFusi not legal !"}),
+                            Pulsanti::Ok, Icona::Esclamativo);
+            return;
         }
-        if (SenzaSpazi(campi.Text22).empty()) campi.Text22 = "00";
-        if (SenzaSpazi(campi.Text23).empty()) campi.Text23 = "00";
-        const std::string ore = (campi.Combo5 == 0 ? "-" : "") + SenzaSpazi(campi.Text22);
-        for (const std::string& codice : codici) {
-            Data3.AddNew();
-            Data3.Imposta("cFusi", Codice(codice));
-            Data3.Imposta("Day", giorno);
-            Data3.Imposta("Mese", mese);
-            Data3.Imposta("Anno", anno);
-            Data3.Imposta("fH_h", ore.substr(0, 4));
-            Data3.Imposta("fH_m", SenzaSpazi(campi.Text23).substr(0, 2));
-            Data3.Update();
-        }
-        messaggi.Mostra("Vesmo - Fusi",
-                        Righe({"New Fusi. Eseguito", Trattini, "New time zone. Done"}),
-                        Pulsanti::Ok, Icona::Informazione);
-        return;
+        codici.push_back(campi.Text33);
+    } else {
+        codici = campi.Combo8.voci;
     }
+    if (SenzaSpazi(campi.Text22).empty()) campi.Text22 = "00";
+    if (SenzaSpazi(campi.Text23).empty()) campi.Text23 = "00";
+    const std::string ore = (campi.Combo5 == 0 ? "-" : "") + SenzaSpazi(campi.Text22);
+    for (const std::string& codice : codici) {
+        Data3.AddNew();
+        Data3.Imposta("cFusi", Codice(codice));
+        Data3.Imposta("Day", giorno);
+        Data3.Imposta("Mese", mese);
+        Data3.Imposta("Anno", anno);
+        Data3.Imposta("fH_h", ore.substr(0, 4));
+        Data3.Imposta("fH_m", SenzaSpazi(campi.Text23).substr(0, 2));
+        Data3.Update();
+    }
+    messaggi.Mostra("Vesmo - Fusi", Righe({"New Fusi. Eseguito", Trattini, "New time zone. Done"}),
+                    Pulsanti::Ok, Icona::Informazione);
+}
+
+void ModelloDbEdit::NuoveEstive(double giorno, double mese, double anno) {
     if (Codice(campi.Text34) == 0) {
         messaggi.Mostra("Vesmo - New Estive",
                         Righe({"cEst non valido !", Trattini, "cEst not legal !"}), Pulsanti::Ok,
@@ -770,6 +767,29 @@ void ModelloDbEdit::Command7_Click() {
     messaggi.Mostra("Vesmo - Estive",
                     Righe({"New Estive. Eseguito", Trattini, "New summer time. Done"}),
                     Pulsanti::Ok, Icona::Informazione);
+}
+
+void ModelloDbEdit::Command7_Click() {
+    if (ValoreTesto(campi.Text33) > 10000 || ValoreTesto(campi.Text34) > 10000) {
+        messaggi.Mostra(
+            "Info Codici",
+            Righe({"cFusi  o  cEst > 10000", "Nessuna Azione", "click su tab    ZoneOrarie"}),
+            Pulsanti::Ok, Icona::Informazione);
+        return;
+    }
+    const double giorno = ValoreTesto(campi.Text17), mese = ValoreTesto(campi.Text8),
+                 anno = ValoreTesto(campi.Text5);
+    if (giorno == 0 || mese == 0 || anno == 0) {
+        messaggi.Mostra(
+            "Vesmo - Errore Estive",
+            Righe({"Caselle Nuova Riga vuote", Trattini, "Day  or  Mese  or  Anno  not legal"}),
+            Pulsanti::Ok, Icona::Esclamativo);
+        return;
+    }
+    if (campi.Option1)
+        NuoviFusi(giorno, mese, anno);
+    else
+        NuoveEstive(giorno, mese, anno);
 }
 
 void ModelloDbEdit::Command2_Click() {

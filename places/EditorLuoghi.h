@@ -168,6 +168,25 @@ private:
     void ListaEstive(std::int32_t codice);
     void CercaCodice(Cursore& c, const std::string& campo, const std::string& testo,
                      std::string& cornice, const std::string& nome);
+
+    // The steps of CmdElimCity_Click, each with the place cursor on the place to delete.
+    // Whether the place row before or after it belongs to the same nation; the cursor comes
+    // back to the place.
+    bool AltraCityDellaNazione();
+    // The nation's only place: asks, then deletes the place and the nation and puts the grids
+    // on their first rows; nothing when the answer is no.
+    void EliminaUnicaCity(const std::string& city, const std::string& nazione);
+    // Whether another place of the nation, of another name, has the same zone and summer-time
+    // lists; counts the rows seen in Text24 (telling the progress every 100) and brings the
+    // cursor back to the place.
+    bool ListeCondivise();
+
+    // The steps of Command7_Click with the new row's date checked: the new row of the zone
+    // table (Fusi) or of the summer-time table (Estive), for the code typed (Option5) or for
+    // every code of the list, then the box that says it is done; a code that is not one is
+    // told and nothing is written.
+    void NuoviFusi(double giorno, double mese, double anno);
+    void NuoveEstive(double giorno, double mese, double anno);
 };
 
 // The lines of a combined list (FusiEstiveUniti with ZoneOrarie) for one code:

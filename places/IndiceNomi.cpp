@@ -77,23 +77,20 @@ double DistanzaDaRiquadro(double lat, double lon, double latMin, double latMax, 
     return 6371.0 * std::acos(std::clamp(c, -1.0, 1.0));
 }
 
-namespace {
+void RiquadroProvincia::Aggiungi(double lat, double lon) {
+    latMin = std::min(latMin, lat);
+    latMax = std::max(latMax, lat);
+    lonMin = std::min(lonMin, lon);
+    lonMax = std::max(lonMax, lon);
+}
 
-struct Riquadro {
-    double latMin = 90, latMax = -90, lonMin = 180, lonMax = -180;
-    bool Vuoto() const { return latMin > latMax; }
-    void Aggiungi(double lat, double lon) {
-        latMin = std::min(latMin, lat);
-        latMax = std::max(latMax, lat);
-        lonMin = std::min(lonMin, lon);
-        lonMax = std::max(lonMax, lon);
-    }
-    void Aggiungi(const Riquadro& r) {
-        if (r.Vuoto()) return;
-        Aggiungi(r.latMin, r.lonMin);
-        Aggiungi(r.latMax, r.lonMax);
-    }
-};
+void RiquadroProvincia::Aggiungi(const RiquadroProvincia& r) {
+    if (r.Vuoto()) return;
+    Aggiungi(r.latMin, r.lonMin);
+    Aggiungi(r.latMax, r.lonMax);
+}
+
+namespace {
 
 std::int32_t Abitanti(std::int64_t n) {
     return static_cast<std::int32_t>(
@@ -102,149 +99,157 @@ std::int32_t Abitanti(std::int64_t n) {
 
 } // namespace
 
+ScritturaIndiceNomi::ScritturaIndiceNomi(Database& db, const std::vector<LuogoGeo>& luoghi,
+                                         const std::vector<std::string>& nomi,
+                                         const std::map<std::string, std::int32_t>& cNaz)
+    : db_(db), chiavi_(db, TabellaChiaviLuoghi), luoghi_(luoghi), nomi_(nomi), cNaz_(cNaz) {}
+
+void ScritturaIndiceNomi::Scrivi(const std::string& chiave, TipoNome tipo, std::size_t i,
+                                 const std::string& nome, const std::string& sigla) {
+    const LuogoGeo& l = luoghi_[i];
+    chiavi_.AddNew();
+    chiavi_.Imposta("Chiave", chiave);
+    chiavi_.Imposta("Tipo", static_cast<std::int32_t>(tipo));
+    chiavi_.Imposta("cCity", cNaz_.at(l.paese));
+    chiavi_.Imposta("City", nomi_[i]);
+    chiavi_.Imposta("Nome", PrimiCaratteri(nome, LarghezzaCity * 2));
+    if (!sigla.empty()) chiavi_.Imposta("Sigla", sigla);
+    chiavi_.Imposta("Abitanti", Abitanti(l.popolazione));
+    chiavi_.Imposta("Lon", -l.lon / 15.0);
+    chiavi_.Imposta("Lat", l.lat);
+    chiavi_.Update();
+    ++riepilogo_.chiavi;
+}
+
+void ScritturaIndiceNomi::Raccogli(const std::vector<Comune>& comuni) {
+    for (std::size_t i = 0; i < luoghi_.size(); ++i) {
+        const LuogoGeo& l = luoghi_[i];
+        if (l.paese != "IT" || l.sigla.empty() || !cNaz_.count(l.paese)) continue;
+        if (l.sede) sedePerIstat_[l.admin3] = i;
+        perChiaveSigla_[{PiegaNome(l.nome), l.sigla}].push_back(i);
+        // A seat that took its comune's name keeps its own among its other names ("Berra",
+        // seat of Riva del Po).
+        if (l.sede)
+            for (const std::string& a : l.alternativi)
+                perChiaveSigla_[{PiegaNome(a), l.sigla}].push_back(i);
+        riquadri_[l.sigla].Aggiungi(l.lat, l.lon);
+    }
+    for (const Comune& co : comuni) {
+        auto s = sedePerIstat_.find(co.codice);
+        if (!co.catastale.empty() && s != sedePerIstat_.end())
+            sedePerCatastale_[co.catastale] = s->second;
+    }
+}
+
+void ScritturaIndiceNomi::ScriviPropri() {
+    for (std::size_t i = 0; i < luoghi_.size(); ++i) {
+        const LuogoGeo& l = luoghi_[i];
+        if (!cNaz_.count(l.paese)) continue;
+        const bool italia = l.paese == "IT";
+        // An Italian place of a known comune that is not its seat is a hamlet.
+        const TipoNome proprio =
+            italia && !l.sigla.empty() && !l.sede ? TipoNome::Frazione : TipoNome::Ufficiale;
+        std::set<std::string>& visti = scritte_[i];
+        for (const std::string& k : ChiaviNome(l.nome))
+            if (visti.insert(k).second) Scrivi(k, proprio, i, l.nome, l.sigla);
+        const std::string tabella = PiegaNome(nomi_[i]);
+        if (!tabella.empty() && visti.insert(tabella).second)
+            Scrivi(tabella, proprio, i, nomi_[i], l.sigla);
+    }
+}
+
+std::optional<std::size_t> ScritturaIndiceNomi::LuogoOggi(const NomeCatastale& n) const {
+    if (auto s = sedePerCatastale_.find(n.catastale); s != sedePerCatastale_.end())
+        return s->second;
+    if (n.attivo) return std::nullopt;
+    auto p = perChiaveSigla_.find({PiegaNome(n.nome), n.sigla});
+    if (p == perChiaveSigla_.end()) return std::nullopt;
+    for (std::size_t i : p->second)
+        if (auto s = sedePerIstat_.find(luoghi_[i].admin3); s != sedePerIstat_.end())
+            return s->second;
+    return std::nullopt;
+}
+
+void ScritturaIndiceNomi::ScriviPrecedenti(const std::vector<NomeCatastale>& catastali) {
+    for (const NomeCatastale& n : catastali) {
+        const std::optional<std::size_t> meta = LuogoOggi(n);
+        if (!meta) {
+            if (!n.attivo) ++riepilogo_.precedentiSenzaLuogo;
+            continue;
+        }
+        const std::string nome = NomeDaMaiuscole(n.nome);
+        for (const std::string& k : ChiaviNome(nome)) {
+            if (!scritte_[*meta].insert(k).second) continue;
+            Scrivi(k, n.attivo ? TipoNome::Ufficiale : TipoNome::Precedente, *meta, nome, n.sigla);
+            if (!n.attivo) ++riepilogo_.precedenti;
+        }
+    }
+}
+
+void ScritturaIndiceNomi::ScriviAlternativi() {
+    for (std::size_t i = 0; i < luoghi_.size(); ++i) {
+        const LuogoGeo& l = luoghi_[i];
+        if (!cNaz_.count(l.paese)) continue;
+        std::set<std::string>& visti = scritte_[i];
+        for (const std::string& a : l.alternativi)
+            for (const std::string& k : ChiaviNome(a))
+                if (visti.insert(k).second) Scrivi(k, TipoNome::Alternativo, i, a, l.sigla);
+    }
+}
+
+void ScritturaIndiceNomi::ScriviProvincia(Cursore& p, const std::string& chiave,
+                                          const std::string& sigle, const std::string& nome) {
+    RiquadroProvincia q;
+    std::size_t inizio = 0;
+    while (inizio < sigle.size()) {
+        std::size_t fine = sigle.find(' ', inizio);
+        if (fine == std::string::npos) fine = sigle.size();
+        auto it = riquadri_.find(sigle.substr(inizio, fine - inizio));
+        if (it != riquadri_.end()) q.Aggiungi(it->second);
+        inizio = fine + 1;
+    }
+    const std::string k = PiegaNome(chiave);
+    if (q.Vuoto() || k.empty() || !chiaviProvince_.insert(k).second) return;
+    p.AddNew();
+    p.Imposta("Chiave", k);
+    p.Imposta("Sigla", sigle);
+    p.Imposta("Nome", nome);
+    p.Imposta("LatMin", q.latMin);
+    p.Imposta("LatMax", q.latMax);
+    p.Imposta("LonMin", q.lonMin);
+    p.Imposta("LonMax", q.lonMax);
+    p.Update();
+    ++riepilogo_.province;
+}
+
+void ScritturaIndiceNomi::ScriviProvince(const std::vector<ProvinciaItaliana>& province) {
+    Cursore p(db_, TabellaProvinceLuoghi);
+    std::map<std::string, std::string> nomeDi;
+    for (const ProvinciaItaliana& pr : province)
+        nomeDi[pr.sigla] = pr.nome;
+    for (const auto& [sigla, q] : riquadri_)
+        ScriviProvincia(p, sigla, sigla, nomeDi.count(sigla) ? nomeDi[sigla] : sigla);
+    // A province of the past in the list (Medio Campidano) has no places: the table of the
+    // former provinces gives its successors.
+    for (const ProvinciaItaliana& pr : province)
+        if (riquadri_.count(pr.sigla)) ScriviProvincia(p, pr.nome, pr.sigla, pr.nome);
+    for (const ProvinciaPrecedente& pr : ProvincePrecedenti())
+        ScriviProvincia(p, pr.chiave, pr.sigle, pr.nome);
+}
+
 RiepilogoIndice ScriviIndiceNomi(Database& db, const std::vector<LuogoGeo>& luoghi,
                                  const std::vector<std::string>& nomi,
                                  const std::map<std::string, std::int32_t>& cNaz,
                                  const std::vector<Comune>& comuni,
                                  const std::vector<NomeCatastale>& catastali,
                                  const std::vector<ProvinciaItaliana>& province) {
-    RiepilogoIndice r;
-    Cursore c(db, TabellaChiaviLuoghi);
-    auto scrivi = [&](const std::string& chiave, TipoNome tipo, std::size_t i,
-                      const std::string& nome, const std::string& sigla) {
-        const LuogoGeo& l = luoghi[i];
-        c.AddNew();
-        c.Imposta("Chiave", chiave);
-        c.Imposta("Tipo", static_cast<std::int32_t>(tipo));
-        c.Imposta("cCity", cNaz.at(l.paese));
-        c.Imposta("City", nomi[i]);
-        c.Imposta("Nome", PrimiCaratteri(nome, LarghezzaCity * 2));
-        if (!sigla.empty()) c.Imposta("Sigla", sigla);
-        c.Imposta("Abitanti", Abitanti(l.popolazione));
-        c.Imposta("Lon", -l.lon / 15.0);
-        c.Imposta("Lat", l.lat);
-        c.Update();
-        ++r.chiavi;
-    };
-
-    // Today's comuni: their seats by ISTAT code and by cadastral code; the Italian places by
-    // key and province letters; the box of each province.
-    std::map<std::string, std::size_t> sedePerIstat;
-    std::map<std::pair<std::string, std::string>, std::vector<std::size_t>> perChiaveSigla;
-    std::map<std::string, Riquadro> riquadri;
-    for (std::size_t i = 0; i < luoghi.size(); ++i) {
-        const LuogoGeo& l = luoghi[i];
-        if (l.paese != "IT" || l.sigla.empty() || !cNaz.count(l.paese)) continue;
-        if (l.sede) sedePerIstat[l.admin3] = i;
-        perChiaveSigla[{PiegaNome(l.nome), l.sigla}].push_back(i);
-        // A seat that took its comune's name keeps its own among its other names ("Berra",
-        // seat of Riva del Po).
-        if (l.sede)
-            for (const std::string& a : l.alternativi)
-                perChiaveSigla[{PiegaNome(a), l.sigla}].push_back(i);
-        riquadri[l.sigla].Aggiungi(l.lat, l.lon);
-    }
-    std::map<std::string, std::size_t> sedePerCatastale;
-    for (const Comune& co : comuni) {
-        auto s = sedePerIstat.find(co.codice);
-        if (!co.catastale.empty() && s != sedePerIstat.end())
-            sedePerCatastale[co.catastale] = s->second;
-    }
-
-    // Keys already written for a place: a key goes once a place, with its best type.
-    std::map<std::size_t, std::set<std::string>> scritte;
-    auto nuova = [&](std::size_t i, const std::string& k) { return scritte[i].insert(k).second; };
-
-    for (std::size_t i = 0; i < luoghi.size(); ++i) {
-        const LuogoGeo& l = luoghi[i];
-        if (!cNaz.count(l.paese)) continue;
-        const bool italia = l.paese == "IT";
-        // An Italian place of a known comune that is not its seat is a hamlet.
-        const TipoNome proprio =
-            italia && !l.sigla.empty() && !l.sede ? TipoNome::Frazione : TipoNome::Ufficiale;
-        std::set<std::string>& visti = scritte[i];
-        for (const std::string& k : ChiaviNome(l.nome))
-            if (visti.insert(k).second) scrivi(k, proprio, i, l.nome, l.sigla);
-        const std::string tabella = PiegaNome(nomi[i]);
-        if (!tabella.empty() && visti.insert(tabella).second)
-            scrivi(tabella, proprio, i, nomi[i], l.sigla);
-    }
-
-    // Former names: the place that holds the territory today is the seat of the comune of the
-    // same cadastral code, else the comune of an Italian place of that name and province.
-    for (const NomeCatastale& n : catastali) {
-        std::optional<std::size_t> meta;
-        if (auto s = sedePerCatastale.find(n.catastale); s != sedePerCatastale.end()) {
-            meta = s->second;
-        } else if (!n.attivo) {
-            auto p = perChiaveSigla.find({PiegaNome(n.nome), n.sigla});
-            if (p != perChiaveSigla.end())
-                for (std::size_t i : p->second)
-                    if (auto s = sedePerIstat.find(luoghi[i].admin3); s != sedePerIstat.end()) {
-                        meta = s->second;
-                        break;
-                    }
-        }
-        if (!meta) {
-            if (!n.attivo) ++r.precedentiSenzaLuogo;
-            continue;
-        }
-        const std::string nome = NomeDaMaiuscole(n.nome);
-        for (const std::string& k : ChiaviNome(nome)) {
-            if (!nuova(*meta, k)) continue;
-            scrivi(k, n.attivo ? TipoNome::Ufficiale : TipoNome::Precedente, *meta, nome, n.sigla);
-            if (!n.attivo) ++r.precedenti;
-        }
-    }
-
-    for (std::size_t i = 0; i < luoghi.size(); ++i) {
-        const LuogoGeo& l = luoghi[i];
-        if (!cNaz.count(l.paese)) continue;
-        std::set<std::string>& visti = scritte[i];
-        for (const std::string& a : l.alternativi)
-            for (const std::string& k : ChiaviNome(a))
-                if (visti.insert(k).second) scrivi(k, TipoNome::Alternativo, i, a, l.sigla);
-    }
-
-    // The provinces: by letters and by name, today's and former ones.
-    Cursore p(db, TabellaProvinceLuoghi);
-    std::set<std::string> chiaviProvince;
-    auto provincia = [&](const std::string& chiave, const std::string& sigle,
-                         const std::string& nome) {
-        Riquadro q;
-        std::size_t inizio = 0;
-        while (inizio < sigle.size()) {
-            std::size_t fine = sigle.find(' ', inizio);
-            if (fine == std::string::npos) fine = sigle.size();
-            auto it = riquadri.find(sigle.substr(inizio, fine - inizio));
-            if (it != riquadri.end()) q.Aggiungi(it->second);
-            inizio = fine + 1;
-        }
-        const std::string k = PiegaNome(chiave);
-        if (q.Vuoto() || k.empty() || !chiaviProvince.insert(k).second) return;
-        p.AddNew();
-        p.Imposta("Chiave", k);
-        p.Imposta("Sigla", sigle);
-        p.Imposta("Nome", nome);
-        p.Imposta("LatMin", q.latMin);
-        p.Imposta("LatMax", q.latMax);
-        p.Imposta("LonMin", q.lonMin);
-        p.Imposta("LonMax", q.lonMax);
-        p.Update();
-        ++r.province;
-    };
-    std::map<std::string, std::string> nomeDi;
-    for (const ProvinciaItaliana& pr : province)
-        nomeDi[pr.sigla] = pr.nome;
-    for (const auto& [sigla, q] : riquadri)
-        provincia(sigla, sigla, nomeDi.count(sigla) ? nomeDi[sigla] : sigla);
-    // A province of the past in the list (Medio Campidano) has no places: the table of the
-    // former provinces gives its successors.
-    for (const ProvinciaItaliana& pr : province)
-        if (riquadri.count(pr.sigla)) provincia(pr.nome, pr.sigla, pr.nome);
-    for (const ProvinciaPrecedente& pr : ProvincePrecedenti())
-        provincia(pr.chiave, pr.sigle, pr.nome);
-    return r;
+    ScritturaIndiceNomi scrittura(db, luoghi, nomi, cNaz);
+    scrittura.Raccogli(comuni);
+    scrittura.ScriviPropri();
+    scrittura.ScriviPrecedenti(catastali);
+    scrittura.ScriviAlternativi();
+    scrittura.ScriviProvince(province);
+    return scrittura.Riepilogo();
 }
 
 } // namespace vesmo

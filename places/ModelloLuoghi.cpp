@@ -8,6 +8,7 @@
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
 #include "core/store/Chiave.h"
+#include "places/FusiEstiveUniti.h"
 
 namespace vesmo {
 
@@ -18,7 +19,6 @@ namespace {
 constexpr double Tolleranza = 0.00001;
 // Date serial of Julian day 0h: serial = JD - 2415018.5.
 constexpr double OrigineSeriale = 2415018.5;
-constexpr double UnOra = 1.0 / 24.0;
 
 // The wanted moment of the fields as a Julian day.
 double MomentoVoluto(const Tema& tema) {
@@ -207,8 +207,16 @@ void ModelloLuoghi::CaricaTemaDaDB(Tema& tema) {
     const auto anno = static_cast<std::int32_t>(ValoreTesto(campi.Text5));
     const auto mese = static_cast<std::int32_t>(ValoreTesto(campi.Text4));
     const double voluto = MomentoVoluto(tema);
+    EstivaDaDB(tema, cEst, anno, voluto);
+    tema.Lon = Data1.Campo("Lon").Numero();
+    tema.Lat = Data1.Campo("Lat").Numero();
+    FusoDaDB(tema, cFusi, anno, mese, voluto);
+    ControllaNazione(tema);
+    tema.cFusi = cFusi;
+    tema.cEst = cEst;
+}
 
-    // Summer time.
+void ModelloLuoghi::EstivaDaDB(Tema& tema, std::int32_t cEst, std::int32_t anno, double voluto) {
     if (estiveNoMatch_ && Data4.RecordCount() > 0) Data4.MoveFirst();
     const bool suRiga = Data4.RecordCount() > 0 && !Data4.BOF() && !Data4.Eof();
     if (!suRiga || Intero(Data4, "cEst") != cEst) {
@@ -217,24 +225,23 @@ void ModelloLuoghi::CaricaTemaDaDB(Tema& tema) {
         campi.Pannello2 = "Estive di  " + Maiuscole(SenzaSpazi(tema.Stato.Valore())) +
                           " non disponibili" + " o con inizio posteriore al " + campi.Text3 + "/" +
                           campi.Text4 + "/" + campi.Text5 + " ";
-    } else {
-        if (Intero(Data4, "Anno") != anno) {
-            campi.Pannello2 = " Anno " + campi.Text5 + " Estive Vuoto ";
-        } else {
-            const double momento =
-                GiornoGiuliano(Intero(Data4, "Anno"), Intero(Data4, "Mese"), Intero(Data4, "Day")) +
-                GradiDecimali(Intero(Data4, "h"), Intero(Data4, "min"), 0) / 24;
-            if (NonAncoraInVigore(momento, voluto)) Data4.MovePrevious();
-        }
-        // Before the first row of the table there is nothing: no summer time.
-        tema.Estiva =
-            Data4.BOF() ? 0.0 : GradiDecimali(Intero(Data4, "HE_h"), Intero(Data4, "HE_m"), 0);
+        return;
     }
+    if (Intero(Data4, "Anno") != anno) {
+        campi.Pannello2 = " Anno " + campi.Text5 + " Estive Vuoto ";
+    } else {
+        const double momento =
+            GiornoGiuliano(Intero(Data4, "Anno"), Intero(Data4, "Mese"), Intero(Data4, "Day")) +
+            GradiDecimali(Intero(Data4, "h"), Intero(Data4, "min"), 0) / 24;
+        if (NonAncoraInVigore(momento, voluto)) Data4.MovePrevious();
+    }
+    // Before the first row of the table there is nothing: no summer time.
+    tema.Estiva =
+        Data4.BOF() ? 0.0 : GradiDecimali(Intero(Data4, "HE_h"), Intero(Data4, "HE_m"), 0);
+}
 
-    tema.Lon = Data1.Campo("Lon").Numero();
-    tema.Lat = Data1.Campo("Lat").Numero();
-
-    // Zone.
+void ModelloLuoghi::FusoDaDB(Tema& tema, std::int32_t cFusi, std::int32_t anno, std::int32_t mese,
+                             double voluto) {
     if (fusiNoMatch_ && Data3.RecordCount() > 0) Data3.MoveFirst();
     const bool suFuso = Data3.RecordCount() > 0 && !Data3.BOF() && !Data3.Eof();
     if (!suFuso || Intero(Data3, "cFusi") != cFusi) {
@@ -248,40 +255,38 @@ void ModelloLuoghi::CaricaTemaDaDB(Tema& tema) {
             ApriFusiEstive(cFusi, "Vesmo - Fuso di   " + nazione);
         tema.Fuso = tema.Lon;
         campi.TagChkSolare = "Ok";
-    } else {
-        bool lmt = false;
-        const std::int32_t annoRiga = Intero(Data3, "Anno");
-        if (annoRiga > anno) {
-            lmt = true;
-        } else if (annoRiga == anno && Intero(Data3, "Mese") == mese) {
-            const double momento =
-                GiornoGiuliano(annoRiga, Intero(Data3, "Mese"), Intero(Data3, "Day"));
-            if (NonAncoraInVigore(momento, voluto)) {
-                Data3.MovePrevious();
-                if (Data3.BOF() || Intero(Data3, "cFusi") != cFusi) lmt = true;
-            }
-        }
-        if (lmt) {
-            tema.Fuso = tema.Lon;
-            campi.TagChkSolare = "Ok";
-        } else {
-            const std::string ore = Data3.Campo("fH_h").Testo();
-            const std::string minuti = Data3.Campo("fH_m").Testo();
-            tema.Fuso = GradiDecimali(ValoreTesto(ore), ValoreTesto(minuti), 0);
-            if (SenzaSpazi(ore) == "-" && ValoreTesto(minuti) > 0) tema.Fuso = -tema.Fuso;
+        return;
+    }
+    bool lmt = false;
+    const std::int32_t annoRiga = Intero(Data3, "Anno");
+    if (annoRiga > anno) {
+        lmt = true;
+    } else if (annoRiga == anno && Intero(Data3, "Mese") == mese) {
+        const double momento =
+            GiornoGiuliano(annoRiga, Intero(Data3, "Mese"), Intero(Data3, "Day"));
+        if (NonAncoraInVigore(momento, voluto)) {
+            Data3.MovePrevious();
+            if (Data3.BOF() || Intero(Data3, "cFusi") != cFusi) lmt = true;
         }
     }
+    if (lmt) {
+        tema.Fuso = tema.Lon;
+        campi.TagChkSolare = "Ok";
+        return;
+    }
+    const std::string ore = Data3.Campo("fH_h").Testo();
+    const std::string minuti = Data3.Campo("fH_m").Testo();
+    tema.Fuso = GradiDecimali(ValoreTesto(ore), ValoreTesto(minuti), 0);
+    if (SenzaSpazi(ore) == "-" && ValoreTesto(minuti) > 0) tema.Fuso = -tema.Fuso;
+}
 
-    // The nation cursor may have run away from the place.
-    if (Intero(Data1, "cCity") != tema.cNaz) {
-        if (segnalibroNazione) {
-            Data2.VaiA(*segnalibroNazione);
-            tema.cNaz = Intero(Data2, "cNaz");
-        }
-        if (Intero(Data1, "cCity") != tema.cNaz) ErroreNazione(tema);
+void ModelloLuoghi::ControllaNazione(Tema& tema) {
+    if (Intero(Data1, "cCity") == tema.cNaz) return;
+    if (segnalibroNazione) {
+        Data2.VaiA(*segnalibroNazione);
+        tema.cNaz = Intero(Data2, "cNaz");
     }
-    tema.cFusi = cFusi;
-    tema.cEst = cEst;
+    if (Intero(Data1, "cCity") != tema.cNaz) ErroreNazione(tema);
 }
 
 void ModelloLuoghi::ErroreNazione(const Tema& tema) {
@@ -312,166 +317,25 @@ void ModelloLuoghi::CaricaTemaDaUniti(Tema& tema) {
     tema.Fuso = 0;
     tema.Estiva = 0;
 
-    Cursore uniti(db, "FusiEstiveUniti");
-    uniti.Index("indFusiEstUniti");
-    Cursore zone(db, "ZoneOrarie");
-    zone.Index("PrimaryKey");
-
     const auto codice = static_cast<std::int16_t>(Intero(Data1, "cFusi"));
     const double D = GiornoGiuliano(ValoreTesto(campi.Text5), ValoreTesto(campi.Text4),
                                     ValoreTesto(campi.Text3)) -
                      OrigineSeriale +
                      (ValoreTesto(campi.Text6) * 60 + ValoreTesto(campi.Text7)) / 1440.0;
-
-    std::optional<double> precData;
-    std::int32_t precZona = 0;
-    double precDiff = 0, diff = 0;
-    std::string segno;
-    int colpi = 0;
-    bool fine = false, unaVolta = false;
+    const EsitoUniti esito = PercorriUniti(db, codice, D);
     const std::string city = SenzaSpazi(tema.City.Valore());
-
-    auto finito = [&uniti](std::int32_t lista) {
-        return uniti.Eof() || Intero(uniti, "TTN") != lista;
-    };
-
-    // Evaluates the current row of the list.
-    auto rigaUnita = [&]() {
-        const std::int32_t zzo = Intero(uniti, "ZZo");
-        zone.Seek("=", zzo);
-        segno = zone.Campo("plusmin").Testo().find('+') != std::string::npos ? " - " : " + ";
-        if (zzo != 138 && zzo != 139 && zzo != 140) {
-            const double z = zone.Campo("ZUnterschied").Numero();
-            diff = z - Fix(z);
-        } else {
-            const Segnalibro qui = zone.Bookmark();
-            zone.Seek("=", precZona);
-            if (zone.NoMatch()) {
-                diff = zzo == 139 ? UnOra : 0.0;
-            } else {
-                const std::string testo = zone.Campo("ZZonenText").Testo();
-                if (CercaSenzaCaso(testo, "Standard") != std::string::npos) {
-                    diff = zzo == 139 ? precDiff : precDiff - UnOra;
-                } else if (testo.find("Daylight") != std::string::npos ||
-                           testo.find("War") != std::string::npos) {
-                    diff = zzo == 139 ? precDiff + UnOra : precDiff;
-                }
-            }
-            zone.VaiA(qui);
-        }
-        const double wdata = uniti.Campo("wdata").Numero();
-        if (!precData && D < wdata) {
-            // The date lies before the list.
-            campi.Pannello2 = "Fusi/Estive di  " + city + "   " + "Posteriori al " +
-                              TestoDataOra(D) + "     " + "LMT Impostata";
-            ++colpi;
-            fine = true;
-            campi.TagChkSolare = "Ok";
-            return;
-        }
-        if (precData && *precData <= D && D < wdata) {
-            // The previous row holds.
-            tema.Fuso = precDiff * 24 * (segno == " - " ? -1 : 1);
-            ++colpi;
-        }
-        precData = wdata;
-        precZona = zzo;
-        precDiff = diff;
-    };
-
-    std::int32_t ttvTenuto = 0;
-    double wdataTenuta = 0;
-    Segnalibro segnalibro;
-
-    // Walks the referenced list up to the row that names it.
-    auto ramoPrima = [&]() {
-        uniti.Seek(">=", ttvTenuto);
-        while (!uniti.NoMatch() && !finito(ttvTenuto)) {
-            if (uniti.Campo("wdata").Numero() <= wdataTenuta) {
-                rigaUnita();
-                if (fine) return;
-                uniti.MoveNext();
-                if (finito(ttvTenuto)) {
-                    uniti.VaiA(segnalibro);
-                    return;
-                }
-            } else {
-                uniti.VaiA(segnalibro);
-                rigaUnita();
-                if (fine) return;
-                unaVolta = true;
-                return;
-            }
-        }
-        uniti.VaiA(segnalibro);
-    };
-
-    // Walks the referenced list after that row; true when a further list is to be followed.
-    auto ramoDopo = [&]() {
-        const std::int32_t lista = ttvTenuto;
-        uniti.Seek(">=", lista);
-        while (!uniti.NoMatch() && !finito(lista) && uniti.Campo("wdata").Numero() <= wdataTenuta)
-            uniti.MoveNext();
-        if (uniti.NoMatch() || finito(lista)) {
-            uniti.VaiA(segnalibro);
-            unaVolta = false;
-            return false;
-        }
-        while (true) {
-            if (Intero(uniti, "TTV") == 0) {
-                rigaUnita();
-                if (fine) return false;
-                uniti.MoveNext();
-                if (finito(lista)) {
-                    uniti.VaiA(segnalibro);
-                    unaVolta = false;
-                    return false;
-                }
-            } else {
-                rigaUnita();
-                if (fine) return false;
-                ttvTenuto = Intero(uniti, "TTV");
-                wdataTenuta = uniti.Campo("wdata").Numero();
-                return true;
-            }
-        }
-    };
-
-    uniti.Seek(">=", codice);
-    while (!uniti.NoMatch() && !finito(codice)) {
-        if (Intero(uniti, "TTV") == 0) {
-            rigaUnita();
-            if (fine) break;
-        } else {
-            segnalibro = uniti.Bookmark();
-            ttvTenuto = Intero(uniti, "TTV");
-            wdataTenuta = uniti.Campo("wdata").Numero();
-            if (!unaVolta) {
-                uniti.MoveNext();
-                if (finito(codice)) unaVolta = true;
-                uniti.VaiA(segnalibro);
-            }
-            if (unaVolta) {
-                rigaUnita();
-                if (fine) break;
-                while (ramoDopo()) {
-                }
-            } else {
-                ramoPrima();
-            }
-            if (fine) break;
-            uniti.VaiA(segnalibro);
-        }
-        uniti.MoveNext();
+    if (esito.primaDellaLista) {
+        campi.Pannello2 = "Fusi/Estive di  " + city + "   " + "Posteriori al " + TestoDataOra(D) +
+                          "     " + "LMT Impostata";
+        campi.TagChkSolare = "Ok";
     }
-    uniti.Chiudi();
-    zone.Chiudi();
-
-    if (colpi != 1) {
-        campi.Pannello2 = city + "  -  " + SenzaSpazi(tema.Stato.Valore()) +
-                          ".  Ultimo dato in DB: " + (precData ? TestoDataOra(*precData) : "") +
-                          ". [ Zona Oraria " + segno + TestoDataOra(precDiff) + "]  ";
-        tema.Fuso = precDiff * 24 * (segno == " - " ? -1 : 1);
+    tema.Fuso = esito.fuso;
+    if (esito.colpi != 1) {
+        campi.Pannello2 =
+            city + "  -  " + SenzaSpazi(tema.Stato.Valore()) +
+            ".  Ultimo dato in DB: " + (esito.ultimaData ? TestoDataOra(*esito.ultimaData) : "") +
+            ". [ Zona Oraria " + esito.segno + TestoDataOra(esito.ultimaDiff) + "]  ";
+        tema.Fuso = esito.ultimaDiff * 24 * (esito.segno == " - " ? -1 : 1);
     }
     clessidra.Spegni();
     campi.Text22Visibile = campi.Text23Visibile = false;

@@ -95,8 +95,22 @@ private:
     bool fusiNoMatch_ = true;
     bool estiveNoMatch_ = true;
 
-    // The fields common to both resolutions (step 3 of CaricaTemaDaDB).
+    // The fields common to both resolutions: name, place, nation, date, clock time and
+    // coordinates from the fields and the place and nation cursors.
     void RiempiDati(Tema& tema);
+    // The steps of CaricaTemaDaDB after RiempiDati, on the cursors as SeekFuso and CercaEstive
+    // left them; `voluto` is the wanted moment as a Julian day.
+    // The summer time of list `cEst` in force at `voluto` (the Estive cursor steps back over a
+    // change not yet in force); 0 with a status bar text when the place has no such list.
+    void EstivaDaDB(Tema& tema, std::int32_t cEst, std::int32_t anno, double voluto);
+    // The zone of list `cFusi` in force at `voluto` (the Fusi cursor steps back likewise); local
+    // mean time (TagChkSolare "Ok") before the list, or when there is none, after asking
+    // whether to open the table editor (ApriFusiEstive).
+    void FusoDaDB(Tema& tema, std::int32_t cFusi, std::int32_t anno, std::int32_t mese,
+                  double voluto);
+    // A nation cursor that ran away from the place goes back to its bookmark; the error box
+    // when the nation still differs from the place's.
+    void ControllaNazione(Tema& tema);
     void ErroreNazione(const Tema& tema);
 };
 

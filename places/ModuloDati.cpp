@@ -147,65 +147,89 @@ void MostraTema(const Tema& tema, CampiModulo& c) {
     c.Pannello2 = TestoProvincia(tema.Stato.Valore(), tema.City.Valore());
 }
 
-bool LeggiTema(const CampiModulo& c, Tema& tema, Messaggi& messaggi) {
-    // Every number first: a box that holds no number stops the reading with the record intact.
-    auto numero = [&](const std::string& testo, const char* nome, double& v) {
+namespace {
+
+// The boxes' numbers: a box that holds no number is told in a message and stops the reading.
+class LettoreCaselle {
+public:
+    explicit LettoreCaselle(Messaggi& messaggi) : messaggi_(messaggi) {}
+    bool Numero(const std::string& testo, const char* nome, double& v) const {
         if (NumeroDaCasella(testo, v)) return true;
-        messaggi.Mostra("Vesmo - Dati non validi",
-                        "Il campo " + std::string(nome) + " contiene \"" + testo +
-                            "\", che non è un numero.",
-                        Pulsanti::Ok, Icona::Informazione);
+        messaggi_.Mostra("Vesmo - Dati non validi",
+                         "Il campo " + std::string(nome) + " contiene \"" + testo +
+                             "\", che non è un numero.",
+                         Pulsanti::Ok, Icona::Informazione);
         return false;
-    };
+    }
     // The coordinate and zone boxes read an empty text as 0, as they show it on leaving them.
-    auto numeroOZero = [&](const std::string& testo, const char* nome, double& v) {
+    bool NumeroOZero(const std::string& testo, const char* nome, double& v) const {
         if (SenzaSpazi(testo).empty()) {
             v = 0;
             return true;
         }
-        return numero(testo, nome, v);
-    };
+        return Numero(testo, nome, v);
+    }
+
+private:
+    Messaggi& messaggi_;
+};
+
+// The longitude in hours west positive, from degrees, minutes and seconds or one number, in
+// degrees or hours as List3 says, east or west as List2 says.
+bool LeggiLongitudine(const CampiModulo& c, const LettoreCaselle& n, double& l) {
+    if (c.List3 == 0 || c.List3 == 1) {
+        double g, m, s;
+        if (!n.NumeroOZero(c.Text9, "Longitudine (gradi)", g) ||
+            !n.NumeroOZero(c.Text10, "Longitudine (primi)", m) ||
+            !n.NumeroOZero(c.Text11, "Longitudine (secondi)", s))
+            return false;
+        l = GradiDecimali(g, m, s);
+    } else if (!n.NumeroOZero(c.Text12, "Longitudine", l)) {
+        return false;
+    }
+    if (c.List3 == 0 || c.List3 == 2) l /= 15;
+    if (c.List2 == 0) l = -l;
+    return true;
+}
+
+// The latitude in degrees north positive, from degrees, minutes and seconds or one number as
+// List5 says, north or south as List4 says.
+bool LeggiLatitudine(const CampiModulo& c, const LettoreCaselle& n, double& b) {
+    if (c.List5 == 0) {
+        double g, m, s;
+        if (!n.NumeroOZero(c.Text13, "Latitudine (gradi)", g) ||
+            !n.NumeroOZero(c.Text14, "Latitudine (primi)", m) ||
+            !n.NumeroOZero(c.Text15, "Latitudine (secondi)", s))
+            return false;
+        b = GradiDecimali(g, m, s);
+    } else if (!n.NumeroOZero(c.Text16, "Latitudine", b)) {
+        return false;
+    }
+    if (c.List4 == 1) b = -b;
+    return true;
+}
+
+} // namespace
+
+bool LeggiTema(const CampiModulo& c, Tema& tema, Messaggi& messaggi) {
+    // Every number first: a box that holds no number stops the reading with the record intact.
+    const LettoreCaselle n(messaggi);
     double giorno, mese, anno, ora, minuti;
-    if (!numero(c.Text3, "Giorno", giorno) || !numero(c.Text4, "Mese", mese) ||
-        !numero(c.Text5, "Anno", anno) || !numero(c.Text6, "Ora", ora) ||
-        !numero(c.Text7, "Minuti", minuti))
+    if (!n.Numero(c.Text3, "Giorno", giorno) || !n.Numero(c.Text4, "Mese", mese) ||
+        !n.Numero(c.Text5, "Anno", anno) || !n.Numero(c.Text6, "Ora", ora) ||
+        !n.Numero(c.Text7, "Minuti", minuti))
         return false;
     // Day, month and year as the single precision numbers of the boxes.
     giorno = static_cast<float>(giorno);
     mese = static_cast<float>(mese);
     anno = static_cast<float>(anno);
-
-    double l;
-    if (c.List3 == 0 || c.List3 == 1) {
-        double g, m, s;
-        if (!numeroOZero(c.Text9, "Longitudine (gradi)", g) ||
-            !numeroOZero(c.Text10, "Longitudine (primi)", m) ||
-            !numeroOZero(c.Text11, "Longitudine (secondi)", s))
-            return false;
-        l = GradiDecimali(g, m, s);
-    } else if (!numeroOZero(c.Text12, "Longitudine", l)) {
-        return false;
-    }
-    if (c.List3 == 0 || c.List3 == 2) l /= 15;
-    if (c.List2 == 0) l = -l;
-
-    double b;
-    if (c.List5 == 0) {
-        double g, m, s;
-        if (!numeroOZero(c.Text13, "Latitudine (gradi)", g) ||
-            !numeroOZero(c.Text14, "Latitudine (primi)", m) ||
-            !numeroOZero(c.Text15, "Latitudine (secondi)", s))
-            return false;
-        b = GradiDecimali(g, m, s);
-    } else if (!numeroOZero(c.Text16, "Latitudine", b)) {
-        return false;
-    }
-    if (c.List4 == 1) b = -b;
-
+    double l, b;
+    if (!LeggiLongitudine(c, n, l) || !LeggiLatitudine(c, n, b)) return false;
     double fh = 0, fm = 0, eh = 0, em = 0;
-    if (!numeroOZero(c.Text8, "Fuso (ore)", fh)) return false;
-    if (!numeroOZero(c.Text18, "Fuso (minuti)", fm) || !numeroOZero(c.Text22, "Estiva (ore)", eh) ||
-        !numeroOZero(c.Text23, "Estiva (minuti)", em))
+    if (!n.NumeroOZero(c.Text8, "Fuso (ore)", fh)) return false;
+    if (!n.NumeroOZero(c.Text18, "Fuso (minuti)", fm) ||
+        !n.NumeroOZero(c.Text22, "Estiva (ore)", eh) ||
+        !n.NumeroOZero(c.Text23, "Estiva (minuti)", em))
         return false;
     double f = GradiDecimali(fh, fm, 0);
     // A zone of 99 (or -99) is local mean time: the zone is the longitude itself.

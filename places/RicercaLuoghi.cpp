@@ -214,130 +214,52 @@ bool RicercaLuoghi::ApriChiavi() {
     return true;
 }
 
-EsitoRisoluzione RicercaLuoghi::RisolviNome(std::optional<std::int32_t> cNaz,
-                                            std::string_view testo) {
-    EsitoRisoluzione e;
-    const std::string t = Pulito(testo);
-    if (t.empty() || !ApriChiavi()) return e;
-    const NomeEProvincia np = DividiProvincia(t);
-    e.nome = np.nome;
-    e.provincia = np.provincia;
+bool FiltroLuoghi::Ammesso(const Candidato& c) const {
+    if (cNaz && c.cCity != *cNaz) return false;
+    if (!conProvincia) return true;
+    if (c.cCity != CNazItalia) return false;
+    return NellaProvincia(c) || DistanzaDaRiquadro(c.Lat, -c.Lon * 15, latMin, latMax, lonMin,
+                                                   lonMax) <= DistanzaMassimaProvincia;
+}
 
-    // The province: its letters today and the box of its places.
-    std::set<std::string> sigle;
-    double latMin = 0, latMax = 0, lonMin = 0, lonMax = 0;
-    if (!e.provincia.empty()) {
-        if (!cNaz || *cNaz == CNazItalia) province_->Seek("=", Valore(PiegaNome(e.provincia)));
-        if ((cNaz && *cNaz != CNazItalia) || province_->NoMatch()) {
-            e.provinciaSconosciuta = true;
-            e.nome = t;
-            e.provincia.clear();
-        } else {
-            e.sigle = province_->Campo("Sigla").Testo();
-            for (std::size_t i = 0; i < e.sigle.size(); i += 3)
-                sigle.insert(e.sigle.substr(i, 2));
-            latMin = province_->Campo("LatMin").Numero();
-            latMax = province_->Campo("LatMax").Numero();
-            lonMin = province_->Campo("LonMin").Numero();
-            lonMax = province_->Campo("LonMax").Numero();
-        }
-    }
-    const bool conProvincia = !e.provincia.empty();
-    const std::string chiave = PiegaNome(e.nome);
-    if (chiave.empty()) return e;
+namespace {
 
-    auto leggi = [&](TipoNome tipo) {
-        Candidato c;
-        c.cCity = static_cast<std::int32_t>(chiavi_->Campo("cCity").Intero());
-        c.City = chiavi_->Campo("City").Testo();
-        c.Nome = chiavi_->Campo("Nome").Testo();
-        c.Sigla = chiavi_->Campo("Sigla").Testo();
-        c.tipo = tipo;
-        c.abitanti = static_cast<std::int32_t>(chiavi_->Campo("Abitanti").Intero());
-        c.Lon = chiavi_->Campo("Lon").Numero();
-        c.Lat = chiavi_->Campo("Lat").Numero();
-        return c;
-    };
-    auto ammesso = [&](const Candidato& c) {
-        if (cNaz && c.cCity != *cNaz) return false;
-        if (!conProvincia) return true;
-        if (c.cCity != CNazItalia) return false;
-        return sigle.count(c.Sigla) > 0 ||
-               DistanzaDaRiquadro(c.Lat, -c.Lon * 15, latMin, latMax, lonMin, lonMax) <=
-                   DistanzaMassimaProvincia;
-    };
-    std::vector<Candidato> trovati;
-    auto aggiungi = [&](Candidato c) {
-        for (const Candidato& g : trovati)
-            if (g.cCity == c.cCity && g.City == c.City) return; // a place once, its best name
-        trovati.push_back(std::move(c));
-    };
-    chiavi_->Seek("=", Valore(chiave));
-    for (; !chiavi_->NoMatch() && !chiavi_->Eof(); chiavi_->MoveNext()) {
-        if (chiavi_->Campo("Chiave").Testo() != chiave) break;
-        Candidato c = leggi(static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero()));
-        if (ammesso(c)) aggiungi(std::move(c));
-    }
-    // Places of the province itself come before those only near it.
-    if (conProvincia && std::any_of(trovati.begin(), trovati.end(),
-                                    [&](const Candidato& c) { return sigle.count(c.Sigla) > 0; }))
-        std::erase_if(trovati, [&](const Candidato& c) { return sigle.count(c.Sigla) == 0; });
-    // With a province and no place of that name: the official names of the province that
-    // begin with it.
-    if (trovati.empty() && conProvincia) {
-        constexpr int Righe = 20000;
-        chiavi_->Seek(">=", Valore(chiave));
-        for (int n = 0; n < Righe && !chiavi_->NoMatch() && !chiavi_->Eof();
-             ++n, chiavi_->MoveNext()) {
-            if (chiavi_->Campo("Chiave").Testo().compare(0, chiave.size(), chiave) != 0) break;
-            const auto tipo = static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero());
-            if (tipo != TipoNome::Ufficiale) continue;
-            Candidato c = leggi(TipoNome::Prefisso);
-            if (c.cCity == CNazItalia && sigle.count(c.Sigla)) aggiungi(std::move(c));
-        }
-    }
-    if (trovati.empty()) {
-        // A name of two languages as records write it, "Villabassa - Niederdorf": the half
-        // that finds one place.
-        const std::vector<std::string> parti = ChiaviNome(e.nome);
-        for (std::size_t k = 0; k < parti.size(); ++k) {
-            if (parti[k] == chiave || parti[k] == PiegaNomeUnito(e.nome)) continue;
-            EsitoRisoluzione meta =
-                RisolviNome(cNaz, parti[k] + (conProvincia ? " (" + e.provincia + ")" : ""));
-            if (meta.stato != StatoRisoluzione::Trovato) continue;
-            meta.nome = e.nome;
-            return meta;
-        }
-        return e;
-    }
+// A place once, with its best name: the first that came.
+void AggiungiCandidato(std::vector<Candidato>& trovati, Candidato c) {
+    for (const Candidato& g : trovati)
+        if (g.cCity == c.cCity && g.City == c.City) return;
+    trovati.push_back(std::move(c));
+}
 
+bool PiuAbitanti(const Candidato& a, const Candidato& b) {
+    return a.abitanti > b.abitanti;
+}
+
+} // namespace
+
+void ScegliCandidati(std::vector<Candidato> trovati, bool libero, EsitoRisoluzione& e) {
     // A place with a hundred times the people of every other that has the name, when neither
     // a nation nor a province is given, whatever the type of its name ("Parigi" is Paris,
     // not a village that bears the name as its own).
-    if (!cNaz && !conProvincia && trovati.size() > 1) {
-        std::stable_sort(
-            trovati.begin(), trovati.end(),
-            [](const Candidato& a, const Candidato& b) { return a.abitanti > b.abitanti; });
+    if (libero && trovati.size() > 1) {
+        std::stable_sort(trovati.begin(), trovati.end(), PiuAbitanti);
         if (trovati[0].tipo <= TipoNome::Alternativo &&
             trovati[0].abitanti >= 100.0 * std::max(trovati[1].abitanti, 1)) {
             trovati.resize(1);
             e.stato = StatoRisoluzione::Trovato;
             e.candidati = std::move(trovati);
-            return e;
+            return;
         }
     }
-
     // The best type of name, the most people first.
     const TipoNome migliore =
         std::min_element(trovati.begin(), trovati.end(),
                          [](const Candidato& a, const Candidato& b) { return a.tipo < b.tipo; })
             ->tipo;
     std::erase_if(trovati, [&](const Candidato& c) { return c.tipo != migliore; });
-    std::stable_sort(trovati.begin(), trovati.end(), [](const Candidato& a, const Candidato& b) {
-        return a.abitanti > b.abitanti;
-    });
+    std::stable_sort(trovati.begin(), trovati.end(), PiuAbitanti);
     bool uno = trovati.size() == 1;
-    if (!uno && !cNaz && !conProvincia) {
+    if (!uno && libero) {
         // Places of one name in several nations: the one far larger than all others.
         const Candidato& primo = trovati.front();
         const bool soloNazione =
@@ -348,6 +270,111 @@ EsitoRisoluzione RicercaLuoghi::RisolviNome(std::optional<std::int32_t> cNaz,
     if (uno) trovati.resize(1);
     e.stato = uno ? StatoRisoluzione::Trovato : StatoRisoluzione::Ambiguo;
     e.candidati = std::move(trovati);
+}
+
+void RicercaLuoghi::LeggiProvincia(const std::string& testo, EsitoRisoluzione& e, FiltroLuoghi& f) {
+    if (e.provincia.empty()) return;
+    if (!f.cNaz || *f.cNaz == CNazItalia) province_->Seek("=", Valore(PiegaNome(e.provincia)));
+    if ((f.cNaz && *f.cNaz != CNazItalia) || province_->NoMatch()) {
+        e.provinciaSconosciuta = true;
+        e.nome = testo;
+        e.provincia.clear();
+        return;
+    }
+    e.sigle = province_->Campo("Sigla").Testo();
+    for (std::size_t i = 0; i < e.sigle.size(); i += 3)
+        f.sigle.insert(e.sigle.substr(i, 2));
+    f.latMin = province_->Campo("LatMin").Numero();
+    f.latMax = province_->Campo("LatMax").Numero();
+    f.lonMin = province_->Campo("LonMin").Numero();
+    f.lonMax = province_->Campo("LonMax").Numero();
+    f.conProvincia = true;
+}
+
+Candidato RicercaLuoghi::LeggiCandidato(TipoNome tipo) const {
+    Candidato c;
+    c.cCity = static_cast<std::int32_t>(chiavi_->Campo("cCity").Intero());
+    c.City = chiavi_->Campo("City").Testo();
+    c.Nome = chiavi_->Campo("Nome").Testo();
+    c.Sigla = chiavi_->Campo("Sigla").Testo();
+    c.tipo = tipo;
+    c.abitanti = static_cast<std::int32_t>(chiavi_->Campo("Abitanti").Intero());
+    c.Lon = chiavi_->Campo("Lon").Numero();
+    c.Lat = chiavi_->Campo("Lat").Numero();
+    return c;
+}
+
+std::vector<Candidato> RicercaLuoghi::CandidatiDiChiave(const std::string& chiave,
+                                                        const FiltroLuoghi& f) {
+    std::vector<Candidato> trovati;
+    chiavi_->Seek("=", Valore(chiave));
+    for (; !chiavi_->NoMatch() && !chiavi_->Eof(); chiavi_->MoveNext()) {
+        if (chiavi_->Campo("Chiave").Testo() != chiave) break;
+        Candidato c = LeggiCandidato(static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero()));
+        if (f.Ammesso(c)) AggiungiCandidato(trovati, std::move(c));
+    }
+    // Places of the province itself come before those only near it.
+    auto nella = [&f](const Candidato& c) { return f.NellaProvincia(c); };
+    if (f.conProvincia && std::any_of(trovati.begin(), trovati.end(), nella))
+        std::erase_if(trovati, [&](const Candidato& c) { return !nella(c); });
+    return trovati;
+}
+
+std::vector<Candidato> RicercaLuoghi::CandidatiPerInizio(const std::string& chiave,
+                                                         const FiltroLuoghi& f) {
+    constexpr int Righe = 20000;
+    std::vector<Candidato> trovati;
+    chiavi_->Seek(">=", Valore(chiave));
+    for (int n = 0; n < Righe && !chiavi_->NoMatch() && !chiavi_->Eof(); ++n, chiavi_->MoveNext()) {
+        if (chiavi_->Campo("Chiave").Testo().compare(0, chiave.size(), chiave) != 0) break;
+        const auto tipo = static_cast<TipoNome>(chiavi_->Campo("Tipo").Intero());
+        if (tipo != TipoNome::Ufficiale) continue;
+        Candidato c = LeggiCandidato(TipoNome::Prefisso);
+        if (c.cCity == CNazItalia && f.NellaProvincia(c)) AggiungiCandidato(trovati, std::move(c));
+    }
+    return trovati;
+}
+
+std::optional<EsitoRisoluzione> RicercaLuoghi::RisolviMeta(const EsitoRisoluzione& e,
+                                                           const std::string& chiave,
+                                                           const FiltroLuoghi& f) {
+    const std::vector<std::string> parti = ChiaviNome(e.nome);
+    for (std::size_t k = 0; k < parti.size(); ++k) {
+        if (parti[k] == chiave || parti[k] == PiegaNomeUnito(e.nome)) continue;
+        EsitoRisoluzione meta =
+            RisolviNome(f.cNaz, parti[k] + (f.conProvincia ? " (" + e.provincia + ")" : ""));
+        if (meta.stato != StatoRisoluzione::Trovato) continue;
+        meta.nome = e.nome;
+        return meta;
+    }
+    return std::nullopt;
+}
+
+EsitoRisoluzione RicercaLuoghi::RisolviNome(std::optional<std::int32_t> cNaz,
+                                            std::string_view testo) {
+    EsitoRisoluzione e;
+    const std::string t = Pulito(testo);
+    if (t.empty() || !ApriChiavi()) return e;
+    const NomeEProvincia np = DividiProvincia(t);
+    e.nome = np.nome;
+    e.provincia = np.provincia;
+    FiltroLuoghi f;
+    f.cNaz = cNaz;
+    LeggiProvincia(t, e, f);
+    const std::string chiave = PiegaNome(e.nome);
+    if (chiave.empty()) return e;
+
+    std::vector<Candidato> trovati = CandidatiDiChiave(chiave, f);
+    // With a province and no place of that name: the official names of the province that
+    // begin with it.
+    if (trovati.empty() && f.conProvincia) trovati = CandidatiPerInizio(chiave, f);
+    if (trovati.empty()) {
+        // A name of two languages as records write it, "Villabassa - Niederdorf": the half
+        // that finds one place.
+        std::optional<EsitoRisoluzione> meta = RisolviMeta(e, chiave, f);
+        return meta ? std::move(*meta) : e;
+    }
+    ScegliCandidati(std::move(trovati), !cNaz && !f.conProvincia, e);
     return e;
 }
 

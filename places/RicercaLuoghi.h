@@ -14,6 +14,7 @@
 #include <cstdint>
 #include <memory>
 #include <optional>
+#include <set>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -77,6 +78,24 @@ struct EsitoRisoluzione {
 // The distance beyond which a place is never the answer for a given province, in km.
 inline constexpr double DistanzaMassimaProvincia = 80.0;
 
+// What keeps a place found by name: the nation asked, and the province given with the name
+// (its today's letters and the box of its places, degrees, east positive).
+struct FiltroLuoghi {
+    std::optional<std::int32_t> cNaz;
+    bool conProvincia = false;
+    std::set<std::string> sigle;
+    double latMin = 0, latMax = 0, lonMin = 0, lonMax = 0;
+    // In the nation, and with a province: Italian, of the province or within
+    // DistanzaMassimaProvincia of its box.
+    bool Ammesso(const Candidato& c) const;
+    bool NellaProvincia(const Candidato& c) const { return sigle.count(c.Sigla) > 0; }
+};
+
+// The last step of RisolviNome, the rules between places that share a name (`trovati`, not
+// empty, each place once); `libero` when neither a nation nor a province was given. Sets the
+// state and the candidates of `e` and nothing else.
+void ScegliCandidati(std::vector<Candidato> trovati, bool libero, EsitoRisoluzione& e);
+
 class RicercaLuoghi {
 public:
     // Works on the places of `db`; a file without NomiAlternativi finds no other names.
@@ -128,6 +147,23 @@ private:
     std::unique_ptr<Cursore> perCitta_, perNazione_, alt_, altTutti_, chiavi_, province_;
     bool senzaAlternativi_ = false, senzaChiavi_ = false;
     bool ApriChiavi();
+
+    // The steps of RisolviNome, on the index of keys (open).
+    // The province given in `e` into the filter; when it is no Italian province (or the nation
+    // asked is not Italy), the whole text `testo` becomes the name and the province is dropped.
+    void LeggiProvincia(const std::string& testo, EsitoRisoluzione& e, FiltroLuoghi& f);
+    // The key row under the cursor as a candidate of type `tipo`.
+    Candidato LeggiCandidato(TipoNome tipo) const;
+    // The places the filter keeps whose key is `chiave`, each once with its best name; of the
+    // province's own places alone when there are some.
+    std::vector<Candidato> CandidatiDiChiave(const std::string& chiave, const FiltroLuoghi& f);
+    // The places of the province whose official name's key begins with `chiave` (as Prefisso),
+    // looking at no more than 20000 keys.
+    std::vector<Candidato> CandidatiPerInizio(const std::string& chiave, const FiltroLuoghi& f);
+    // For a name of two parts: the first other key of the name that resolves to one place,
+    // with the name of `e`; none when no part does.
+    std::optional<EsitoRisoluzione> RisolviMeta(const EsitoRisoluzione& e,
+                                                const std::string& chiave, const FiltroLuoghi& f);
     Cursore& Luoghi(bool nazione);
     Cursore* Alternativi(bool nazione);
 };

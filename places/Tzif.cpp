@@ -199,6 +199,61 @@ std::vector<Periodo> CambiDellAnno(const RegolaPosix& r, int anno) {
     return cambi;
 }
 
+namespace {
+
+// The local time types of the 64-bit block: `tipi` points at their six bytes each, `abbr` at the
+// abbreviations; an abbreviation index outside the file throws ErroreTzif.
+std::vector<TipoOra> TipiOra(const unsigned char* tipi, const char* abbr, std::uint32_t typecnt,
+                             std::uint32_t charcnt) {
+    std::vector<TipoOra> tipiOra;
+    for (std::uint32_t i = 0; i < typecnt; ++i) {
+        const unsigned char* t = tipi + std::size_t(i) * 6;
+        TipoOra tipo;
+        tipo.utoff = static_cast<std::int32_t>(Leggi32(t));
+        tipo.isdst = t[4] != 0;
+        const unsigned idx = t[5];
+        if (idx >= charcnt) throw ErroreTzif("abbreviazione fuori dal file");
+        const char* a = abbr + idx;
+        tipo.abbr.assign(a, strnlen(a, charcnt - idx));
+        tipiOra.push_back(tipo);
+    }
+    return tipiOra;
+}
+
+// A period from `inizio` on, unless it repeats the type of the period before it.
+void AggiungiPeriodo(ZonaTzif& z, std::int64_t inizio, const TipoOra& tipo) {
+    if (!z.periodi.empty()) {
+        const TipoOra& prima = z.periodi.back().tipo;
+        // A named mean time (Rome's "RMT") that follows local mean time at the same offset
+        // is a period of its own: from then on the whole zone keeps the capital's clock.
+        if (prima.utoff == tipo.utoff && prima.isdst == tipo.isdst &&
+            (prima.abbr == "LMT") == (tipo.abbr == "LMT"))
+            return;
+    }
+    z.periodi.push_back({inizio, tipo});
+}
+
+// The footer's rule carried on after the last change `ultimo` (Periodo::Sempre when the file
+// has none) up to the end of `annoFine`; a rule without summer time is the whole zone when the
+// file lists no change, and adds nothing otherwise.
+void EstendiConRegola(ZonaTzif& z, std::int64_t ultimo, bool senzaCambi, int annoFine) {
+    const RegolaPosix r = LeggiRegolaPosix(z.regola);
+    if (!r.conEstiva) {
+        if (senzaCambi) z.periodi = {{Periodo::Sempre, r.normale}};
+        return;
+    }
+    std::int64_t annoUltimo = 1970;
+    if (ultimo != Periodo::Sempre) {
+        int m, g;
+        CivileDaGiorni(ultimo / 86400 - (ultimo % 86400 < 0), annoUltimo, m, g);
+    }
+    for (std::int64_t a = annoUltimo - 1; a <= annoFine; ++a)
+        for (const Periodo& c : CambiDellAnno(r, static_cast<int>(a)))
+            if (c.inizio > ultimo) AggiungiPeriodo(z, c.inizio, c.tipo);
+}
+
+} // namespace
+
 ZonaTzif LeggiTzif(std::string_view b, int annoFine) {
     const Intestazione h1 = LeggiIntestazione(b, 0);
     if (h1.versione < '2') throw ErroreTzif("file TZif di versione 1: mancano i dati a 64 bit");
@@ -215,41 +270,18 @@ ZonaTzif LeggiTzif(std::string_view b, int annoFine) {
     const unsigned char* indici = tempi + std::size_t(h.timecnt) * 8;
     const unsigned char* tipi = indici + h.timecnt;
     const char* abbr = reinterpret_cast<const char*>(tipi + std::size_t(h.typecnt) * 6);
-
-    std::vector<TipoOra> tipiOra;
-    for (std::uint32_t i = 0; i < h.typecnt; ++i) {
-        const unsigned char* t = tipi + std::size_t(i) * 6;
-        TipoOra tipo;
-        tipo.utoff = static_cast<std::int32_t>(Leggi32(t));
-        tipo.isdst = t[4] != 0;
-        const unsigned idx = t[5];
-        if (idx >= h.charcnt) throw ErroreTzif("abbreviazione fuori dal file");
-        const char* a = abbr + idx;
-        tipo.abbr.assign(a, strnlen(a, h.charcnt - idx));
-        tipiOra.push_back(tipo);
-    }
+    const std::vector<TipoOra> tipiOra = TipiOra(tipi, abbr, h.typecnt, h.charcnt);
 
     ZonaTzif z;
-    auto aggiungi = [&z](std::int64_t inizio, const TipoOra& tipo) {
-        if (!z.periodi.empty()) {
-            const TipoOra& prima = z.periodi.back().tipo;
-            // A named mean time (Rome's "RMT") that follows local mean time at the same offset
-            // is a period of its own: from then on the whole zone keeps the capital's clock.
-            if (prima.utoff == tipo.utoff && prima.isdst == tipo.isdst &&
-                (prima.abbr == "LMT") == (tipo.abbr == "LMT"))
-                return;
-        }
-        z.periodi.push_back({inizio, tipo});
-    };
     // Before the first change the zone keeps its first type.
-    aggiungi(Periodo::Sempre, tipiOra[0]);
+    AggiungiPeriodo(z, Periodo::Sempre, tipiOra[0]);
     std::int64_t ultimo = Periodo::Sempre;
     for (std::uint32_t i = 0; i < h.timecnt; ++i) {
         const std::int64_t t = Leggi64(tempi + std::size_t(i) * 8);
         if (indici[i] >= h.typecnt) throw ErroreTzif("tipo fuori dal file");
         if (t <= ultimo) throw ErroreTzif("cambi fuori ordine");
         ultimo = t;
-        aggiungi(t, tipiOra[indici[i]]);
+        AggiungiPeriodo(z, t, tipiOra[indici[i]]);
     }
 
     // The footer: "\n" rule "\n".
@@ -259,21 +291,7 @@ ZonaTzif LeggiTzif(std::string_view b, int annoFine) {
         if (fine != std::string_view::npos)
             z.regola = std::string(b.substr(piede + 1, fine - piede - 1));
     }
-    if (!z.regola.empty()) {
-        const RegolaPosix r = LeggiRegolaPosix(z.regola);
-        if (!r.conEstiva) {
-            if (h.timecnt == 0) z.periodi = {{Periodo::Sempre, r.normale}};
-        } else {
-            std::int64_t annoUltimo = 1970;
-            if (ultimo != Periodo::Sempre) {
-                int m, g;
-                CivileDaGiorni(ultimo / 86400 - (ultimo % 86400 < 0), annoUltimo, m, g);
-            }
-            for (std::int64_t a = annoUltimo - 1; a <= annoFine; ++a)
-                for (const Periodo& c : CambiDellAnno(r, static_cast<int>(a)))
-                    if (c.inizio > ultimo) aggiungi(c.inizio, c.tipo);
-        }
-    }
+    if (!z.regola.empty()) EstendiConRegola(z, ultimo, h.timecnt == 0, annoFine);
     return z;
 }
 

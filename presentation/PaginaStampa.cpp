@@ -274,30 +274,21 @@ void DisegnaRiquadroPianeti(Superficie& sup, const OpzioniPagina& o) {
     }
 }
 
-void DisegnaTabellaStampa(Superficie& sup, const Tema& tema, const Posizioni& pos,
-                          const OpzioniPagina& o, double x0, double y0) {
+void RigheTabellaStampa(Superficie& sup, const ContenutoPagina& c, const OpzioniPagina& o,
+                        double x0, double y0) {
     const double H = G::AltezzaRiga;
-    ContenutoPagina c = CalcolaContenutoPagina(tema, pos, o);
-    Colore nero = Nero;
-    sup.ColorePenna(nero);
-    sup.SpessorePenna(1);
-    auto linea = [&](double x1, double y1, double x2, double y2) {
-        sup.Linea(x0 + x1, y0 + y1, x0 + x2, y0 + y2, nero);
-    };
     auto testo = [&](double x, double y, const std::string& t) { Testo(sup, x0 + x, y0 + y, t); };
-
-    // 1, 2. The frame, the heading row and its words.
+    // The frame, the heading row and its words.
     Riquadro(sup, x0 - 50, y0 - 20, x0 + Destra, y0 + Fondo);
     Riquadro(sup, x0 - 50, y0 - 20, x0 + Destra, y0 + 240);
     testo(0, 0, o.SulModulo ? "Longitudini " : "Longitudini");
     testo(3250, 0, "Domicili");
-
-    // 3. The fourteen rows, and the rule that parts the longitudes from the qualities, from the
+    // The fourteen rows, and the rule that parts the longitudes from the qualities, from the
     // first row's top to the bottom (it also parts the cusps from the aspects).
-    linea(1650, H, 1650, Fondo);
+    sup.Linea(x0 + 1650, y0 + H, x0 + 1650, y0 + Fondo, Nero);
     for (int i = 1; i <= 14; ++i) {
         const RigaPagina& r = c.Righe[static_cast<std::size_t>(i)];
-        double y = H * i;
+        const double y = H * i;
         GlifoDellaRiga(sup, i, x0, y0 + y, o.SpessoreGlifi);
         testo(350, y, r.Longitudine);
         GlifoSegnoPagina(sup, r.Segno, x0 + 1300, y0 + y);
@@ -306,8 +297,16 @@ void DisegnaTabellaStampa(Superficie& sup, const Tema& tema, const Posizioni& po
         testo(2600, y, r.Elemento);
         if (!r.Dignita.empty()) testo(3250, y, r.Dignita);
     }
+}
 
-    // 4. The counters, in three groups.
+void ContiTabellaStampa(Superficie& sup, const ContenutoPagina& c, const OpzioniPagina& o,
+                        double x0, double y0) {
+    const double H = G::AltezzaRiga;
+    auto testo = [&](double x, double y, const std::string& t) { Testo(sup, x0 + x, y0 + y, t); };
+    auto linea = [&](double x1, double y1, double x2, double y2) {
+        sup.Linea(x0 + x1, y0 + y1, x0 + x2, y0 + y2, Nero);
+    };
+    // The counters, in three groups.
     linea(4500, H, 4500, 3900);
     const int conti[11] = {c.Quadruplicita[0], c.Quadruplicita[1], c.Quadruplicita[2],
                            c.Elementi[0],      c.Elementi[1],      c.Elementi[2],
@@ -317,8 +316,7 @@ void DisegnaTabellaStampa(Superficie& sup, const Tema& tema, const Posizioni& po
         testo(4550, H * (n + 1), NomiConti[n] + std::to_string(conti[n]));
     linea(4500, H * 4, Destra, H * 4);
     linea(4500, H * 8, Destra, H * 8);
-
-    // 5. The rulers of the Ascendant.
+    // The rulers of the Ascendant.
     testo(4550, H * 12, "Reggente dell' Ascendente ");
     if (c.ReggenteDiurno)
         GlifoDellaRiga(sup, c.ReggenteDiurno, x0 + 4550, y0 + H * 13, o.SpessoreGlifi);
@@ -326,27 +324,31 @@ void DisegnaTabellaStampa(Superficie& sup, const Tema& tema, const Posizioni& po
     if (c.ReggenteNotturno)
         GlifoDellaRiga(sup, c.ReggenteNotturno, x0 + 5500, y0 + H * 13, o.SpessoreGlifi);
     testo(5764, H * 13, "(Notturno) ");
+}
 
-    // 6. The cusps, from row 15.
+void CuspidiTabellaStampa(Superficie& sup, const ContenutoPagina& c, double x0, double y0) {
     double y = 3900;
     for (const auto& k : c.Cuspidi) {
-        testo(0, y, k.Etichetta);
-        testo(350, y, k.Longitudine);
+        Testo(sup, x0, y0 + y, k.Etichetta);
+        Testo(sup, x0 + 350, y0 + y, k.Longitudine);
         GlifoSegnoPagina(sup, k.Segno, x0 + 1300, y0 + y);
-        y += H;
+        y += G::AltezzaRiga;
     }
+}
 
-    // 7. The heading of the aspects.
+void AspettiTabellaStampa(Superficie& sup, const ContenutoPagina& c, const OpzioniPagina& o,
+                          double x0, double y0) {
+    const double H = G::AltezzaRiga;
+    // The heading.
     Riquadro(sup, x0 + 1650, y0 + 3900, x0 + Destra, y0 + 3900 + H);
-    testo(1700, 3900,
+    Testo(sup, x0 + 1700, y0 + 3900,
           "Aspetti Selezionati (" + std::to_string(c.NumAspetti) + "), Orbita " +
               TestoSingolo(o.Aspetti.Orbita));
-
-    // 8. The aspects, flowing from x 1700: a new row for each first point, and where a row is
+    // The aspects, flowing from x 1700: a new row for each first point, and where a row is
     // full; what would pass the bottom of the table is left out.
     const double inizio = 1700, fine = Destra - 50;
     double x = inizio;
-    y = 3900 + H;
+    double y = 3900 + H;
     int rigaCorrente = 0;
     for (const VoceAspettoPagina& v : c.Aspetti) {
         std::string nome = " " + SenzaSpazi(NomiAspetti[static_cast<std::size_t>(v.k)]) + " ";
@@ -364,8 +366,17 @@ void DisegnaTabellaStampa(Superficie& sup, const Tema& tema, const Posizioni& po
         sup.Stampa("  ");
         x = sup.PennaX() - x0;
     }
+}
 
-    // 9. The footer.
+void DisegnaTabellaStampa(Superficie& sup, const Tema& tema, const Posizioni& pos,
+                          const OpzioniPagina& o, double x0, double y0) {
+    const ContenutoPagina c = CalcolaContenutoPagina(tema, pos, o);
+    sup.ColorePenna(Nero);
+    sup.SpessorePenna(1);
+    RigheTabellaStampa(sup, c, o, x0, y0);
+    ContiTabellaStampa(sup, c, o, x0, y0);
+    CuspidiTabellaStampa(sup, c, x0, y0);
+    AspettiTabellaStampa(sup, c, o, x0, y0);
     DisegnaPiedeStampa(sup, x0, y0);
 }
 

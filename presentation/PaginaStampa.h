@@ -95,6 +95,20 @@ void DisegnaTestataStampa(Superficie& sup, const Tema& tema, const OpzioniPagina
 void DisegnaRiquadroPianeti(Superficie& sup, const OpzioniPagina& o);
 void DisegnaTabellaStampa(Superficie& sup, const Tema& tema, const Posizioni& pos,
                           const OpzioniPagina& o, double x0, double y0);
+// The steps of DisegnaTabellaStampa, in its order, each at (x0, y0) in black with the pen's
+// width as it finds it; none changes the pen's colour.
+// The frame, the heading row and the fourteen rows of points with their qualities.
+void RigheTabellaStampa(Superficie& sup, const ContenutoPagina& c, const OpzioniPagina& o,
+                        double x0, double y0);
+// The counters in three groups and the rulers of the Ascendant.
+void ContiTabellaStampa(Superficie& sup, const ContenutoPagina& c, const OpzioniPagina& o,
+                        double x0, double y0);
+// The cusps, one a row from the 15th.
+void CuspidiTabellaStampa(Superficie& sup, const ContenutoPagina& c, double x0, double y0);
+// The heading of the aspects and the aspects flowing in rows; what would pass the bottom of the
+// table is left out.
+void AspettiTabellaStampa(Superficie& sup, const ContenutoPagina& c, const OpzioniPagina& o,
+                          double x0, double y0);
 void DisegnaPiedeStampa(Superficie& sup, double x0, double y0);
 
 // The upper part (wheel, header, box), the lower part (table block and footer) at (x0, y0), and

@@ -146,122 +146,145 @@ void FrecciaAscendente(Superficie& sup, double ex, double ey, double a, double l
     }
 }
 
-PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni& pos,
-                             const OpzioniRuota& o) {
+Riferimento RiferimentoRuota(const OpzioniRuota& o) {
+    const GeometriaRuota& g = o.Geometria;
+    return {g.CentroX, g.CentroY, o.AngoloRuota};
+}
+
+void FondoRuota(Superficie& sup, const OpzioniRuota& o, Colore penna) {
     const GeometriaRuota& g = o.Geometria;
     const double R1 = g.RaggioEsterno, R2 = g.RaggioInterno;
-    const Riferimento P{g.CentroX, g.CentroY, o.AngoloRuota};
-    Colore penna = sup.ColorePenna();
-
-    // 1. Cusps and points.
-    Case cuspidi = CaseDellaRuota(tema, pos);
-    PuntiDellaRuota punti = RiempiPuntiRuota(pos, o.LunaNeraVera);
-
-    const bool bn = o.BiancoNero;
-    auto coloreSegno = [&](int segno) { return bn ? penna : ColoreSegno(segno); };
-    auto coloreCorpo = [&](int corpo) { return bn ? penna : ColoreCorpo(corpo); };
-
-    if (bn) {
+    if (o.BiancoNero) {
         // On paper: the two circles of the sign ring as outlines, nothing filled.
         sup.TipoRiempimento(1);
         sup.Cerchio(g.CentroX, g.CentroY, R1, penna);
         sup.Cerchio(g.CentroX, g.CentroY, R2, penna);
-    } else {
-        // 2. The disc that erases the old picture; nothing outside it changes.
-        sup.PennaX(g.CentroX);
-        sup.PennaY(g.CentroY);
-        sup.TipoRiempimento(0);
-        sup.ColoreRiempimento(FacciaPulsante);
-        sup.Cerchio(g.CentroX, g.CentroY, g.RaggioFondo(), sup.ColoreFondo());
-
-        // 3. The sign ring, light grey with a bevel on its outer edge.
-        if (!o.ColoriRidotti) {
-            sup.ColoreRiempimento(GrigioChiaro);
-            sup.Cerchio(g.CentroX, g.CentroY, R1, Bianco);
-            Bisello(sup, g, R1, 216, 45);
-        }
-        // 4. The inner disc, its bevel the other way.
-        sup.ColoreRiempimento(FacciaPulsante);
-        sup.Cerchio(g.CentroX, g.CentroY, R2, Bianco);
-        Bisello(sup, g, R2, 45, 216);
-        // 5.
-        sup.TipoRiempimento(1);
+        return;
     }
+    // The disc that erases the old picture; nothing outside it changes.
+    sup.PennaX(g.CentroX);
+    sup.PennaY(g.CentroY);
+    sup.TipoRiempimento(0);
+    sup.ColoreRiempimento(FacciaPulsante);
+    sup.Cerchio(g.CentroX, g.CentroY, g.RaggioFondo(), sup.ColoreFondo());
+    // The sign ring, light grey with a bevel on its outer edge.
+    if (!o.ColoriRidotti) {
+        sup.ColoreRiempimento(GrigioChiaro);
+        sup.Cerchio(g.CentroX, g.CentroY, R1, Bianco);
+        Bisello(sup, g, R1, 216, 45);
+    }
+    // The inner disc, its bevel the other way.
+    sup.ColoreRiempimento(FacciaPulsante);
+    sup.Cerchio(g.CentroX, g.CentroY, R2, Bianco);
+    Bisello(sup, g, R2, 45, 216);
+    sup.TipoRiempimento(1);
+}
 
-    // 6. Signs: boundary, scale and glyph.
+void SegniRuota(Superficie& sup, const OpzioniRuota& o, Colore penna) {
+    const GeometriaRuota& g = o.Geometria;
+    const double R1 = g.RaggioEsterno, R2 = g.RaggioInterno;
+    const Riferimento P = RiferimentoRuota(o);
     for (int segno = 0; segno < 12; ++segno) {
-        double L = segno * 30.0;
-        LineaChiara(sup, P.X(R2, L), P.Y(R2, L), P.X(R1, L), P.Y(R1, L), coloreSegno(segno));
+        const double L = segno * 30.0;
+        const Colore colore = o.BiancoNero ? penna : ColoreSegno(segno);
+        LineaChiara(sup, P.X(R2, L), P.Y(R2, L), P.X(R1, L), P.Y(R1, L), colore);
         TaccheSegno(sup, P, R2, L);
         DisegnaGlifoCentrato(sup, GlifoSegno(segno),
                              LatoNellaFascia(g.PassoSegni, R2 + 350, R2, R1), P.X(R2 + 350, L + 15),
-                             P.Y(R2 + 350, L + 15), coloreSegno(segno));
+                             P.Y(R2 + 350, L + 15), colore);
         sup.SpessorePenna(1);
         TaccheFineSegno(sup, P, R2, L);
     }
+}
 
-    // 7. Cusps; the four angles cross the ring.
+void CuspidiRuota(Superficie& sup, const OpzioniRuota& o, const Case& cuspidi, Colore penna) {
+    const GeometriaRuota& g = o.Geometria;
+    const Riferimento P = RiferimentoRuota(o);
     for (int i = 1; i <= 12; ++i) {
-        double L = cuspidi[i].Lo;
-        bool angolo = i == 1 || i == 4 || i == 7 || i == 10;
-        double fine = angolo ? R1 + 500 : R2;
+        const double L = cuspidi[i].Lo;
+        const bool angolo = i == 1 || i == 4 || i == 7 || i == 10;
+        const double fine = angolo ? g.RaggioEsterno + 500 : g.RaggioInterno;
         sup.SpessorePenna(angolo ? 2 : 1);
         sup.Linea(P.X(g.RaggioCase, L), P.Y(g.RaggioCase, L), P.X(fine, L), P.Y(fine, L), penna);
         if (i == 1) FrecciaAscendente(sup, P.X(fine, L), P.Y(fine, L), P.Radianti(L), 300);
-        if (i == 10) sup.Cerchio(P.X(R1 + 280, L), P.Y(R1 + 280, L), 250, penna);
-        double medio = MedioArco(L, cuspidi[i < 12 ? i + 1 : 1].Lo, 0);
+        if (i == 10)
+            sup.Cerchio(P.X(g.RaggioEsterno + 280, L), P.Y(g.RaggioEsterno + 280, L), 250, penna);
+        const double medio = MedioArco(L, cuspidi[i < 12 ? i + 1 : 1].Lo, 0);
         sup.PennaX(P.X(900, medio));
         sup.PennaY(P.Y(900, medio));
         sup.Stampa(std::to_string(i));
     }
+}
 
-    // 8. Bodies, ring by ring inward.
+void CorpiRuota(Superficie& sup, const OpzioniRuota& o, PuntiDellaRuota& punti, Colore penna) {
+    const GeometriaRuota& g = o.Geometria;
+    const double R2 = g.RaggioInterno;
+    const Riferimento P = RiferimentoRuota(o);
+    const bool bn = o.BiancoNero;
     AnelliDeiCorpi(punti, 8);
     for (std::size_t i = 1; i <= 12; ++i) {
         PuntoRuota& p = punti[i];
-        double L = p.pos.Lo;
+        const double L = p.pos.Lo;
         p.X = P.X(R2, L);
         p.Y = P.Y(R2, L);
         sup.Linea(p.X, p.Y, P.X(R2 - 175, L), P.Y(R2 - 175, L), penna);
-        double r = R2 - p.Anello * g.PassoPianeti;
+        const double r = R2 - p.Anello * g.PassoPianeti;
         if (bn) sup.SpessorePenna(o.SpessoreGlifi);
         DisegnaGlifoCentrato(sup, GlifoCorpo(static_cast<int>(i)),
                              LatoNellaFascia(g.PassoPianeti, r, NessunCerchio, R2), P.X(r, L),
-                             P.Y(r, L), coloreCorpo(static_cast<int>(i)));
+                             P.Y(r, L), bn ? penna : ColoreCorpo(static_cast<int>(i)));
         if (bn) sup.SpessorePenna(1);
     }
-    // 9. Ascendant and Midheaven: the ends of their aspect lines only.
+    // Ascendant and Midheaven: the ends of their aspect lines only.
     for (std::size_t i = 13; i <= 14; ++i) {
         punti[i].X = P.X(R2, punti[i].pos.Lo);
         punti[i].Y = P.Y(R2, punti[i].pos.Lo);
     }
+}
 
-    // 10. Planetary nodes, not entered among the points: later nodes do not avoid earlier ones.
+void NodiRuota(Superficie& sup, const OpzioniRuota& o, const PuntiDellaRuota& punti, Colore penna) {
+    const GeometriaRuota& g = o.Geometria;
+    const double R2 = g.RaggioInterno;
+    const Riferimento P = RiferimentoRuota(o);
     int quanti;
     auto nodi = NodiDellaScelta(o.NodiScelti, quanti);
     for (int n = 0; n < quanti; ++n) {
         const NodoScelto& nodo = nodi[static_cast<std::size_t>(n)];
-        double L = punti[static_cast<std::size_t>(nodo.corpo)].pos.LNd + nodo.lato;
+        const double L = punti[static_cast<std::size_t>(nodo.corpo)].pos.LNd + nodo.lato;
         sup.Linea(P.X(R2, L), P.Y(R2, L), P.X(R2 - 175, L), P.Y(R2 - 175, L), penna);
-        double r = R2 - AnelloDelNodo(L, punti) * g.PassoPianeti;
+        const double r = R2 - AnelloDelNodo(L, punti) * g.PassoPianeti;
         DisegnaGlifoCentrato(sup, GlifoNodo(nodo.corpo, nodo.lato),
                              LatoNellaFascia(g.PassoPianeti, r, NessunCerchio, R2), P.X(r, L),
-                             P.Y(r, L), coloreCorpo(nodo.corpo));
+                             P.Y(r, L), o.BiancoNero ? penna : ColoreCorpo(nodo.corpo));
     }
+}
 
-    // 11. Aspect lines between the 14 points, one for every aspect a pair is in.
-    if (o.DisegnaAspetti) {
-        for (std::size_t i = 1; i <= 14; ++i) {
-            for (std::size_t j = i + 1; j <= 14; ++j) {
-                double d = DistanzaAspetto(punti[i].pos.Lo, punti[j].pos.Lo);
-                for (int k : ProvaAspetto(d, o.Aspetti.Orbita)) {
-                    if (!o.Aspetti.AspettoAttivo[static_cast<std::size_t>(k)]) continue;
-                    sup.Linea(punti[i].X, punti[i].Y, punti[j].X, punti[j].Y,
-                              bn ? penna : ColoreAspetto(k, penna));
-                }
+void AspettiRuota(Superficie& sup, const OpzioniRuota& o, const PuntiDellaRuota& punti,
+                  Colore penna) {
+    if (!o.DisegnaAspetti) return;
+    for (std::size_t i = 1; i <= 14; ++i) {
+        for (std::size_t j = i + 1; j <= 14; ++j) {
+            const double d = DistanzaAspetto(punti[i].pos.Lo, punti[j].pos.Lo);
+            for (int k : ProvaAspetto(d, o.Aspetti.Orbita)) {
+                if (!o.Aspetti.AspettoAttivo[static_cast<std::size_t>(k)]) continue;
+                sup.Linea(punti[i].X, punti[i].Y, punti[j].X, punti[j].Y,
+                          o.BiancoNero ? penna : ColoreAspetto(k, penna));
             }
         }
     }
+}
+
+PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni& pos,
+                             const OpzioniRuota& o) {
+    const Colore penna = sup.ColorePenna();
+    const Case cuspidi = CaseDellaRuota(tema, pos);
+    PuntiDellaRuota punti = RiempiPuntiRuota(pos, o.LunaNeraVera);
+    FondoRuota(sup, o, penna);
+    SegniRuota(sup, o, penna);
+    CuspidiRuota(sup, o, cuspidi, penna);
+    CorpiRuota(sup, o, punti, penna);
+    NodiRuota(sup, o, punti, penna);
+    AspettiRuota(sup, o, punti, penna);
     return punti;
 }
 

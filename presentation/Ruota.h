@@ -96,6 +96,28 @@ void TaccheFineSegno(Superficie& sup, const Riferimento& rif, double r2, double 
 // The Ascendant's arrow head: two barbs of `lunghezza` from (ex, ey) on a line at angle a.
 void FrecciaAscendente(Superficie& sup, double ex, double ey, double a, double lunghezza);
 
+// The steps of the single wheel, in the order DisegnaRuota runs them. Each draws on `sup` with
+// `penna` (the surface's pen colour when the wheel began) for the black lines, and in black
+// and white (BiancoNero) for every line; none reads the chart but through its arguments.
+// The centre and rotation of the wheel of `o`.
+Riferimento RiferimentoRuota(const OpzioniRuota& o);
+// On screen: the disc that erases the old picture, the sign ring and the inner disc with their
+// bevels; on paper: the two circles of the sign ring. Leaves the fill type at 1 (none).
+void FondoRuota(Superficie& sup, const OpzioniRuota& o, Colore penna);
+// Each sign's boundary, scale and glyph; leaves the pen's width at 1.
+void SegniRuota(Superficie& sup, const OpzioniRuota& o, Colore penna);
+// The twelve cusps with their numbers, the four angles across the ring (width 2), the arrow of
+// the Ascendant and the circle of the Midheaven.
+void CuspidiRuota(Superficie& sup, const OpzioniRuota& o, const Case& cuspidi, Colore penna);
+// Bodies 1 to 12 ring by ring inward (AnelliDeiCorpi); writes each point's ring and its place
+// on the inner circle, and the Ascendant's and Midheaven's, into `punti`.
+void CorpiRuota(Superficie& sup, const OpzioniRuota& o, PuntiDellaRuota& punti, Colore penna);
+// The chosen planetary nodes, not entered among the points.
+void NodiRuota(Superficie& sup, const OpzioniRuota& o, const PuntiDellaRuota& punti, Colore penna);
+// One line for every active aspect a pair of the 14 points is in, when aspects are drawn.
+void AspettiRuota(Superficie& sup, const OpzioniRuota& o, const PuntiDellaRuota& punti,
+                  Colore penna);
+
 // The whole single wheel; returns the points as placed.
 PuntiDellaRuota DisegnaRuota(Superficie& sup, const Tema& tema, const Posizioni& pos,
                              const OpzioniRuota& opzioni);

@@ -283,13 +283,11 @@ std::vector<PuntoNatale> PuntiNataliPredefiniti(const Posizioni& p, std::int32_t
     return v;
 }
 
-std::vector<Transito> CercaTransiti(const RichiestaTransiti& r,
-                                    const AvanzamentoTransiti& avanzamento) {
-    std::vector<Transito> esito;
-    if (!(r.jdA >= r.jdDa) || !(r.orbita >= 0) || !std::isfinite(r.jdDa) || !std::isfinite(r.jdA))
-        return esito;
+namespace {
 
-    // The targets: the natal point plus and minus each aspect's angle.
+// The targets: the natal point plus and minus each aspect's angle (one target when the two
+// coincide); aspects outside the table are passed over.
+std::vector<Bersaglio> Bersagli(const RichiestaTransiti& r) {
     std::vector<Bersaglio> bersagli;
     for (std::size_t p = 0; p < r.punti.size(); ++p) {
         for (int k : r.aspetti) {
@@ -302,90 +300,127 @@ std::vector<Transito> CercaTransiti(const RichiestaTransiti& r,
                 bersagli.push_back({meno, k, static_cast<int>(p)});
         }
     }
+    return bersagli;
+}
 
-    const double totale = static_cast<double>(r.corpi.size());
-    for (std::size_t c = 0; c < r.corpi.size(); ++c) {
-        const int corpo = r.corpi[c];
-        if (corpo < 0 || corpo >= NumeroCorpiTransito) continue;
-        if (avanzamento && !avanzamento(static_cast<double>(c) / totale)) break;
-        double margine = 2 * PassoCampioni(corpo) + 1.5 * r.orbita / VelocitaMedia(corpo);
-        std::function<double(double)> lon = [corpo](double t) {
-            return LongitudineTransito(corpo, t);
+// The longitude of a transiting body at a time; the Moon topocentric from the request's place
+// when it asks so.
+std::function<double(double)> LongitudineDelCorpo(int corpo, const RichiestaTransiti& r) {
+    if (corpo == 1 && r.lunaGeo == 0) {
+        const double lonLuogo = r.lonLuogo, latLuogo = r.latLuogo;
+        return [lonLuogo, latLuogo](double t) {
+            return LongitudineLunaTopocentrica(t, lonLuogo, latLuogo);
         };
-        if (corpo == 1 && r.lunaGeo == 0) {
-            const double lonLuogo = r.lonLuogo, latLuogo = r.latLuogo;
-            lon = [lonLuogo, latLuogo](double t) {
-                return LongitudineLunaTopocentrica(t, lonLuogo, latLuogo);
-            };
+    }
+    return [corpo](double t) { return LongitudineTransito(corpo, t); };
+}
+
+// One body's series over the period with its margin, and the target passes found on it.
+struct PassaggiCorpo {
+    const RichiestaTransiti& r;
+    int corpo;
+    std::function<double(double)> lon;
+    double margine; // days the series reaches beyond the period
+    Serie serie;
+
+    PassaggiCorpo(const RichiestaTransiti& richiesta, int c)
+        : r(richiesta), corpo(c), lon(LongitudineDelCorpo(c, richiesta)),
+          margine(2 * PassoCampioni(c) + 1.5 * richiesta.orbita / VelocitaMedia(c)),
+          serie(c, lon, richiesta.jdDa - margine, richiesta.jdA + margine) {}
+
+    // Entering and leaving the orb around the pass at `t`; beyond the series, once more on a
+    // longer one, up to a century each way. False when not found.
+    bool OrbeDelPassaggio(double t, double bersaglio, double& ingresso, double& uscita) const {
+        bool ok = Orbe(serie, t, bersaglio, r.orbita, ingresso, uscita);
+        for (double piu = margine * 4; !ok && piu < 40000; piu *= 4) {
+            Serie lunga(corpo, lon, t - piu, t + piu);
+            ok = Orbe(lunga, t, bersaglio, r.orbita, ingresso, uscita);
         }
-        Serie serie(corpo, lon, r.jdDa - margine, r.jdA + margine);
+        return ok;
+    }
+
+    // The passes of the body over target `b` within the period, in time order, appended to
+    // `esito`; the passes of a station within one orb share its entry and exit.
+    void SuBersaglio(const Bersaglio& b, std::vector<Transito>& esito) const {
         const auto& nodi = serie.Nodi();
         // The pieces that touch the period.
         const std::size_t primo = serie.Pezzo(r.jdDa), ultimo = serie.Pezzo(r.jdA);
+        double uscitaPrima = -std::numeric_limits<double>::infinity();
+        double ingressoPrima = 0;
+        for (std::size_t j = primo; j <= ultimo; ++j) {
+            const Serie::Nodo &na = nodi[j], &nb = nodi[j + 1];
+            double livello;
+            if (nb.U > na.U) {
+                livello = b.lon + 360 * std::ceil((na.U - b.lon) / 360);
+                if (!(livello < nb.U)) continue;
+            } else if (nb.U < na.U) {
+                livello = b.lon + 360 * std::floor((na.U - b.lon) / 360);
+                if (!(livello > nb.U)) continue;
+            } else {
+                continue;
+            }
+            const double t = serie.Incrocio(na, nb, livello);
+            if (t < r.jdDa || t > r.jdA) continue;
+            Transito h;
+            h.jd = t;
+            h.corpo = corpo;
+            h.retrogrado = nb.U < na.U;
+            h.aspetto = b.aspetto;
+            h.punto = b.punto;
+            h.bersaglio = b.lon;
+            if (t <= uscitaPrima) {
+                // Still in the orb of the pass before.
+                h.jdIngresso = ingressoPrima;
+                h.jdUscita = uscitaPrima;
+            } else {
+                double ingresso = Manca, uscita = Manca;
+                const bool ok = OrbeDelPassaggio(t, b.lon, ingresso, uscita);
+                h.jdIngresso = ok ? ingresso : Manca;
+                h.jdUscita = ok ? uscita : Manca;
+                if (ok) {
+                    ingressoPrima = ingresso;
+                    uscitaPrima = uscita;
+                }
+            }
+            esito.push_back(h);
+        }
+    }
+};
 
-        bool fermata = false;
+bool PrimaNelCalendario(const Transito& x, const Transito& y) {
+    if (x.jd != y.jd) return x.jd < y.jd;
+    if (x.corpo != y.corpo) return x.corpo < y.corpo;
+    if (x.aspetto != y.aspetto) return x.aspetto < y.aspetto;
+    return x.punto < y.punto;
+}
+
+} // namespace
+
+std::vector<Transito> CercaTransiti(const RichiestaTransiti& r,
+                                    const AvanzamentoTransiti& avanzamento) {
+    std::vector<Transito> esito;
+    if (!(r.jdA >= r.jdDa) || !(r.orbita >= 0) || !std::isfinite(r.jdDa) || !std::isfinite(r.jdA))
+        return esito;
+    const std::vector<Bersaglio> bersagli = Bersagli(r);
+    const double totale = static_cast<double>(r.corpi.size());
+    bool fermata = false;
+    for (std::size_t c = 0; c < r.corpi.size() && !fermata; ++c) {
+        const int corpo = r.corpi[c];
+        if (corpo < 0 || corpo >= NumeroCorpiTransito) continue;
+        if (avanzamento && !avanzamento(static_cast<double>(c) / totale)) break;
+        const PassaggiCorpo passaggi(r, corpo);
         for (std::size_t ib = 0; ib < bersagli.size() && !fermata; ++ib) {
-            const Bersaglio& b = bersagli[ib];
-            // The share done, every few targets.
+            // The share done, every few targets; the target in hand is still searched.
             if (avanzamento && ib % 16 == 15 &&
                 !avanzamento((static_cast<double>(c) +
                               static_cast<double>(ib) / static_cast<double>(bersagli.size())) /
                              totale))
                 fermata = true;
-            double uscitaPrima = -std::numeric_limits<double>::infinity();
-            double ingressoPrima = 0;
-            for (std::size_t j = primo; j <= ultimo; ++j) {
-                const Serie::Nodo &na = nodi[j], &nb = nodi[j + 1];
-                double livello;
-                if (nb.U > na.U) {
-                    livello = b.lon + 360 * std::ceil((na.U - b.lon) / 360);
-                    if (!(livello < nb.U)) continue;
-                } else if (nb.U < na.U) {
-                    livello = b.lon + 360 * std::floor((na.U - b.lon) / 360);
-                    if (!(livello > nb.U)) continue;
-                } else {
-                    continue;
-                }
-                const double t = serie.Incrocio(na, nb, livello);
-                if (t < r.jdDa || t > r.jdA) continue;
-                Transito h;
-                h.jd = t;
-                h.corpo = corpo;
-                h.retrogrado = nb.U < na.U;
-                h.aspetto = b.aspetto;
-                h.punto = b.punto;
-                h.bersaglio = b.lon;
-                if (t <= uscitaPrima) {
-                    // Still in the orb of the pass before.
-                    h.jdIngresso = ingressoPrima;
-                    h.jdUscita = uscitaPrima;
-                } else {
-                    double ingresso = Manca, uscita = Manca;
-                    bool ok = Orbe(serie, t, b.lon, r.orbita, ingresso, uscita);
-                    // Beyond the series: once more on a longer one, up to a century each way.
-                    for (double piu = margine * 4; !ok && piu < 40000; piu *= 4) {
-                        Serie lunga(corpo, lon, t - piu, t + piu);
-                        ok = Orbe(lunga, t, b.lon, r.orbita, ingresso, uscita);
-                    }
-                    h.jdIngresso = ok ? ingresso : Manca;
-                    h.jdUscita = ok ? uscita : Manca;
-                    if (ok) {
-                        ingressoPrima = ingresso;
-                        uscitaPrima = uscita;
-                    }
-                }
-                esito.push_back(h);
-            }
+            passaggi.SuBersaglio(bersagli[ib], esito);
         }
-        if (fermata) break;
     }
     if (avanzamento) avanzamento(1.0);
-    std::sort(esito.begin(), esito.end(), [](const Transito& x, const Transito& y) {
-        if (x.jd != y.jd) return x.jd < y.jd;
-        if (x.corpo != y.corpo) return x.corpo < y.corpo;
-        if (x.aspetto != y.aspetto) return x.aspetto < y.aspetto;
-        return x.punto < y.punto;
-    });
+    std::sort(esito.begin(), esito.end(), PrimaNelCalendario);
     return esito;
 }
 

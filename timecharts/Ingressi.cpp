@@ -232,6 +232,29 @@ private:
     void Sorvola(double jd0, double jd2);
     void Srotola();
     double Dicotomica(const std::vector<Riga>& righe, std::size_t cn, bool massimo);
+
+    // The three points of the secant: two known samples and the estimate.
+    double jd0_ = 0, l0_ = 0, jd1_ = 0, l1_ = 0, jd2_ = 0;
+    // What the search does after a survey: the secant again, another survey, or stop.
+    enum class Seguito { Secante, Sorvolo, Fine };
+
+    // The first two samples: the start and the point the mean motion gives for the target,
+    // halved towards the start while farther from the target (down to two days). False when
+    // the start is on the target already. Unwraps a start and target across 0 degrees.
+    bool Avvia(double partenza);
+    // Secant steps from the two points while each new sample comes nearer the target; true
+    // when the estimate stops moving (the answer is jd2_), false when a sample moves away.
+    bool Secante();
+    // A pair of adjacent rows of the table that brackets the target becomes the two points.
+    bool Parentesi(const std::vector<Riga>& righe);
+    // Writes each row's motion and approach to the target; stops the search on a row that
+    // neither moves nor changes its distance.
+    void Moti(std::vector<Riga>& righe);
+    // From the first row that moves away from the target: more samples near the start or the
+    // end of the table, or, in between, a station found by bisection into `risultato`.
+    Seguito DopoMoti(const std::vector<Riga>& righe, double& risultato);
+    // Samples around the estimate, unwraps the table, then Parentesi, else Moti and DopoMoti.
+    Seguito Sorvolo(double& risultato);
 };
 
 // Samples around jd2, on both sides, the longer way towards jd0.
@@ -314,123 +337,136 @@ double Ricerca::Dicotomica(const std::vector<Riga>& righe, std::size_t cn, bool 
     Ferma("Lyx - Loop Infinito", TestoLoop);
 }
 
-EsitoIngresso Ricerca::Esegui(double partenza) {
-    EsitoIngresso e;
-    // First sample at the start, second one the mean motion away.
-    double jd0 = partenza, l0 = Lon(jd0);
+bool Ricerca::Avvia(double partenza) {
+    jd0_ = partenza;
+    l0_ = Lon(jd0_);
     // A start and a target on the two sides of 0 degrees are unwrapped at once, as the survey
     // unwraps its samples, so that the search goes the short way round.
-    if ((l0 > 330 && bersaglio_ < 60) || (l0 < 60 && bersaglio_ > 330)) {
+    if ((l0_ > 330 && bersaglio_ < 60) || (l0_ < 60 && bersaglio_ > 330)) {
         giro_ = true;
         if (bersaglio_ < 60) bersaglio_ += 360;
-        l0 = Lon(jd0);
+        l0_ = Lon(jd0_);
     }
-    tabella_.Scrivi(jd0, l0);
-    double d = std::fabs(bersaglio_ - l0);
-    if (std::fabs(l0 - bersaglio_) <= 1e-11) {
+    tabella_.Scrivi(jd0_, l0_);
+    const double d = std::fabs(bersaglio_ - l0_);
+    if (std::fabs(l0_ - bersaglio_) <= 1e-11) return false;
+    jd1_ = jd0_ + (bersaglio_ - l0_) * PeriodoMedio(n_) / 360;
+    l1_ = Lon(jd1_);
+    tabella_.Scrivi(jd1_, l1_);
+    Mostra("Text3", jd1_);
+    // A second point farther than the first is halved towards it, down to two days.
+    while (std::fabs(bersaglio_ - l1_) > d) {
+        jd1_ = (jd0_ + jd1_) / 2;
+        if (std::fabs(jd1_ - jd0_) <= 2) break;
+        l1_ = Lon(jd1_);
+        tabella_.Scrivi(jd1_, l1_);
+        Mostra("Text3", jd1_);
+    }
+    jd2_ = jd1_;
+    return true;
+}
+
+bool Ricerca::Secante() {
+    double d = std::fabs(bersaglio_ - l1_);
+    for (;;) {
+        if (l1_ == l0_) Ferma("Lyx - Divisione per zero", TestoDivisione);
+        jd2_ = jd1_ - (l1_ - bersaglio_) * (jd1_ - jd0_) / (l1_ - l0_);
+        Mostra("Text5", jd2_);
+        if (jd2_ == jd1_) return true;
+        const double l2 = Campione(jd2_);
+        Mostra("Text4", l2);
+        if (std::fabs(bersaglio_ - l2) > d) return false;
+        d = std::fabs(bersaglio_ - l2);
+        jd0_ = jd1_;
+        l0_ = l1_;
+        jd1_ = jd2_;
+        l1_ = l2;
+    }
+}
+
+bool Ricerca::Parentesi(const std::vector<Riga>& righe) {
+    for (std::size_t i = 0; i + 1 < righe.size(); ++i) {
+        const double lo = std::min(righe[i].Les, righe[i + 1].Les);
+        const double hi = std::max(righe[i].Les, righe[i + 1].Les);
+        if (lo < bersaglio_ && bersaglio_ < hi) {
+            jd0_ = righe[i].Ges;
+            l0_ = Lon(jd0_);
+            jd1_ = righe[i + 1].Ges;
+            l1_ = Lon(jd1_);
+            return true;
+        }
+    }
+    return false;
+}
+
+void Ricerca::Moti(std::vector<Riga>& righe) {
+    for (std::size_t i = 1; i < righe.size(); ++i) {
+        Riga& r = righe[i];
+        const Riga& p = righe[i - 1];
+        if (r.Les == p.Les)
+            Ferma("Lyx - Pianeta NON diretto e NON retrogrado",
+                  std::string(" ERRORE sub IngressiPinS  blocco OO ") + CodaErrore);
+        r.Mv = r.Les > p.Les ? 1 : 2;
+        const double dr = std::fabs(bersaglio_ - r.Les), dp = std::fabs(bersaglio_ - p.Les);
+        if (dr == dp)
+            Ferma("Lyx - La funziome NON converge e NON divege",
+                  std::string(" ERRORE sub IngressiPinS  blocco OO ") + CodaErrore);
+        r.Cvg = dr < dp ? 1 : 2;
+        tabella_.Riscrivi(r);
+    }
+}
+
+Ricerca::Seguito Ricerca::DopoMoti(const std::vector<Riga>& righe, double& risultato) {
+    std::size_t r = 0;
+    while (r < righe.size() && righe[r].Cvg != 2)
+        ++r;
+    if (r == righe.size()) return Seguito::Secante; // with the samples the table holds
+    if (r < 5) {
+        jd2_ = (righe[r - 1].Ges + righe[r].Ges) / 2;
+        Campione(jd2_);
+        return Seguito::Sorvolo;
+    }
+    if (righe.size() - 1 - r < 6) {
+        jd2_ = righe.back().Ges;
+        return Seguito::Sorvolo;
+    }
+    // The longitude turns back before the target: a station.
+    const std::size_t cn = r - 1;
+    StazioneTrovata st;
+    st.direzione = righe[cn].Mv == 1 ? "RETROGRADO" : "DIRETTO";
+    st.estremo = righe[cn].Mv == 1 ? "MASSIMO" : "MINIMO";
+    stazione_ = st;
+    risultato = Dicotomica(righe, cn, righe[r].Mv == 2);
+    return Seguito::Fine;
+}
+
+Ricerca::Seguito Ricerca::Sorvolo(double& risultato) {
+    Sorvola(jd0_, jd2_);
+    Srotola();
+    auto righe = tabella_.Righe();
+    if (Parentesi(righe)) return Seguito::Secante;
+    Moti(righe);
+    return DopoMoti(righe, risultato);
+}
+
+EsitoIngresso Ricerca::Esegui(double partenza) {
+    EsitoIngresso e;
+    if (!Avvia(partenza)) {
         e.giaSulBersaglio = true;
         return e;
     }
-    double jd1 = jd0 + (bersaglio_ - l0) * PeriodoMedio(n_) / 360;
-    double l1 = Lon(jd1);
-    tabella_.Scrivi(jd1, l1);
-    Mostra("Text3", jd1);
-    // A second point farther than the first is halved towards it, down to two days.
-    while (std::fabs(bersaglio_ - l1) > d) {
-        jd1 = (jd0 + jd1) / 2;
-        if (std::fabs(jd1 - jd0) <= 2) break;
-        l1 = Lon(jd1);
-        tabella_.Scrivi(jd1, l1);
-        Mostra("Text3", jd1);
-    }
-    double risultato = jd1;
-    bool trovato = std::fabs(l1 - bersaglio_) <= 1e-11;
-    bool secante = true;
-    double jd2 = jd1;
+    double risultato = jd1_;
+    const bool trovato = std::fabs(l1_ - bersaglio_) <= 1e-11;
+    Seguito seguito = Seguito::Secante;
     for (int giro = 0; !trovato; ++giro) {
         if (giro > 200) Ferma("Lyx - Loop Infinito", TestoLoop);
-        if (secante) {
-            d = std::fabs(bersaglio_ - l1);
-            for (;;) {
-                if (l1 == l0) Ferma("Lyx - Divisione per zero", TestoDivisione);
-                jd2 = jd1 - (l1 - bersaglio_) * (jd1 - jd0) / (l1 - l0);
-                Mostra("Text5", jd2);
-                if (jd2 == jd1) break;
-                double l2 = Campione(jd2);
-                Mostra("Text4", l2);
-                if (std::fabs(bersaglio_ - l2) > d) break;
-                d = std::fabs(bersaglio_ - l2);
-                jd0 = jd1;
-                l0 = l1;
-                jd1 = jd2;
-                l1 = l2;
-            }
-            if (jd2 == jd1) {
-                risultato = jd2;
-                break;
-            }
+        if (seguito == Seguito::Secante && Secante()) {
+            risultato = jd2_;
+            break;
         }
         // The secant moved away: survey around the estimate, unwrap, look for a bracket.
-        secante = false;
-        Sorvola(jd0, jd2);
-        Srotola();
-        auto righe = tabella_.Righe();
-        bool parentesi = false;
-        for (std::size_t i = 0; i + 1 < righe.size(); ++i) {
-            double lo = std::min(righe[i].Les, righe[i + 1].Les);
-            double hi = std::max(righe[i].Les, righe[i + 1].Les);
-            if (lo < bersaglio_ && bersaglio_ < hi) {
-                jd0 = righe[i].Ges;
-                l0 = Lon(jd0);
-                jd1 = righe[i + 1].Ges;
-                l1 = Lon(jd1);
-                parentesi = true;
-                break;
-            }
-        }
-        if (parentesi) {
-            secante = true;
-            continue;
-        }
-        // No bracket: the motion and the approach of every row.
-        for (std::size_t i = 1; i < righe.size(); ++i) {
-            Riga& r = righe[i];
-            const Riga& p = righe[i - 1];
-            if (r.Les == p.Les)
-                Ferma("Lyx - Pianeta NON diretto e NON retrogrado",
-                      std::string(" ERRORE sub IngressiPinS  blocco OO ") + CodaErrore);
-            r.Mv = r.Les > p.Les ? 1 : 2;
-            double dr = std::fabs(bersaglio_ - r.Les), dp = std::fabs(bersaglio_ - p.Les);
-            if (dr == dp)
-                Ferma("Lyx - La funziome NON converge e NON divege",
-                      std::string(" ERRORE sub IngressiPinS  blocco OO ") + CodaErrore);
-            r.Cvg = dr < dp ? 1 : 2;
-            tabella_.Riscrivi(r);
-        }
-        std::size_t r = 0;
-        while (r < righe.size() && righe[r].Cvg != 2)
-            ++r;
-        if (r == righe.size()) {
-            secante = true; // back to the secant with the samples it holds
-            continue;
-        }
-        if (r < 5) {
-            jd2 = (righe[r - 1].Ges + righe[r].Ges) / 2;
-            Campione(jd2);
-            continue;
-        }
-        if (righe.size() - 1 - r < 6) {
-            jd2 = righe.back().Ges;
-            continue;
-        }
-        // The longitude turns back before the target: a station.
-        std::size_t cn = r - 1;
-        StazioneTrovata st;
-        st.direzione = righe[cn].Mv == 1 ? "RETROGRADO" : "DIRETTO";
-        st.estremo = righe[cn].Mv == 1 ? "MASSIMO" : "MINIMO";
-        stazione_ = st;
-        risultato = Dicotomica(righe, cn, righe[r].Mv == 2);
-        break;
+        seguito = Sorvolo(risultato);
+        if (seguito == Seguito::Fine) break;
     }
     e.trovato = true;
     e.jd = risultato;
