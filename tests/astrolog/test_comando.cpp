@@ -33,10 +33,6 @@ TEST(ComponiComando, EsempioPadovaTropicoPlacido) {
                     "-zd 15 -zm 1 -zy 1980 -zi \"Prova\" \"Padova\" ");
     // The status panel shows the same text from "=X" on.
     EXPECT_EQ(p.Opzioni(), riga.substr(riga.find("=X")));
-    EXPECT_EQ(p.SwZi, "-zi \"Prova\" \"Padova\" ");
-    EXPECT_EQ(p.Sid, "");
-    EXPECT_EQ(p.Casa, "");
-    EXPECT_EQ(p.Elio, "");
 }
 
 TEST(ComponiComando, FormeDeiNumeri) {
@@ -92,14 +88,6 @@ TEST(ComponiComando, DataENomiSenzaSpazi) {
 }
 
 TEST(ComponiComando, ZodiaciCaseECentro) {
-    ASSERT_EQ(VociCombo1.size(), 6u);
-    EXPECT_STREQ(VociCombo1[0], "TROPICO");
-    EXPECT_STREQ(VociCombo1[5], "Siderale Non default");
-    ASSERT_EQ(VociCombo2.size(), 15u);
-    EXPECT_STREQ(VociCombo2[0], " PLACIDO ");
-    EXPECT_STREQ(VociCombo2[5], " Regiomontanus ");
-    EXPECT_STREQ(VociCombo2[14], " Nessuna");
-
     const char* sid[] = {"", "-s  ", "-s 0.883333 ", "-s 0.983333 ", "-s 2.333333 ", "-s 2.5 "};
     for (int i = 0; i < 6; ++i) {
         SceltaAstrolog s;

@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <string>
+#include <tuple>
 
 #include "calculators/Calcolatrici.h"
 #include "core/Aritmetica.h"
@@ -142,12 +143,9 @@ TEST(GiorniGiuliani, TemaCaricatoNuovoESomma) {
     Tema n = NuovoDallaCornice(c, t);
     EXPECT_EQ(n.Nome.Valore(), "Nuovo JD");
     EXPECT_EQ(n.City.Valore(), "City di Nuovo");
-    EXPECT_EQ(n.Lon, t.Lon);
-    EXPECT_EQ(n.Lat, t.Lat);
-    EXPECT_EQ(n.Day, t.Day);
+    EXPECT_EQ(std::make_tuple(n.Lon, n.Lat, n.Day, n.Estiva, n.Fuso),
+              std::make_tuple(t.Lon, t.Lat, t.Day, t.Estiva, t.Fuso));
     EXPECT_DOUBLE_EQ(n.OraL, 19.5);
-    EXPECT_EQ(n.Estiva, 1);
-    EXPECT_EQ(n.Fuso, -1);
 
     // The sums: an empty or wrong sign gives nothing.
     EXPECT_FALSE(SommaJD("2451545", "", "1").has_value());
@@ -224,26 +222,25 @@ TEST(EclitticheEquatoriali, EsempioDiMeeus) {
     EXPECT_NEAR(e.Lat_Primi, 41, 1);
 }
 
-TEST(FormatiNumerici, QuindiciGradiDecimali) {
-    FormatiNumerici f;
-    f.Scrivi(6, "15");
-    f.CommandOK();
-    const std::array<std::string, 9> attesi{"15",  "0",  "0,0", "1",     "0",
-                                            "0,0", "15", "1,0", "0,2618"};
-    EXPECT_EQ(f.Testo, attesi);
-    for (auto c : f.Cambiato)
-        EXPECT_EQ(c, 0);
-    EXPECT_FALSE(f.Riscrivi);
-}
-
-TEST(FormatiNumerici, SoloIMinutiDelleOre) {
-    FormatiNumerici f;
-    f.Scrivi(4, "30");
-    f.CommandOK();
-    // The two empty boxes of the group become "0"; half an hour is 7.5 degrees.
-    const std::array<std::string, 9> attesi{"7", "30",  "0,0", "0",     "30",
-                                            "0", "7,5", "0,5", "0,1309"};
-    EXPECT_EQ(f.Testo, attesi);
+TEST(FormatiNumerici, UnaCasellaDaTutteLeAltre) {
+    struct Caso {
+        int casella;
+        const char* testo;
+        std::array<std::string, 9> attesi;
+    };
+    const Caso casi[] = {
+        {6, "15", {"15", "0", "0,0", "1", "0", "0,0", "15", "1,0", "0,2618"}},
+        // The two empty boxes of the group become "0"; half an hour is 7.5 degrees.
+        {4, "30", {"7", "30", "0,0", "0", "30", "0", "7,5", "0,5", "0,1309"}},
+    };
+    for (const Caso& c : casi) {
+        FormatiNumerici f;
+        f.Scrivi(c.casella, c.testo);
+        f.CommandOK();
+        EXPECT_EQ(f.Testo, c.attesi) << c.casella;
+        EXPECT_EQ(f.Cambiato, decltype(f.Cambiato){}); // written by the conversion, not typed
+        EXPECT_FALSE(f.Riscrivi);
+    }
 }
 
 TEST(FormatiNumerici, ContaSoloLUltimaCasellaENullaSenzaInput) {

@@ -67,11 +67,10 @@ TEST(Case, AllEquatoreOgniCuspideConvergeSubito) {
     MessaggiRegistrati m;
     CalcoloCase(t, c, p, 1, m);
     double ramc = c[10].AR.Numero() * 15;
-    EXPECT_NEAR(c[11].AR.Numero() * 15, std::fmod(ramc + 30, 360), 1e-9);
-    EXPECT_NEAR(c[12].AR.Numero() * 15, std::fmod(ramc + 60, 360), 1e-9);
-    EXPECT_NEAR(c[1].AR.Numero() * 15, std::fmod(ramc + 90, 360), 1e-9);
-    EXPECT_NEAR(c[2].AR.Numero() * 15, std::fmod(ramc + 120, 360), 1e-9);
-    EXPECT_NEAR(c[3].AR.Numero() * 15, std::fmod(ramc + 150, 360), 1e-9);
+    // Cusps XI, XII, I, II, III 30 degrees of right ascension apart.
+    const int dopo[] = {11, 12, 1, 2, 3};
+    for (int k = 0; k < 5; ++k)
+        EXPECT_NEAR(c[dopo[k]].AR.Numero() * 15, std::fmod(ramc + 30 * (k + 1), 360), 1e-9) << k;
     // At the equator the oblique ascension is the right ascension.
     for (int i = 1; i <= 12; ++i)
         EXPECT_NEAR(c[i].AOb.Numero(), c[i].AR.Numero(), 1e-12) << i;

@@ -35,15 +35,6 @@ TEST(DeltaT, FuoriTabellaLaFormulaEIlSaltoDel1999) {
     EXPECT_NEAR(DeltaT(1709.9, 1709, 12, 1), DeltaT(1709, 1709, 12, 1), 1e-12);
 }
 
-TEST(DeltaT, LaTabellaDelCalcolatore) {
-    TabellaDeltaT t = TabDeltaT();
-    EXPECT_EQ(t[1].anno, 1710.0f);
-    EXPECT_EQ(t[27].anno, 1998.0f);
-    for (std::size_t i = 1; i < 27; ++i)
-        EXPECT_LT(t[i].anno, t[i + 1].anno);
-    EXPECT_DOUBLE_EQ(t[19].minuti, 56.86 / 60); // 1990, from seconds
-}
-
 namespace {
 
 struct Testi {

@@ -136,35 +136,28 @@ TEST(LilithVera, DopoCinquePassiLaTolleranzaSaleA005Giorni) {
     EXPECT_DOUBLE_EQ(lat, b * 0.104);
 }
 
-TEST(LilithVera, ApogeiTuttiDopoLIstanteErroreJDxScorso) {
-    MessaggiRegistrati msg;
-    double jd = 2451545.25;
-    copione[0] = jd + 28;
-    copione[1] = jd + 1;
-    chiamate = 0;
-    double lon = 123.5, lat = 0.25;
-    LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
-    ASSERT_EQ(msg.registro.size(), 1u);
-    EXPECT_EQ(msg.registro[0].titolo, "Lyx - errore 'JDxScorso' LilithVera.Modulo1");
-    EXPECT_EQ(msg.registro[0].testo, TestoErrore);
-    EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
-    EXPECT_EQ(chiamate, 20); // ten rounds
-    EXPECT_EQ(lon, 123.5);   // the out-arguments stay as they came in
-    EXPECT_EQ(lat, 0.25);
-}
-
-TEST(LilithVera, ApogeiTuttiPrimaDellIstanteErroreJDxQuesto) {
-    MessaggiRegistrati msg;
-    double jd = 2451545.25;
-    copione[0] = jd - 1;
-    copione[1] = jd - 28;
-    chiamate = 0;
-    double lon = 7, lat = -0.125;
-    LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
-    ASSERT_EQ(msg.registro.size(), 1u);
-    EXPECT_EQ(msg.registro[0].titolo, "LilithVera - errore 'JDxQuesto' LilithVera.Modulo1");
-    EXPECT_EQ(msg.registro[0].testo, TestoErrore);
-    EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
-    EXPECT_EQ(lon, 7);
-    EXPECT_EQ(lat, -0.125);
+// Apogees all after the instant, or all before it: ten rounds, a box, the out-arguments left
+// as they came in.
+TEST(LilithVera, ApogeiTuttiDaUnaParteErrore) {
+    struct Caso {
+        double dopo, prima;
+        const char* titolo;
+    };
+    for (Caso c : {Caso{28, 1, "Lyx - errore 'JDxScorso' LilithVera.Modulo1"},
+                   Caso{-1, -28, "LilithVera - errore 'JDxQuesto' LilithVera.Modulo1"}}) {
+        SCOPED_TRACE(c.titolo);
+        MessaggiRegistrati msg;
+        const double jd = 2451545.25;
+        copione[0] = jd + c.dopo;
+        copione[1] = jd + c.prima;
+        chiamate = 0;
+        double lon = 123.5, lat = 0.25;
+        LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
+        ASSERT_EQ(msg.registro.size(), 1u);
+        EXPECT_EQ(msg.registro[0].titolo, c.titolo);
+        EXPECT_EQ(msg.registro[0].testo, TestoErrore);
+        EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
+        EXPECT_EQ(chiamate, 20);
+        EXPECT_EQ(std::make_pair(lon, lat), std::make_pair(123.5, 0.25));
+    }
 }

@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "core/Aritmetica.h"
 #include "core/Tema.h"
@@ -27,18 +28,6 @@ TEST(Luna, EsempioMeeus1979) {
     EXPECT_LT(lat, -0.05);
 }
 
-TEST(Luna, LongitudineNormalizzataAncheATZero) {
-    for (double jd : {2415020.0, 2415020.5, 2451545.0, 2470000.25}) {
-        double lon, lat, par;
-        PosizioneLuna(jd, lon, lat, par);
-        EXPECT_GE(lon, 0);
-        EXPECT_LT(lon, 360);
-        EXPECT_LT(std::fabs(Gradi(lat)), 5.4);
-        EXPECT_GT(par, 0.89);
-        EXPECT_LT(par, 1.03);
-    }
-}
-
 namespace {
 
 struct Topo {
@@ -55,18 +44,6 @@ Topo Topocentrica(double day, double tu, double lonOre, double latGradi) {
 }
 
 } // namespace
-
-TEST(LunaTopocentrica, SpostamentoEntroLaParallasse) {
-    // Over a day at Milan (11E53 45N24) the Moon moves by up to about a degree, never more than
-    // its parallax, and rises with a longitude behind the geocentric one.
-    double massimo = 0;
-    for (double tu = 0; tu < 24; tu += 0.5) {
-        Topo t = Topocentrica(2446895.5, tu, -(11 + 53.0 / 60) / 15, 45.4);
-        massimo = std::max(massimo, std::hypot(t.dLon, t.dLat));
-        EXPECT_LT(std::hypot(t.dLon, t.dLat), 1.03);
-    }
-    EXPECT_GT(massimo, 0.5);
-}
 
 TEST(LunaTopocentrica, LatitudineSudCambiaIlSegnoDellaCorrezione) {
     // Same instant, same meridian: the observer north pushes the Moon south, the observer south
@@ -124,12 +101,8 @@ TEST(Pianeti, LaTerraDaZeri) {
     Elementi el{1, 2, 3, 4, 5, 6};
     double M = 99;
     ElementiPianeta(2451545.0, NumTerra, 1, el, M);
-    EXPECT_EQ(el.L, 0);
-    EXPECT_EQ(el.a, 0);
-    EXPECT_EQ(el.e, 0);
-    EXPECT_EQ(el.i, 0);
-    EXPECT_EQ(el.w, 0);
-    EXPECT_EQ(el.O, 0);
+    EXPECT_EQ(std::tie(el.L, el.a, el.e, el.i, el.w, el.O),
+              std::make_tuple(0.0, 0.0, 0.0, 0.0, 0.0, 0.0));
     EXPECT_EQ(M, 99); // no anomaly is given
 }
 
@@ -152,21 +125,6 @@ TEST(Pianeti, SommeDellePerturbazioniDiUranoENettuno) {
     }
 }
 
-TEST(Pianeti, PerturbazioniSoloPerMarteEGiganti) {
-    for (int n : {NumMercurio, NumVenere, NumGiove}) {
-        double dl = 0, db = 0, dr = 0;
-        PerturbazioniPianeta(2451545.0, n, dl, db, dr);
-        EXPECT_EQ(dl, 0);
-        EXPECT_EQ(db, 0);
-        EXPECT_EQ(dr, 0);
-    }
-    double dl = 0, db = 0, dr = 0;
-    PerturbazioniPianeta(2451545.0, NumMarte, dl, db, dr);
-    EXPECT_NE(dl, 0);
-    EXPECT_EQ(db, 0);
-    EXPECT_NE(dr, 0);
-}
-
 TEST(Pianeti, OpposizioneECongiunzione) {
     // A planet straight behind the Earth from the Sun stands at the Sun's longitude + 180; one
     // behind the Sun at the Sun's longitude.
@@ -182,17 +140,6 @@ TEST(Pianeti, OpposizioneECongiunzione) {
     PianetaGeocentrico(jd, NumMarte, 1, PosEliocentrica{s, 0, 1.5}, g, elong);
     EXPECT_NEAR(Scarto(g.lon, s), 0, 1e-9);
     EXPECT_NEAR(g.dist, 1.5 + R, 1e-12);
-}
-
-TEST(Pianeti, LontanoDal1900IPolinomiValgonoComeSono) {
-    // No range limit on T: a date of the 25th century still gives a position.
-    Elementi el;
-    double M;
-    ElementiPianeta(2600000.5, NumSaturno, 1, el, M);
-    PosEliocentrica h;
-    PianetaEliocentrico(2600000.5, NumSaturno, 1, el, M, h);
-    EXPECT_GT(h.dist, 9);
-    EXPECT_LT(h.dist, 10.2);
 }
 
 TEST(Plutone, VicinoATZero) {

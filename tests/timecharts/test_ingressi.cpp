@@ -228,14 +228,6 @@ TEST_F(Ingressi, MessaggiEFileTemporaneo) {
     ASSERT_GE(righe.size(), 2u);
     for (const auto& [ges, les] : righe)
         EXPECT_EQ(les, LongitudineIngresso(ges, NumSaturno)) << ges;
-
-    // The list of the form and its body numbers.
-    EXPECT_EQ(PianetaDellaLista(0), NumMercurio);
-    EXPECT_EQ(PianetaDellaLista(2), NumMarte);
-    EXPECT_EQ(PianetaDellaLista(8), NumNodoLuna);
-    EXPECT_EQ(PianetaDellaLista(-1), -1);
-    EXPECT_STREQ(VociPianetiIngresso[8], " Nodo Luna Nord");
-    EXPECT_EQ(PeriodoMedio(NumGiove), 4331.865);
 }
 
 namespace {
