@@ -2,19 +2,14 @@
 // dignity, "R" and "-"), the counters and the Ascendant's rulers, the aspect heading and the
 // flowing list with the aspect switch on and off, the header's texts, the box of the Moon's mode,
 // the footer, and the black wheel. Longitudes are set by hand, so that the expected texts follow
-// from the tables of dignities and signs; one chart is cast and checked against the Swiss
-// Ephemeris.
+// from the tables of dignities and signs.
 #include <gtest/gtest.h>
-
-#include <swephexp.h>
 
 #include <map>
 #include <set>
 
 #include "Disegno.h"
 #include "Temi.h"
-#include "chart/CalcolaTema.h"
-#include "core/Messaggi.h"
 #include "presentation/PaginaStampa.h"
 
 using namespace vesmo;
@@ -357,86 +352,6 @@ TEST(PaginaStampa, RuotaInNeroSenzaRiempimenti) {
     for (const Figura& f : DelTipo(sup.figure, Figura::Ellisse))
         if (Vicino(f.rx, 250) && Vicino(std::hypot(f.x1 - 3700, f.y1 - 3650), 3100 + 280)) ++cerchi;
     EXPECT_EQ(cerchi, 1);
-}
-
-namespace {
-
-// The Swiss Ephemeris' sign (0..11) of a body and its speed, at a UT instant.
-struct Swe {
-    int segno;
-    double velocita;
-    double nelSegno;
-};
-Swe SweCorpo(double jdUt, int corpo) {
-    double xx[6];
-    char errore[256];
-    swe_calc_ut(jdUt, corpo, SEFLG_MOSEPH | SEFLG_SPEED, xx, errore);
-    int s = static_cast<int>(xx[0] / 30);
-    return {s, xx[3], xx[0] - 30 * s};
-}
-
-} // namespace
-
-TEST(PaginaStampa, TemaCalcolatoControEffemeridiIndipendenti) {
-    // Padova, 1 September 2000 at 12:00 summer time (10:00 UT), mean Black Moon: Mercury in
-    // Vergine, Venus in Bilancia, Jupiter in Gemelli, Uranus and Neptune retrograde in Acquario,
-    // Ascendant in Scorpione.
-    Tema t;
-    t.Day = GiornoGiuliano(2000, 9, 1);
-    t.OraL = 12;
-    t.Estiva = 1;
-    t.Fuso = -1;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = 45.4;
-    MessaggiRegistrati m;
-    Case c;
-    Posizioni p;
-    CastaTema(t, c, p, 1, m);
-    OpzioniPagina o = Opzioni();
-    o.LunaNeraVera = 0;
-    auto sup = Componi(p, o, t);
-
-    // The signs as the Swiss Ephemeris has them, each well inside its sign.
-    const double jd = swe_julday(2000, 9, 1, 10.0, SE_GREG_CAL);
-    const int corpi[12] = {SE_SUN,    SE_MOON,   SE_MERCURY, SE_VENUS, SE_MARS,      SE_JUPITER,
-                           SE_SATURN, SE_URANUS, SE_NEPTUNE, SE_PLUTO, SE_MEAN_NODE, SE_MEAN_APOG};
-    const char* quadruplicita[3] = {"Cardinale", "Fisso", "Mobile"};
-    const char* elementi[4] = {"Fuoco", "Terra", "Aria", "Acqua"};
-    for (int i = 1; i <= 12; ++i) {
-        Swe s = SweCorpo(jd, corpi[i - 1]);
-        ASSERT_GT(s.nelSegno, 0.5) << "riga " << i;
-        ASSERT_LT(s.nelSegno, 29.5) << "riga " << i;
-        EXPECT_EQ(Cella(sup, i, 1700), quadruplicita[s.segno % 3]) << "riga " << i;
-        EXPECT_EQ(Cella(sup, i, 2600), elementi[s.segno % 4]) << "riga " << i;
-        if (i >= 3 && i <= 10) {
-            auto moto = TestiDellaRiga(sup, Y0 + H * i, X0 + 1300, X0 + 1650);
-            EXPECT_EQ(moto,
-                      s.velocita < 0 ? std::vector<std::string>{"R"} : std::vector<std::string>{})
-                << "riga " << i;
-        }
-    }
-    double cuspidi[13], ascmc[10];
-    swe_houses(jd, 45.4, GradiDecimali(11, 53, 0), 'P', cuspidi, ascmc);
-    EXPECT_EQ(static_cast<int>(ascmc[0] / 30), 7) << "Ascendente in Scorpione";
-    EXPECT_EQ(static_cast<int>(ascmc[1] / 30), 4) << "MC in Leone";
-    EXPECT_EQ(Cella(sup, 13, 1700), "Fisso");
-    EXPECT_EQ(Cella(sup, 14, 2600), "Fuoco");
-
-    // Counted from those signs: Mercury in Vergine once under "Domicilio ", Venus in Bilancia
-    // "Domicilio D", Uranus in Acquario "Domicilio", Jupiter in Gemelli "Esilio D".
-    EXPECT_EQ(Cella(sup, 3, 3250), "Dom D + Esa");
-    EXPECT_EQ(Cella(sup, 4, 3250), "Domicilio D");
-    EXPECT_EQ(Cella(sup, 6, 3250), "Esilio D");
-    const char* conti[11] = {"Cardinali 4", "Fissi 5",       "Mobili 5", "Fuoco 3",
-                             "Terra 3",     "Aria 6",        "Acqua 2",  "Domicilio 3",
-                             "Esilio 1",    "Esaltazione 0", "Caduta 0"};
-    for (int n = 0; n < 11; ++n)
-        EXPECT_EQ(Cella(sup, n + 1, 4550), conti[n]);
-    // Scorpione: Marte by day, Plutone by night.
-    EXPECT_TRUE(Contiene(
-        sup.figure, FigureDelGlifo(GlifoCorpo(RuotaMarte), 200, X0 + 4550, Y0 + H * 13, Nero, 2)));
-    EXPECT_TRUE(Contiene(sup.figure, FigureDelGlifo(GlifoCorpo(RuotaPlutone), 200, X0 + 5500,
-                                                    Y0 + H * 13, Nero, 2)));
 }
 
 TEST(PaginaStampa, LeDueParti) {

@@ -4,6 +4,7 @@
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 
 #include "Disegno.h"
 #include "Temi.h"
@@ -154,15 +155,9 @@ TEST(RuotaSingola, NumeriDelleCase) {
     EXPECT_EQ(DelTipo(d.sup.figure, Figura::Testo).size(), 12u);
 }
 
+// The disc in the button face, the two bevelled circles (40 arcs each, then a white circle), and
+// with the reduced colours the outer bevel left out.
 TEST(RuotaSingola, FondoAnelloEBiselli) {
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
-    const Figura& fondo = d.sup.figure.front();
-    EXPECT_EQ(fondo.tipo, Figura::Ellisse);
-    EXPECT_EQ(fondo.rx, 3700);
-    EXPECT_EQ(fondo.tipoRiempimento, 0);
-    EXPECT_EQ(fondo.coloreRiempimento, FacciaPulsante);
-    EXPECT_EQ(fondo.colore, d.sup.ColoreFondo());
     auto conta = [](const std::vector<Figura>& f, double r) {
         int archi = 0, cerchi = 0;
         for (const Figura& e : f) {
@@ -171,22 +166,23 @@ TEST(RuotaSingola, FondoAnelloEBiselli) {
         }
         return std::pair{archi, cerchi};
     };
-    EXPECT_EQ(conta(d.sup.figure, R1), (std::pair{40, 1}));
-    EXPECT_EQ(conta(d.sup.figure, R2), (std::pair{40, 1}));
-    // The sign ring in light grey; the first 25 arcs of a bevel in the button shadow.
-    for (const Figura& e : d.sup.figure)
-        if (e.tipo == Figura::Ellisse && e.rx == R1) {
-            EXPECT_EQ(e.coloreRiempimento, GrigioChiaro);
-        }
-    // After the discs everything is transparent.
-    EXPECT_EQ(d.sup.figure.back().tipoRiempimento, 1);
-
-    OpzioniRuota ridotti;
-    ridotti.ColoriRidotti = true;
-    Disegnata r;
-    Disegna(r, PosizioniDiProva(Affollati, CuspidiComuni), ridotti);
-    EXPECT_EQ(conta(r.sup.figure, R1), (std::pair{0, 0}));
-    EXPECT_EQ(conta(r.sup.figure, R2), (std::pair{40, 1}));
+    for (bool ridotti : {false, true}) {
+        SCOPED_TRACE(ridotti);
+        OpzioniRuota o;
+        o.ColoriRidotti = ridotti;
+        Disegnata d;
+        Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni), o);
+        const Figura& fondo = d.sup.figure.front();
+        EXPECT_EQ(std::make_tuple(fondo.tipo, fondo.rx, fondo.coloreRiempimento),
+                  std::make_tuple(Figura::Ellisse, 3700.0, FacciaPulsante));
+        EXPECT_EQ(conta(d.sup.figure, R1), ridotti ? std::pair(0, 0) : std::pair(40, 1));
+        EXPECT_EQ(conta(d.sup.figure, R2), (std::pair{40, 1}));
+        // The sign ring in light grey; after the discs everything is transparent.
+        for (const Figura& e : DelTipo(d.sup.figure, Figura::Ellisse))
+            EXPECT_TRUE(e.rx != R1 || e.tipoRiempimento != 0 ||
+                        e.coloreRiempimento == GrigioChiaro);
+        EXPECT_EQ(d.sup.figure.back().tipoRiempimento, 1);
+    }
 }
 
 TEST(RuotaSingola, SegniDaSinistraInSensoAntiorario) {
