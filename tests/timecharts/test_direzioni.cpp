@@ -9,6 +9,8 @@ using namespace vesmo;
 
 namespace {
 
+constexpr double Tolleranza = 1e-9; // days, hours and years alike: only rounding
+
 Tema Natale(double anno, double mese, double giorno, double ora, double estiva = 0) {
     Tema t;
     t.Nome = "Mario Rossi";
@@ -54,7 +56,7 @@ TEST(DirezioniAnni, GiorniPerAnniEOraEstivaNellOra) {
     Tema n = DirezionePerAnni(notte, 2);
     EXPECT_EQ(n.OraL, 23.5);
     EXPECT_EQ(n.Day, notte.Day + 2 - 1);
-    EXPECT_NEAR(n.JD(), notte.JD() + 2, 1e-9);
+    EXPECT_NEAR(n.JD(), notte.JD() + 2, Tolleranza);
 }
 
 TEST(DirezioniData, AnniInteriOFrazioneTroncata) {
@@ -94,10 +96,10 @@ TEST(DirezioniFrazione, PrimaDelCompleannoEsempioDellAiuto) {
     double api = DirezioneFrazioneAnno(s, true, m);
     // 135 days and 3 h 45 min of a year of 365 days.
     double e = 135 + 3.75 / 24;
-    EXPECT_NEAR(api, e / 365, 1e-9);
+    EXPECT_NEAR(api, e / 365, Tolleranza);
     EXPECT_EQ(FormatoNumero(api, "#0.00"), "0,37");
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day);
-    EXPECT_NEAR(s.TemaDir.OraL, e / 365 * 24 + 8.25, 1e-9);
+    EXPECT_NEAR(s.TemaDir.OraL, e / 365 * 24 + 8.25, Tolleranza);
     EXPECT_EQ(s.TemaDir.Nome.str(), "Mario Rossi          P. 0,37  ");
     EXPECT_TRUE(m.registro.empty());
     EXPECT_EQ(s.DirezioneCalcolata, -1);
@@ -115,9 +117,9 @@ TEST(DirezioniFrazione, DopoIlCompleannoEAvvisoApi) {
     s.TemaX = Input(s.TemaNat, 1990, 7, 10, 12);
     MessaggiRegistrati m;
     double api = DirezioneFrazioneAnno(s, true, m);
-    EXPECT_NEAR(api, 30 + 181.0 / 365, 1e-9);
+    EXPECT_NEAR(api, 30 + 181.0 / 365, Tolleranza);
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 30);
-    EXPECT_NEAR(s.TemaDir.OraL, 181.0 / 365 * 24 + 12, 1e-9);
+    EXPECT_NEAR(s.TemaDir.OraL, 181.0 / 365 * 24 + 12, Tolleranza);
     ASSERT_EQ(m.registro.size(), 1u);
     EXPECT_EQ(m.registro[0].titolo, "Lyx - Avviso api > 1 ");
     EXPECT_EQ(m.registro[0].testo,
@@ -142,9 +144,9 @@ TEST(DirezioniFrazione, OraOltreLeVentiquattroEAnnoBisestile) {
     MessaggiRegistrati m;
     double api = DirezioneFrazioneAnno(s, true, m);
     // From 10/1/1960 to 10/1/1961 are 366 days; 361 of them have passed.
-    EXPECT_NEAR(api, 361.0 / 366, 1e-9);
+    EXPECT_NEAR(api, 361.0 / 366, Tolleranza);
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 1);
-    EXPECT_NEAR(s.TemaDir.OraL, 361.0 / 366 * 24 + 20 - 24, 1e-9);
+    EXPECT_NEAR(s.TemaDir.OraL, 361.0 / 366 * 24 + 20 - 24, Tolleranza);
 }
 
 TEST(DirezioniFrazione, InputAnnullatoESpiegazione) {

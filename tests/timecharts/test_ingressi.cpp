@@ -17,6 +17,9 @@ using namespace vesmo;
 
 namespace {
 
+constexpr double TolleranzaIstanteGiorni = 1e-8; // the chart written back at the instant found
+constexpr double TolleranzaGradi = 1e-9;         // the longitude reached, against the target
+
 class Ingressi : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -85,12 +88,12 @@ TEST_F(Ingressi, MercurioEsempioDellAiuto) {
     ASSERT_TRUE(e.trovato);
     EXPECT_TRUE(m.registro.empty());
     EXPECT_FALSE(e.stazione.has_value());
-    EXPECT_LE(Scarto(LongitudineIngresso(e.jd, NumMercurio), 240), 1e-9);
+    EXPECT_LE(Scarto(LongitudineIngresso(e.jd, NumMercurio), 240), TolleranzaGradi);
     // 1 November 1998 at 16:58 Italian time.
     EXPECT_EQ(s.TemaX.Day, GiornoGiuliano(1998, 11, 1));
     EXPECT_EQ(static_cast<int>(s.TemaX.OraL), 16);
     EXPECT_EQ(static_cast<int>((s.TemaX.OraL - 16) * 60), 58);
-    EXPECT_NEAR(s.TemaX.JD(), e.jd, 1e-8);
+    EXPECT_NEAR(s.TemaX.JD(), e.jd, TolleranzaIstanteGiorni);
     EXPECT_EQ(s.TemaX.Nome.str(), "Mario Rossi              Tra  ");
     EXPECT_EQ(s.TemaX.City, s.TemaNat.City);
     // The progress went to the boxes of the form.
@@ -121,7 +124,7 @@ TEST_F(Ingressi, BersaglioOltre360) {
     EXPECT_TRUE(m.registro.empty());
     EXPECT_GT(e.jd, partenza);
     EXPECT_LT(e.jd, partenza + 20);
-    EXPECT_NEAR(e.longitudine, 5, 1e-9);
+    EXPECT_NEAR(e.longitudine, 5, TolleranzaGradi);
     auto righe = Tabella();
     ASSERT_GE(righe.size(), 3u);
     bool oltre = false;
@@ -137,7 +140,7 @@ TEST_F(Ingressi, BersaglioOltre360) {
     EsitoIngresso indietro = Cerca(NumMarte, 355, partenza + 30);
     ASSERT_TRUE(indietro.trovato);
     EXPECT_NEAR(indietro.jd, partenza, 0.1);
-    EXPECT_LE(Scarto(indietro.longitudine, 355), 1e-9);
+    EXPECT_LE(Scarto(indietro.longitudine, 355), TolleranzaGradi);
 }
 
 TEST_F(Ingressi, StazionePrimaDelBersaglio) {
@@ -159,7 +162,7 @@ TEST_F(Ingressi, StazionePrimaDelBersaglio) {
         EXPECT_LT(LongitudineIngresso(e.jd + h, NumMercurio), l);
     }
     EXPECT_NEAR(e.jd, GiornoGiuliano(2000, 2, 21.5), 1);
-    EXPECT_NEAR(s.TemaX.JD(), e.jd, 1e-8);
+    EXPECT_NEAR(s.TemaX.JD(), e.jd, TolleranzaIstanteGiorni);
     // The dicotomic search showed its own boxes.
     bool destra = false;
     for (const auto& [c, v] : mostrati)
@@ -200,8 +203,8 @@ TEST_F(Ingressi, NodoCheArretra) {
     EXPECT_TRUE(m.registro.empty());
     EXPECT_LT(e.jd, partenza - 15);
     EXPECT_GT(e.jd, partenza - 25);
-    EXPECT_LE(Scarto(e.longitudine, l0 + 1), 1e-9);
-    EXPECT_LE(Scarto(s.TemaX.JD(), e.jd), 1e-8);
+    EXPECT_LE(Scarto(e.longitudine, l0 + 1), TolleranzaGradi);
+    EXPECT_LE(Scarto(s.TemaX.JD(), e.jd), TolleranzaIstanteGiorni);
 }
 
 TEST_F(Ingressi, MessaggiEFileTemporaneo) {

@@ -15,6 +15,15 @@ using namespace vesmo;
 
 namespace {
 
+// The chart written back at the instant found, through its clock reading.
+constexpr double TolleranzaIstanteGiorni = 1e-8;
+// A lunar return found, against the instant the degree was taken from.
+constexpr double TolleranzaRitornoGiorni = 1e-7;
+// A body cast again at the instant found, against the degree searched.
+constexpr double TolleranzaRicastoGradi = 1e-7;
+// Published instants of equinoxes, solstices and phases are given to the minute.
+constexpr double MinutoGiorni = 1.0 / 1440;
+
 Tema Natale(const std::string& nome, double anno, double mese, double giorno, double ora) {
     Tema t;
     t.Nome = nome;
@@ -98,8 +107,8 @@ TEST(RivoluzioneSolare, IlSoleTornaSulGradoNatale) {
         EXPECT_EQ(e.AnnoRiv, anno);
         EXPECT_LE(std::fabs(Scostamento(LongitudineSole(e.jd), g)), 1e-9);
         // The chart in TemaX is the chart of that instant: its Sun is the natal Sun.
-        EXPECT_NEAR(s.TemaX.JD(), e.jd, 1e-8);
-        EXPECT_LE(std::fabs(Scostamento(Casta(s.TemaX, 1).Sole.Lo, g)), 1e-7);
+        EXPECT_NEAR(s.TemaX.JD(), e.jd, TolleranzaIstanteGiorni);
+        EXPECT_LE(std::fabs(Scostamento(Casta(s.TemaX, 1).Sole.Lo, g)), TolleranzaRicastoGradi);
         EXPECT_EQ(s.TemaX.Day, GiornoZero(e.jd));
         EXPECT_NE(Data(e.jd).find("/4/"), std::string::npos) << Data(e.jd);
         EXPECT_EQ(e.label5, "ok! Trovato  JD. Calcolo  della  posizione");
@@ -118,7 +127,7 @@ TEST(RivoluzioneSolare, EquinoziESolstiziPubblicati) {
         DataDaGiuliano(r.jd, a, me, g);
         auto jd = IstanteSolare(r.valore, a, m);
         ASSERT_TRUE(jd.has_value());
-        EXPECT_NEAR(*jd, r.jd, 6.0 / 1440) << r.valore << " " << a;
+        EXPECT_NEAR(*jd, r.jd, 6 * MinutoGiorni) << r.valore << " " << a;
         ++n;
     }
     EXPECT_EQ(n, 8);
@@ -175,7 +184,7 @@ TEST(RivoluzioneLunare, DueRitorniNelloStessoMese) {
     EXPECT_TRUE(m.registro.empty());
     EXPECT_GE(mostrati.size(), 4u);
     EXPECT_TRUE(e.dueRitorni);
-    EXPECT_NEAR(e.jdPrimo, primo, 1e-7);
+    EXPECT_NEAR(e.jdPrimo, primo, TolleranzaRitornoGiorni);
     EXPECT_NEAR(e.jd - e.jdPrimo, MeseSiderale, 0.5);
     // The Moon moves 7e-9 degrees in one step of a Julian day's last bit.
     for (double jd : {e.jdPrimo, e.jd})
@@ -187,8 +196,8 @@ TEST(RivoluzioneLunare, DueRitorniNelloStessoMese) {
     EXPECT_EQ(e.command5, "29/1/2020");
     EXPECT_EQ(s.JDPrimoRitorno, e.jdPrimo);
     EXPECT_EQ(s.JDRivoluzione, e.jd);
-    EXPECT_NEAR(s.TemaBase.JD(), e.jdPrimo, 1e-8);
-    EXPECT_NEAR(s.TemaX.JD(), e.jd, 1e-8);
+    EXPECT_NEAR(s.TemaBase.JD(), e.jdPrimo, TolleranzaIstanteGiorni);
+    EXPECT_NEAR(s.TemaX.JD(), e.jd, TolleranzaIstanteGiorni);
     EXPECT_EQ(s.TemaX.Nome.str(), "Prova                 RL Tro  ");
 
     // Command5 keeps the later one, Command4 takes the earlier one back.
@@ -199,8 +208,8 @@ TEST(RivoluzioneLunare, DueRitorniNelloStessoMese) {
     AccettaRivoluzione(s, e, true);
     EXPECT_EQ(s.DatiOk, -1);
     EXPECT_EQ(s.JDRivoluzione, e.jdPrimo);
-    EXPECT_NEAR(s.TemaX.JD(), e.jdPrimo, 1e-8);
-    EXPECT_LE(std::fabs(Scostamento(Casta(s.TemaX, 1).Luna.Lo, g)), 1e-7);
+    EXPECT_NEAR(s.TemaX.JD(), e.jdPrimo, TolleranzaIstanteGiorni);
+    EXPECT_LE(std::fabs(Scostamento(Casta(s.TemaX, 1).Luna.Lo, g)), TolleranzaRicastoGradi);
 }
 
 TEST(RivoluzioneLunare, IlSecondoRitornoNelMeseDopoNonConta) {
@@ -213,7 +222,7 @@ TEST(RivoluzioneLunare, IlSecondoRitornoNelMeseDopoNonConta) {
     EsitoRivoluzione e = CercaRivoluzione(s, {TipoRivoluzione::LunareTropica, g, 2020, 2, 1}, m);
     ASSERT_TRUE(e.trovato);
     EXPECT_FALSE(e.dueRitorni);
-    EXPECT_NEAR(e.jd, primo, 1e-7);
+    EXPECT_NEAR(e.jd, primo, TolleranzaRitornoGiorni);
     EXPECT_EQ(s.JDPrimoRitorno, -1.0);
     EXPECT_EQ(e.command5, "");
     EXPECT_EQ(e.label5, "ok! Trovato  JD. Calcolo  della  posizione");
@@ -233,7 +242,7 @@ TEST(RivoluzioneLunare, LunaTopocentricaDelLuogo) {
     EXPECT_GE(e.jd, GiornoGiuliano(2015, 6, 15));
     EXPECT_LT(e.jd, GiornoGiuliano(2015, 6, 15) + 28);
     Posizioni topo = Casta(s.TemaX, 0);
-    EXPECT_LE(std::fabs(Scostamento(topo.Luna.Lo, g)), 1e-7);
+    EXPECT_LE(std::fabs(Scostamento(topo.Luna.Lo, g)), TolleranzaRicastoGradi);
     // The geocentric Moon is then off by up to a degree of parallax.
     EXPECT_GT(std::fabs(Scostamento(Casta(s.TemaX, 1).Luna.Lo, g)), 0.05);
 }
@@ -249,7 +258,7 @@ TEST(RivoluzioneSinodica, FasiPubblicate) {
         DataDaGiuliano(r.jd, a, me, g);
         auto jd = IstanteSinodico(r.valore, GiornoGiuliano(a, me, 1), scratch, 1, m);
         ASSERT_TRUE(jd.has_value());
-        EXPECT_NEAR(*jd, r.jd, 4.0 / 1440) << r.valore << " " << a << "/" << me;
+        EXPECT_NEAR(*jd, r.jd, 4 * MinutoGiorni) << r.valore << " " << a << "/" << me;
         ++n;
     }
     EXPECT_EQ(n, 7);
@@ -265,7 +274,7 @@ TEST(RivoluzioneSinodica, LunaPienaEAngoloNatale) {
     ASSERT_TRUE(e.trovato);
     Posizioni p = Casta(s.TemaX, 1);
     EXPECT_LE(std::fabs(Scostamento(Norma360(p.Sole.Lo - p.Luna.Lo, 1), 180)), 1e-6);
-    EXPECT_NEAR(e.jd, GiornoGiuliano(2020, 3, 9) + (17 + 48 / 60.0) / 24, 4.0 / 1440);
+    EXPECT_NEAR(e.jd, GiornoGiuliano(2020, 3, 9) + (17 + 48 / 60.0) / 24, 4 * MinutoGiorni);
 
     // The natal angle: the phase of birth comes back.
     double a = AngoloSinodico(true, s.PosNat);
