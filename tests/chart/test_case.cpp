@@ -15,6 +15,10 @@ using namespace vesmo;
 
 namespace {
 
+constexpr double TolleranzaGradi = 1e-9;        // degrees: rounding only
+constexpr double TolleranzaOreRadianti = 1e-12; // hours of ascension, radians of declination
+constexpr double ScartoCuspidiGradi = 0.02;     // against the Swiss Ephemeris, degrees
+
 double Scarto(double a, double b) {
     double d = std::fmod(std::fabs(a - b), 360.0);
     return d > 180 ? 360 - d : d;
@@ -52,7 +56,8 @@ TEST(Case, CuspidiControEffemeridiIndipendenti) {
             for (int i : indici) {
                 double d = Scarto(c[i].Lo, cusps[i]);
                 peggiore = std::max(peggiore, d);
-                EXPECT_LT(d, 0.02) << "cuspide " << i << " anno " << anno << " lat " << lat;
+                EXPECT_LT(d, ScartoCuspidiGradi)
+                    << "cuspide " << i << " anno " << anno << " lat " << lat;
             }
             ++casi;
         }
@@ -70,10 +75,12 @@ TEST(Case, AllEquatoreOgniCuspideConvergeSubito) {
     // Cusps XI, XII, I, II, III 30 degrees of right ascension apart.
     const int dopo[] = {11, 12, 1, 2, 3};
     for (int k = 0; k < 5; ++k)
-        EXPECT_NEAR(c[dopo[k]].AR.Numero() * 15, std::fmod(ramc + 30 * (k + 1), 360), 1e-9) << k;
+        EXPECT_NEAR(c[dopo[k]].AR.Numero() * 15, std::fmod(ramc + 30 * (k + 1), 360),
+                    TolleranzaGradi)
+            << k;
     // At the equator the oblique ascension is the right ascension.
     for (int i = 1; i <= 12; ++i)
-        EXPECT_NEAR(c[i].AOb.Numero(), c[i].AR.Numero(), 1e-12) << i;
+        EXPECT_NEAR(c[i].AOb.Numero(), c[i].AR.Numero(), TolleranzaOreRadianti) << i;
 }
 
 TEST(Case, CuspidiOpposteEAssi) {
@@ -84,8 +91,8 @@ TEST(Case, CuspidiOpposteEAssi) {
     CalcoloCase(t, c, p, 1, m);
     for (int i = 4; i <= 9; ++i) {
         int o = i < 7 ? i + 6 : i - 6;
-        EXPECT_NEAR(Scarto(c[i].Lo, c[o].Lo), 180, 1e-9) << i;
-        EXPECT_NEAR(c[i].De, -c[o].De, 1e-12) << i;
+        EXPECT_NEAR(Scarto(c[i].Lo, c[o].Lo), 180, TolleranzaGradi) << i;
+        EXPECT_NEAR(c[i].De, -c[o].De, TolleranzaOreRadianti) << i;
     }
     EXPECT_EQ(p.Asce, c[1]);
     EXPECT_EQ(p.MC, c[10]);
@@ -124,7 +131,7 @@ TEST(Case, LatitudineEstremaSenzaSemiarco) {
     // The Ascendant still comes from the direct formula.
     double lon, angolo;
     LonAsce(Radianti(Obliquita(t.JD())), Radianti(70), Radianti(90), lon, angolo);
-    EXPECT_NEAR(p.Asce.Lo, lon, 1e-9);
+    EXPECT_NEAR(p.Asce.Lo, lon, TolleranzaGradi);
 
     // A second casting at an ordinary place is clean again.
     MessaggiRegistrati m2;
@@ -163,7 +170,8 @@ TEST(Case, CasaDiAlleCuspidi) {
 TEST(Case, AscensioneObliquaEConversioni) {
     Variante aob;
     AscensioneObliqua(aob, Variante(6.0), Radianti(20), Radianti(45));
-    EXPECT_NEAR(aob.Numero(), 6 - Gradi(std::asin(std::tan(Radianti(20)))) / 15, 1e-12);
+    EXPECT_NEAR(aob.Numero(), 6 - Gradi(std::asin(std::tan(Radianti(20)))) / 15,
+                TolleranzaOreRadianti);
     AscensioneObliqua(aob, Variante(23.9), Radianti(-20), Radianti(45));
     EXPECT_GT(aob.Numero(), 24); // not reduced
     AscensioneObliqua(aob, Variante(6.0), Radianti(23), Radianti(70));
@@ -178,17 +186,17 @@ TEST(Case, AscensioneObliquaEConversioni) {
             double ar, de, lon, lat;
             EclitticaEquatore(Radianti(l), Radianti(b), e, ar, de);
             EquatoreEclittica(Radianti(ar), de, lon, lat, e);
-            EXPECT_NEAR(Scarto(lon, l), 0, 1e-9) << l << " " << b;
-            EXPECT_NEAR(Gradi(lat), b, 1e-9);
+            EXPECT_NEAR(Scarto(lon, l), 0, TolleranzaGradi) << l << " " << b;
+            EXPECT_NEAR(Gradi(lat), b, TolleranzaGradi);
         }
     }
     // The ecliptic-point form with no declination.
     double lon, lat;
     EquatoreEclittica(Radianti(90), DeclinazioneEclittica, lon, lat, e);
-    EXPECT_NEAR(lon, 90, 1e-9);
+    EXPECT_NEAR(lon, 90, TolleranzaGradi);
     EXPECT_EQ(lat, 0);
     EquatoreEclittica(Radianti(200), DeclinazioneEclittica, lon, lat, e);
     double ar, de;
     EclitticaEquatore(Radianti(lon), 0, e, ar, de);
-    EXPECT_NEAR(ar, 200, 1e-9);
+    EXPECT_NEAR(ar, 200, TolleranzaGradi);
 }
