@@ -15,6 +15,9 @@ using namespace vesmo;
 
 namespace {
 
+// Right ascension and declination from the rounded obliquity 23.44, degrees.
+constexpr double ScartoEquatorialeGradi = 0.05;
+
 double Scarto(double a, double b) {
     double d = std::fmod(std::fabs(a - b), 360.0);
     return d > 180 ? 360 - d : d;
@@ -52,8 +55,8 @@ TEST(CalcolaTema, OgniCorpoHaCasaECoordinate) {
         // Right ascension and declination belong to the longitude and latitude.
         double ar, de;
         EclitticaEquatore(Radianti(q.Lo), Radianti(q.LaEc), e, ar, de);
-        EXPECT_LT(Scarto(ar, q.AR.Numero() * 15), 0.05);
-        EXPECT_NEAR(Gradi(de), Gradi(q.De), 0.05);
+        EXPECT_LT(Scarto(ar, q.AR.Numero() * 15), ScartoEquatorialeGradi);
+        EXPECT_NEAR(Gradi(de), Gradi(q.De), ScartoEquatorialeGradi);
         Variante aob;
         AscensioneObliqua(aob, q.AR, q.De, Radianti(t.Lat));
         EXPECT_EQ(aob, q.AOb);

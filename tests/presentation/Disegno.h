@@ -11,7 +11,12 @@
 
 namespace vesmo::prova {
 
-inline bool Vicino(double a, double b, double tolleranzaTwips = 1e-6) {
+// Figures are placed by exact arithmetic: a coordinate is off by rounding only, a point on a
+// circle by the rounding of its square root.
+constexpr double TolleranzaTwips = 1e-9;
+constexpr double TolleranzaCerchioTwips = 1e-6;
+
+inline bool Vicino(double a, double b, double tolleranzaTwips = TolleranzaCerchioTwips) {
     return std::fabs(a - b) <= tolleranzaTwips;
 }
 

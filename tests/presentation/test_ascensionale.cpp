@@ -42,7 +42,7 @@ Posizioni Tema45() {
 }
 
 bool SulCerchio(double x, double y, double r) {
-    return Vicino(std::hypot(x - CX, y - CY), r, 1e-6);
+    return Vicino(std::hypot(x - CX, y - CY), r);
 }
 
 // Lines of colour c from circle `da` to circle `a`.
@@ -67,7 +67,7 @@ int Barbe(const SuperficieRegistrata& s, Colore c, double r, double lunghezza) {
     int n = 0;
     for (const Figura& f : DelTipo(s.figure, Figura::Linea))
         n += f.colore == c && SulCerchio(f.x1, f.y1, r) &&
-             Vicino(std::hypot(f.x2 - f.x1, f.y2 - f.y1), lunghezza, 1e-6);
+             Vicino(std::hypot(f.x2 - f.x1, f.y2 - f.y1), lunghezza);
     return n;
 }
 
@@ -141,9 +141,9 @@ TEST(RuotaAscensionale, CorpiRossiConAnelliASetteGradi) {
     EXPECT_EQ(Raggi(s, Rosso, RA, RA - 150).size(), 12u);
     EXPECT_TRUE(HaRaggio(s, Rosso, RA, RA - 150, lunaA));
     // Ascendant and Midheaven: places only, at their ascensions.
-    EXPECT_NEAR(r.ascensionali[13].X, Px(CX, RA, 20 + 15 * 0.6), 1e-9);
-    EXPECT_NEAR(r.ascensionali[14].Y, Py(CY, RA, 20 + 15 * 18.6), 1e-9);
-    EXPECT_NEAR(r.zodiacali[13].X, Px(CX, RZ, 10), 1e-9);
+    EXPECT_NEAR(r.ascensionali[13].X, Px(CX, RA, 20 + 15 * 0.6), TolleranzaTwips);
+    EXPECT_NEAR(r.ascensionali[14].Y, Py(CY, RA, 20 + 15 * 18.6), TolleranzaTwips);
+    EXPECT_NEAR(r.zodiacali[13].X, Px(CX, RZ, 10), TolleranzaTwips);
 }
 
 TEST(RuotaAscensionale, CuspidiSenzaAscensioneTralasciate) {
@@ -221,11 +221,11 @@ TEST(DoppiaAscensionale, EsternoRossoScuroFuoriEGiratoDallArco) {
     EXPECT_TRUE(Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaMercurio), 300,
                                                   Px(CX, RA + 600, mercurio) - 150,
                                                   Py(CY, RA + 600, mercurio) - 150, RossoScuro)));
-    EXPECT_NEAR(r.esterni[13].X, Px(CX, RA, 50 + 15 * 0.6), 1e-9);
+    EXPECT_NEAR(r.esterni[13].X, Px(CX, RA, 50 + 15 * 0.6), TolleranzaTwips);
     // No outer body in the zodiac ring: nothing dark red inside the circle of the ascensions.
     for (const Figura& f : DelTipo(s.figure, Figura::Linea))
         if (f.colore == RossoScuro) {
-            EXPECT_GE(std::hypot(f.x1 - CX, f.y1 - CY), RA - 1e-6);
+            EXPECT_GE(std::hypot(f.x1 - CX, f.y1 - CY), RA - TolleranzaCerchioTwips);
         }
 }
 

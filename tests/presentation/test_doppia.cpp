@@ -23,7 +23,7 @@ std::array<double, 12> Con(std::array<double, 12> a, std::size_t i, double lo) {
 }
 
 bool SulCerchio(double x, double y, double r, double cx = CX, double cy = CY) {
-    return Vicino(std::hypot(x - cx, y - cy), r, 1e-6);
+    return Vicino(std::hypot(x - cx, y - cy), r);
 }
 
 // Lines from the inner circle R2 to the outer circle R1 in colour c.
@@ -90,9 +90,9 @@ TEST(RuotaDoppia, ComparatiSenzaCongiunzioniEConIFiltri) {
     // The conjunction with Marte draws nothing; the sextile with Giove a cyan line.
     auto linee = LineeComparate(s, Ciano);
     ASSERT_EQ(linee.size(), 1u);
-    EXPECT_NEAR(linee[0].x1, Px(CX, R2, 100.5), 1e-9);
-    EXPECT_NEAR(linee[0].x2, Px(CX, R1, 160), 1e-9);
-    EXPECT_NEAR(linee[0].y2, Py(CY, R1, 160), 1e-9);
+    EXPECT_NEAR(linee[0].x1, Px(CX, R2, 100.5), TolleranzaTwips);
+    EXPECT_NEAR(linee[0].x2, Px(CX, R1, 160), TolleranzaTwips);
+    EXPECT_NEAR(linee[0].y2, Py(CY, R1, 160), TolleranzaTwips);
 
     // The solar arc turns the outer chart 30 degrees counterclockwise, and the lines join the
     // positions as drawn: Marte at 70.5 is drawn at 100.5, on the inner Sole (a conjunction, no
@@ -103,17 +103,17 @@ TEST(RuotaDoppia, ComparatiSenzaCongiunzioniEConIFiltri) {
     auto r = DisegnaDoppia(a, TemaDiProva(), interno, TemaDiProva(), spostato, o);
     linee = LineeComparate(a, Ciano);
     ASSERT_EQ(linee.size(), 1u);
-    EXPECT_NEAR(linee[0].x2, Px(CX, R1, 220), 1e-9);
-    EXPECT_NEAR(linee[0].y2, Py(CY, R1, 220), 1e-9);
-    EXPECT_NEAR(r.esterni[6].Y, Py(CY, R1, 220), 1e-9);
-    EXPECT_NEAR(r.esterni[5].X, Px(CX, R1, 100.5), 1e-9);
+    EXPECT_NEAR(linee[0].x2, Px(CX, R1, 220), TolleranzaTwips);
+    EXPECT_NEAR(linee[0].y2, Py(CY, R1, 220), TolleranzaTwips);
+    EXPECT_NEAR(r.esterni[6].Y, Py(CY, R1, 220), TolleranzaTwips);
+    EXPECT_NEAR(r.esterni[5].X, Px(CX, R1, 100.5), TolleranzaTwips);
 
     // An arc of 0 draws the outer chart at its true place.
     o.Aspetti.ArcoSolare = 0;
     SuperficieRegistrata zero;
     r = DisegnaDoppia(zero, TemaDiProva(), interno, TemaDiProva(), spostato, o);
-    EXPECT_NEAR(r.esterni[6].X, Px(CX, R1, 190), 1e-9);
-    EXPECT_NEAR(r.esterni[6].Y, Py(CY, R1, 190), 1e-9);
+    EXPECT_NEAR(r.esterni[6].X, Px(CX, R1, 190), TolleranzaTwips);
+    EXPECT_NEAR(r.esterni[6].Y, Py(CY, R1, 190), TolleranzaTwips);
 
     // "TUTTI" selected with other rows: the release leaves it alone.
     SelezioneComparati lista{true, true, false, true};
@@ -215,7 +215,7 @@ TEST(DoppioZodiaco, LaStessaCasaNelloStessoPunto) {
     }
     ASSERT_NE(interna.x2, 0);
     ASSERT_NE(esterna.x2, 0);
-    EXPECT_NEAR(angolo(interna), angolo(esterna), 1e-9);
+    EXPECT_NEAR(angolo(interna), angolo(esterna), 1e-9); // radians
     // The outer bodies hang inward from the second ring at 3600, rings at 7 degrees.
     EXPECT_TRUE(
         Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350,
@@ -252,7 +252,7 @@ TEST(DoppioZodiaco, Case1E7StesseLinee) {
     const std::vector<Figura> casa1 = linee(1, angolo1);
     const std::vector<Figura> casa7 = linee(7, angolo7);
     EXPECT_DOUBLE_EQ(angolo1, 160);
-    EXPECT_NEAR(angolo7, 160, 1e-9);
+    EXPECT_NEAR(angolo7, 160, 1e-9); // degrees
     ASSERT_FALSE(casa1.empty());
     ASSERT_EQ(casa7.size(), casa1.size());
     for (std::size_t k = 0; k < casa1.size(); ++k)
@@ -301,8 +301,8 @@ TEST(Anteprima, SimboliNumeriETesti) {
     // Sole and Luna 7.5 apart: within 9 degrees, Luna one ring in, moved by -175.
     const double cx = 7500, cy = 3250;
     EXPECT_EQ(testi[13].testo, "\u263D");
-    EXPECT_NEAR(testi[13].x1, Px(cx, 1600 - 700, 57.5, 350) - 175, 1e-9);
-    EXPECT_NEAR(testi[13].y1, Py(cy, 1600 - 700, 57.5, 350) - 175, 1e-9);
+    EXPECT_NEAR(testi[13].x1, Px(cx, 1600 - 700, 57.5, 350) - 175, TolleranzaTwips);
+    EXPECT_NEAR(testi[13].y1, Py(cy, 1600 - 700, 57.5, 350) - 175, TolleranzaTwips);
     // House numbers in the small font.
     EXPECT_EQ(testi[23].testo, "1");
     EXPECT_EQ(testi[23].carattere, CarattereNumeri);

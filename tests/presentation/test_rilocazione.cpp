@@ -38,12 +38,6 @@ Sessione ConRivoluzione() {
 
 } // namespace
 
-TEST(Rilocazione, PassoInGradiOInPrimi) {
-    EXPECT_DOUBLE_EQ(PassoRilocazione(1, false), 1);
-    EXPECT_DOUBLE_EQ(PassoRilocazione(30, true), 0.5);
-    EXPECT_DOUBLE_EQ(PassoRilocazione(-90, true), -1.5);
-}
-
 TEST(Rilocazione, PassoZeroRifaIlTemaSulTempoMedioLocale) {
     Sessione s = ConRivoluzione();
     MessaggiRegistrati m;

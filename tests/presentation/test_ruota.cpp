@@ -37,7 +37,7 @@ bool GlifoSulRing(const Disegnata& d, int corpo, int anello, double L, int color
 }
 
 bool SulCerchio(double x, double y, double r) {
-    return Vicino(std::hypot(x - CX, y - CY), r, 1e-6);
+    return Vicino(std::hypot(x - CX, y - CY), r);
 }
 
 // The lines drawn between two points of the circle R2: the aspect lines.
@@ -109,23 +109,24 @@ TEST(RuotaSingola, CuspidiFrecciaCerchioENumeri) {
     const auto& f = d.sup.figure;
     // The Ascendant's line, pen 2, from radius 800 to R1 + 500 on the left.
     std::size_t i = 0;
-    while (i < f.size() && !(f[i].tipo == Figura::Linea && Vicino(f[i].x2, CX - 3600, 1e-6) &&
-                             Vicino(f[i].y2, CY, 1e-6)))
+    while (i < f.size() &&
+           !(f[i].tipo == Figura::Linea && Vicino(f[i].x2, CX - 3600) && Vicino(f[i].y2, CY)))
         ++i;
     ASSERT_LT(i + 2, f.size());
     EXPECT_EQ(f[i].spessore, 2);
-    EXPECT_NEAR(f[i].x1, CX - 800, 1e-9);
+    EXPECT_NEAR(f[i].x1, CX - 800, TolleranzaTwips);
     // The arrow head: two barbs of 300 pointing back at 54 degrees either side of the line.
     for (std::size_t b : {i + 1, i + 2}) {
-        EXPECT_NEAR(f[b].x1, CX - 3600, 1e-9);
-        EXPECT_NEAR(f[b].x2 - f[b].x1, 300 * std::cos(Radianti(54)), 1e-9);
-        EXPECT_NEAR(std::fabs(f[b].y2 - f[b].y1), 300 * std::sin(Radianti(54)), 1e-9);
+        EXPECT_NEAR(f[b].x1, CX - 3600, TolleranzaTwips);
+        EXPECT_NEAR(f[b].x2 - f[b].x1, 300 * std::cos(Radianti(54)), TolleranzaTwips);
+        EXPECT_NEAR(std::fabs(f[b].y2 - f[b].y1), 300 * std::sin(Radianti(54)), TolleranzaTwips);
     }
-    EXPECT_NEAR(f[i + 1].y2 + f[i + 2].y2, 2 * CY, 1e-9);
+    EXPECT_NEAR(f[i + 1].y2 + f[i + 2].y2, 2 * CY, TolleranzaTwips);
     // The Midheaven at 280 stands at the top; its circle of 250 at R1 + 280.
     int cerchi = 0;
     for (const Figura& e : DelTipo(f, Figura::Ellisse))
-        cerchi += e.rx == 250 && Vicino(e.x1, CX, 1e-9) && Vicino(e.y1, CY - 3380, 1e-9);
+        cerchi += e.rx == 250 && Vicino(e.x1, CX, TolleranzaTwips) &&
+                  Vicino(e.y1, CY - 3380, TolleranzaTwips);
     EXPECT_EQ(cerchi, 1);
     // Angles 4, 7 and 10 cross the ring too, the others stop at R2 with pen 1.
     int lungheSpesse = 0, corteSottili = 0;
@@ -194,10 +195,10 @@ TEST(RuotaSingola, SegniDaSinistraInSensoAntiorario) {
             confini.push_back(l);
     ASSERT_EQ(confini.size(), 12u);
     // Ariete's boundary at the left in red, Cancro's at the bottom in white.
-    EXPECT_NEAR(confini[0].x2, CX - R1, 1e-9);
-    EXPECT_NEAR(confini[0].y2, CY, 1e-9);
+    EXPECT_NEAR(confini[0].x2, CX - R1, TolleranzaTwips);
+    EXPECT_NEAR(confini[0].y2, CY, TolleranzaTwips);
     EXPECT_EQ(confini[0].colore, ColorePalette(12));
-    EXPECT_NEAR(confini[3].y2, CY + R1, 1e-9);
+    EXPECT_NEAR(confini[3].y2, CY + R1, TolleranzaTwips);
     EXPECT_EQ(confini[3].colore, ColorePalette(15));
     // Each sign glyph centred at R2 + 350 in the middle of its sign, pen 2; its box and its
     // pen (40 twips) keep within the 300 twips left to R1 at every angle: its side is

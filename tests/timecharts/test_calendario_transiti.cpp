@@ -28,6 +28,8 @@ using namespace vesmo;
 
 namespace {
 
+constexpr double TolleranzaGradi = 1e-6; // a hit, or an orb's edge, in the program's own chart
+
 Tema Natale() {
     Tema t;
     t.Nome = "Prova";
@@ -146,8 +148,8 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
     }
     std::printf("  worst aspect error %.2e deg, worst orb edge error %.2e deg over %zu hits\n",
                 peggiore, peggioreOrbita, transiti.size());
-    EXPECT_LE(peggiore, 1e-6);
-    EXPECT_LE(peggioreOrbita, 1e-6);
+    EXPECT_LE(peggiore, TolleranzaGradi);
+    EXPECT_LE(peggioreOrbita, TolleranzaGradi);
 
     // The independent search: every target of every body, scanned at half a day.
     const double errore[] = {0, 0, 0, 0, 0, 0.05, 0.05, 0.1, 0.1};
@@ -300,7 +302,7 @@ TEST(CalendarioTransiti, TrePassaggiDiUnaStazione) {
     EXPECT_GT(transiti[1].jd, tStazione);
     EXPECT_LT(transiti[1].jd - transiti[0].jd, 20);
     for (const Transito& t : transiti)
-        EXPECT_LE(std::fabs(Scarto(LongitudineTransito(6, t.jd), t.bersaglio)), 1e-6);
+        EXPECT_LE(std::fabs(Scarto(LongitudineTransito(6, t.jd), t.bersaglio)), TolleranzaGradi);
     // Near the station the body stays within 0.002 degrees of the target between the two
     // passes: one orb holds them both.
     EXPECT_DOUBLE_EQ(transiti[0].jdIngresso, transiti[1].jdIngresso);
@@ -463,7 +465,7 @@ TEST(CalendarioTransiti, LunaTopocentrica) {
         daGeocentrica =
             std::max(daGeocentrica, std::fabs(Scarto(LongitudineDelTema(1, t.jd, 1), t.bersaglio)));
     }
-    EXPECT_LE(peggiore, 1e-6);
+    EXPECT_LE(peggiore, TolleranzaGradi);
     // The parallax moves the Moon by up to a degree: the geocentric one is elsewhere.
     EXPECT_GT(daGeocentrica, 0.1);
 }
