@@ -5,7 +5,6 @@
 
 #include "Disegno.h"
 #include "Temi.h"
-#include "chart/CalcolaTema.h"
 #include "presentation/RuotaAscensionale.h"
 
 using namespace vesmo;
@@ -229,23 +228,3 @@ TEST(DoppiaAscensionale, EsternoRossoScuroFuoriEGiratoDallArco) {
         }
 }
 
-TEST(RuotaAscensionale, TemaPolareCalcolato) {
-    // At 80 degrees north the semi-arcs do not exist: the Ascendant's right ascension is
-    // "NonDefinita", and the wheel of right ascensions has no cusp 1 and no barbs.
-    Tema t = TemaDiProva();
-    t.Lat = 80;
-    MessaggiRegistrati m;
-    Case c;
-    Posizioni p;
-    CastaTema(t, c, p, 1, m);
-    ASSERT_TRUE(p.CaseNonDefinite);
-    ASSERT_TRUE(p.Asce.AR.ETesto());
-    OpzioniAscensionale o;
-    o.ModoAscens = 1;
-    SuperficieRegistrata s;
-    auto r = DisegnaRuotaAscensionale(s, t, p, o);
-    EXPECT_EQ(Raggi(s, BluNotte, RZF, RA).size(), 11u);
-    EXPECT_EQ(Barbe(s, BluNotte, RA, 180), 0);
-    EXPECT_FALSE(r.posti[13]);
-    EXPECT_TRUE(r.posti[14]);
-}
