@@ -20,7 +20,9 @@ TEST(Messaggi, RegistraERispondeDaCopione) {
     EXPECT_EQ(m.Chiedi("Vesmo - Nome", "Nome archivio", ""), std::nullopt);
     EXPECT_EQ(m.Chiedi("Vesmo - Nome", "Nome archivio", "Pred"),
               std::optional<std::string>("Pred"));
+    m.Beep();
     EXPECT_EQ(m.Testi(), (std::vector<std::string>{"Continuo?", "x"}));
+    EXPECT_EQ(m.registro.back().tipo, MessaggiRegistrati::Voce::Beep);
 }
 
 TEST(Messaggi, ConsoleScriveTitoloETesto) {
