@@ -108,13 +108,6 @@ TEST(RuotaDoppia, ComparatiSenzaCongiunzioniEConIFiltri) {
     EXPECT_NEAR(r.esterni[6].Y, Py(CY, R1, 220), TolleranzaTwips);
     EXPECT_NEAR(r.esterni[5].X, Px(CX, R1, 100.5), TolleranzaTwips);
 
-    // An arc of 0 draws the outer chart at its true place.
-    o.Aspetti.ArcoSolare = 0;
-    SuperficieRegistrata zero;
-    r = DisegnaDoppia(zero, TemaDiProva(), interno, TemaDiProva(), spostato, o);
-    EXPECT_NEAR(r.esterni[6].X, Px(CX, R1, 190), TolleranzaTwips);
-    EXPECT_NEAR(r.esterni[6].Y, Py(CY, R1, 190), TolleranzaTwips);
-
     // "TUTTI" selected with other rows: the release leaves it alone.
     SelezioneComparati lista{true, true, false, true};
     RilascioComparati(lista);
