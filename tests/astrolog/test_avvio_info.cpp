@@ -130,6 +130,7 @@ TEST_F(AvvioAstrolog, AltroErroreNonMostraNienteENonRiprova) {
     EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
     EXPECT_EQ(avviatore.partenze.size(), 1u);
     EXPECT_TRUE(messaggi.registro.empty());
+    EXPECT_EQ(t, Prova());
 }
 
 TEST_F(AvvioAstrolog, SenzaProgrammaLoDice) {

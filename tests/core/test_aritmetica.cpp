@@ -139,6 +139,7 @@ TEST(Angoli, GradiDecimaliSegnoDalPrimoNonNullo) {
     for (Caso c : {Caso{12, 30, 0, 12.5}, Caso{-12, 30, 0, -12.5}, Caso{-12, -30, 0, -12.5},
                    Caso{0, -30, 0, -0.5}, Caso{0, 0, -36, -0.01}, Caso{0, 30, -36, 0.51}})
         EXPECT_DOUBLE_EQ(GradiDecimali(c.g, c.m, c.s), c.atteso) << c.g << " " << c.m << " " << c.s;
+    EXPECT_NEAR(GradiDecimali(23, 26, 21.448), 23.439291111, 1e-9); // degrees: J2000's obliquity
 }
 
 TEST(Angoli, GradiPrimiSecondiERiporti) {
