@@ -17,6 +17,8 @@ TEST(DeltaT, TabellaAgliEstremiETraLeRighe) {
     EXPECT_DOUBLE_EQ(DeltaT(1998, 1998, 6, 1), 64.0 / 60);
     EXPECT_DOUBLE_EQ(DeltaT(1900, 1900, 6, 1), -0.0375); // between 1895 and 1903
     EXPECT_DOUBLE_EQ(DeltaT(1992, 1992, 1, 1), 58.31 / 60);
+    EXPECT_DOUBLE_EQ(DeltaT(1990, 1990, 1, 1),
+                     56.86 / 60); // a row the calculator's help leaves out
     EXPECT_NEAR(DeltaT(1997.5, 1997, 7, 1), 63.5 / 60, 1e-12);
     // Only the year enters: month and day change nothing inside the table.
     EXPECT_EQ(DeltaT(1950, 1950, 1, 1), DeltaT(1950, 1950, 12, 31));

@@ -231,6 +231,11 @@ TEST_F(Ingressi, MessaggiEFileTemporaneo) {
     ASSERT_GE(righe.size(), 2u);
     for (const auto& [ges, les] : righe)
         EXPECT_EQ(les, LongitudineIngresso(ges, NumSaturno)) << ges;
+
+    // The form's list: Mercury first, the node last, no row no planet.
+    EXPECT_EQ(PianetaDellaLista(0), NumMercurio);
+    EXPECT_EQ(PianetaDellaLista(8), NumNodoLuna);
+    EXPECT_EQ(PianetaDellaLista(-1), -1);
 }
 
 namespace {
