@@ -4,8 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <cstdio>
 #include <fstream>
-#include <sstream>
 
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
@@ -47,6 +47,13 @@ Sessione ConNatale(const Tema& nat, std::int16_t lunaGeo = 1) {
     return s;
 }
 
+// The session of Prova's natal chart with TemaX prepared for a revolution of `tipo`.
+Sessione Pronta(TipoRivoluzione tipo, std::int16_t lunaGeo = 1) {
+    Sessione s = ConNatale(Natale("Prova", 1987, 4, 10, 19.5), lunaGeo);
+    s.TemaX = PreparaTemaRivoluzione(s.TemaNat, tipo, lunaGeo);
+    return s;
+}
+
 // The chart cast at TemaX, as frmMenu installs it.
 Posizioni Casta(const Tema& t, std::int16_t lunaGeo) {
     Case c;
@@ -67,18 +74,13 @@ std::vector<Riferimento> Riferimenti() {
     std::vector<Riferimento> v;
     std::string riga;
     std::getline(f, riga);
-    while (std::getline(f, riga)) {
-        std::istringstream in(riga);
-        std::string tipo, valore, data, ora;
-        std::getline(in, tipo, ',');
-        std::getline(in, valore, ',');
-        std::getline(in, data, ',');
-        std::getline(in, ora, ',');
-        int g = std::stoi(data.substr(0, 2)), m = std::stoi(data.substr(3, 2)),
-            a = std::stoi(data.substr(6, 4));
-        int h = std::stoi(ora.substr(0, 2)), mi = std::stoi(ora.substr(3, 2));
-        v.push_back({tipo, std::stod(valore), GiornoGiuliano(a, m, g) + (h + mi / 60.0) / 24});
-    }
+    char tipo[16];
+    double valore;
+    int g, m, a, h, mi;
+    while (std::getline(f, riga))
+        if (std::sscanf(riga.c_str(), "%15[^,],%lf,%d/%d/%d,%d:%d", tipo, &valore, &g, &m, &a, &h,
+                        &mi) == 7)
+            v.push_back({tipo, valore, GiornoGiuliano(a, m, g) + (h + mi / 60.0) / 24});
     return v;
 }
 
@@ -118,19 +120,23 @@ TEST(RivoluzioneSolare, IlSoleTornaSulGradoNatale) {
     EXPECT_EQ(s.TemaX.Nome.str(), "Mario Rossi                RS ");
 }
 
-TEST(RivoluzioneSolare, EquinoziESolstiziPubblicati) {
+// Seasons are searched from the year, phases from the first of the month.
+TEST(Rivoluzioni, EquinoziSolstiziEFasiPubblicati) {
     MessaggiRegistrati m;
-    int n = 0;
+    Tema scratch;
+    int stagioni = 0, fasi = 0;
     for (const auto& r : Riferimenti()) {
-        if (r.tipo != "sole") continue;
         float a, me, g;
         DataDaGiuliano(r.jd, a, me, g);
-        auto jd = IstanteSolare(r.valore, a, m);
+        const bool sole = r.tipo == "sole";
+        auto jd = sole ? IstanteSolare(r.valore, a, m)
+                       : IstanteSinodico(r.valore, GiornoGiuliano(a, me, 1), scratch, 1, m);
         ASSERT_TRUE(jd.has_value());
-        EXPECT_NEAR(*jd, r.jd, 6 * MinutoGiorni) << r.valore << " " << a;
-        ++n;
+        EXPECT_NEAR(*jd, r.jd, (sole ? 6 : 4) * MinutoGiorni) << r.tipo << r.valore << " " << a;
+        ++(sole ? stagioni : fasi);
     }
-    EXPECT_EQ(n, 8);
+    EXPECT_EQ(stagioni, 8);
+    EXPECT_EQ(fasi, 7);
     EXPECT_TRUE(m.registro.empty());
 }
 
@@ -140,8 +146,7 @@ TEST(RivoluzioneSolare, PartenzaSulGradoEAnnoFrazionario) {
     double x = GiornoGiuliano(2010, 1, 1);
     EXPECT_EQ(IstanteSolare(LongitudineSole(x), 2010, m), x);
     // From the middle of 1998 a spring degree is found in the spring of 1999.
-    Sessione s = ConNatale(Natale("Prova", 1987, 4, 10, 19.5));
-    s.TemaX = PreparaTemaRivoluzione(s.TemaNat, TipoRivoluzione::Solare, 1);
+    Sessione s = Pronta(TipoRivoluzione::Solare);
     EsitoRivoluzione e =
         CercaRivoluzione(s, {TipoRivoluzione::Solare, s.PosNat.Sole.Lo, 1998.5f}, m);
     ASSERT_TRUE(e.trovato);
@@ -153,8 +158,7 @@ TEST(RivoluzioneSolare, PartenzaSulGradoEAnnoFrazionario) {
 TEST(RivoluzioneSolare, OraLocaleFuoriDallaGiornata) {
     // With a zone far east the clock hour of a return just before 0h TU passes 24, and the
     // date line still shows it in range.
-    Sessione s = ConNatale(Natale("Prova", 1987, 4, 10, 19.5));
-    s.TemaX = PreparaTemaRivoluzione(s.TemaNat, TipoRivoluzione::Solare, 1);
+    Sessione s = Pronta(TipoRivoluzione::Solare);
     s.TemaX.Fuso = -12;
     MessaggiRegistrati m;
     double x = GiornoGiuliano(2021, 5, 1) - 0.1; // 21:36 TU of 30 April
@@ -167,12 +171,11 @@ TEST(RivoluzioneSolare, OraLocaleFuoriDallaGiornata) {
 }
 
 TEST(RivoluzioneLunare, DueRitorniNelloStessoMese) {
-    Sessione s = ConNatale(Natale("Prova", 1987, 4, 10, 19.5));
+    Sessione s = Pronta(TipoRivoluzione::LunareTropica);
     // A degree the Moon reaches on 2 January 2020 at noon TU comes back on the 29th.
     Tema scratch;
     double primo = GiornoGiuliano(2020, 1, 2.5);
     double g = LongitudineLuna(primo, scratch, 1);
-    s.TemaX = PreparaTemaRivoluzione(s.TemaNat, TipoRivoluzione::LunareTropica, 1);
     std::vector<double> mostrati;
     MessaggiRegistrati m;
     EsitoRivoluzione e = CercaRivoluzione(s, {TipoRivoluzione::LunareTropica, g, 2020, 1, 1}, m,
@@ -213,11 +216,10 @@ TEST(RivoluzioneLunare, DueRitorniNelloStessoMese) {
 }
 
 TEST(RivoluzioneLunare, IlSecondoRitornoNelMeseDopoNonConta) {
-    Sessione s = ConNatale(Natale("Prova", 1987, 4, 10, 19.5));
+    Sessione s = Pronta(TipoRivoluzione::LunareTropica);
     Tema scratch;
     double primo = GiornoGiuliano(2020, 2, 4.5);
     double g = LongitudineLuna(primo, scratch, 1);
-    s.TemaX = PreparaTemaRivoluzione(s.TemaNat, TipoRivoluzione::LunareTropica, 1);
     MessaggiRegistrati m;
     EsitoRivoluzione e = CercaRivoluzione(s, {TipoRivoluzione::LunareTropica, g, 2020, 2, 1}, m);
     ASSERT_TRUE(e.trovato);
@@ -233,8 +235,7 @@ TEST(RivoluzioneLunare, IlSecondoRitornoNelMeseDopoNonConta) {
 TEST(RivoluzioneLunare, LunaTopocentricaDelLuogo) {
     // The topocentric Moon of the place of the revolution returns on the degree: the chart
     // cast with the topocentric Moon has it there. A half-month fraction starts on the 15th.
-    Sessione s = ConNatale(Natale("Prova", 1987, 4, 10, 19.5), 0);
-    s.TemaX = PreparaTemaRivoluzione(s.TemaNat, TipoRivoluzione::LunareTropica, 0);
+    Sessione s = Pronta(TipoRivoluzione::LunareTropica, 0);
     double g = s.PosNat.Luna.Lo;
     MessaggiRegistrati m;
     EsitoRivoluzione e = CercaRivoluzione(s, {TipoRivoluzione::LunareTropica, g, 2015, 6.5f, 1}, m);
@@ -245,24 +246,6 @@ TEST(RivoluzioneLunare, LunaTopocentricaDelLuogo) {
     EXPECT_LE(std::fabs(Scostamento(topo.Luna.Lo, g)), TolleranzaRicastoGradi);
     // The geocentric Moon is then off by up to a degree of parallax.
     EXPECT_GT(std::fabs(Scostamento(Casta(s.TemaX, 1).Luna.Lo, g)), 0.05);
-}
-
-TEST(RivoluzioneSinodica, FasiPubblicate) {
-    MessaggiRegistrati m;
-    Tema scratch;
-    int n = 0;
-    for (const auto& r : Riferimenti()) {
-        if (r.tipo != "fase") continue;
-        // The search starts from the first of the month.
-        float a, me, g;
-        DataDaGiuliano(r.jd, a, me, g);
-        auto jd = IstanteSinodico(r.valore, GiornoGiuliano(a, me, 1), scratch, 1, m);
-        ASSERT_TRUE(jd.has_value());
-        EXPECT_NEAR(*jd, r.jd, 4 * MinutoGiorni) << r.valore << " " << a << "/" << me;
-        ++n;
-    }
-    EXPECT_EQ(n, 7);
-    EXPECT_TRUE(m.registro.empty());
 }
 
 TEST(RivoluzioneSinodica, LunaPienaEAngoloNatale) {
