@@ -1,10 +1,7 @@
-// The transit calendar against the program's own positions and against an independent search on
-// Debian's Swiss Ephemeris library (its Moshier ephemeris, asked at the same Julian day as
-// dynamical time, as tests/ephemeris/test_confronto.cpp does): a plain scan of the longitude at
-// fixed steps with bisection, which knows nothing of stations. The two ephemerides differ by the
-// series' accuracy (0.05 degrees for Giove and Saturno, 0.1 for Urano and Nettuno), so the times
-// agree to that arc divided by the speed, and a target within that arc of a station may be
-// reached by one and missed by the other.
+// The transit calendar against its own chart and an independent scan-and-bisect search on the
+// Swiss Ephemeris (Moshier, at the same Julian day as dynamical time). The series' accuracy
+// (0.05 degrees for Giove and Saturno, 0.1 for Urano and Nettuno) divided by the speed bounds the
+// times; a target within that arc of a station may be reached by one search only.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>
@@ -69,13 +66,13 @@ double Scarto(double a, double b) {
 const int CorpoSwe[] = {SE_SUN,    SE_MOON,   SE_MERCURY, SE_VENUS, SE_MARS,     SE_JUPITER,
                         SE_SATURN, SE_URANUS, SE_NEPTUNE, SE_PLUTO, SE_MEAN_NODE};
 
-void Swe(int corpo, double jd, double& lon, double& velocita) {
+// The reference's longitude and speed.
+std::pair<double, double> Swe(int corpo, double jd) {
     double x[6];
     char errore[256];
     const int rc = swe_calc(jd, CorpoSwe[corpo], SEFLG_MOSEPH | SEFLG_SPEED, x, errore);
     EXPECT_GE(rc, 0) << errore;
-    lon = x[0];
-    velocita = x[3];
+    return {x[0], x[3]};
 }
 
 struct Passaggio {
@@ -96,8 +93,7 @@ std::vector<Passaggio> PassaggiSwe(int corpo, double bersaglio, double da, doubl
         double g0 = f0;
         while (t1 - t0 > 1e-7) {
             const double m = (t0 + t1) / 2;
-            double l, vel;
-            Swe(corpo, m, l, vel);
+            const double l = Swe(corpo, m).first;
             const double g = Scarto(l, bersaglio);
             if ((g < 0) == (g0 < 0)) {
                 t0 = m;
@@ -160,8 +156,7 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
         std::vector<double> lon, vel;
         const double da = r.jdDa - 1;
         for (double t = da; t <= r.jdA + 1; t += passo) {
-            double l, v;
-            Swe(corpo, t, l, v);
+            const auto [l, v] = Swe(corpo, t);
             lon.push_back(l);
             vel.push_back(v);
         }
@@ -197,8 +192,7 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
                                  std::fabs(swe[i].jd - t.jd) < std::fabs(swe[migliore].jd - t.jd)))
                                 migliore = i;
                         if (migliore < swe.size()) {
-                            double l, v;
-                            Swe(corpo, swe[migliore].jd, l, v);
+                            const double v = Swe(corpo, swe[migliore].jd).second;
                             const double tolleranza = 1.5 * errore[corpo] / std::fabs(v) + 1e-3;
                             if (std::fabs(swe[migliore].jd - t.jd) <= tolleranza) {
                                 preso[migliore] = true;
@@ -238,11 +232,9 @@ TEST(CalendarioTransiti, TrePassaggiDiUnaStazione) {
     const double da = GiornoGiuliano(2025, 1, 1), a = GiornoGiuliano(2026, 6, 30);
     // The reference's two stations.
     std::vector<std::pair<double, double>> stazioni;
-    double lPrima, vPrima;
-    Swe(6, da, lPrima, vPrima);
+    double vPrima = Swe(6, da).second;
     for (double t = da + 1; t <= a; t += 1) {
-        double l, v;
-        Swe(6, t, l, v);
+        const auto [l, v] = Swe(6, t);
         if ((v < 0) != (vPrima < 0)) stazioni.push_back({t, l});
         vPrima = v;
     }
@@ -260,18 +252,14 @@ TEST(CalendarioTransiti, TrePassaggiDiUnaStazione) {
     auto transiti = CercaTransiti(r);
     ASSERT_EQ(transiti.size(), 3u);
     std::vector<double> lon;
-    for (double t = da; t <= a; t += 0.5) {
-        double l, v;
-        Swe(6, t, l, v);
-        lon.push_back(l);
-    }
+    for (double t = da; t <= a; t += 0.5)
+        lon.push_back(Swe(6, t).first);
     const auto swe = PassaggiSwe(6, mezzo, da, a, da, lon, 0.5);
     ASSERT_EQ(swe.size(), 3u);
     const bool retrogradi[] = {false, true, false};
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_EQ(transiti[i].retrogrado, retrogradi[i]);
-        double l, v;
-        Swe(6, swe[i].jd, l, v);
+        const double v = Swe(6, swe[i].jd).second;
         EXPECT_NEAR(transiti[i].jd, swe[i].jd, 1.5 * 0.05 / std::fabs(v)) << i;
         // The loop is wider than the orb: each pass enters and leaves on its own.
         EXPECT_LT(transiti[i].jdIngresso, transiti[i].jd);
@@ -433,13 +421,13 @@ TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
     auto cè = [&](const std::string& t) {
         return std::find(testi.begin(), testi.end(), t) != testi.end();
     };
-    EXPECT_TRUE(cè("CALENDARIO TRANSITI   -   pagina 2 di 2"));
-    EXPECT_TRUE(cè("TEMA NATALE   -  stampa  25/11/2026"));
-    EXPECT_TRUE(cè("Prova"));
-    EXPECT_TRUE(cè("Periodo  01/01/2026 - 31/12/2026"));
-    EXPECT_TRUE(cè("Punto natale"));
     // The second page begins where the first ended, and holds the rest.
-    EXPECT_TRUE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina)])[0]));
+    for (const std::string& t :
+         {std::string("CALENDARIO TRANSITI   -   pagina 2 di 2"), std::string("Prova"),
+          std::string("TEMA NATALE   -  stampa  25/11/2026"), std::string("Punto natale"),
+          std::string("Periodo  01/01/2026 - 31/12/2026"), CelleTransito(righe[49])[0],
+          CelleTransito(righe[static_cast<std::size_t>(perPagina)])[0]})
+        EXPECT_TRUE(cè(t)) << t;
     EXPECT_FALSE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina) - 1])[0]));
     EXPECT_TRUE(cè(CelleTransito(righe[49])[0]));
 }
