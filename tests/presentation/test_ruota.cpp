@@ -22,8 +22,10 @@ struct Disegnata {
     PuntiDellaRuota punti;
 };
 
-void Disegna(Disegnata& d, const Posizioni& p, const OpzioniRuota& o = {}) {
+Disegnata Disegna(const Posizioni& p, const OpzioniRuota& o = {}) {
+    Disegnata d;
     d.punti = DisegnaRuota(d.sup, TemaDiProva(), p, o);
+    return d;
 }
 
 // Whether body `corpo` (1..12) has its glyph on ring `anello` at longitude L, in its colour: a
@@ -38,6 +40,15 @@ bool GlifoSulRing(const Disegnata& d, int corpo, int anello, double L, int color
 
 bool SulCerchio(double x, double y, double r) {
     return Vicino(std::hypot(x - CX, y - CY), r);
+}
+
+// The lines drawn from radius r1 to radius r2 at longitude L.
+int LineeTra(const Disegnata& d, double r1, double r2, double L) {
+    int n = 0;
+    for (const Figura& f : DelTipo(d.sup.figure, Figura::Linea))
+        n += Vicino(f.x1, Px(CX, r1, L)) && Vicino(f.y1, Py(CY, r1, L)) &&
+             Vicino(f.x2, Px(CX, r2, L)) && Vicino(f.y2, Py(CY, r2, L));
+    return n;
 }
 
 // The lines drawn between two points of the circle R2: the aspect lines.
@@ -65,8 +76,7 @@ const std::array<double, 12> Affollati{100, 104, 111, 107, 150, 200, 205, 211, 2
 } // namespace
 
 TEST(RuotaSingola, AnelliDeiCorpiVicini) {
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
+    const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni));
     // Venere meets rings 1, 2, 1: up at Sole, up at Luna, and Mercurio no longer counts.
     // Nettuno meets rings 2, 1 (Giove exactly 8 degrees off does not count): it stays at 1 at
     // Saturno and goes to 2 at Urano, on Saturno's ring.
@@ -82,11 +92,7 @@ TEST(RuotaSingola, AnelliDeiCorpiVicini) {
     }
     // The tick on R2 marks the true longitude whatever the ring.
     EXPECT_EQ(d.punti[4].X, Px(CX, R2, 107));
-    bool tacca = false;
-    for (const Figura& f : DelTipo(d.sup.figure, Figura::Linea))
-        tacca |= Vicino(f.x1, Px(CX, R2, 107)) && Vicino(f.y1, Py(CY, R2, 107)) &&
-                 Vicino(f.x2, Px(CX, R2 - 175, 107)) && Vicino(f.y2, Py(CY, R2 - 175, 107));
-    EXPECT_TRUE(tacca);
+    EXPECT_EQ(LineeTra(d, R2, R2 - 175, 107), 1);
 }
 
 TEST(RuotaSingola, AnelliSenzaLimite) {
@@ -94,8 +100,7 @@ TEST(RuotaSingola, AnelliSenzaLimite) {
     std::array<double, 12> stretti{};
     for (std::size_t i = 0; i < 12; ++i)
         stretti[i] = 50 + 0.5 * static_cast<double>(i);
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(stretti, CuspidiComuni));
+    const Disegnata d = Disegna(PosizioniDiProva(stretti, CuspidiComuni));
     for (std::size_t i = 1; i <= 12; ++i)
         EXPECT_EQ(d.punti[i].Anello, static_cast<int>(i));
     EXPECT_TRUE(GlifoSulRing(d, 12, 12, stretti[11], 0));
@@ -104,8 +109,7 @@ TEST(RuotaSingola, AnelliSenzaLimite) {
 TEST(RuotaSingola, CuspidiFrecciaCerchioENumeri) {
     OpzioniRuota o;
     o.AngoloRuota = 360 - CuspidiComuni[0]; // the Ascendant at the left
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni), o);
+    const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni), o);
     const auto& f = d.sup.figure;
     // The Ascendant's line, pen 2, from radius 800 to R1 + 500 on the left.
     std::size_t i = 0;
@@ -140,8 +144,7 @@ TEST(RuotaSingola, CuspidiFrecciaCerchioENumeri) {
 }
 
 TEST(RuotaSingola, NumeriDelleCase) {
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
+    const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni));
     auto numero = [&](const std::string& n, double L) {
         for (const Figura& t : DelTipo(d.sup.figure, Figura::Testo))
             if (t.testo == n) return Vicino(t.x1, Px(CX, 900, L)) && Vicino(t.y1, Py(CY, 900, L));
@@ -171,8 +174,7 @@ TEST(RuotaSingola, FondoAnelloEBiselli) {
         SCOPED_TRACE(ridotti);
         OpzioniRuota o;
         o.ColoriRidotti = ridotti;
-        Disegnata d;
-        Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni), o);
+        const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni), o);
         const Figura& fondo = d.sup.figure.front();
         EXPECT_EQ(std::make_tuple(fondo.tipo, fondo.rx, fondo.coloreRiempimento),
                   std::make_tuple(Figura::Ellisse, 3700.0, FacciaPulsante));
@@ -187,8 +189,7 @@ TEST(RuotaSingola, FondoAnelloEBiselli) {
 }
 
 TEST(RuotaSingola, SegniDaSinistraInSensoAntiorario) {
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
+    const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni));
     std::vector<Figura> confini;
     for (const Figura& l : DelTipo(d.sup.figure, Figura::Linea))
         if (SulCerchio(l.x1, l.y1, R2) && SulCerchio(l.x2, l.y2, R1) && l.spessore == 1)
@@ -216,8 +217,7 @@ TEST(RuotaSingola, NodiPlanetariDaLNd) {
     p.Venere.LNd = 97;
     OpzioniRuota o;
     o.NodiScelti = 7;
-    Disegnata d;
-    Disegna(d, p, o);
+    const Disegnata d = Disegna(p, o);
     auto nodo = [&](int lato, int anello, double L) {
         double r = R2 - anello * 350;
         return Contiene(d.sup.figure,
@@ -229,16 +229,13 @@ TEST(RuotaSingola, NodiPlanetariDaLNd) {
 
     // Only north (row 8), and none for the rows of Plutone.
     o.NodiScelti = 8;
-    Disegnata soloNord;
-    Disegna(soloNord, p, o);
-    Disegnata nessuno;
-    Disegna(nessuno, p, OpzioniRuota{});
+    const Disegnata soloNord = Disegna(p, o);
+    const Disegnata nessuno = Disegna(p, OpzioniRuota{});
     std::size_t base = nessuno.sup.figure.size();
     std::size_t nord = FigureDelGlifo(GlifoNodo(RuotaVenere, 0), 350, 0, 0, Nero).size();
     EXPECT_EQ(soloNord.sup.figure.size(), base + 1 + nord);
     o.NodiScelti = 25;
-    Disegnata plutone;
-    Disegna(plutone, p, o);
+    const Disegnata plutone = Disegna(p, o);
     EXPECT_EQ(plutone.sup.figure.size(), base);
 
     // All the nodes: seven bodies, two sides.
@@ -255,13 +252,11 @@ TEST(RuotaSingola, LineeDegliAspettiEIloroColori) {
     const std::array<double, 12> corpi{0, 121, 33, 177, 271, 214, 135, 1.5, 324, 321, 288, 222};
     Posizioni p = PosizioniDiProva(corpi, {353, 20, 50, 37, 300, 330});
     OpzioniRuota o;
-    Disegnata senza;
-    Disegna(senza, p, o);
+    const Disegnata senza = Disegna(p, o);
     EXPECT_TRUE(LineeAspetto(senza).empty());
 
     o.DisegnaAspetti = true;
-    Disegnata d;
-    Disegna(d, p, o);
+    const Disegnata d = Disegna(p, o);
     auto linee = LineeAspetto(d);
     EXPECT_EQ(linee.size(), 8u);
     EXPECT_EQ(Linee(linee, 0, 121, Blu), 1);   // trine
@@ -277,8 +272,7 @@ TEST(RuotaSingola, LineeDegliAspettiEIloroColori) {
     o.Aspetti.AspettoAttivo.fill(0);
     o.Aspetti.AspettoAttivo[13] = -1;
     o.Aspetti.AspettoAttivo[15] = -1;
-    Disegnata minori;
-    Disegna(minori, p, o);
+    const Disegnata minori = Disegna(p, o);
     linee = LineeAspetto(minori);
     EXPECT_EQ(linee.size(), 5u);
     EXPECT_EQ(Linee(linee, 121, 271, Rosso), 1); // Quinconce
@@ -290,8 +284,7 @@ TEST(RuotaSingola, LineeDegliAspettiEIloroColori) {
     // A wide orb: one pair in several aspects draws one line for each.
     o.Aspetti.AspettoAttivo.fill(-1);
     o.Aspetti.Orbita = 16;
-    Disegnata larga;
-    Disegna(larga, p, o);
+    const Disegnata larga = Disegna(p, o);
     EXPECT_EQ(Linee(LineeAspetto(larga), 0, 33, Nero) + Linee(LineeAspetto(larga), 0, 33, Rosso),
               3); // 30 (SemiSestile, red), 40 and 45 in the pen's colour
 }
