@@ -3,6 +3,8 @@
 // chart's cusps without an ascension left out, and the outer chart turned by the solar arc.
 #include <gtest/gtest.h>
 
+#include <cmath>
+
 #include "Disegno.h"
 #include "Temi.h"
 #include "presentation/RuotaAscensionale.h"
@@ -53,12 +55,21 @@ std::vector<Figura> Raggi(const SuperficieRegistrata& s, Colore c, double da, do
     return r;
 }
 
-bool HaRaggio(const SuperficieRegistrata& s, Colore c, double da, double a, double angolo) {
+// A line of colour c from circle `da` at angle l1 to circle `a` at angle l2 (l1 if not given).
+bool HaRaggio(const SuperficieRegistrata& s, Colore c, double da, double a, double l1,
+              double l2 = NAN) {
+    if (std::isnan(l2)) l2 = l1;
     for (const Figura& f : Raggi(s, c, da, a))
-        if (Vicino(f.x1, Px(CX, da, angolo)) && Vicino(f.y1, Py(CY, da, angolo)) &&
-            Vicino(f.x2, Px(CX, a, angolo)) && Vicino(f.y2, Py(CY, a, angolo)))
+        if (Vicino(f.x1, Px(CX, da, l1)) && Vicino(f.y1, Py(CY, da, l1)) &&
+            Vicino(f.x2, Px(CX, a, l2)) && Vicino(f.y2, Py(CY, a, l2)))
             return true;
     return false;
+}
+
+// Whether a body's glyph of 300 stands centred at radius r and angle L in colour c.
+bool HaGlifo(const SuperficieRegistrata& s, int corpo, double r, double L, Colore c) {
+    return Contiene(s.figure, FigureDelGlifo(GlifoCorpo(corpo), 300, Px(CX, r, L) - 150,
+                                             Py(CY, r, L) - 150, c));
 }
 
 // Barbs of the given length starting at a point of circle r.
@@ -127,15 +138,9 @@ TEST(RuotaAscensionale, CorpiRossiConAnelliASetteGradi) {
 
     // Glyphs of 300, centred on their rings: red inward from 3250, black inward from 1800.
     const double lunaA = 20 + 15 * 3.5, mercurioA = 20 + 15 * 3.9;
-    EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 300, Px(CX, RA - 300, lunaA) - 150,
-                                          Py(CY, RA - 300, lunaA) - 150, Rosso)));
-    EXPECT_TRUE(Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaMercurio), 300,
-                                                  Px(CX, RA - 600, mercurioA) - 150,
-                                                  Py(CY, RA - 600, mercurioA) - 150, Rosso)));
-    EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 300, Px(CX, RZ - 600, 57.5) - 150,
-                                          Py(CY, RZ - 600, 57.5) - 150, Nero)));
+    EXPECT_TRUE(HaGlifo(s, RuotaLuna, RA - 300, lunaA, Rosso));
+    EXPECT_TRUE(HaGlifo(s, RuotaMercurio, RA - 600, mercurioA, Rosso));
+    EXPECT_TRUE(HaGlifo(s, RuotaLuna, RZ - 600, 57.5, Nero));
     // Ticks of 150 inward, red on the circle of the ascensions.
     EXPECT_EQ(Raggi(s, Rosso, RA, RA - 150).size(), 12u);
     EXPECT_TRUE(HaRaggio(s, Rosso, RA, RA - 150, lunaA));
@@ -181,12 +186,7 @@ TEST(RuotaAscensionale, AspettiGrigiTraIPuntiZodiacali) {
     SuperficieRegistrata s;
     DisegnaRuotaAscensionale(s, TemaDiProva(), Tema45(), o);
     // Sole 50 and Venere 140 are square: a grey line on the zodiac's inner circle.
-    auto grigie = Raggi(s, Grigio, RZ, RZ);
-    ASSERT_FALSE(grigie.empty());
-    bool trovata = false;
-    for (const Figura& f : grigie)
-        trovata |= Vicino(f.x1, Px(CX, RZ, 50)) && Vicino(f.x2, Px(CX, RZ, 140));
-    EXPECT_TRUE(trovata);
+    EXPECT_TRUE(HaRaggio(s, Grigio, RZ, RZ, 50, 140));
     for (const Figura& f : DelTipo(s.figure, Figura::Linea))
         if (f.colore == Grigio) {
             EXPECT_TRUE(SulCerchio(f.x1, f.y1, RZ) && SulCerchio(f.x2, f.y2, RZ));
@@ -216,10 +216,7 @@ TEST(DoppiaAscensionale, EsternoRossoScuroFuoriEGiratoDallArco) {
     EXPECT_EQ(Raggi(s, RossoScuro, RA, RA + 150).size(), 12u);
     EXPECT_EQ(r.esterni[2].Anello, 1);
     EXPECT_EQ(r.esterni[3].Anello, 2);
-    const double mercurio = 50 + 15 * 3.9;
-    EXPECT_TRUE(Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaMercurio), 300,
-                                                  Px(CX, RA + 600, mercurio) - 150,
-                                                  Py(CY, RA + 600, mercurio) - 150, RossoScuro)));
+    EXPECT_TRUE(HaGlifo(s, RuotaMercurio, RA + 600, 50 + 15 * 3.9, RossoScuro));
     EXPECT_NEAR(r.esterni[13].X, Px(CX, RA, 50 + 15 * 0.6), TolleranzaTwips);
     // No outer body in the zodiac ring: nothing dark red inside the circle of the ascensions.
     for (const Figura& f : DelTipo(s.figure, Figura::Linea))
@@ -227,4 +224,3 @@ TEST(DoppiaAscensionale, EsternoRossoScuroFuoriEGiratoDallArco) {
             EXPECT_GE(std::hypot(f.x1 - CX, f.y1 - CY), RA - TolleranzaCerchioTwips);
         }
 }
-
