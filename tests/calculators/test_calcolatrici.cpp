@@ -40,42 +40,25 @@ TEST(NumeroDiCasella, VirgolaPuntoVuotoENonNumeri) {
     EXPECT_EQ(ValoreIniziale("-3,5 gradi"), -3.5);
 }
 
-namespace {
-
-CorniceJD Cornice(const char* g, const char* m, const char* a, const char* ore, const char* min,
-                  const char* sec, int estiva, const char* fuso, bool est) {
-    CorniceJD c;
-    c.Giorno = g;
-    c.Mese = m;
-    c.Anno = a;
-    c.Ore = ore;
-    c.Minuti = min;
-    c.Secondi = sec;
-    c.Estiva = estiva;
-    c.Fuso = fuso;
-    c.Est = est;
-    return c;
-}
-
-} // namespace
-
 TEST(GiorniGiuliani, DallaDataAlJD) {
     // J2000.0 is 2000 January 1.5 = JD 2451545.0; 1987 April 10 0h is JD 2446895.5 (Meeus 12.a).
-    EXPECT_DOUBLE_EQ(JDDellaCornice(Cornice("1", "1", "2000", "12", "0", "0", 0, "0", false), 0),
-                     2451545.0);
+    EXPECT_DOUBLE_EQ(
+        JDDellaCornice(CorniceJD{"1", "1", "2000", "12", "0", "0", 0, "0", false, ""}, 0),
+        2451545.0);
     // 19:30 of summer time (1 hour) in the zone one hour east: 17:30 TU.
-    EXPECT_NEAR(JDDellaCornice(Cornice("10", "4", "1987", "19", "30", "0", 1, "1", true), 0),
+    EXPECT_NEAR(JDDellaCornice(CorniceJD{"10", "4", "1987", "19", "30", "0", 1, "1", true, ""}, 0),
                 2446895.5 + 17.5 / 24, 1e-9);
     // The comma in the seconds is read.
-    EXPECT_NEAR(JDDellaCornice(Cornice("1", "1", "2000", "12", "0", "36,0", 0, "0", false), 0),
-                2451545.0 + 0.01 / 24, 1e-9);
+    EXPECT_NEAR(
+        JDDellaCornice(CorniceJD{"1", "1", "2000", "12", "0", "36,0", 0, "0", false, ""}, 0),
+        2451545.0 + 0.01 / 24, 1e-9);
     // 99 stands for the working chart's longitude: a local mean time.
-    CorniceJD lmt = Cornice("1", "1", "2000", "12", "0", "0", 0, "99", false);
+    CorniceJD lmt = CorniceJD{"1", "1", "2000", "12", "0", "0", 0, "99", false, ""};
     EXPECT_DOUBLE_EQ(FusoDellaCornice(lmt, -0.8), -0.8);
     lmt.Est = true;
     EXPECT_DOUBLE_EQ(FusoDellaCornice(lmt, -0.8), -0.8);
-    EXPECT_DOUBLE_EQ(FusoDellaCornice(Cornice("", "", "", "", "", "", 0, "3", true), 0), -3);
-    EXPECT_THROW(JDDellaCornice(Cornice("1", "x", "2000", "12", "0", "0", 0, "0", false), 0),
+    EXPECT_DOUBLE_EQ(FusoDellaCornice(CorniceJD{"", "", "", "", "", "", 0, "3", true, ""}, 0), -3);
+    EXPECT_THROW(JDDellaCornice(CorniceJD{"1", "x", "2000", "12", "0", "0", 0, "0", false, ""}, 0),
                  ErroreTipo);
 }
 
