@@ -7,6 +7,7 @@
 #include <cmath>
 #include <string>
 #include <tuple>
+#include <vector>
 
 #include "calculators/Calcolatrici.h"
 #include "core/Aritmetica.h"
@@ -175,35 +176,30 @@ TEST(EclitticheEquatoriali, EsempioDiMeeus) {
     // Meeus, example 13.a: Pollux, alpha 7h45m18.946s, delta +28d01'34.26", on the equinox
     // J2000.0 with the mean obliquity 23.4392911: lambda 113.215630, beta 6.684170.
     const double jd = 2451545.0;
-    Eclittiche ecl;
-    ecl.Segno = 3; // Cancro: 113.215630 = 90 + 23 12' 56.27"
-    ecl.Lon_Gradi = 23;
-    ecl.Lon_Primi = 12;
-    ecl.Lon_Sec = 56.27;
-    ecl.Lat_Gradi = 6;
-    ecl.Lat_Primi = 41; // 6d41'03": the box holds whole minutes
-    Equatoriali q = EclitticheAEquatoriali(jd, ecl);
+    // Cancro 23d12'56.27" is 113.215630; 6d41'03" goes in as 6d41', the box's whole minutes.
+    Equatoriali q = EclitticheAEquatoriali(jd, {3, 23, 12, 56.27, 6, 41});
     // Three seconds of arc less in latitude move alpha by well under a second of time.
-    EXPECT_EQ(q.AR_h, 7);
-    EXPECT_EQ(q.AR_m, 45);
+    EXPECT_EQ(std::make_tuple(q.AR_h, q.AR_m, q.Dec_Gradi), std::make_tuple(7.0, 45.0, 28.0));
     EXPECT_NEAR(q.AR_s, 18.946, 0.5);
-    EXPECT_EQ(q.Dec_Gradi, 28);
     EXPECT_NEAR(q.Dec_Primi, 1.5, 0.5); // about 28d01'31": minutes rounded on the seconds
 
-    Equatoriali p;
-    p.AR_h = 7;
-    p.AR_m = 45;
-    p.AR_s = 18.946;
-    p.Dec_Gradi = 28;
-    p.Dec_Primi = 2; // 28d02': 26" more than Pollux
-    Eclittiche e = EquatorialiAEclittiche(jd, p);
-    EXPECT_EQ(e.Segno, 3);
-    EXPECT_EQ(e.Lon_Gradi, 23);
-    EXPECT_EQ(e.Lat_Gradi, 6);
+    Eclittiche e = EquatorialiAEclittiche(jd, {7, 45, 18.946, 28, 2}); // 26" north of Pollux
+    EXPECT_EQ(std::make_tuple(e.Segno, e.Lon_Gradi, e.Lat_Gradi), std::make_tuple(3, 23.0, 6.0));
     // The longitude moves by a few seconds of arc and the latitude by about 24".
     EXPECT_NEAR(e.Lon_Primi * 60 + e.Lon_Sec, 12 * 60 + 56.27, 15);
     EXPECT_NEAR(e.Lat_Primi, 41, 1);
 }
+
+namespace {
+
+std::vector<std::string> Caselle(const FormatiNumerici& f, std::initializer_list<int> quali) {
+    std::vector<std::string> r;
+    for (int i : quali)
+        r.push_back(f.Testo[static_cast<std::size_t>(i)]);
+    return r;
+}
+
+} // namespace
 
 TEST(FormatiNumerici, UnaCasellaDaTutteLeAltre) {
     struct Caso {
@@ -234,10 +230,7 @@ TEST(FormatiNumerici, ContaSoloLUltimaCasellaENullaSenzaInput) {
     f.Scrivi(0, "10");
     f.Scrivi(6, "30,5");
     f.CommandOK();
-    EXPECT_EQ(f.Testo[0], "30");
-    EXPECT_EQ(f.Testo[1], "30");
-    EXPECT_EQ(f.Testo[2], "0,0");
-    EXPECT_EQ(f.Testo[6], "30,5");
+    EXPECT_EQ(Caselle(f, {0, 1, 2, 6}), (std::vector<std::string>{"30", "30", "0,0", "30,5"}));
 
     // Boxes written by the conversion do not count as typed.
     f.Riscrivi = true;
@@ -252,17 +245,12 @@ TEST(FormatiNumerici, ArrotondamentoDeiSecondiERadianti) {
     // 10d20'59.995": the seconds pass into the next minute.
     f.Scrivi(6, FormatoNumero(GradiDecimali(10, 20, 59.995), "0.0#########", '.'));
     f.CommandOK();
-    EXPECT_EQ(f.Testo[0], "10");
-    EXPECT_EQ(f.Testo[1], "21");
-    EXPECT_EQ(f.Testo[2], "0,0");
+    EXPECT_EQ(Caselle(f, {0, 1, 2}), (std::vector<std::string>{"10", "21", "0,0"}));
 
     FormatiNumerici r;
     r.Scrivi(8, "3,14159265358979");
     r.CommandOK();
-    EXPECT_EQ(r.Testo[0], "180");
-    EXPECT_EQ(r.Testo[3], "12");
-    EXPECT_EQ(r.Testo[6], "180,0");
-    EXPECT_EQ(r.Testo[7], "12,0");
+    EXPECT_EQ(Caselle(r, {0, 3, 6, 7}), (std::vector<std::string>{"180", "12", "180,0", "12,0"}));
 
     // A negative angle keeps its sign: -2d30' is -0h10m.
     FormatiNumerici n;
@@ -270,8 +258,6 @@ TEST(FormatiNumerici, ArrotondamentoDeiSecondiERadianti) {
     n.Scrivi(1, "30");
     n.Cambia(0);
     n.CommandOK();
-    EXPECT_EQ(n.Testo[2], "0");
-    EXPECT_EQ(n.Testo[6], "-2,5");
-    EXPECT_EQ(n.Testo[7], "-0,16667");
-    EXPECT_EQ(n.Testo[8], "-0,04363");
+    EXPECT_EQ(Caselle(n, {2, 6, 7, 8}),
+              (std::vector<std::string>{"0", "-2,5", "-0,16667", "-0,04363"}));
 }
