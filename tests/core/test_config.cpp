@@ -52,14 +52,10 @@ TEST_F(ConfigTest, RecordDi325ByteConCampiAllineati) {
     ASSERT_TRUE(ScriviConfig(ini, c));
     std::string b = Contenuto();
     ASSERT_EQ(b.size(), 325u);
-    EXPECT_EQ(b.substr(0, 24), "/home/astro/Vesmodat.Mdb");
-    EXPECT_EQ(b.substr(24, 104), std::string(104, ' '));
-    EXPECT_EQ(b.substr(128, 23), "/usr/local/bin/astrolog");
-    EXPECT_EQ(b.substr(256, 38), "Italy" + std::string(33, ' '));
-    // Latin-1: "à" is one byte, so the field keeps its 30 bytes.
-    EXPECT_EQ(b.substr(294, 17), "Citt\xe0 di Castello");
-    EXPECT_EQ(b.substr(311, 13), std::string(13, ' '));
-    EXPECT_EQ(b[324], 'C');
+    // Fields of 128, 128, 38, 30 and 1 bytes padded with blanks; Latin-1 "à" is one byte.
+    EXPECT_EQ(b, "/home/astro/Vesmodat.Mdb" + std::string(104, ' ') + "/usr/local/bin/astrolog" +
+                     std::string(105, ' ') + "Italy" + std::string(33, ' ') +
+                     "Citt\xe0 di Castello" + std::string(13, ' ') + "C");
 
     ConfigIni r;
     ASSERT_TRUE(LeggiConfig(ini, r));
@@ -130,17 +126,13 @@ TEST_F(ConfigTest, OrdinamentoCambiaSoloLUltimoByte) {
 }
 
 TEST(NomiConfig, ConfrontoSenzaMaiuscole) {
-    EXPECT_TRUE(NomeDBPresente("/home/a/Vesmodat.Mdb"));
-    EXPECT_TRUE(NomeDBPresente("/home/a/vesmodat.mdb   "));
-    EXPECT_TRUE(NomeDBPresente("/home/a/VESMODAT.MDB.bak"));
-    EXPECT_FALSE(NomeDBPresente("/home/a/Vesmo.db"));
-    EXPECT_FALSE(NomeDBPresente(""));
-
-    EXPECT_TRUE(NomeAstrologPresente("/usr/bin/astrolog"));
-    EXPECT_TRUE(NomeAstrologPresente("/opt/Astrolog/Astrolog.Exe "));
-    EXPECT_TRUE(NomeAstrologPresente("ASTROLOG.EXE"));
-    EXPECT_FALSE(NomeAstrologPresente("/opt/astrolog/astro"));
-    EXPECT_FALSE(NomeAstrologPresente(""));
+    for (const char* si :
+         {"/home/a/Vesmodat.Mdb", "/home/a/vesmodat.mdb   ", "/home/a/VESMODAT.MDB.bak"})
+        EXPECT_TRUE(NomeDBPresente(si)) << si;
+    for (const char* si : {"/usr/bin/astrolog", "/opt/Astrolog/Astrolog.Exe ", "ASTROLOG.EXE"})
+        EXPECT_TRUE(NomeAstrologPresente(si)) << si;
+    EXPECT_FALSE(NomeDBPresente("/home/a/Vesmo.db") || NomeDBPresente(""));
+    EXPECT_FALSE(NomeAstrologPresente("/opt/astrolog/astro") || NomeAstrologPresente(""));
 
     // Only a missing database name reopens the first-time dialog.
     ConfigIni c;
@@ -154,14 +146,12 @@ TEST(NomiConfig, PercorsiDerivati) {
     c.PathDB = "  /dati/Vesmodat.Mdb  ";
     c.PathExe = "/opt/astrolog/astrolog";
     PercorsiVesmo p = DerivaPercorsi("/opt/vesmo/Vesmodat.ini", c);
-    EXPECT_EQ(p.FileIni, "/opt/vesmo/Vesmodat.ini");
-    EXPECT_EQ(p.FileDB, "/dati/Vesmodat.Mdb");
-    EXPECT_EQ(p.CmdAstrolog, "/opt/astrolog/astrolog ");
-    EXPECT_EQ(p.DirAstrolog, "/opt/astrolog");
+    EXPECT_EQ(std::tie(p.FileIni, p.FileDB, p.CmdAstrolog, p.DirAstrolog),
+              std::make_tuple("/opt/vesmo/Vesmodat.ini", "/dati/Vesmodat.Mdb",
+                              "/opt/astrolog/astrolog ", "/opt/astrolog"));
     c.PathExe = "";
     p = DerivaPercorsi("/opt/vesmo/Vesmodat.ini", c);
-    EXPECT_EQ(p.CmdAstrolog, " ");
-    EXPECT_EQ(p.DirAstrolog, "");
+    EXPECT_EQ(std::tie(p.CmdAstrolog, p.DirAstrolog), std::make_tuple(" ", ""));
 }
 
 TEST(AvvioVesmo, PresetDelTemaCorrente) {
@@ -169,10 +159,9 @@ TEST(AvvioVesmo, PresetDelTemaCorrente) {
     s.LunaGeo = 0;
     s.JDRivoluzione = 2450000;
     ConfigIni c = ConfigPredefinita("/opt/vesmo/");
-    EXPECT_EQ(c.PathDB.Valore(), "/opt/vesmo/Vesmodat.Mdb");
-    EXPECT_EQ(c.NazioneDefault.Valore(), "Italy");
-    EXPECT_EQ(c.CityDefault.Valore(), "Padova");
-    EXPECT_EQ(c.Ordinamento.str(), "N");
+    EXPECT_EQ(c.PathDB.Valore() + "|" + c.NazioneDefault.Valore() + "|" + c.CityDefault.Valore() +
+                  "|" + c.Ordinamento.str(),
+              "/opt/vesmo/Vesmodat.Mdb|Italy|Padova|N");
 
     PresetTemaCorrente(s, c, 2026, 11, 23, 14, 30, 36);
     const Tema& t = s.TemaCorrente;
