@@ -45,6 +45,11 @@ double ApogeoScritto(double) {
     return t;
 }
 
+// The script: the apogee after the instant, then the one before it.
+void Copione(double dopo, double prima) {
+    Copione(dopo, prima);
+}
+
 // The day after `da` on which the Moon's longitude reaches `lon`.
 double GiornoLongitudine(double da, double lon) {
     double t = da;
@@ -76,9 +81,7 @@ TEST(LilithVera, InterpolaTraDueApogeiAttraversoLoZero) {
     double ts = GiornoLongitudine(2451545.0, 359);
     double tq = GiornoLongitudine(ts, 1); // 0.15 days later, 2 degrees on
     double jd = (ts + tq) / 2;
-    copione[0] = tq;
-    copione[1] = ts;
-    chiamate = 0;
+    Copione(tq, ts);
     double lon = -1, lat = -1;
     LilithVera(jd, 0, 0, lon, lat, msg, ApogeoScritto);
     // LS near 359 and LQ near 1: halfway is near 0, not near 180.
@@ -88,9 +91,7 @@ TEST(LilithVera, InterpolaTraDueApogeiAttraversoLoZero) {
     // LS near 1 and LQ near 359 a turn later: the short way goes back by 2 degrees.
     double ts2 = GiornoLongitudine(2451545.0, 1);
     double tq2 = GiornoLongitudine(ts2 + 1, 359);
-    copione[0] = tq2;
-    copione[1] = ts2;
-    chiamate = 0;
+    Copione(tq2, ts2);
     double jd2 = ts2 + 0.25 * (tq2 - ts2);
     LilithVera(jd2, 0, 0, lon, lat, msg, ApogeoScritto);
     EXPECT_NEAR(Scarto(lon, 0.5), 0, TolleranzaInterpolazioneGradi);
@@ -99,9 +100,7 @@ TEST(LilithVera, InterpolaTraDueApogeiAttraversoLoZero) {
 TEST(LilithVera, LatitudineRidottaDalFattore0104) {
     MessaggiRegistrati msg;
     double ts = 2451545.0, tq = 2451545.0 + 27.5;
-    copione[0] = tq;
-    copione[1] = ts;
-    chiamate = 0;
+    Copione(tq, ts);
     double lon, lat;
     LilithVera(ts + 10, 0, 0, lon, lat, msg, ApogeoScritto);
     double ls, bs, lq, bq, p;
@@ -126,9 +125,7 @@ TEST(LilithVera, DopoCinquePassiLaTolleranzaSaleA005Giorni) {
     // accepted on the sixth round, when it has become 0.05 days.
     MessaggiRegistrati msg;
     double jd = 2451545.25;
-    copione[0] = jd + 27.5;
-    copione[1] = jd + 0.03;
-    chiamate = 0;
+    Copione(jd + 27.5, jd + 0.03);
     double lon = -1, lat = -1;
     LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
     EXPECT_EQ(chiamate, 12);
@@ -151,9 +148,7 @@ TEST(LilithVera, ApogeiTuttiDaUnaParteErrore) {
         SCOPED_TRACE(c.titolo);
         MessaggiRegistrati msg;
         const double jd = 2451545.25;
-        copione[0] = jd + c.dopo;
-        copione[1] = jd + c.prima;
-        chiamate = 0;
+        Copione(jd + c.dopo, jd + c.prima);
         double lon = 123.5, lat = 0.25;
         LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
         ASSERT_EQ(msg.registro.size(), 1u);

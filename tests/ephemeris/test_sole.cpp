@@ -80,8 +80,7 @@ TEST(TempoSiderale, InizioDel1900EDateAnteriori) {
     // From about a hundred days before 1900 January 0.5 on, the reduced value is negative; the
     // caller's step of +24 brings it back, and the day after still gains 3m56.555s.
     double prima = TempoSiderale(2414000.5, 0, 0);
-    EXPECT_LT(prima, 0);
-    EXPECT_GT(prima, -24);
+    EXPECT_TRUE(prima < 0 && prima > -24) << prima;
     double locale = TempoSideraleLocale(0, 0, 2414000.5, 0, 0);
     EXPECT_DOUBLE_EQ(locale, prima + 24);
     double dopo = TempoSideraleLocale(0, 0, 2414001.5, 0, 0);
