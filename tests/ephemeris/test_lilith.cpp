@@ -47,7 +47,9 @@ double ApogeoScritto(double) {
 
 // The script: the apogee after the instant, then the one before it.
 void Copione(double dopo, double prima) {
-    Copione(dopo, prima);
+    copione[0] = dopo;
+    copione[1] = prima;
+    chiamate = 0;
 }
 
 // The day after `da` on which the Moon's longitude reaches `lon`.
