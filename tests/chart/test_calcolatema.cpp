@@ -6,6 +6,7 @@
 
 #include <cmath>
 #include <cstdio>
+#include <tuple>
 
 #include "chart/CalcolaTema.h"
 #include "chart/Case.h"
@@ -47,11 +48,9 @@ TEST(CalcolaTema, OgniCorpoHaCasaECoordinate) {
     for (const auto& v : CorpiInOrdine) {
         const Posizione& q = p.*v.campo;
         SCOPED_TRACE(v.nome);
-        EXPECT_GE(q.Lo, 0);
-        EXPECT_LT(q.Lo, 360);
+        EXPECT_TRUE(q.Lo >= 0 && q.Lo < 360) << q.Lo;
         EXPECT_EQ(q.Ca, CasaDi(q.Lo, c));
-        EXPECT_GE(q.Ca, 1);
-        EXPECT_LE(q.Ca, 12);
+        EXPECT_TRUE(q.Ca >= 1 && q.Ca <= 12) << q.Ca;
         // Right ascension and declination belong to the longitude and latitude.
         double ar, de;
         EclitticaEquatore(Radianti(q.Lo), Radianti(q.LaEc), e, ar, de);
@@ -61,10 +60,8 @@ TEST(CalcolaTema, OgniCorpoHaCasaECoordinate) {
         AscensioneObliqua(aob, q.AR, q.De, Radianti(t.Lat));
         EXPECT_EQ(aob, q.AOb);
     }
-    EXPECT_EQ(p.Sole.LaEc, 0.0);
-    EXPECT_EQ(p.NodoLuna.LaEc, 0.0);
-    EXPECT_EQ(p.Sole.Mv, 0);
-    EXPECT_EQ(p.Luna.Mv, 0);
+    EXPECT_EQ(std::make_tuple(p.Sole.LaEc, p.NodoLuna.LaEc, p.Sole.Mv, p.Luna.Mv),
+              std::make_tuple(0.0, 0.0, 0, 0));
     EXPECT_EQ(p.Plutone.LNd, 0.0);
     EXPECT_NE(p.Marte.LNd, 0.0);
     EXPECT_EQ(p.LilithMedia.Ca, CasaDi(p.LilithMedia.Lo, c));
@@ -118,8 +115,7 @@ TEST(CalcolaTema, LunaGeocentricaOTopocentrica) {
     CastaTema(t, c, topo, 0, m);
     // The parallax moves the Moon by up to about a degree; the Sun does not move.
     double d = Scarto(geo.Luna.Lo, topo.Luna.Lo);
-    EXPECT_GT(d, 0.01);
-    EXPECT_LT(d, 1.1);
+    EXPECT_TRUE(d > 0.01 && d < 1.1) << d;
     EXPECT_NE(geo.Luna.LaEc, topo.Luna.LaEc);
     EXPECT_NE(geo.Luna.De, topo.Luna.De);
     EXPECT_EQ(geo.Sole.Lo, topo.Sole.Lo);

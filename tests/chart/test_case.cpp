@@ -150,21 +150,21 @@ TEST(Case, CasaDiAlleCuspidi) {
     // A longitude on a cusp is in the house that begins there.
     for (int i = 1; i <= 12; ++i)
         EXPECT_EQ(CasaDi(cuspidi[i], c), i) << i;
-    EXPECT_EQ(CasaDi(215, c), 1);
-    EXPECT_EQ(CasaDi(169.999, c), 11);
-    EXPECT_EQ(CasaDi(199.999, c), 12);
     // House 6 begins at the greatest cusp and wraps through 0°.
-    EXPECT_EQ(CasaDi(359.9, c), 6);
-    EXPECT_EQ(CasaDi(0, c), 6);
-    EXPECT_EQ(CasaDi(19.99, c), 6);
-    EXPECT_EQ(CasaDi(20, c), 7);
+    for (auto [lo, casa] : {std::pair{215.0, 1},
+                            {169.999, 11},
+                            {199.999, 12},
+                            {359.9, 6},
+                            {0.0, 6},
+                            {19.99, 6},
+                            {20.0, 7}})
+        EXPECT_EQ(CasaDi(lo, c), casa) << lo;
     // With the Ascendant at 0° the wrap falls on cusp 12.
     const double altre[] = {0, 0, 30, 60, 90, 120, 150, 180, 210, 240, 270, 300, 330};
     for (int i = 1; i <= 12; ++i)
         c[i].Lo = altre[i];
-    EXPECT_EQ(CasaDi(0, c), 1);
-    EXPECT_EQ(CasaDi(345, c), 12);
-    EXPECT_EQ(CasaDi(329.9, c), 11);
+    for (auto [lo, casa] : {std::pair{0.0, 1}, {345.0, 12}, {329.9, 11}})
+        EXPECT_EQ(CasaDi(lo, c), casa) << lo;
 }
 
 TEST(Case, AscensioneObliquaEConversioni) {
