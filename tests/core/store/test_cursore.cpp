@@ -12,14 +12,7 @@
 namespace vesmo {
 namespace {
 
-int NumeroErrore(auto&& f) {
-    try {
-        f();
-    } catch (const ErroreDB& e) {
-        return e.Numero();
-    }
-    return 0;
-}
+using test::NumeroErrore;
 
 // A dated list table shaped like the zone lists: code, year, month, day, value.
 class Liste : public ::testing::Test {

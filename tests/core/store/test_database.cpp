@@ -13,16 +13,8 @@
 namespace vesmo {
 namespace {
 
+using test::NumeroErrore;
 namespace fs = std::filesystem;
-
-int NumeroErrore(auto&& f) {
-    try {
-        f();
-    } catch (const ErroreDB& e) {
-        return e.Numero();
-    }
-    return 0;
-}
 
 std::string Contenuto(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
