@@ -61,35 +61,28 @@ SuperficieRegistrata Componi(const Posizioni& p, const OpzioniPagina& o = Opzion
 
 TEST(PaginaStampa, QualitaEContatoriDiUnTemaNoto) {
     auto sup = Componi(PosizioniDiProva(Dignitosi, CuspidiComuni));
-    // Signs: Leone, Toro, Vergine, Pesci, Ariete, Cancro, Bilancia, Acquario, Vergine, Scorpione,
-    // Ariete, Bilancia, and Ariete, Capricorno for Asc and MC.
-    const char* quadruplicita[15] = {
-        "",      "Fisso",  "Fisso", "Mobile",    "Mobile",    "Cardinale", "Cardinale", "Cardinale",
-        "Fisso", "Mobile", "Fisso", "Cardinale", "Cardinale", "Cardinale", "Cardinale"};
-    const char* elementi[15] = {"",      "Fuoco", "Terra", "Terra", "Acqua",
-                                "Fuoco", "Acqua", "Aria",  "Aria",  "Terra",
-                                "Acqua", "Fuoco", "Aria",  "Fuoco", "Terra"};
-    const char* dignita[11] = {"",
-                               "Domicilio",
-                               "Esaltazione",
-                               "Dom D + Esa",
-                               "Esaltazione",
-                               "Domicilio N",
-                               "Esaltazione",
-                               "Esaltazione",
-                               "Domicilio",
-                               "Esilio",
-                               "Domicilio N"};
+    // Quadruplicity, element and dignity of rows 1..14 (Asc and MC last, in Ariete and
+    // Capricorno); node and Black Moon have no dignity, though the node stands in Ariete.
+    const std::vector<std::vector<std::string>> righe{
+        {"Fisso", "Fuoco", "Domicilio"},       // Leone
+        {"Fisso", "Terra", "Esaltazione"},     // Toro
+        {"Mobile", "Terra", "Dom D + Esa"},    // Vergine
+        {"Mobile", "Acqua", "Esaltazione"},    // Pesci
+        {"Cardinale", "Fuoco", "Domicilio N"}, // Ariete
+        {"Cardinale", "Acqua", "Esaltazione"}, // Cancro
+        {"Cardinale", "Aria", "Esaltazione"},  // Bilancia
+        {"Fisso", "Aria", "Domicilio"},        // Acquario
+        {"Mobile", "Terra", "Esilio"},         // Vergine
+        {"Fisso", "Acqua", "Domicilio N"},     // Scorpione
+        {"Cardinale", "Fuoco", ""},            // Ariete
+        {"Cardinale", "Aria", ""},             // Bilancia
+        {"Cardinale", "Fuoco"},
+        {"Cardinale", "Terra"}};
     for (int i = 1; i <= 14; ++i) {
-        EXPECT_EQ(Cella(sup, i, 1700), quadruplicita[i]) << "riga " << i;
-        EXPECT_EQ(Cella(sup, i, 2600), elementi[i]) << "riga " << i;
-        if (i <= 10) {
-            EXPECT_EQ(Cella(sup, i, 3250), dignita[i]) << "riga " << i;
-        }
+        std::vector<std::string> letti{Cella(sup, i, 1700), Cella(sup, i, 2600)};
+        if (i <= 12) letti.push_back(Cella(sup, i, 3250));
+        EXPECT_EQ(letti, righe[static_cast<std::size_t>(i - 1)]) << "riga " << i;
     }
-    // Node and Black Moon have no dignity, though the node stands in Ariete.
-    EXPECT_EQ(Cella(sup, 11, 3250), "");
-    EXPECT_EQ(Cella(sup, 12, 3250), "");
 
     // Fourteen rows in each group; Mercury in Vergine counts once, under "Domicilio ".
     const char* conti[11] = {"Cardinali 7", "Fissi 4",       "Mobili 3", "Fuoco 4",
@@ -374,11 +367,10 @@ TEST(PaginaStampa, TemaVuoto) {
     auto sup = Componi(Posizioni(), Opzioni(), Tema());
     EXPECT_EQ(Cella(sup, 12, 350), "00°00'00''");
     EXPECT_EQ(Cella(sup, 13, 350), "00°00'");
-    EXPECT_EQ(Cella(sup, 1, 4550), "Cardinali 14");
-    EXPECT_EQ(Cella(sup, 4, 4550), "Fuoco 14");
     // Ariete: the Sun exalted, Venus exiled by day, Mars at home by night, Saturn fallen.
-    EXPECT_EQ(Cella(sup, 8, 4550), "Domicilio 1");
-    EXPECT_EQ(Cella(sup, 9, 4550), "Esilio 1");
-    EXPECT_EQ(Cella(sup, 10, 4550), "Esaltazione 1");
-    EXPECT_EQ(Cella(sup, 11, 4550), "Caduta 1");
+    const std::map<int, std::string> conti{{1, "Cardinali 14"},   {4, "Fuoco 14"},
+                                           {8, "Domicilio 1"},    {9, "Esilio 1"},
+                                           {10, "Esaltazione 1"}, {11, "Caduta 1"}};
+    for (const auto& [riga, testo] : conti)
+        EXPECT_EQ(Cella(sup, riga, 4550), testo) << riga;
 }
