@@ -1,5 +1,4 @@
-// Starting Astrolog through a recording starter (the retry with shortened names, the missing
-// program), and the chart-info file compared line by line with the reference.
+// Starting Astrolog through a recording starter, and the chart-info file against the reference.
 #include <gtest/gtest.h>
 
 #include <fstream>

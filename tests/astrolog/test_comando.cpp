@@ -1,5 +1,4 @@
-// The Astrolog command line: the eleven pieces and their number forms, the zodiac and house
-// lists, the twin of the chart half, and the switches as the program receives them.
+// The Astrolog command line: its pieces and their number forms, and the switches as received.
 #include <gtest/gtest.h>
 
 #include "astrolog/Astrolog.h"

@@ -1,7 +1,5 @@
-// The calculators' arithmetic: the boxes' numbers, Julian days both ways with the day carry and
-// the local mean time, the sums, the Delta T text, the equation of time and the two coordinate
-// conversions (worked examples of Meeus, Astronomical Algorithms), and the five notations of an
-// angle with their rounding.
+// The calculators' arithmetic: boxes, Julian days both ways, sums, Delta T text, equation of time
+// and coordinate conversions (Meeus' examples), and the five notations of an angle.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,5 +1,4 @@
-// vesmo-cli deltat, eqt, eclequ and formati: the answers as the forms write them, the boxes'
-// names as JSON keys, and the refusals of bad values.
+// vesmo-cli deltat, eqt, eclequ and formati: answers, JSON keys and refusals.
 #include <gtest/gtest.h>
 
 #include <sstream>

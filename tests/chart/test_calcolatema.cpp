@@ -1,5 +1,4 @@
-// Casting a whole chart: every body gets its house, motion flag and equatorial coordinates;
-// the Moon follows LunaGeo; the selector fills only what it names.
+// Casting a whole chart: houses, motion flags and coordinates of every body, LunaGeo, selector.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>

@@ -1,5 +1,4 @@
-// Placidus houses: the semi-arc iteration against an independent ephemeris, the equator, the
-// extreme latitudes, and the house of a longitude at its cusps.
+// Placidus houses against an independent ephemeris, at the equator and at extreme latitudes.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>

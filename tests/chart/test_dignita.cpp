@@ -1,5 +1,4 @@
-// Dignities: modalities, elements, the dignity boxes with their qualifiers, day or night, and
-// the rulers of the Ascendant.
+// Dignities: modalities, elements, qualified dignities by day or night, the Ascendant's rulers.
 #include <gtest/gtest.h>
 
 #include <tuple>

@@ -1,5 +1,4 @@
-// Calendar and angle arithmetic: Julian days, sexagesimal triples, normalised angles, inverse
-// trigonometry, ecliptic to equatorial, and the coordinate texts the user reads.
+// Calendar and angle arithmetic, and the coordinate texts the user reads.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,6 +1,5 @@
-// Where the settings and the database live: the build tree keeps everything beside the program;
-// an installed program (its database delivered in <prefix>/share/vesmo) uses the user's folders
-// by the freedesktop rule and works on a copy of the delivered database that it never overwrites.
+// Where settings and database live: beside the program in the build tree, else the user's
+// freedesktop folders with a copy of the delivered database that is never overwritten.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

@@ -1,5 +1,4 @@
-// The settings record Vesmodat.ini: its 325 bytes, the name tests, the derived paths, the
-// start-up presets, and what happens with missing, empty, short and unwritable files.
+// The settings record Vesmodat.ini: its 325 bytes, its names and paths, and files gone wrong.
 #include <gtest/gtest.h>
 
 #include <filesystem>

@@ -1,5 +1,4 @@
-// Delta T (its table, the interpolation by year, the formula outside the table) and the four
-// lines that describe a chart in the chart menu.
+// Delta T in and out of its table, and the four lines that describe a chart in the chart menu.
 #include <gtest/gtest.h>
 
 #include <string>

@@ -1,6 +1,5 @@
-// The two Black Moons and the mean node: the linear mean apogee, the apogee search, the
-// interpolation between two apogees (also across 0 degrees), the retries with their change of
-// tolerance, and the two error boxes the user sees when the apogees cannot be found.
+// The two Black Moons: the mean apogee, the apogee search and interpolation, the retries, and
+// the error boxes when the apogees cannot be found.
 #include <gtest/gtest.h>
 
 #include <cmath>

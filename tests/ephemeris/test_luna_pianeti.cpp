@@ -1,5 +1,4 @@
-// The Moon, the topocentric correction, the planets and Pluto: Meeus' worked examples, the
-// numbers that pin the perturbation series, and the geometry of the reduction to the Earth.
+// The Moon, its topocentric correction, the planets and Pluto: Meeus' examples and the series.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,5 +1,4 @@
-// Sun, nutation, obliquity, sidereal time and Kepler's equation: Meeus' worked examples and the
-// values of the polynomials at T = 0, where a transcribed constant shows by itself.
+// Sun, nutation, sidereal time and Kepler's equation: Meeus' examples and the polynomials at T = 0.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,6 +1,4 @@
-// The ascensional wheels on the recording surface: the cusps at 15 degrees an hour of right or
-// oblique ascension on the circle 3250, the bodies there with rings 7 and 353 apart, a polar
-// chart's cusps without an ascension left out, and the outer chart turned by the solar arc.
+// The ascensional wheels: cusps and bodies at their ascensions, polar cusps, the solar arc.
 #include <gtest/gtest.h>
 
 #include <cmath>

@@ -1,6 +1,4 @@
-// The double wheel, the double zodiac and the preview wheel on the recording surface: outer
-// bodies and cusps, the rings inside and outside, the Comparati filters and the lines of the
-// three kinds.
+// The double wheel, the double zodiac and the preview wheel: rings, filters and lines.
 #include <gtest/gtest.h>
 
 #include "Disegno.h"

@@ -1,6 +1,4 @@
-// Every glyph of every wheel between the circles of its ring: each wheel drawn on the recording
-// surface at two sizes and at rotations all round, and the box of each glyph's strokes (pen
-// included), or of each sign symbol's text, checked against the circles on either side of it.
+// Every glyph of every wheel, at two sizes and all rotations, stays between its ring's circles.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,5 +1,4 @@
-// The drawing surface's own rules (pen left behind, half-axes of ellipses, arcs through 0 and
-// their radii) and the glyphs drawn stroke by stroke with their pen widths.
+// The drawing surface's own rules and the glyphs drawn stroke by stroke with their pens.
 #include <gtest/gtest.h>
 
 #include <tuple>

@@ -1,7 +1,4 @@
-// The printed chart page on the recording surface: the table's rows (quadruplicity, element,
-// dignity, "R" and "-"), the counters and the Ascendant's rulers, the aspect heading and the
-// flowing list with the aspect switch on and off, the header's texts, the box of the Moon's mode,
-// the footer, and the black wheel. Longitudes are set by hand, so that the expected texts follow
+// The printed chart page, on charts of hand-set longitudes so that the expected texts follow
 // from the tables of dignities and signs.
 #include <gtest/gtest.h>
 

@@ -1,5 +1,4 @@
-// The relocation of a revolution: the steps and their refusals, the chart cast again at the
-// instant of the revolution on local mean time, and the mark of the place on the map.
+// The relocation of a revolution: steps, refusals, the chart cast again and the map's mark.
 #include <gtest/gtest.h>
 
 #include <cmath>

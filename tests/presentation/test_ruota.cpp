@@ -1,6 +1,4 @@
-// The single wheel on the recording surface: where the bodies' glyphs go when they crowd, the
-// cusps with the Ascendant's arrow, the Midheaven's circle and the house numbers, the sign ring,
-// the planetary nodes and the aspect lines with their colours.
+// The single wheel: crowded glyphs, cusps and arrow, houses, signs, nodes and aspect lines.
 #include <gtest/gtest.h>
 
 #include <set>

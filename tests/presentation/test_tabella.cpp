@@ -1,5 +1,4 @@
-// The positions table: heads, the texts of each kind of row, and the literal texts that stand in
-// cells without a value.
+// The positions table: heads, each kind of row, and the texts of cells without a value.
 #include <gtest/gtest.h>
 
 #include <tuple>

@@ -1,5 +1,4 @@
-// Secondary directions: by years, by date with and without the fraction, and by fraction of a
-// year before and after the birthday, with the marks in the name and the api warning.
+// Secondary directions by years, by date and by fraction of a year; marks and the api warning.
 #include <gtest/gtest.h>
 
 #include "core/Aritmetica.h"

@@ -1,5 +1,4 @@
-// The ingress search: the help's Mercury example, a target past 360, a station short of the
-// target, the node moving backwards, the survey table in its temporary file and the messages.
+// The ingress search: the help's example, stations, the node, the survey file and the messages.
 #include <gtest/gtest.h>
 
 #include <algorithm>

@@ -1,6 +1,4 @@
-// Revolutions: solar returns to the natal degree, lunar tropical returns (one or two in a
-// month), synodic phases, against published instants and against the chart cast at the
-// instant found; the name marks and the texts the form shows.
+// Revolutions against published instants and the chart cast at the instant; marks and texts.
 #include <gtest/gtest.h>
 
 #include <cmath>

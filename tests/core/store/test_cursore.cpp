@@ -1,5 +1,4 @@
-// The table cursor: seeks at the ends of an index and between codes, moves, bookmarks,
-// changes, and what one cursor sees of another's writes.
+// The table cursor: seeks, moves, bookmarks, changes, and what it sees of others' writes.
 #include "core/store/Cursore.h"
 #include "tests/core/store/Cartella.h"
 
