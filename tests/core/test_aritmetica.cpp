@@ -57,8 +57,7 @@ TEST(Calendario, GiorniGiulianiDiRiferimento) {
 }
 
 TEST(Calendario, RiformaGregorianaGiornoPerGiorno) {
-    // 4 and 15 October 1582 are consecutive days; the ten days between are not refused but fall
-    // in the Julian branch, so 5 October is the same day as 15 October.
+    // 4 and 15 October 1582 are consecutive; the ten days between fall in the Julian branch.
     EXPECT_EQ(GiornoGiuliano(1582, 10, 4), 2299159.5);
     EXPECT_EQ(GiornoGiuliano(1582, 10, 15), 2299160.5);
     for (int d = 5; d <= 14; ++d)
@@ -73,8 +72,7 @@ TEST(Calendario, RiformaGregorianaGiornoPerGiorno) {
 }
 
 TEST(Calendario, OgniGiornoDaMenoQuattromilaAQuattromila) {
-    // Walk every day from -4712 to about 2400 (and beyond): each Julian day gives a date that
-    // gives it back, and each date follows the previous one by exactly one calendar day.
+    // Every day from -4712 to 2406: its date gives it back and follows the previous by one day.
     float pa = 0, pm = 0, pg = 0;
     int errori = 0;
     for (double jd = 0.5; jd < 2600000.5 && errori < 5; jd += 1) {

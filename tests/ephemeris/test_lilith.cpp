@@ -137,8 +137,7 @@ TEST(LilithVera, DopoCinquePassiLaTolleranzaSaleA005Giorni) {
     EXPECT_DOUBLE_EQ(lat, b * 0.104);
 }
 
-// Apogees all after the instant, or all before it: ten rounds, a box, the out-arguments left
-// as they came in.
+// Apogees all after or all before the instant: ten rounds, a box, the outputs left untouched.
 TEST(LilithVera, ApogeiTuttiDaUnaParteErrore) {
     struct Caso {
         double dopo, prima;

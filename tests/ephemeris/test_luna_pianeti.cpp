@@ -44,8 +44,7 @@ Topo Topocentrica(double day, double tu, double lonOre, double latGradi) {
 } // namespace
 
 TEST(LunaTopocentrica, LatitudineSudCambiaIlSegnoDellaCorrezione) {
-    // Same instant, same meridian: the observer north pushes the Moon south, the observer south
-    // pushes it north.
+    // Same instant and meridian: an observer north pushes the Moon south, one south north.
     double day = 2446895.5, tu = 3, lon = 0;
     Topo nord = Topocentrica(day, tu, lon, 45);
     Topo sud = Topocentrica(day, tu, lon, -45);

@@ -11,8 +11,7 @@
 
 namespace vesmo::prova {
 
-// Figures are placed by exact arithmetic: a coordinate is off by rounding only, a point on a
-// circle by the rounding of its square root.
+// Figures are placed exactly: off by rounding only, a point on a circle by its square root's.
 constexpr double TolleranzaTwips = 1e-9;
 constexpr double TolleranzaCerchioTwips = 1e-6;
 

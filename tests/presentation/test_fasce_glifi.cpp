@@ -84,8 +84,7 @@ std::vector<Scatola> ScatoleDeiGlifi(const SuperficieRegistrata& sup) {
     return r;
 }
 
-// A wheel's circles around its centre: each glyph belongs to the band where its box's centre
-// lies, and the whole box must stay inside that band.
+// A wheel's circles: each glyph's box stays inside the band where the box's centre lies.
 struct Ruota {
     double cx, cy;
     std::vector<double> cerchi;
@@ -114,8 +113,7 @@ void ControllaFasce(const SuperficieRegistrata& sup, const Ruota& ruota, std::si
     }
 }
 
-// Bodies spread round the zodiac, with Sole and Luna 5 degrees apart (rings 1 and 2), their
-// ascensions near their longitudes and the planets' nodes between them.
+// Bodies spread round, Sole and Luna 5 degrees apart (rings 1 and 2), nodes between them.
 Posizioni Carta() {
     const std::array<double, 12> lon{50, 55, 100, 140, 170, 200, 230, 262, 290, 320, 350, 20};
     Posizioni p = PosizioniDiProva(lon, CuspidiComuni);

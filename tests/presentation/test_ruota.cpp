@@ -26,8 +26,7 @@ Disegnata Disegna(const Posizioni& p, const OpzioniRuota& o = {}) {
     return d;
 }
 
-// Whether body `corpo` (1..12) has its glyph on ring `anello` at longitude L, in its colour: a
-// box of 350 centred on the ring's circle at the body's longitude.
+// Whether body `corpo` (1..12) has its glyph of 350 centred on ring `anello` at longitude L.
 bool GlifoSulRing(const Disegnata& d, int corpo, int anello, double L, int colore,
                   double angolo = 0) {
     double r = R2 - anello * 350;
@@ -157,8 +156,7 @@ TEST(RuotaSingola, NumeriDelleCase) {
     EXPECT_EQ(DelTipo(d.sup.figure, Figura::Testo).size(), 12u);
 }
 
-// The disc in the button face, the two bevelled circles (40 arcs each, then a white circle), and
-// with the reduced colours the outer bevel left out.
+// The disc, the two bevels (40 arcs and a white circle each); reduced colours drop the outer one.
 TEST(RuotaSingola, FondoAnelloEBiselli) {
     auto conta = [](const std::vector<Figura>& f, double r) {
         int archi = 0, cerchi = 0;

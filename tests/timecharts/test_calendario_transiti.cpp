@@ -297,8 +297,7 @@ TEST(CalendarioTransiti, TrePassaggiDiUnaStazione) {
     EXPECT_DOUBLE_EQ(transiti[0].jdUscita, transiti[1].jdUscita);
 }
 
-// A period of one day with every body: the hits are those of a scan minute by minute of the
-// program's own longitudes, no more and no fewer.
+// One day with every body: exactly the hits of a minute-by-minute scan of the own longitudes.
 TEST(CalendarioTransiti, UnGiornoComeUnaScansioneAlMinuto) {
     const Posizioni natale = PosizioniNatali();
     RichiestaTransiti r;

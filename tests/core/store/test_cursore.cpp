@@ -133,8 +133,7 @@ TEST_F(Liste, SeekRefusesWhatItCannotDo) {
 }
 
 TEST_F(Liste, WalksTheIndexOrderBothWaysAcrossManyRows) {
-    // Enough rows for several read-ahead windows, with ties on the first key and on the whole
-    // key (these follow the order of insertion).
+    // Several read-ahead windows, with ties on the first key and on the whole key (in order added).
     std::vector<std::tuple<int, int, int, int>> attese; // code, year, month, order added
     db.IniziaTransazione();
     for (int i = 0; i < 150; ++i) {
