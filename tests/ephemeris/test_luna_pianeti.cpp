@@ -43,7 +43,7 @@ Topo Topocentrica(double day, double tu, double lonOre, double latGradi) {
 
 } // namespace
 
-TEST(LunaTopocentrica, LatitudineSudCambiaIlSegnoDellaCorrezione) {
+TEST(LunaTopocentrica, SegnoDellaCorrezioneEParallassiPiccole) {
     // Same instant and meridian: an observer north pushes the Moon south, one south north.
     double day = 2446895.5, tu = 3, lon = 0;
     Topo nord = Topocentrica(day, tu, lon, 45);
@@ -52,12 +52,9 @@ TEST(LunaTopocentrica, LatitudineSudCambiaIlSegnoDellaCorrezione) {
     // At the equator the latitude shift is only the Moon's own declination effect: smaller.
     Topo equatore = Topocentrica(day, tu, lon, 0);
     EXPECT_LT(std::fabs(equatore.dLat), std::fabs(nord.dLat) + std::fabs(sud.dLat));
-}
-
-TEST(LunaTopocentrica, SoleEDistanzaDanParallassiPiccole) {
     // 8.794 means the Sun's parallax in seconds of arc; 0 derives it from the distance. Both
     // move a body by a few seconds at most.
-    double day = 2446895.5, tu = 12;
+    tu = 12;
     double lt, bt;
     LunaTopocentrica(day, tu, 0, 45, 20, 0, 1, 8.794, lt, bt);
     EXPECT_LT(std::fabs(Scarto(lt, 20)) * 3600, 10);
@@ -138,7 +135,7 @@ TEST(Pianeti, OpposizioneECongiunzione) {
     EXPECT_NEAR(g.dist, 1.5 + R, 1e-12);
 }
 
-TEST(Plutone, VicinoATZero) {
+TEST(Plutone, VicinoATZeroENonNormalizzata) {
     // At T = 0 the arguments stand at their constants; the leading rows in P (sine and cosine
     // coefficients in this order) give nearly all of the sums.
     PosEliocentrica p;
@@ -158,17 +155,14 @@ TEST(Plutone, VicinoATZero) {
     EXPECT_NEAR(Gradi(p.lat),
                 -3.909434 + righe(-5.323113, -15.024245, 3.497557, 1.73457, -1.059559, 0.299464),
                 0.35);
-}
-
-TEST(Plutone, LongitudineNonNormalizzata) {
     // In 2100 (T = 2) the longitude has passed 360 without being reduced; the geocentric
     // reduction brings it back.
-    PosEliocentrica p;
-    Plutone(2488070.0, p);
-    EXPECT_GT(p.lon, 360);
+    PosEliocentrica q;
+    Plutone(2488070.0, q);
+    EXPECT_GT(q.lon, 360);
     PosGeocentrica g;
     double elong;
-    PianetaGeocentrico(2488070.0, NumPlutone, 1, p, g, elong);
+    PianetaGeocentrico(2488070.0, NumPlutone, 1, q, g, elong);
     EXPECT_TRUE(g.lon >= 0 && g.lon < 360) << g.lon;
-    EXPECT_NEAR(Scarto(g.lon, p.lon), 0, 2.5); // seen from 1 AU at 40 AU
+    EXPECT_NEAR(Scarto(g.lon, q.lon), 0, 2.5); // seen from 1 AU at 40 AU
 }
