@@ -299,7 +299,7 @@ TEST(Trigonometria, DistanzaAngolare) {
     EXPECT_EQ(DistanzaAngolare(2.0, 0.3, 2.0, 0.3), 0.0);
 }
 
-TEST(TestiCoordinate, TestoCoordinata) {
+TEST(TestiCoordinate, ScritteELette) {
     const double padovaLon = -(11 + 53.0 / 60) / 15; // hours, east negative
     EXPECT_EQ(TestoCoordinata(padovaLon, 1, 0, false), "11E53");
     EXPECT_EQ(TestoCoordinata(padovaLon, 1, 0, true), "11E53 0,0");
@@ -310,17 +310,11 @@ TEST(TestiCoordinate, TestoCoordinata) {
     // Seconds a hair below 60 carry into the minutes and the degrees.
     EXPECT_EQ(TestoCoordinata(10 + 59.0 / 60 + 59.9995 / 3600, 0, 1, true), "11N00 0,0");
     EXPECT_EQ(TestoCoordinata(12 + 20.0 / 60 + 15.25 / 3600, 0, 0, true), "12W20 15,3");
-}
-
-TEST(TestiCoordinate, TestoCoordSF) {
     EXPECT_EQ(TestoCoordSF(-12.5 / 15, 45 + 26.0 / 60), "012E30 45N26");
     EXPECT_EQ(TestoCoordSF(74.0 / 15, -(3 + 5.0 / 60 + 31.0 / 3600)), "074W00 03S06");
     // Up to 30 seconds do not round the minutes up; above 30 they do.
     EXPECT_EQ(TestoCoordSF((5 + 10.0 / 60 + 29.9 / 3600) / 15, 1), "005W10 01N00");
     EXPECT_EQ(TestoCoordSF((5 + 10.0 / 60 + 30.1 / 3600) / 15, 1), "005W11 01N00");
-}
-
-TEST(TestiCoordinate, LonELatDaTesto) {
     EXPECT_DOUBLE_EQ(LonDaTesto("11E53", 0), -GradiDecimali(11, 53, 0) / 15);
     EXPECT_DOUBLE_EQ(LonDaTesto("11e53", 0), -GradiDecimali(11, 53, 0) / 15);
     EXPECT_DOUBLE_EQ(LonDaTesto("11E53'30", 0), -GradiDecimali(11, 53, 30) / 15);
