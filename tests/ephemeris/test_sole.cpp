@@ -11,16 +11,13 @@ using namespace vesmo;
 using vesmo::test::Esempio;
 using vesmo::test::Scarto;
 
-TEST(Sole, EsempioMeeus1978SoleVeroERaggio) {
+TEST(Sole, SoleVeroERaggioEApparente) {
     double lon, r, ar, de;
     PosizioneSole(Esempio("sole_1978_jd"), 0, lon, r, ar, de);
     // The book's longitude leaves out the small perturbations of the Sun (0.0012 degrees that
     // day); the radius vector keeps them.
     EXPECT_NEAR(Scarto(lon, Esempio("sole_1978_longitudine")), 0, 0.002);
     EXPECT_NEAR(r, Esempio("sole_1978_raggio"), 0.00001);
-}
-
-TEST(Sole, ApparenteSpostaLongitudineDiAberrazioneENutazione) {
     // With the flag the longitude moves by -0.00569 - 0.00479 sin(Omega), and the equator is
     // the true one: the right ascension follows the longitude.
     double jd = 2451545.0;

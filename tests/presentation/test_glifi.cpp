@@ -21,7 +21,7 @@ TEST(Superficie, PennaLasciataDoveFinisceLaFigura) {
     EXPECT_EQ(sup.PennaY(), 2000);
 }
 
-TEST(Superficie, EllissiArchiERaggi) {
+TEST(Superficie, EllissiArchiRaggiEPalette) {
     SuperficieRegistrata sup;
     // The radius is the longer half-axis: horizontal below aspect 1, vertical above.
     sup.Cerchio(0, 0, 100, Nero, 0.5);
@@ -37,10 +37,7 @@ TEST(Superficie, EllissiArchiERaggi) {
     EXPECT_TRUE(sup.figure[3].raggioInizio && !sup.figure[3].raggioFine);
     EXPECT_NEAR(sup.figure[3].inizio, Radianti(72), 1e-12);
     EXPECT_NEAR(sup.figure[3].ampiezza, Radianti(0.0057), 1e-12);
-}
-
-// The sixteen colours of the classic 4-bit palette.
-TEST(Superficie, Palette) {
+    // The sixteen colours of the classic 4-bit palette.
     const std::pair<int, Colore> colori[] = {
         {0, {0, 0, 0}},       {1, {0, 0, 128}},     {4, {128, 0, 0}},  {5, {128, 0, 128}},
         {8, {128, 128, 128}}, {9, {0, 0, 255}},     {12, {255, 0, 0}}, {13, {255, 0, 255}},
@@ -49,7 +46,7 @@ TEST(Superficie, Palette) {
         EXPECT_EQ(ColorePalette(i), c) << i;
 }
 
-TEST(Glifi, SegnoConPenna2LasciataAlChiamante) {
+TEST(Glifi, PenneDelSegnoEDelSole) {
     SuperficieRegistrata sup;
     DisegnaGlifo(sup, GlifoSegno(0), 500, 1000, 2000, Rosso);
     EXPECT_EQ(sup.SpessorePenna(), 2);
@@ -67,9 +64,6 @@ TEST(Glifi, SegnoConPenna2LasciataAlChiamante) {
     // A body glyph drawn at once inherits the width.
     DisegnaGlifo(sup, GlifoCorpo(RuotaMarte), 350, 0, 0, Rosso);
     EXPECT_EQ(sup.figure.back().spessore, 2);
-}
-
-TEST(Glifi, PuntoDelSoleConPenna3) {
     auto f = FigureDelGlifo(GlifoCorpo(RuotaSole), 350, 700, 1400, ColorePalette(1), 1);
     ASSERT_EQ(f.size(), 2u);
     EXPECT_EQ(std::make_tuple(f[0].tipo, f[0].spessore, f[0].x1, f[0].y1),

@@ -32,7 +32,7 @@ Calcolato Casta(double lat) {
 
 } // namespace
 
-TEST(TabellaPosizioni, Testate) {
+TEST(TabellaPosizioni, TestateERighe) {
     Calcolato k = Casta(45.4);
     TabellaPosizioni t = RiempiTabella(k.c, k.p);
     const std::tuple<std::size_t, std::size_t, const char*> testate[] = {
@@ -40,11 +40,6 @@ TEST(TabellaPosizioni, Testate) {
         {4, 0, "FC"},     {7, 0, "Disce."},           {13, 0, "Sole"},         {25, 0, "Lil.Vera"}};
     for (const auto& [riga, colonna, testo] : testate)
         EXPECT_EQ(t.celle[riga][colonna], testo) << riga << " " << colonna;
-}
-
-TEST(TabellaPosizioni, RigheDiCuspidiECorpi) {
-    Calcolato k = Casta(45.4);
-    TabellaPosizioni t = RiempiTabella(k.c, k.p);
     // Cusps: no motion, no house, no right ascension in decimals.
     for (int i = 1; i <= 12; ++i) {
         EXPECT_EQ(t.celle[static_cast<std::size_t>(i)][3], "***");
