@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
@@ -43,9 +44,7 @@ TEST(Rilocazione, PassoZeroRifaIlTemaSulTempoMedioLocale) {
     EXPECT_EQ(Rilocazione(s, AsseRilocazione::EstOvest, 0, m), EsitoRilocazione::Rilocata);
     EXPECT_TRUE(m.registro.empty());
     const Tema& z = s.TemaZ;
-    EXPECT_DOUBLE_EQ(z.Lon, -0.7925);
-    EXPECT_DOUBLE_EQ(z.Fuso, z.Lon);
-    EXPECT_EQ(z.Estiva, 0);
+    EXPECT_EQ(std::make_tuple(z.Lon, z.Fuso, z.Estiva), std::make_tuple(-0.7925, -0.7925, 0.0));
     EXPECT_EQ(z.City.str(), "Jolly" + std::string(25, ' '));
     EXPECT_EQ(z.Stato.str(), "Jolly" + std::string(33, ' '));
     // Day is 0h of the revolution's date; the clock reads 19.2 h Greenwich plus 0.7925 h east.
