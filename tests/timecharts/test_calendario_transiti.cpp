@@ -113,13 +113,11 @@ std::vector<Passaggio> PassaggiSwe(int corpo, double bersaglio, double da, doubl
 
 TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
     const Posizioni natale = PosizioniNatali();
-    RichiestaTransiti r;
-    r.jdDa = GiornoGiuliano(2020, 1, 1);
-    r.jdA = GiornoGiuliano(2025, 12, 31);
-    r.corpi = {5, 6, 7, 8};
-    r.punti = PuntiNataliPredefiniti(natale, 1);
-    r.aspetti = {0, 1, 2, 3, 4};
-    r.orbita = 2.5;
+    const RichiestaTransiti r{.jdDa = GiornoGiuliano(2020, 1, 1),
+                              .jdA = GiornoGiuliano(2025, 12, 31),
+                              .corpi = {5, 6, 7, 8},
+                              .punti = PuntiNataliPredefiniti(natale, 1),
+                              .aspetti = {0, 1, 2, 3, 4}};
     const auto transiti = CercaTransiti(r);
     ASSERT_GT(transiti.size(), 100u);
     EXPECT_TRUE(std::is_sorted(transiti.begin(), transiti.end(),
@@ -242,13 +240,12 @@ TEST(CalendarioTransiti, TrePassaggiDiUnaStazione) {
     const double mezzo =
         Norma360(stazioni[1].second + Scarto(stazioni[0].second, stazioni[1].second) / 2, 1);
 
-    RichiestaTransiti r;
-    r.jdDa = da;
-    r.jdA = a;
-    r.corpi = {6};
-    r.punti = {{"Sole", mezzo}};
-    r.aspetti = {0};
-    r.orbita = 1;
+    RichiestaTransiti r{.jdDa = da,
+                        .jdA = a,
+                        .corpi = {6},
+                        .punti = {{"Sole", mezzo}},
+                        .aspetti = {0},
+                        .orbita = 1};
     auto transiti = CercaTransiti(r);
     ASSERT_EQ(transiti.size(), 3u);
     std::vector<double> lon;
@@ -434,15 +431,14 @@ TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
 // The topocentric Moon of the natal place: each hit exact in the chart cast with that Moon.
 TEST(CalendarioTransiti, LunaTopocentrica) {
     const Posizioni natale = PosizioniNatali();
-    RichiestaTransiti r;
-    r.jdDa = GiornoGiuliano(2026, 3, 1);
-    r.jdA = r.jdDa + 3;
-    r.corpi = {1};
-    r.punti = PuntiNataliPredefiniti(natale, 1);
-    r.aspetti = {0, 1, 2, 3, 4};
-    r.lunaGeo = 0;
-    r.lonLuogo = Natale().Lon;
-    r.latLuogo = Natale().Lat;
+    const RichiestaTransiti r{.jdDa = GiornoGiuliano(2026, 3, 1),
+                              .jdA = GiornoGiuliano(2026, 3, 4),
+                              .corpi = {1},
+                              .punti = PuntiNataliPredefiniti(natale, 1),
+                              .aspetti = {0, 1, 2, 3, 4},
+                              .lunaGeo = 0,
+                              .lonLuogo = Natale().Lon,
+                              .latLuogo = Natale().Lat};
     const auto transiti = CercaTransiti(r);
     ASSERT_GT(transiti.size(), 10u);
     double peggiore = 0, daGeocentrica = 0;
