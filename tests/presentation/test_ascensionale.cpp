@@ -90,9 +90,7 @@ bool HaCerchio(const SuperficieRegistrata& s, Colore c, double raggio, double r,
 } // namespace
 
 TEST(RuotaAscensionale, CuspidiInBluNotteAlleAscensioniRette) {
-    OpzioniAscensionale o;
-    o.ModoAscens = 1;
-    o.AngoloAscens = 20;
+    OpzioniAscensionale o{.ModoAscens = 1, .AngoloAscens = 20};
     SuperficieRegistrata s;
     DisegnaRuotaAscensionale(s, TemaDiProva(), Tema45(), o);
 
@@ -117,9 +115,7 @@ TEST(RuotaAscensionale, CuspidiInBluNotteAlleAscensioniRette) {
 }
 
 TEST(RuotaAscensionale, CorpiRossiConAnelliASetteGradi) {
-    OpzioniAscensionale o;
-    o.ModoAscens = 1;
-    o.AngoloAscens = 20;
+    OpzioniAscensionale o{.ModoAscens = 1, .AngoloAscens = 20};
     SuperficieRegistrata s;
     auto r = DisegnaRuotaAscensionale(s, TemaDiProva(), Tema45(), o);
 
@@ -155,8 +151,7 @@ TEST(RuotaAscensionale, CuspidiSenzaAscensioneTralasciate) {
     p.Asce.AOb = Indefinita;
     p.CasaII.AOb = Indefinita;
     p.Luna.AOb = Indefinita;
-    OpzioniAscensionale o;
-    o.ModoAscens = 1;
+    OpzioniAscensionale o{.ModoAscens = 1};
     SuperficieRegistrata s;
     auto r = DisegnaRuotaAscensionale(s, TemaDiProva(), p, o);
     EXPECT_EQ(Raggi(s, BluNotte, RZF, RA).size(), 11u);
@@ -179,8 +174,7 @@ TEST(RuotaAscensionale, CuspidiSenzaAscensioneTralasciate) {
 }
 
 TEST(RuotaAscensionale, AspettiGrigiTraIPuntiZodiacali) {
-    OpzioniAscensionale o;
-    o.DisegnaAspetti = true;
+    const OpzioniAscensionale o{.DisegnaAspetti = true};
     SuperficieRegistrata s;
     DisegnaRuotaAscensionale(s, TemaDiProva(), Tema45(), o);
     // Sole 50 and Venere 140 are square: a grey line on the zodiac's inner circle.
@@ -192,9 +186,7 @@ TEST(RuotaAscensionale, AspettiGrigiTraIPuntiZodiacali) {
 }
 
 TEST(DoppiaAscensionale, EsternoRossoScuroFuoriEGiratoDallArco) {
-    OpzioniAscensionale o;
-    o.ModoAscens = 1;
-    o.AngoloAscens = 20;
+    OpzioniAscensionale o{.ModoAscens = 1, .AngoloAscens = 20};
     o.Aspetti.ArcoSolare = 30;
     SuperficieRegistrata s;
     auto r = DisegnaDoppiaAscensionale(s, TemaDiProva(), Tema45(), TemaDiProva(), Tema45(), o);
