@@ -148,10 +148,8 @@ TEST(FasceDeiGlifi, RuotaSingolaEStampata) {
     for (const GeometriaRuota& g : {GeometriaRuota{}, piccola}) {
         for (double angolo : Rotazioni()) {
             SCOPED_TRACE(std::to_string(g.RaggioEsterno) + " a " + std::to_string(angolo));
-            OpzioniRuota o;
-            o.Geometria = g;
-            o.AngoloRuota = angolo;
-            o.NodiScelti = 1; // both nodes of Mercurio to Nettuno
+            // Both nodes of Mercurio to Nettuno.
+            const OpzioniRuota o{.AngoloRuota = angolo, .NodiScelti = 1, .Geometria = g};
             SuperficieRegistrata sup;
             DisegnaRuota(sup, TemaDiProva(), Carta(), o);
             // 12 signs, 12 bodies, 14 nodes.
@@ -170,9 +168,7 @@ TEST(FasceDeiGlifi, RuotaDoppiaConESenzaMappaEDoppioZodiaco) {
         for (double angolo : Rotazioni()) {
             SCOPED_TRACE(std::string(mappa ? "con mappa a " : "senza mappa a ") +
                          std::to_string(angolo));
-            OpzioniDoppia o;
-            o.MappaVisibile = mappa;
-            o.AngoloRuota = angolo;
+            const OpzioniDoppia o{.AngoloRuota = angolo, .MappaVisibile = mappa};
             SuperficieRegistrata sup;
             DisegnaDoppia(sup, TemaDiProva(), Carta(), TemaDiProva(), Carta(), o);
             // 12 sign symbols, 12 inner and 12 outer bodies.
@@ -200,10 +196,8 @@ TEST(FasceDeiGlifi, RuoteAscensionaliSingolaEDoppia) {
     for (int modo : {1, 2}) {
         for (double angolo : Rotazioni()) {
             SCOPED_TRACE(std::to_string(modo) + " a " + std::to_string(angolo));
-            OpzioniAscensionale o;
-            o.ModoAscens = modo;
-            o.AngoloRuota = angolo;
-            o.AngoloAscens = 360 - angolo;
+            const OpzioniAscensionale o{
+                .ModoAscens = modo, .AngoloRuota = angolo, .AngoloAscens = 360 - angolo};
             SuperficieRegistrata singola, doppia;
             DisegnaRuotaAscensionale(singola, TemaDiProva(), Carta(), o);
             // 12 sign symbols, 12 zodiacal and 12 ascensional bodies.
