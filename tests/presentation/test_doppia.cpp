@@ -78,10 +78,8 @@ TEST(RuotaDoppia, ComparatiSenzaCongiunzioniEConIFiltri) {
     Posizioni interno = PosizioniDiProva(Con(Sparsi, 1, 100.5), CuspidiComuni);
     Posizioni esterno =
         PosizioniDiProva(Con(Con(Sparsi, 5, 100), 6, 160), CuspidiComuni); // Marte, Giove
-    OpzioniDoppia o;
-    o.DisegnaAspettiCmp = true;
-    o.List1 = {false, true}; // Sole
-    o.List2 = {};            // Marte and Giove
+    // Sole against Marte and Giove.
+    OpzioniDoppia o{.DisegnaAspettiCmp = true, .List1 = {false, true}, .List2 = {}};
     o.List2[5] = o.List2[6] = true;
     SuperficieRegistrata s;
     DisegnaDoppia(s, TemaDiProva(), interno, TemaDiProva(), esterno, o);
@@ -118,12 +116,11 @@ TEST(RuotaDoppia, TransitoSenzaCaseEsterne) {
     Posizioni interno = PosizioniDiProva(Con(Sparsi, 1, 60), CuspidiComuni);
     std::array<double, 6> cuspidiEsterne{0, 30, 60, 300, 320, 340};
     Posizioni esterno = PosizioniDiProva(Sparsi, cuspidiEsterne);
-    OpzioniDoppia o;
-    o.Transito = true;
-    o.CaseEsterne = false;
-    o.DisegnaAspettiCmp = true;
-    o.List1 = {false, true};
-    o.List2 = {};
+    OpzioniDoppia o{.CaseEsterne = false,
+                    .Transito = true,
+                    .DisegnaAspettiCmp = true,
+                    .List1 = {false, true},
+                    .List2 = {}};
     o.List2[13] = o.List2[14] = true;
     SuperficieRegistrata s;
     DisegnaDoppia(s, TemaDiProva(), interno, TemaDiProva(), esterno, o);
@@ -226,10 +223,8 @@ TEST(DoppioZodiaco, Case1E7StesseLinee) {
     Posizioni interno = PosizioniDiProva(Sparsi, CuspidiComuni);
     Posizioni esterno =
         PosizioniDiProva(Sparsi, std::array<double, 6>{200, 230, 260, 110, 140, 170});
-    OpzioniDoppia o;
-    o.DisegnaAspettiCmp = true;
-    o.List1[0] = true;
-    o.List2[0] = true;
+    OpzioniDoppia o{.DisegnaAspettiCmp = true};
+    o.List1[0] = o.List2[0] = true;
     auto linee = [&](int casa, double& angolo) {
         SuperficieRegistrata s;
         angolo = DisegnaDoppioZodiaco(s, TemaDiProva(), interno, TemaDiProva(), esterno, o, casa)
@@ -255,10 +250,7 @@ TEST(DoppioZodiaco, QuadratureComparateInRosso) {
     // rotation stands 90 away from it.
     Posizioni interno = PosizioniDiProva(Con(Sparsi, 1, 60), CuspidiComuni);
     Posizioni esterno = PosizioniDiProva(Sparsi, CuspidiComuni);
-    OpzioniDoppia o;
-    o.DisegnaAspettiCmp = true;
-    o.List1 = {false, true};
-    o.List2 = {};
+    OpzioniDoppia o{.DisegnaAspettiCmp = true, .List1 = {false, true}, .List2 = {}};
     o.List2[5] = true;
     // Outer rotation for house 1: 350, the same as the inner one.
     auto trova = [&](double marte) {
