@@ -300,12 +300,11 @@ TEST(CalendarioTransiti, UnGiornoComeUnaScansioneAlMinuto) {
     RichiestaTransiti r;
     r.jdDa = GiornoGiuliano(2026, 3, 1) - 1.0 / 24;
     r.jdA = r.jdDa + 1;
+    r.punti = PuntiNataliPredefiniti(natale, 1);
     for (int c = 0; c < NumeroCorpiTransito; ++c)
         r.corpi.push_back(c);
-    r.punti = PuntiNataliPredefiniti(natale, 1);
     for (int k = 0; k < NumeroAspetti; ++k)
         r.aspetti.push_back(k);
-    r.orbita = 2.5;
     const auto transiti = CercaTransiti(r);
 
     std::vector<std::pair<double, int>> scansione; // time, body
@@ -343,12 +342,11 @@ TEST(CalendarioTransiti, UnGiornoComeUnaScansioneAlMinuto) {
 
 TEST(CalendarioTransiti, RichiesteSenzaRisultati) {
     const Posizioni natale = PosizioniNatali();
-    RichiestaTransiti r;
-    r.jdDa = GiornoGiuliano(2026, 1, 1);
-    r.jdA = r.jdDa + 365;
-    r.corpi = CorpiTransitoPredefiniti();
-    r.punti = PuntiNataliPredefiniti(natale, 1);
-    r.aspetti = {0, 1, 2, 3, 4};
+    const RichiestaTransiti r{.jdDa = GiornoGiuliano(2026, 1, 1),
+                              .jdA = GiornoGiuliano(2027, 1, 1),
+                              .corpi = CorpiTransitoPredefiniti(),
+                              .punti = PuntiNataliPredefiniti(natale, 1),
+                              .aspetti = {0, 1, 2, 3, 4}};
     struct Caso {
         const char* cosa;
         double da, a, orbita;
