@@ -1,5 +1,4 @@
-// The detached start of a program: a program that runs, one that is not there, and a command
-// line beyond the system's limits, which the bridge answers with the shortened retry.
+// The detached start of a program: one that runs, one missing, and a command line too long.
 #include <gtest/gtest.h>
 
 #include <QTemporaryDir>

@@ -1,5 +1,4 @@
-// Starting Astrolog through a recording starter (the retry with shortened names, the missing
-// program), and the chart-info file compared line by line with the reference.
+// Starting Astrolog through a recording starter, and the chart-info file against the reference.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -185,10 +184,8 @@ TEST(ChartInfo, FileDiEsempioRigaPerRiga) {
     const auto scritte = Righe(Contenuto(file));
     const auto attese =
         Righe(Contenuto(std::string(VESMO_DATI_TEST) + "/astrolog/Prova_Padova.dat"));
-    ASSERT_EQ(scritte.size(), 3u);
     ASSERT_EQ(attese.size(), 3u);
-    for (std::size_t i = 0; i < 3; ++i)
-        EXPECT_EQ(scritte[i], attese[i]) << "line " << i + 1;
+    EXPECT_EQ(scritte, attese);
 
     // A second save replaces the file; names go out in Latin-1.
     Tema t = Prova();
@@ -202,23 +199,23 @@ TEST(ChartInfo, FileDiEsempioRigaPerRiga) {
 
 TEST(ChartInfo, OraParolaEstivaEFuso) {
     struct Caso {
-        TestiInfo testi;
-        double fuso;
         const char* riga2;
+        double fuso;
+        TestiInfo testi;
     };
     const Caso casi[] = {
-        {{"15", "1", "1980", "12", "0", "0", "0"},
+        {"/qb Jan 15 1980 0:00pm ST -1:00:00  11E53 45N24 ",
          -1,
-         "/qb Jan 15 1980 0:00pm ST -1:00:00  11E53 45N24 "},
-        {{"1", "7", "2001", "0", "30", "1", "0"},
+         {"15", "1", "1980", "12", "0", "0", "0"}},
+        {"/qb Jul 1 2001 0:30am DT -1:00:00  11E53 45N24 ",
          -1,
-         "/qb Jul 1 2001 0:30am DT -1:00:00  11E53 45N24 "},
-        {{" 31 ", "12", " 1999 ", "23", "59", "0.5", "0"},
+         {"1", "7", "2001", "0", "30", "1", "0"}},
+        {"/qb Dec 31 1999 11:59pm  0:00:00  11E53 45N24 ",
          0,
-         "/qb Dec 31 1999 11:59pm  0:00:00  11E53 45N24 "},
-        {{"5", "3", "1850", "9", "7", "-1", "0"},
+         {" 31 ", "12", " 1999 ", "23", "59", "0.5", "0"}},
+        {"/qb Mar 5 1850 9:07am  -0:47:15  11E53 45N24 ",
          -GradiDecimali(0, 47, 15),
-         "/qb Mar 5 1850 9:07am  -0:47:15  11E53 45N24 "},
+         {"5", "3", "1850", "9", "7", "-1", "0"}},
     };
     for (const Caso& c : casi) {
         SCOPED_TRACE(c.riga2);

@@ -1,11 +1,11 @@
-// The calculators' arithmetic: the boxes' numbers, Julian days both ways with the day carry and
-// the local mean time, the sums, the Delta T text, the equation of time and the two coordinate
-// conversions (worked examples of Meeus, Astronomical Algorithms), and the five notations of an
-// angle with their rounding.
+// The calculators' arithmetic: boxes, Julian days both ways, sums, Delta T text, equation of time
+// and coordinate conversions (Meeus' examples), and the five notations of an angle.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <string>
+#include <tuple>
+#include <vector>
 
 #include "calculators/Calcolatrici.h"
 #include "core/Aritmetica.h"
@@ -39,42 +39,25 @@ TEST(NumeroDiCasella, VirgolaPuntoVuotoENonNumeri) {
     EXPECT_EQ(ValoreIniziale("-3,5 gradi"), -3.5);
 }
 
-namespace {
-
-CorniceJD Cornice(const char* g, const char* m, const char* a, const char* ore, const char* min,
-                  const char* sec, int estiva, const char* fuso, bool est) {
-    CorniceJD c;
-    c.Giorno = g;
-    c.Mese = m;
-    c.Anno = a;
-    c.Ore = ore;
-    c.Minuti = min;
-    c.Secondi = sec;
-    c.Estiva = estiva;
-    c.Fuso = fuso;
-    c.Est = est;
-    return c;
-}
-
-} // namespace
-
 TEST(GiorniGiuliani, DallaDataAlJD) {
     // J2000.0 is 2000 January 1.5 = JD 2451545.0; 1987 April 10 0h is JD 2446895.5 (Meeus 12.a).
-    EXPECT_DOUBLE_EQ(JDDellaCornice(Cornice("1", "1", "2000", "12", "0", "0", 0, "0", false), 0),
-                     2451545.0);
+    EXPECT_DOUBLE_EQ(
+        JDDellaCornice(CorniceJD{"1", "1", "2000", "12", "0", "0", 0, "0", false, ""}, 0),
+        2451545.0);
     // 19:30 of summer time (1 hour) in the zone one hour east: 17:30 TU.
-    EXPECT_NEAR(JDDellaCornice(Cornice("10", "4", "1987", "19", "30", "0", 1, "1", true), 0),
+    EXPECT_NEAR(JDDellaCornice(CorniceJD{"10", "4", "1987", "19", "30", "0", 1, "1", true, ""}, 0),
                 2446895.5 + 17.5 / 24, 1e-9);
     // The comma in the seconds is read.
-    EXPECT_NEAR(JDDellaCornice(Cornice("1", "1", "2000", "12", "0", "36,0", 0, "0", false), 0),
-                2451545.0 + 0.01 / 24, 1e-9);
+    EXPECT_NEAR(
+        JDDellaCornice(CorniceJD{"1", "1", "2000", "12", "0", "36,0", 0, "0", false, ""}, 0),
+        2451545.0 + 0.01 / 24, 1e-9);
     // 99 stands for the working chart's longitude: a local mean time.
-    CorniceJD lmt = Cornice("1", "1", "2000", "12", "0", "0", 0, "99", false);
+    CorniceJD lmt = CorniceJD{"1", "1", "2000", "12", "0", "0", 0, "99", false, ""};
     EXPECT_DOUBLE_EQ(FusoDellaCornice(lmt, -0.8), -0.8);
     lmt.Est = true;
     EXPECT_DOUBLE_EQ(FusoDellaCornice(lmt, -0.8), -0.8);
-    EXPECT_DOUBLE_EQ(FusoDellaCornice(Cornice("", "", "", "", "", "", 0, "3", true), 0), -3);
-    EXPECT_THROW(JDDellaCornice(Cornice("1", "x", "2000", "12", "0", "0", 0, "0", false), 0),
+    EXPECT_DOUBLE_EQ(FusoDellaCornice(CorniceJD{"", "", "", "", "", "", 0, "3", true, ""}, 0), -3);
+    EXPECT_THROW(JDDellaCornice(CorniceJD{"1", "x", "2000", "12", "0", "0", 0, "0", false, ""}, 0),
                  ErroreTipo);
 }
 
@@ -142,12 +125,9 @@ TEST(GiorniGiuliani, TemaCaricatoNuovoESomma) {
     Tema n = NuovoDallaCornice(c, t);
     EXPECT_EQ(n.Nome.Valore(), "Nuovo JD");
     EXPECT_EQ(n.City.Valore(), "City di Nuovo");
-    EXPECT_EQ(n.Lon, t.Lon);
-    EXPECT_EQ(n.Lat, t.Lat);
-    EXPECT_EQ(n.Day, t.Day);
+    EXPECT_EQ(std::make_tuple(n.Lon, n.Lat, n.Day, n.Estiva, n.Fuso),
+              std::make_tuple(t.Lon, t.Lat, t.Day, t.Estiva, t.Fuso));
     EXPECT_DOUBLE_EQ(n.OraL, 19.5);
-    EXPECT_EQ(n.Estiva, 1);
-    EXPECT_EQ(n.Fuso, -1);
 
     // The sums: an empty or wrong sign gives nothing.
     EXPECT_FALSE(SommaJD("2451545", "", "1").has_value());
@@ -194,56 +174,50 @@ TEST(EclitticheEquatoriali, EsempioDiMeeus) {
     // Meeus, example 13.a: Pollux, alpha 7h45m18.946s, delta +28d01'34.26", on the equinox
     // J2000.0 with the mean obliquity 23.4392911: lambda 113.215630, beta 6.684170.
     const double jd = 2451545.0;
-    Eclittiche ecl;
-    ecl.Segno = 3; // Cancro: 113.215630 = 90 + 23 12' 56.27"
-    ecl.Lon_Gradi = 23;
-    ecl.Lon_Primi = 12;
-    ecl.Lon_Sec = 56.27;
-    ecl.Lat_Gradi = 6;
-    ecl.Lat_Primi = 41; // 6d41'03": the box holds whole minutes
-    Equatoriali q = EclitticheAEquatoriali(jd, ecl);
+    // Cancro 23d12'56.27" is 113.215630; 6d41'03" goes in as 6d41', the box's whole minutes.
+    Equatoriali q = EclitticheAEquatoriali(jd, {3, 23, 12, 56.27, 6, 41});
     // Three seconds of arc less in latitude move alpha by well under a second of time.
-    EXPECT_EQ(q.AR_h, 7);
-    EXPECT_EQ(q.AR_m, 45);
+    EXPECT_EQ(std::make_tuple(q.AR_h, q.AR_m, q.Dec_Gradi), std::make_tuple(7.0, 45.0, 28.0));
     EXPECT_NEAR(q.AR_s, 18.946, 0.5);
-    EXPECT_EQ(q.Dec_Gradi, 28);
     EXPECT_NEAR(q.Dec_Primi, 1.5, 0.5); // about 28d01'31": minutes rounded on the seconds
 
-    Equatoriali p;
-    p.AR_h = 7;
-    p.AR_m = 45;
-    p.AR_s = 18.946;
-    p.Dec_Gradi = 28;
-    p.Dec_Primi = 2; // 28d02': 26" more than Pollux
-    Eclittiche e = EquatorialiAEclittiche(jd, p);
-    EXPECT_EQ(e.Segno, 3);
-    EXPECT_EQ(e.Lon_Gradi, 23);
-    EXPECT_EQ(e.Lat_Gradi, 6);
+    Eclittiche e = EquatorialiAEclittiche(jd, {7, 45, 18.946, 28, 2}); // 26" north of Pollux
+    EXPECT_EQ(std::make_tuple(e.Segno, e.Lon_Gradi, e.Lat_Gradi), std::make_tuple(3, 23.0, 6.0));
     // The longitude moves by a few seconds of arc and the latitude by about 24".
     EXPECT_NEAR(e.Lon_Primi * 60 + e.Lon_Sec, 12 * 60 + 56.27, 15);
     EXPECT_NEAR(e.Lat_Primi, 41, 1);
 }
 
-TEST(FormatiNumerici, QuindiciGradiDecimali) {
-    FormatiNumerici f;
-    f.Scrivi(6, "15");
-    f.CommandOK();
-    const std::array<std::string, 9> attesi{"15",  "0",  "0,0", "1",     "0",
-                                            "0,0", "15", "1,0", "0,2618"};
-    EXPECT_EQ(f.Testo, attesi);
-    for (auto c : f.Cambiato)
-        EXPECT_EQ(c, 0);
-    EXPECT_FALSE(f.Riscrivi);
+namespace {
+
+std::vector<std::string> Caselle(const FormatiNumerici& f, std::initializer_list<int> quali) {
+    std::vector<std::string> r;
+    for (int i : quali)
+        r.push_back(f.Testo[static_cast<std::size_t>(i)]);
+    return r;
 }
 
-TEST(FormatiNumerici, SoloIMinutiDelleOre) {
-    FormatiNumerici f;
-    f.Scrivi(4, "30");
-    f.CommandOK();
-    // The two empty boxes of the group become "0"; half an hour is 7.5 degrees.
-    const std::array<std::string, 9> attesi{"7", "30",  "0,0", "0",     "30",
-                                            "0", "7,5", "0,5", "0,1309"};
-    EXPECT_EQ(f.Testo, attesi);
+} // namespace
+
+TEST(FormatiNumerici, UnaCasellaDaTutteLeAltre) {
+    struct Caso {
+        int casella;
+        const char* testo;
+        std::array<std::string, 9> attesi;
+    };
+    const Caso casi[] = {
+        {6, "15", {"15", "0", "0,0", "1", "0", "0,0", "15", "1,0", "0,2618"}},
+        // The two empty boxes of the group become "0"; half an hour is 7.5 degrees.
+        {4, "30", {"7", "30", "0,0", "0", "30", "0", "7,5", "0,5", "0,1309"}},
+    };
+    for (const Caso& c : casi) {
+        FormatiNumerici f;
+        f.Scrivi(c.casella, c.testo);
+        f.CommandOK();
+        EXPECT_EQ(f.Testo, c.attesi) << c.casella;
+        EXPECT_EQ(f.Cambiato, decltype(f.Cambiato){}); // written by the conversion, not typed
+        EXPECT_FALSE(f.Riscrivi);
+    }
 }
 
 TEST(FormatiNumerici, ContaSoloLUltimaCasellaENullaSenzaInput) {
@@ -254,10 +228,7 @@ TEST(FormatiNumerici, ContaSoloLUltimaCasellaENullaSenzaInput) {
     f.Scrivi(0, "10");
     f.Scrivi(6, "30,5");
     f.CommandOK();
-    EXPECT_EQ(f.Testo[0], "30");
-    EXPECT_EQ(f.Testo[1], "30");
-    EXPECT_EQ(f.Testo[2], "0,0");
-    EXPECT_EQ(f.Testo[6], "30,5");
+    EXPECT_EQ(Caselle(f, {0, 1, 2, 6}), (std::vector<std::string>{"30", "30", "0,0", "30,5"}));
 
     // Boxes written by the conversion do not count as typed.
     f.Riscrivi = true;
@@ -272,17 +243,12 @@ TEST(FormatiNumerici, ArrotondamentoDeiSecondiERadianti) {
     // 10d20'59.995": the seconds pass into the next minute.
     f.Scrivi(6, FormatoNumero(GradiDecimali(10, 20, 59.995), "0.0#########", '.'));
     f.CommandOK();
-    EXPECT_EQ(f.Testo[0], "10");
-    EXPECT_EQ(f.Testo[1], "21");
-    EXPECT_EQ(f.Testo[2], "0,0");
+    EXPECT_EQ(Caselle(f, {0, 1, 2}), (std::vector<std::string>{"10", "21", "0,0"}));
 
     FormatiNumerici r;
     r.Scrivi(8, "3,14159265358979");
     r.CommandOK();
-    EXPECT_EQ(r.Testo[0], "180");
-    EXPECT_EQ(r.Testo[3], "12");
-    EXPECT_EQ(r.Testo[6], "180,0");
-    EXPECT_EQ(r.Testo[7], "12,0");
+    EXPECT_EQ(Caselle(r, {0, 3, 6, 7}), (std::vector<std::string>{"180", "12", "180,0", "12,0"}));
 
     // A negative angle keeps its sign: -2d30' is -0h10m.
     FormatiNumerici n;
@@ -290,8 +256,6 @@ TEST(FormatiNumerici, ArrotondamentoDeiSecondiERadianti) {
     n.Scrivi(1, "30");
     n.Cambia(0);
     n.CommandOK();
-    EXPECT_EQ(n.Testo[2], "0");
-    EXPECT_EQ(n.Testo[6], "-2,5");
-    EXPECT_EQ(n.Testo[7], "-0,16667");
-    EXPECT_EQ(n.Testo[8], "-0,04363");
+    EXPECT_EQ(Caselle(n, {2, 6, 7, 8}),
+              (std::vector<std::string>{"0", "-2,5", "-0,16667", "-0,04363"}));
 }

@@ -1,12 +1,8 @@
-// The equation of time and the two coordinate conversions against an independent library:
-// Debian's Swiss Ephemeris (swe_time_equ, swe_cotrans) on a grid of dates from 1900 to 2100.
-// Each run prints the worst difference, passing or not.
-//
-// The equation of time is the short series in the Sun's mean elements: it leaves out nutation
-// (up to 1.2 seconds of time) and the small terms of the Sun's true longitude, so a few seconds
-// of time separate it from the library's apparent Sun. The conversions use the mean obliquity of
-// the day, as the library's own mean obliquity (swe_calc with SE_ECL_NUT); the boxes hold
-// seconds of right ascension and of longitude, but only minutes of declination and latitude.
+// The equation of time and the two coordinate conversions against Debian's Swiss Ephemeris
+// (swe_time_equ, swe_cotrans) from 1900 to 2100; each run prints the worst difference. The short
+// series of the equation of time leaves out nutation (up to 1.2 s) and the Sun's small terms; the
+// conversions use the day's mean obliquity; the boxes hold seconds of right ascension and of
+// longitude, but only minutes of declination and latitude.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>
@@ -61,16 +57,11 @@ TEST(ConfrontoSwe, EclitticheEquatorialiEIndietro) {
             for (double lat : {-7.0, -1.5, 0.0, 2.25, 5.0}) {
                 // The boxes: sign, degrees, minutes, seconds of longitude; degrees and minutes
                 // of latitude.
-                Eclittiche ecl;
-                ecl.Segno = static_cast<int>(lon / 30);
-                double g, m, s;
-                GradiPrimiSecondi(lon - 30 * ecl.Segno, g, m, s);
-                ecl.Lon_Gradi = g;
-                ecl.Lon_Primi = m;
-                ecl.Lon_Sec = std::round(s * 100) / 100;
-                GradiPrimiSecondi(lat, g, m, s);
-                ecl.Lat_Gradi = g;
-                ecl.Lat_Primi = m;
+                const int segno = static_cast<int>(lon / 30);
+                double g, m, s, lg, lm, ls;
+                GradiPrimiSecondi(lon - 30 * segno, g, m, s);
+                GradiPrimiSecondi(lat, lg, lm, ls);
+                const Eclittiche ecl{segno, g, m, std::round(s * 100) / 100, lg, lm};
                 const double lonBox =
                     30 * ecl.Segno + GradiDecimali(ecl.Lon_Gradi, ecl.Lon_Primi, ecl.Lon_Sec);
                 const double latBox = GradiDecimali(ecl.Lat_Gradi, ecl.Lat_Primi, 0);

@@ -1,11 +1,11 @@
-// Casting a whole chart: every body gets its house, motion flag and equatorial coordinates;
-// the Moon follows LunaGeo; the selector fills only what it names.
+// Casting a whole chart: houses, motion flags and coordinates of every body, LunaGeo, selector.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>
 
 #include <cmath>
 #include <cstdio>
+#include <tuple>
 
 #include "chart/CalcolaTema.h"
 #include "chart/Case.h"
@@ -14,6 +14,9 @@
 using namespace vesmo;
 
 namespace {
+
+// Right ascension and declination from the rounded obliquity 23.44, degrees.
+constexpr double ScartoEquatorialeGradi = 0.05;
 
 double Scarto(double a, double b) {
     double d = std::fmod(std::fabs(a - b), 360.0);
@@ -44,24 +47,20 @@ TEST(CalcolaTema, OgniCorpoHaCasaECoordinate) {
     for (const auto& v : CorpiInOrdine) {
         const Posizione& q = p.*v.campo;
         SCOPED_TRACE(v.nome);
-        EXPECT_GE(q.Lo, 0);
-        EXPECT_LT(q.Lo, 360);
+        EXPECT_TRUE(q.Lo >= 0 && q.Lo < 360) << q.Lo;
         EXPECT_EQ(q.Ca, CasaDi(q.Lo, c));
-        EXPECT_GE(q.Ca, 1);
-        EXPECT_LE(q.Ca, 12);
+        EXPECT_TRUE(q.Ca >= 1 && q.Ca <= 12) << q.Ca;
         // Right ascension and declination belong to the longitude and latitude.
         double ar, de;
         EclitticaEquatore(Radianti(q.Lo), Radianti(q.LaEc), e, ar, de);
-        EXPECT_LT(Scarto(ar, q.AR.Numero() * 15), 0.05);
-        EXPECT_NEAR(Gradi(de), Gradi(q.De), 0.05);
+        EXPECT_LT(Scarto(ar, q.AR.Numero() * 15), ScartoEquatorialeGradi);
+        EXPECT_NEAR(Gradi(de), Gradi(q.De), ScartoEquatorialeGradi);
         Variante aob;
         AscensioneObliqua(aob, q.AR, q.De, Radianti(t.Lat));
         EXPECT_EQ(aob, q.AOb);
     }
-    EXPECT_EQ(p.Sole.LaEc, 0.0);
-    EXPECT_EQ(p.NodoLuna.LaEc, 0.0);
-    EXPECT_EQ(p.Sole.Mv, 0);
-    EXPECT_EQ(p.Luna.Mv, 0);
+    EXPECT_EQ(std::make_tuple(p.Sole.LaEc, p.NodoLuna.LaEc, p.Sole.Mv, p.Luna.Mv),
+              std::make_tuple(0.0, 0.0, 0, 0));
     EXPECT_EQ(p.Plutone.LNd, 0.0);
     EXPECT_NE(p.Marte.LNd, 0.0);
     EXPECT_EQ(p.LilithMedia.Ca, CasaDi(p.LilithMedia.Lo, c));
@@ -115,8 +114,7 @@ TEST(CalcolaTema, LunaGeocentricaOTopocentrica) {
     CastaTema(t, c, topo, 0, m);
     // The parallax moves the Moon by up to about a degree; the Sun does not move.
     double d = Scarto(geo.Luna.Lo, topo.Luna.Lo);
-    EXPECT_GT(d, 0.01);
-    EXPECT_LT(d, 1.1);
+    EXPECT_TRUE(d > 0.01 && d < 1.1) << d;
     EXPECT_NE(geo.Luna.LaEc, topo.Luna.LaEc);
     EXPECT_NE(geo.Luna.De, topo.Luna.De);
     EXPECT_EQ(geo.Sole.Lo, topo.Sole.Lo);

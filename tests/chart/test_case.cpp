@@ -1,5 +1,4 @@
-// Placidus houses: the semi-arc iteration against an independent ephemeris, the equator, the
-// extreme latitudes, and the house of a longitude at its cusps.
+// Placidus houses against an independent ephemeris, at the equator and at extreme latitudes.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>
@@ -14,6 +13,10 @@
 using namespace vesmo;
 
 namespace {
+
+constexpr double TolleranzaGradi = 1e-9;        // degrees: rounding only
+constexpr double TolleranzaOreRadianti = 1e-12; // hours of ascension, radians of declination
+constexpr double ScartoCuspidiGradi = 0.02;     // against the Swiss Ephemeris, degrees
 
 double Scarto(double a, double b) {
     double d = std::fmod(std::fabs(a - b), 360.0);
@@ -52,7 +55,8 @@ TEST(Case, CuspidiControEffemeridiIndipendenti) {
             for (int i : indici) {
                 double d = Scarto(c[i].Lo, cusps[i]);
                 peggiore = std::max(peggiore, d);
-                EXPECT_LT(d, 0.02) << "cuspide " << i << " anno " << anno << " lat " << lat;
+                EXPECT_LT(d, ScartoCuspidiGradi)
+                    << "cuspide " << i << " anno " << anno << " lat " << lat;
             }
             ++casi;
         }
@@ -67,14 +71,15 @@ TEST(Case, AllEquatoreOgniCuspideConvergeSubito) {
     MessaggiRegistrati m;
     CalcoloCase(t, c, p, 1, m);
     double ramc = c[10].AR.Numero() * 15;
-    EXPECT_NEAR(c[11].AR.Numero() * 15, std::fmod(ramc + 30, 360), 1e-9);
-    EXPECT_NEAR(c[12].AR.Numero() * 15, std::fmod(ramc + 60, 360), 1e-9);
-    EXPECT_NEAR(c[1].AR.Numero() * 15, std::fmod(ramc + 90, 360), 1e-9);
-    EXPECT_NEAR(c[2].AR.Numero() * 15, std::fmod(ramc + 120, 360), 1e-9);
-    EXPECT_NEAR(c[3].AR.Numero() * 15, std::fmod(ramc + 150, 360), 1e-9);
+    // Cusps XI, XII, I, II, III 30 degrees of right ascension apart.
+    const int dopo[] = {11, 12, 1, 2, 3};
+    for (int k = 0; k < 5; ++k)
+        EXPECT_NEAR(c[dopo[k]].AR.Numero() * 15, std::fmod(ramc + 30 * (k + 1), 360),
+                    TolleranzaGradi)
+            << k;
     // At the equator the oblique ascension is the right ascension.
     for (int i = 1; i <= 12; ++i)
-        EXPECT_NEAR(c[i].AOb.Numero(), c[i].AR.Numero(), 1e-12) << i;
+        EXPECT_NEAR(c[i].AOb.Numero(), c[i].AR.Numero(), TolleranzaOreRadianti) << i;
 }
 
 TEST(Case, CuspidiOpposteEAssi) {
@@ -85,8 +90,8 @@ TEST(Case, CuspidiOpposteEAssi) {
     CalcoloCase(t, c, p, 1, m);
     for (int i = 4; i <= 9; ++i) {
         int o = i < 7 ? i + 6 : i - 6;
-        EXPECT_NEAR(Scarto(c[i].Lo, c[o].Lo), 180, 1e-9) << i;
-        EXPECT_NEAR(c[i].De, -c[o].De, 1e-12) << i;
+        EXPECT_NEAR(Scarto(c[i].Lo, c[o].Lo), 180, TolleranzaGradi) << i;
+        EXPECT_NEAR(c[i].De, -c[o].De, TolleranzaOreRadianti) << i;
     }
     EXPECT_EQ(p.Asce, c[1]);
     EXPECT_EQ(p.MC, c[10]);
@@ -125,7 +130,7 @@ TEST(Case, LatitudineEstremaSenzaSemiarco) {
     // The Ascendant still comes from the direct formula.
     double lon, angolo;
     LonAsce(Radianti(Obliquita(t.JD())), Radianti(70), Radianti(90), lon, angolo);
-    EXPECT_NEAR(p.Asce.Lo, lon, 1e-9);
+    EXPECT_NEAR(p.Asce.Lo, lon, TolleranzaGradi);
 
     // A second casting at an ordinary place is clean again.
     MessaggiRegistrati m2;
@@ -144,27 +149,28 @@ TEST(Case, CasaDiAlleCuspidi) {
     // A longitude on a cusp is in the house that begins there.
     for (int i = 1; i <= 12; ++i)
         EXPECT_EQ(CasaDi(cuspidi[i], c), i) << i;
-    EXPECT_EQ(CasaDi(215, c), 1);
-    EXPECT_EQ(CasaDi(169.999, c), 11);
-    EXPECT_EQ(CasaDi(199.999, c), 12);
     // House 6 begins at the greatest cusp and wraps through 0°.
-    EXPECT_EQ(CasaDi(359.9, c), 6);
-    EXPECT_EQ(CasaDi(0, c), 6);
-    EXPECT_EQ(CasaDi(19.99, c), 6);
-    EXPECT_EQ(CasaDi(20, c), 7);
+    for (auto [lo, casa] : {std::pair{215.0, 1},
+                            {169.999, 11},
+                            {199.999, 12},
+                            {359.9, 6},
+                            {0.0, 6},
+                            {19.99, 6},
+                            {20.0, 7}})
+        EXPECT_EQ(CasaDi(lo, c), casa) << lo;
     // With the Ascendant at 0° the wrap falls on cusp 12.
     const double altre[] = {0, 0, 30, 60, 90, 120, 150, 180, 210, 240, 270, 300, 330};
     for (int i = 1; i <= 12; ++i)
         c[i].Lo = altre[i];
-    EXPECT_EQ(CasaDi(0, c), 1);
-    EXPECT_EQ(CasaDi(345, c), 12);
-    EXPECT_EQ(CasaDi(329.9, c), 11);
+    for (auto [lo, casa] : {std::pair{0.0, 1}, {345.0, 12}, {329.9, 11}})
+        EXPECT_EQ(CasaDi(lo, c), casa) << lo;
 }
 
 TEST(Case, AscensioneObliquaEConversioni) {
     Variante aob;
     AscensioneObliqua(aob, Variante(6.0), Radianti(20), Radianti(45));
-    EXPECT_NEAR(aob.Numero(), 6 - Gradi(std::asin(std::tan(Radianti(20)))) / 15, 1e-12);
+    EXPECT_NEAR(aob.Numero(), 6 - Gradi(std::asin(std::tan(Radianti(20)))) / 15,
+                TolleranzaOreRadianti);
     AscensioneObliqua(aob, Variante(23.9), Radianti(-20), Radianti(45));
     EXPECT_GT(aob.Numero(), 24); // not reduced
     AscensioneObliqua(aob, Variante(6.0), Radianti(23), Radianti(70));
@@ -179,17 +185,17 @@ TEST(Case, AscensioneObliquaEConversioni) {
             double ar, de, lon, lat;
             EclitticaEquatore(Radianti(l), Radianti(b), e, ar, de);
             EquatoreEclittica(Radianti(ar), de, lon, lat, e);
-            EXPECT_NEAR(Scarto(lon, l), 0, 1e-9) << l << " " << b;
-            EXPECT_NEAR(Gradi(lat), b, 1e-9);
+            EXPECT_NEAR(Scarto(lon, l), 0, TolleranzaGradi) << l << " " << b;
+            EXPECT_NEAR(Gradi(lat), b, TolleranzaGradi);
         }
     }
     // The ecliptic-point form with no declination.
     double lon, lat;
     EquatoreEclittica(Radianti(90), DeclinazioneEclittica, lon, lat, e);
-    EXPECT_NEAR(lon, 90, 1e-9);
+    EXPECT_NEAR(lon, 90, TolleranzaGradi);
     EXPECT_EQ(lat, 0);
     EquatoreEclittica(Radianti(200), DeclinazioneEclittica, lon, lat, e);
     double ar, de;
     EclitticaEquatore(Radianti(lon), 0, e, ar, de);
-    EXPECT_NEAR(ar, 200, 1e-9);
+    EXPECT_NEAR(ar, 200, TolleranzaGradi);
 }

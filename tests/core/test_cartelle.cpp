@@ -1,6 +1,5 @@
-// Where the settings and the database live: the build tree keeps everything beside the program;
-// an installed program (its database delivered in <prefix>/share/vesmo) uses the user's folders
-// by the freedesktop rule and works on a copy of the delivered database that it never overwrites.
+// Where settings and database live: beside the program in the build tree, else the user's
+// freedesktop folders with a copy of the delivered database that is never overwritten.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -77,15 +76,12 @@ TEST_F(CartelleTest, DalloAlberoDiCompilazioneTuttoAccantoAlProgramma) {
     EXPECT_FALSE(fs::exists(radice / "casa" / ".local"));
 }
 
-TEST_F(CartelleTest, InstallatoUsaLeCartelleDellUtente) {
+TEST_F(CartelleTest, InstallatoUsaLeCartelleDellUtenteEXdgAssolute) {
     const fs::path programma = Installa("consegnato");
     EXPECT_TRUE(ProgrammaInstallato(programma));
     EXPECT_EQ(DatabaseConsegnato(programma), radice / "usr" / "share" / "vesmo" / "Vesmodat.Mdb");
     EXPECT_EQ(CartellaImpostazioni(programma), radice / "casa" / ".config" / "vesmo");
     EXPECT_EQ(CartellaDatiUtente(), radice / "casa" / ".local" / "share" / "vesmo");
-}
-
-TEST_F(CartelleTest, LeVariabiliXdgAssoluteValgonoQuelleRelativeNo) {
     setenv("XDG_CONFIG_HOME", (radice / "conf").c_str(), 1);
     setenv("XDG_DATA_HOME", (radice / "dati").c_str(), 1);
     EXPECT_EQ(CartellaConfigUtente(), radice / "conf" / "vesmo");

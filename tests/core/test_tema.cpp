@@ -14,44 +14,25 @@ TEST(Tema, TestiFissiTagliatiEAllungatiACaratteri) {
     EXPECT_EQ(t.Nome.Valore(), "Mario Rossi");
     t.Nome = "Un nome lungo più di trenta caratteri davvero";
     EXPECT_EQ(t.Nome.str(), "Un nome lungo più di trenta ca");
-    EXPECT_EQ(LunghezzaCaratteri(t.Nome.str()), 30u);
     // Widths count characters, not bytes: "Città" is 5 characters in 6 bytes.
     t.City = "Città di Castello";
     EXPECT_EQ(LunghezzaCaratteri(t.City.str()), 30u);
     EXPECT_EQ(t.City.str().size(), 31u);
-    EXPECT_EQ(t.City.Valore(), "Città di Castello");
-    t.Stato = std::string(40, 'x');
-    EXPECT_EQ(t.Stato.str(), std::string(38, 'x'));
     t.ZonaSF = "EST+5:00";
     EXPECT_EQ(t.ZonaSF.str(), "EST+5:0");
 }
 
-TEST(Tema, VariantiNumeroOTesto) {
-    Posizione p;
-    EXPECT_FALSE(p.AR.ETesto());
-    p.AR = 13.25;
-    EXPECT_EQ(p.AR.Numero(), 13.25);
-    p.AR = NonDefinita;
-    p.AOb = Indefinita;
-    EXPECT_TRUE(p.AR.ETesto());
-    EXPECT_EQ(p.AR.Testo(), "NonDefinita");
-    EXPECT_EQ(p.AOb.Testo(), "Indefinita");
-    EXPECT_EQ(p.AR.Numero(), 0.0);
-}
-
-TEST(Tema, CopiaProfonda) {
+TEST(Tema, CopiaProfondaEVariantiTesto) {
     Sessione s;
-    s.TemaNat.Nome = "Natale";
     s.TemaNat.Cmto = "commento lungo\ncon due righe";
     s.PosNat.Asce.AR = NonDefinita;
-    s.PosNat.Sole.Lo = 123.4;
     s.TemaX = s.TemaNat;
     s.PosX = s.PosNat;
     s.TemaNat.Cmto += " cambiato";
     s.PosNat.Asce.AR = 3.0;
     EXPECT_EQ(s.TemaX.Cmto, "commento lungo\ncon due righe");
     EXPECT_EQ(s.PosX.Asce.AR.Testo(), "NonDefinita");
-    EXPECT_EQ(s.PosX.Sole.Lo, 123.4);
+    EXPECT_EQ(s.PosX.Asce.AR.Numero(), 0.0); // a text reads as 0
     // Assigning the blank pair clears a slot.
     s.TemaNat = s.TemaVuoto;
     s.PosNat = s.PosVuoto;
@@ -68,26 +49,20 @@ TEST(Tema, TempoUniversaleEIstante) {
     // The instant falls on the previous day; Day stays as it is.
     EXPECT_EQ(t.TU(), -1.5);
     EXPECT_DOUBLE_EQ(t.JD(), 2451544.5 - 1.5 / 24);
-    EXPECT_EQ(t.Day, 2451544.5);
     t.OraL = 23.5;
     t.Fuso = 5;
     t.Estiva = 0;
-    EXPECT_EQ(t.TU(), 28.5);
     EXPECT_DOUBLE_EQ(t.JD(), 2451544.5 + 28.5 / 24);
 }
 
-TEST(Sessione, ValoriIniziali) {
+TEST(Sessione, DidascalieDellaLuna) {
     Sessione s;
-    EXPECT_EQ(s.LunaGeo, 1);
-    EXPECT_EQ(s.LunaNeraVera, 1);
     EXPECT_EQ(s.DidascaliaLunaGeo(), "Luna GeoCentrica");
     EXPECT_EQ(s.DidascaliaLunaNera(), "Luna  Nera  Vera");
     s.LunaGeo = 0;
     s.LunaNeraVera = 0;
     EXPECT_EQ(s.DidascaliaLunaGeo(), "Luna TopoCentrica");
     EXPECT_EQ(s.DidascaliaLunaNera(), "Luna Nera Media");
-    EXPECT_EQ(s.JDRivoluzione, -1.0);
-    EXPECT_EQ(s.JDPrimoRitorno, -1.0);
 }
 
 // The four slots as the chart menu's frames number them (Natale, Transito, Rivoluzione,
@@ -114,14 +89,4 @@ TEST(Sessione, SlotPerNumero) {
         EXPECT_EQ(&s.PosDelSlot(c.slot), &(s.*c.pos)) << c.slot;
         EXPECT_EQ(&s.FlagDelSlot(c.slot), &(s.*c.flag)) << c.slot;
     }
-}
-
-TEST(Tema, OrdineDeiCorpi) {
-    ASSERT_EQ(CorpiInOrdine.size(), 11u);
-    EXPECT_STREQ(CorpiInOrdine[0].nome, "Sole");
-    EXPECT_STREQ(CorpiInOrdine[9].nome, "Plutone");
-    EXPECT_STREQ(CorpiInOrdine[10].nome, "NodoLuna");
-    Posizioni p;
-    p.Marte.Lo = 42;
-    EXPECT_EQ((p.*CorpiInOrdine[4].campo).Lo, 42);
 }

@@ -5,7 +5,7 @@
 
 using namespace vesmo;
 
-TEST(Testo, CaratteriUtf8) {
+TEST(Testo, CaratteriUtf8ELatin1) {
     EXPECT_EQ(LunghezzaCaratteri("Città"), 5u);
     EXPECT_EQ(LunghezzaCaratteri("Besançon"), 8u);
     EXPECT_EQ(PrimiCaratteri("Città di Castello", 5), "Città");
@@ -15,9 +15,6 @@ TEST(Testo, CaratteriUtf8) {
     EXPECT_EQ(SenzaSpazi("  a b  "), "a b");
     EXPECT_EQ(SenzaSpazi("    "), "");
     EXPECT_EQ(SenzaSpaziDestra("  a  "), "  a");
-}
-
-TEST(Testo, Latin1) {
     EXPECT_EQ(ALatin1("Città"), "Citt\xe0");
     EXPECT_EQ(DaLatin1("Citt\xe0"), "Città");
     EXPECT_EQ(DaLatin1(ALatin1("Ærøskøbing Zürich")), "Ærøskøbing Zürich");
@@ -34,12 +31,28 @@ TEST(Testo, RicercaSenzaMaiuscole) {
     EXPECT_FALSE(UgualeSenzaCaso("astrolog", "astrolog.exe"));
 }
 
-TEST(Testo, NumeriConLaVirgola) {
+TEST(Testo, NumeriEFigure) {
     EXPECT_EQ(TestoNumero(0.5), "0,5");
     EXPECT_EQ(TestoNumero(-1), "-1");
     EXPECT_EQ(TestoNumero(0), "0");
     EXPECT_EQ(TestoNumero(2451545), "2451545");
     EXPECT_EQ(TestoNumero(1.25, '.'), "1.25");
+    EXPECT_EQ(FormatoNumero(5.25, "#0.0"), "5,3");
+    EXPECT_EQ(FormatoNumero(-5.25, "#0.0"), "-5,3");
+    EXPECT_EQ(FormatoNumero(0.04, "#0.0"), "0,0");
+    EXPECT_EQ(FormatoNumero(-0.04, "#0.0"), "0,0");
+    EXPECT_EQ(FormatoNumero(12, "000"), "012");
+    EXPECT_EQ(FormatoNumero(1234, "000"), "1234");
+    EXPECT_EQ(FormatoNumero(5, "00"), "05");
+    EXPECT_EQ(FormatoNumero(2447187.5, "#####,###.##"), "2.447.187,5");
+    EXPECT_EQ(FormatoNumero(2447187.456, "#####,###.##"), "2.447.187,46");
+    EXPECT_EQ(FormatoNumero(2447187, "#####,###.##"), "2.447.187");
+    EXPECT_EQ(FormatoNumero(999.999, "#####,###.##"), "1.000");
+    EXPECT_EQ(FormatoNumero(12.5, "##0.0#°"), "12,5°");
+    EXPECT_EQ(FormatoNumero(0.25, "##0.0#°"), "0,25°");
+    EXPECT_EQ(FormatoNumero(12, "##0.0#°"), "12,0°");
+    EXPECT_EQ(FormatoNumero(-3.14159, "#0.00"), "-3,14");
+    EXPECT_EQ(FormatoNumero(3.14159, "#0.00", '.'), "3.14");
 }
 
 TEST(ValoreTesto, ReadsTheNumberAtTheStart) {
@@ -59,31 +72,9 @@ TEST(ValoreTesto, ReadsTheNumberAtTheStart) {
     EXPECT_EQ(ValoreTesto("05"), 5);
 }
 
-TEST(Testo, FigureNumeriche) {
-    EXPECT_EQ(FormatoNumero(5.25, "#0.0"), "5,3");
-    EXPECT_EQ(FormatoNumero(-5.25, "#0.0"), "-5,3");
-    EXPECT_EQ(FormatoNumero(0.04, "#0.0"), "0,0");
-    EXPECT_EQ(FormatoNumero(-0.04, "#0.0"), "0,0");
-    EXPECT_EQ(FormatoNumero(12, "000"), "012");
-    EXPECT_EQ(FormatoNumero(1234, "000"), "1234");
-    EXPECT_EQ(FormatoNumero(5, "00"), "05");
-    EXPECT_EQ(FormatoNumero(2447187.5, "#####,###.##"), "2.447.187,5");
-    EXPECT_EQ(FormatoNumero(2447187.456, "#####,###.##"), "2.447.187,46");
-    EXPECT_EQ(FormatoNumero(2447187, "#####,###.##"), "2.447.187");
-    EXPECT_EQ(FormatoNumero(999.999, "#####,###.##"), "1.000");
-    EXPECT_EQ(FormatoNumero(12.5, "##0.0#°"), "12,5°");
-    EXPECT_EQ(FormatoNumero(0.25, "##0.0#°"), "0,25°");
-    EXPECT_EQ(FormatoNumero(12, "##0.0#°"), "12,0°");
-    EXPECT_EQ(FormatoNumero(-3.14159, "#0.00"), "-3,14");
-    EXPECT_EQ(FormatoNumero(3.14159, "#0.00", '.'), "3.14");
-}
-
 TEST(Testo, MaiuscoleConGliAccenti) {
-    struct Caso {
-        const char* testo;
-        const char* atteso;
-    };
-    const Caso casi[] = {
+    // "ß" has no single capital; signs and digits stay.
+    const std::pair<const char*, const char*> casi[] = {
         {"Italy", "ITALY"},
         {"Côte d'Ivoire", "CÔTE D'IVOIRE"},
         {"Curaçao", "CURAÇAO"},
@@ -94,10 +85,10 @@ TEST(Testo, MaiuscoleConGliAccenti) {
         {"Łódź", "ŁÓDŹ"},
         {"Čierna nad Tisou", "ČIERNA NAD TISOU"},
         {"ÿ", "Ÿ"},
-        {"Straße", "STRAßE"}, // no single capital
+        {"Straße", "STRAßE"},
         {"1° 2'", "1° 2'"},
         {"", ""},
     };
-    for (const Caso& c : casi)
-        EXPECT_EQ(Maiuscole(c.testo), c.atteso) << c.testo;
+    for (auto [testo, atteso] : casi)
+        EXPECT_EQ(Maiuscole(testo), atteso) << testo;
 }

@@ -1,16 +1,7 @@
-// The ephemeris against an independent one: Debian's Swiss Ephemeris library with its built-in
-// Moshier ephemeris (about one second of arc), on a grid of instants from 1900 to 2050. Every run
-// prints the worst error of each body, passing or not.
-//
-// Fair comparison: the system takes the chart instant on the TU scale as if it were uniform
-// time, so the reference is asked at the same Julian day as dynamical time (swe_calc, not
-// swe_calc_ut, which would add Delta T). The Sun is apparent (aberration and nutation). The Moon
-// is on the mean equinox of date (SEFLG_NONUT). The planets and Pluto are reduced to the Earth
-// through the apparent Sun, so that aberration and nutation reach every planet's longitude, as
-// in the apparent positions of an almanac; they are compared with the reference's apparent
-// positions. Leaving out light time and the planet's own aberration is within the goals: asked
-// for true positions on the mean equinox (SEFLG_TRUEPOS | SEFLG_NONUT), the worst errors change
-// by less than 0.01 degrees. The lunar points are on the mean equinox.
+// The ephemeris against Debian's Swiss Ephemeris (built-in Moshier, about 1") from 1900 to 2050,
+// asked at the same Julian day as dynamical time since the chart takes TU as uniform time. The
+// Sun and planets are apparent, the Moon and lunar points on the mean equinox of date; light time
+// left out moves the worst errors by under 0.01 degrees. Each run prints the worst errors.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>
@@ -82,15 +73,13 @@ TEST(Confronto, PosizioniDal1900Al2050) {
         {"Luna", SE_MOON, SEFLG_NONUT, 0.03},
         {"Mercurio", SE_MERCURY, 0, 0.05},
         {"Venere", SE_VENUS, 0, 0.05},
-        // Mars' long-period term is added as the series give it, which leaves Mars up to 0.12°
-        // off near opposition.
+        // Mars' long-period term as the series give it: up to 0.12° off near opposition.
         {"Marte", SE_MARS, 0, 0.13},
         {"Giove", SE_JUPITER, 0, 0.05},
         {"Saturno", SE_SATURN, 0, 0.05},
         {"Urano", SE_URANUS, 0, 0.1},
         {"Nettuno", SE_NEPTUNE, 0, 0.1},
-        // Pluto's series stay on their own equinox of 1950.0, with no precession: 0.7° early
-        // in 1900, 1.4° late in 2050.
+        // Pluto's series stay on the equinox of 1950.0: 0.7° early in 1900, 1.4° late in 2050.
         {"Plutone", SE_PLUTO, 0, 1.5},
     }};
     std::array<Scarti, 10> scarti{};
@@ -134,12 +123,10 @@ TEST(Confronto, PosizioniDal1900Al2050) {
     }
     EXPECT_LE(nodo.lon, 0.01);
     EXPECT_LE(media.lon, 0.5);
-    // The interpolated apogee of the reference: ours is the Moon's place at the two apogees
-    // around the instant, interpolated in time, so a few degrees apart.
+    // Ours interpolates the Moon's place at the two apogees around the instant: degrees apart.
     EXPECT_LE(vera.lon, 3);
     EXPECT_TRUE(msg.registro.empty()) << "LilithVera showed " << msg.registro.size() << " boxes";
-    // Seconds of time: the polynomial of 1900 against today's definition, which drift apart
-    // by about a second at the ends of the range (0.005 degrees of the sky).
+    // Seconds of time: the 1900 polynomial drifts a second from today's at the range's ends.
     EXPECT_LE(siderale.lon, 1.5);
     EXPECT_LE(obliquita.lon, 1.0); // seconds of arc
 }

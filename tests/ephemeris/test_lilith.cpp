@@ -1,6 +1,5 @@
-// The two Black Moons and the mean node: the linear mean apogee, the apogee search, the
-// interpolation between two apogees (also across 0 degrees), the retries with their change of
-// tolerance, and the two error boxes the user sees when the apogees cannot be found.
+// The two Black Moons: the mean apogee, the apogee search and interpolation, the retries, and
+// the error boxes when the apogees cannot be found.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -14,6 +13,9 @@
 
 using namespace vesmo;
 using vesmo::test::Scarto;
+
+// The true Black Moon interpolated between two scripted apogees, against the hand figure.
+constexpr double TolleranzaInterpolazioneGradi = 0.05;
 
 TEST(LilithMedia, FormulaLineare) {
     EXPECT_DOUBLE_EQ(LilithMedia(2415020.0), 154.383);
@@ -40,6 +42,13 @@ double ApogeoScritto(double) {
     double t = copione[chiamate % 2];
     ++chiamate;
     return t;
+}
+
+// The script: the apogee after the instant, then the one before it.
+void Copione(double dopo, double prima) {
+    copione[0] = dopo;
+    copione[1] = prima;
+    chiamate = 0;
 }
 
 // The day after `da` on which the Moon's longitude reaches `lon`.
@@ -73,32 +82,26 @@ TEST(LilithVera, InterpolaTraDueApogeiAttraversoLoZero) {
     double ts = GiornoLongitudine(2451545.0, 359);
     double tq = GiornoLongitudine(ts, 1); // 0.15 days later, 2 degrees on
     double jd = (ts + tq) / 2;
-    copione[0] = tq;
-    copione[1] = ts;
-    chiamate = 0;
+    Copione(tq, ts);
     double lon = -1, lat = -1;
     LilithVera(jd, 0, 0, lon, lat, msg, ApogeoScritto);
     // LS near 359 and LQ near 1: halfway is near 0, not near 180.
-    EXPECT_NEAR(Scarto(lon, 0), 0, 0.05);
+    EXPECT_NEAR(Scarto(lon, 0), 0, TolleranzaInterpolazioneGradi);
     EXPECT_TRUE(msg.registro.empty());
 
     // LS near 1 and LQ near 359 a turn later: the short way goes back by 2 degrees.
     double ts2 = GiornoLongitudine(2451545.0, 1);
     double tq2 = GiornoLongitudine(ts2 + 1, 359);
-    copione[0] = tq2;
-    copione[1] = ts2;
-    chiamate = 0;
+    Copione(tq2, ts2);
     double jd2 = ts2 + 0.25 * (tq2 - ts2);
     LilithVera(jd2, 0, 0, lon, lat, msg, ApogeoScritto);
-    EXPECT_NEAR(Scarto(lon, 0.5), 0, 0.05);
+    EXPECT_NEAR(Scarto(lon, 0.5), 0, TolleranzaInterpolazioneGradi);
 }
 
 TEST(LilithVera, LatitudineRidottaDalFattore0104) {
     MessaggiRegistrati msg;
     double ts = 2451545.0, tq = 2451545.0 + 27.5;
-    copione[0] = tq;
-    copione[1] = ts;
-    chiamate = 0;
+    Copione(tq, ts);
     double lon, lat;
     LilithVera(ts + 10, 0, 0, lon, lat, msg, ApogeoScritto);
     double ls, bs, lq, bq, p;
@@ -123,9 +126,7 @@ TEST(LilithVera, DopoCinquePassiLaTolleranzaSaleA005Giorni) {
     // accepted on the sixth round, when it has become 0.05 days.
     MessaggiRegistrati msg;
     double jd = 2451545.25;
-    copione[0] = jd + 27.5;
-    copione[1] = jd + 0.03;
-    chiamate = 0;
+    Copione(jd + 27.5, jd + 0.03);
     double lon = -1, lat = -1;
     LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
     EXPECT_EQ(chiamate, 12);
@@ -136,35 +137,25 @@ TEST(LilithVera, DopoCinquePassiLaTolleranzaSaleA005Giorni) {
     EXPECT_DOUBLE_EQ(lat, b * 0.104);
 }
 
-TEST(LilithVera, ApogeiTuttiDopoLIstanteErroreJDxScorso) {
-    MessaggiRegistrati msg;
-    double jd = 2451545.25;
-    copione[0] = jd + 28;
-    copione[1] = jd + 1;
-    chiamate = 0;
-    double lon = 123.5, lat = 0.25;
-    LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
-    ASSERT_EQ(msg.registro.size(), 1u);
-    EXPECT_EQ(msg.registro[0].titolo, "Lyx - errore 'JDxScorso' LilithVera.Modulo1");
-    EXPECT_EQ(msg.registro[0].testo, TestoErrore);
-    EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
-    EXPECT_EQ(chiamate, 20); // ten rounds
-    EXPECT_EQ(lon, 123.5);   // the out-arguments stay as they came in
-    EXPECT_EQ(lat, 0.25);
-}
-
-TEST(LilithVera, ApogeiTuttiPrimaDellIstanteErroreJDxQuesto) {
-    MessaggiRegistrati msg;
-    double jd = 2451545.25;
-    copione[0] = jd - 1;
-    copione[1] = jd - 28;
-    chiamate = 0;
-    double lon = 7, lat = -0.125;
-    LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
-    ASSERT_EQ(msg.registro.size(), 1u);
-    EXPECT_EQ(msg.registro[0].titolo, "LilithVera - errore 'JDxQuesto' LilithVera.Modulo1");
-    EXPECT_EQ(msg.registro[0].testo, TestoErrore);
-    EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
-    EXPECT_EQ(lon, 7);
-    EXPECT_EQ(lat, -0.125);
+// Apogees all after or all before the instant: ten rounds, a box, the outputs left untouched.
+TEST(LilithVera, ApogeiTuttiDaUnaParteErrore) {
+    struct Caso {
+        double dopo, prima;
+        const char* titolo;
+    };
+    for (Caso c : {Caso{28, 1, "Lyx - errore 'JDxScorso' LilithVera.Modulo1"},
+                   Caso{-1, -28, "LilithVera - errore 'JDxQuesto' LilithVera.Modulo1"}}) {
+        SCOPED_TRACE(c.titolo);
+        MessaggiRegistrati msg;
+        const double jd = 2451545.25;
+        Copione(jd + c.dopo, jd + c.prima);
+        double lon = 123.5, lat = 0.25;
+        LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
+        ASSERT_EQ(msg.registro.size(), 1u);
+        EXPECT_EQ(msg.registro[0].titolo, c.titolo);
+        EXPECT_EQ(msg.registro[0].testo, TestoErrore);
+        EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
+        EXPECT_EQ(chiamate, 20);
+        EXPECT_EQ(std::make_pair(lon, lat), std::make_pair(123.5, 0.25));
+    }
 }

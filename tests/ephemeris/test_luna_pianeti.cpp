@@ -1,8 +1,8 @@
-// The Moon, the topocentric correction, the planets and Pluto: Meeus' worked examples, the
-// numbers that pin the perturbation series, and the geometry of the reduction to the Earth.
+// The Moon, its topocentric correction, the planets and Pluto: Meeus' examples and the series.
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "core/Aritmetica.h"
 #include "core/Tema.h"
@@ -23,20 +23,7 @@ TEST(Luna, EsempioMeeus1979) {
     EXPECT_NEAR(par, Esempio("luna_1979_parallasse"), 0.000001);
     EXPECT_DOUBLE_EQ(ParallasseLuna(Esempio("luna_1979_jd")), par);
     // The latitude comes out in radians.
-    EXPECT_GT(lat, -0.06);
-    EXPECT_LT(lat, -0.05);
-}
-
-TEST(Luna, LongitudineNormalizzataAncheATZero) {
-    for (double jd : {2415020.0, 2415020.5, 2451545.0, 2470000.25}) {
-        double lon, lat, par;
-        PosizioneLuna(jd, lon, lat, par);
-        EXPECT_GE(lon, 0);
-        EXPECT_LT(lon, 360);
-        EXPECT_LT(std::fabs(Gradi(lat)), 5.4);
-        EXPECT_GT(par, 0.89);
-        EXPECT_LT(par, 1.03);
-    }
+    EXPECT_NEAR(lat, -0.055, 0.005);
 }
 
 namespace {
@@ -56,35 +43,18 @@ Topo Topocentrica(double day, double tu, double lonOre, double latGradi) {
 
 } // namespace
 
-TEST(LunaTopocentrica, SpostamentoEntroLaParallasse) {
-    // Over a day at Milan (11E53 45N24) the Moon moves by up to about a degree, never more than
-    // its parallax, and rises with a longitude behind the geocentric one.
-    double massimo = 0;
-    for (double tu = 0; tu < 24; tu += 0.5) {
-        Topo t = Topocentrica(2446895.5, tu, -(11 + 53.0 / 60) / 15, 45.4);
-        massimo = std::max(massimo, std::hypot(t.dLon, t.dLat));
-        EXPECT_LT(std::hypot(t.dLon, t.dLat), 1.03);
-    }
-    EXPECT_GT(massimo, 0.5);
-}
-
-TEST(LunaTopocentrica, LatitudineSudCambiaIlSegnoDellaCorrezione) {
-    // Same instant, same meridian: the observer north pushes the Moon south, the observer south
-    // pushes it north.
+TEST(LunaTopocentrica, SegnoDellaCorrezioneEParallassiPiccole) {
+    // Same instant and meridian: an observer north pushes the Moon south, one south north.
     double day = 2446895.5, tu = 3, lon = 0;
     Topo nord = Topocentrica(day, tu, lon, 45);
     Topo sud = Topocentrica(day, tu, lon, -45);
-    EXPECT_LT(nord.dLat, 0);
-    EXPECT_GT(sud.dLat, 0);
+    EXPECT_TRUE(nord.dLat < 0 && sud.dLat > 0) << nord.dLat << " " << sud.dLat;
     // At the equator the latitude shift is only the Moon's own declination effect: smaller.
     Topo equatore = Topocentrica(day, tu, lon, 0);
     EXPECT_LT(std::fabs(equatore.dLat), std::fabs(nord.dLat) + std::fabs(sud.dLat));
-}
-
-TEST(LunaTopocentrica, SoleEDistanzaDanParallassiPiccole) {
     // 8.794 means the Sun's parallax in seconds of arc; 0 derives it from the distance. Both
     // move a body by a few seconds at most.
-    double day = 2446895.5, tu = 12;
+    tu = 12;
     double lt, bt;
     LunaTopocentrica(day, tu, 0, 45, 20, 0, 1, 8.794, lt, bt);
     EXPECT_LT(std::fabs(Scarto(lt, 20)) * 3600, 10);
@@ -124,12 +94,8 @@ TEST(Pianeti, LaTerraDaZeri) {
     Elementi el{1, 2, 3, 4, 5, 6};
     double M = 99;
     ElementiPianeta(2451545.0, NumTerra, 1, el, M);
-    EXPECT_EQ(el.L, 0);
-    EXPECT_EQ(el.a, 0);
-    EXPECT_EQ(el.e, 0);
-    EXPECT_EQ(el.i, 0);
-    EXPECT_EQ(el.w, 0);
-    EXPECT_EQ(el.O, 0);
+    EXPECT_EQ(std::tie(el.L, el.a, el.e, el.i, el.w, el.O),
+              std::make_tuple(0.0, 0.0, 0.0, 0.0, 0.0, 0.0));
     EXPECT_EQ(M, 99); // no anomaly is given
 }
 
@@ -152,21 +118,6 @@ TEST(Pianeti, SommeDellePerturbazioniDiUranoENettuno) {
     }
 }
 
-TEST(Pianeti, PerturbazioniSoloPerMarteEGiganti) {
-    for (int n : {NumMercurio, NumVenere, NumGiove}) {
-        double dl = 0, db = 0, dr = 0;
-        PerturbazioniPianeta(2451545.0, n, dl, db, dr);
-        EXPECT_EQ(dl, 0);
-        EXPECT_EQ(db, 0);
-        EXPECT_EQ(dr, 0);
-    }
-    double dl = 0, db = 0, dr = 0;
-    PerturbazioniPianeta(2451545.0, NumMarte, dl, db, dr);
-    EXPECT_NE(dl, 0);
-    EXPECT_EQ(db, 0);
-    EXPECT_NE(dr, 0);
-}
-
 TEST(Pianeti, OpposizioneECongiunzione) {
     // A planet straight behind the Earth from the Sun stands at the Sun's longitude + 180; one
     // behind the Sun at the Sun's longitude.
@@ -184,18 +135,7 @@ TEST(Pianeti, OpposizioneECongiunzione) {
     EXPECT_NEAR(g.dist, 1.5 + R, 1e-12);
 }
 
-TEST(Pianeti, LontanoDal1900IPolinomiValgonoComeSono) {
-    // No range limit on T: a date of the 25th century still gives a position.
-    Elementi el;
-    double M;
-    ElementiPianeta(2600000.5, NumSaturno, 1, el, M);
-    PosEliocentrica h;
-    PianetaEliocentrico(2600000.5, NumSaturno, 1, el, M, h);
-    EXPECT_GT(h.dist, 9);
-    EXPECT_LT(h.dist, 10.2);
-}
-
-TEST(Plutone, VicinoATZero) {
+TEST(Plutone, VicinoATZeroENonNormalizzata) {
     // At T = 0 the arguments stand at their constants; the leading rows in P (sine and cosine
     // coefficients in this order) give nearly all of the sums.
     PosEliocentrica p;
@@ -215,18 +155,14 @@ TEST(Plutone, VicinoATZero) {
     EXPECT_NEAR(Gradi(p.lat),
                 -3.909434 + righe(-5.323113, -15.024245, 3.497557, 1.73457, -1.059559, 0.299464),
                 0.35);
-}
-
-TEST(Plutone, LongitudineNonNormalizzata) {
     // In 2100 (T = 2) the longitude has passed 360 without being reduced; the geocentric
     // reduction brings it back.
-    PosEliocentrica p;
-    Plutone(2488070.0, p);
-    EXPECT_GT(p.lon, 360);
+    PosEliocentrica q;
+    Plutone(2488070.0, q);
+    EXPECT_GT(q.lon, 360);
     PosGeocentrica g;
     double elong;
-    PianetaGeocentrico(2488070.0, NumPlutone, 1, p, g, elong);
-    EXPECT_GE(g.lon, 0);
-    EXPECT_LT(g.lon, 360);
-    EXPECT_NEAR(Scarto(g.lon, p.lon), 0, 2.5); // seen from 1 AU at 40 AU
+    PianetaGeocentrico(2488070.0, NumPlutone, 1, q, g, elong);
+    EXPECT_TRUE(g.lon >= 0 && g.lon < 360) << g.lon;
+    EXPECT_NEAR(Scarto(g.lon, q.lon), 0, 2.5); // seen from 1 AU at 40 AU
 }

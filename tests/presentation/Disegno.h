@@ -11,7 +11,11 @@
 
 namespace vesmo::prova {
 
-inline bool Vicino(double a, double b, double tolleranzaTwips = 1e-6) {
+// Figures are placed exactly: off by rounding only, a point on a circle by its square root's.
+constexpr double TolleranzaTwips = 1e-9;
+constexpr double TolleranzaCerchioTwips = 1e-6;
+
+inline bool Vicino(double a, double b, double tolleranzaTwips = TolleranzaCerchioTwips) {
     return std::fabs(a - b) <= tolleranzaTwips;
 }
 

@@ -1,6 +1,4 @@
-// Every glyph of every wheel between the circles of its ring: each wheel drawn on the recording
-// surface at two sizes and at rotations all round, and the box of each glyph's strokes (pen
-// included), or of each sign symbol's text, checked against the circles on either side of it.
+// Every glyph of every wheel, at two sizes and all rotations, stays between its ring's circles.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -86,8 +84,7 @@ std::vector<Scatola> ScatoleDeiGlifi(const SuperficieRegistrata& sup) {
     return r;
 }
 
-// A wheel's circles around its centre: each glyph belongs to the band where its box's centre
-// lies, and the whole box must stay inside that band.
+// A wheel's circles: each glyph's box stays inside the band where the box's centre lies.
 struct Ruota {
     double cx, cy;
     std::vector<double> cerchi;
@@ -116,8 +113,7 @@ void ControllaFasce(const SuperficieRegistrata& sup, const Ruota& ruota, std::si
     }
 }
 
-// Bodies spread round the zodiac, with Sole and Luna 5 degrees apart (rings 1 and 2), their
-// ascensions near their longitudes and the planets' nodes between them.
+// Bodies spread round, Sole and Luna 5 degrees apart (rings 1 and 2), nodes between them.
 Posizioni Carta() {
     const std::array<double, 12> lon{50, 55, 100, 140, 170, 200, 230, 262, 290, 320, 350, 20};
     Posizioni p = PosizioniDiProva(lon, CuspidiComuni);
@@ -152,10 +148,8 @@ TEST(FasceDeiGlifi, RuotaSingolaEStampata) {
     for (const GeometriaRuota& g : {GeometriaRuota{}, piccola}) {
         for (double angolo : Rotazioni()) {
             SCOPED_TRACE(std::to_string(g.RaggioEsterno) + " a " + std::to_string(angolo));
-            OpzioniRuota o;
-            o.Geometria = g;
-            o.AngoloRuota = angolo;
-            o.NodiScelti = 1; // both nodes of Mercurio to Nettuno
+            // Both nodes of Mercurio to Nettuno.
+            const OpzioniRuota o{.AngoloRuota = angolo, .NodiScelti = 1, .Geometria = g};
             SuperficieRegistrata sup;
             DisegnaRuota(sup, TemaDiProva(), Carta(), o);
             // 12 signs, 12 bodies, 14 nodes.
@@ -174,9 +168,7 @@ TEST(FasceDeiGlifi, RuotaDoppiaConESenzaMappaEDoppioZodiaco) {
         for (double angolo : Rotazioni()) {
             SCOPED_TRACE(std::string(mappa ? "con mappa a " : "senza mappa a ") +
                          std::to_string(angolo));
-            OpzioniDoppia o;
-            o.MappaVisibile = mappa;
-            o.AngoloRuota = angolo;
+            const OpzioniDoppia o{.AngoloRuota = angolo, .MappaVisibile = mappa};
             SuperficieRegistrata sup;
             DisegnaDoppia(sup, TemaDiProva(), Carta(), TemaDiProva(), Carta(), o);
             // 12 sign symbols, 12 inner and 12 outer bodies.
@@ -204,10 +196,8 @@ TEST(FasceDeiGlifi, RuoteAscensionaliSingolaEDoppia) {
     for (int modo : {1, 2}) {
         for (double angolo : Rotazioni()) {
             SCOPED_TRACE(std::to_string(modo) + " a " + std::to_string(angolo));
-            OpzioniAscensionale o;
-            o.ModoAscens = modo;
-            o.AngoloRuota = angolo;
-            o.AngoloAscens = 360 - angolo;
+            const OpzioniAscensionale o{
+                .ModoAscens = modo, .AngoloRuota = angolo, .AngoloAscens = 360 - angolo};
             SuperficieRegistrata singola, doppia;
             DisegnaRuotaAscensionale(singola, TemaDiProva(), Carta(), o);
             // 12 sign symbols, 12 zodiacal and 12 ascensional bodies.

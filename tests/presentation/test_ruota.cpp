@@ -1,9 +1,8 @@
-// The single wheel on the recording surface: where the bodies' glyphs go when they crowd, the
-// cusps with the Ascendant's arrow, the Midheaven's circle and the house numbers, the sign ring,
-// the planetary nodes and the aspect lines with their colours.
+// The single wheel: crowded glyphs, cusps and arrow, houses, signs, nodes and aspect lines.
 #include <gtest/gtest.h>
 
 #include <set>
+#include <tuple>
 
 #include "Disegno.h"
 #include "Temi.h"
@@ -21,12 +20,13 @@ struct Disegnata {
     PuntiDellaRuota punti;
 };
 
-void Disegna(Disegnata& d, const Posizioni& p, const OpzioniRuota& o = {}) {
+Disegnata Disegna(const Posizioni& p, const OpzioniRuota& o = {}) {
+    Disegnata d;
     d.punti = DisegnaRuota(d.sup, TemaDiProva(), p, o);
+    return d;
 }
 
-// Whether body `corpo` (1..12) has its glyph on ring `anello` at longitude L, in its colour: a
-// box of 350 centred on the ring's circle at the body's longitude.
+// Whether body `corpo` (1..12) has its glyph of 350 centred on ring `anello` at longitude L.
 bool GlifoSulRing(const Disegnata& d, int corpo, int anello, double L, int colore,
                   double angolo = 0) {
     double r = R2 - anello * 350;
@@ -36,7 +36,16 @@ bool GlifoSulRing(const Disegnata& d, int corpo, int anello, double L, int color
 }
 
 bool SulCerchio(double x, double y, double r) {
-    return Vicino(std::hypot(x - CX, y - CY), r, 1e-6);
+    return Vicino(std::hypot(x - CX, y - CY), r);
+}
+
+// The lines drawn from radius r1 to radius r2 at longitude L.
+int LineeTra(const Disegnata& d, double r1, double r2, double L) {
+    int n = 0;
+    for (const Figura& f : DelTipo(d.sup.figure, Figura::Linea))
+        n += Vicino(f.x1, Px(CX, r1, L)) && Vicino(f.y1, Py(CY, r1, L)) &&
+             Vicino(f.x2, Px(CX, r2, L)) && Vicino(f.y2, Py(CY, r2, L));
+    return n;
 }
 
 // The lines drawn between two points of the circle R2: the aspect lines.
@@ -64,8 +73,7 @@ const std::array<double, 12> Affollati{100, 104, 111, 107, 150, 200, 205, 211, 2
 } // namespace
 
 TEST(RuotaSingola, AnelliDeiCorpiVicini) {
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
+    const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni));
     // Venere meets rings 1, 2, 1: up at Sole, up at Luna, and Mercurio no longer counts.
     // Nettuno meets rings 2, 1 (Giove exactly 8 degrees off does not count): it stays at 1 at
     // Saturno and goes to 2 at Urano, on Saturno's ring.
@@ -81,11 +89,7 @@ TEST(RuotaSingola, AnelliDeiCorpiVicini) {
     }
     // The tick on R2 marks the true longitude whatever the ring.
     EXPECT_EQ(d.punti[4].X, Px(CX, R2, 107));
-    bool tacca = false;
-    for (const Figura& f : DelTipo(d.sup.figure, Figura::Linea))
-        tacca |= Vicino(f.x1, Px(CX, R2, 107)) && Vicino(f.y1, Py(CY, R2, 107)) &&
-                 Vicino(f.x2, Px(CX, R2 - 175, 107)) && Vicino(f.y2, Py(CY, R2 - 175, 107));
-    EXPECT_TRUE(tacca);
+    EXPECT_EQ(LineeTra(d, R2, R2 - 175, 107), 1);
 }
 
 TEST(RuotaSingola, AnelliSenzaLimite) {
@@ -93,8 +97,7 @@ TEST(RuotaSingola, AnelliSenzaLimite) {
     std::array<double, 12> stretti{};
     for (std::size_t i = 0; i < 12; ++i)
         stretti[i] = 50 + 0.5 * static_cast<double>(i);
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(stretti, CuspidiComuni));
+    const Disegnata d = Disegna(PosizioniDiProva(stretti, CuspidiComuni));
     for (std::size_t i = 1; i <= 12; ++i)
         EXPECT_EQ(d.punti[i].Anello, static_cast<int>(i));
     EXPECT_TRUE(GlifoSulRing(d, 12, 12, stretti[11], 0));
@@ -103,28 +106,28 @@ TEST(RuotaSingola, AnelliSenzaLimite) {
 TEST(RuotaSingola, CuspidiFrecciaCerchioENumeri) {
     OpzioniRuota o;
     o.AngoloRuota = 360 - CuspidiComuni[0]; // the Ascendant at the left
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni), o);
+    const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni), o);
     const auto& f = d.sup.figure;
     // The Ascendant's line, pen 2, from radius 800 to R1 + 500 on the left.
     std::size_t i = 0;
-    while (i < f.size() && !(f[i].tipo == Figura::Linea && Vicino(f[i].x2, CX - 3600, 1e-6) &&
-                             Vicino(f[i].y2, CY, 1e-6)))
+    while (i < f.size() &&
+           !(f[i].tipo == Figura::Linea && Vicino(f[i].x2, CX - 3600) && Vicino(f[i].y2, CY)))
         ++i;
     ASSERT_LT(i + 2, f.size());
     EXPECT_EQ(f[i].spessore, 2);
-    EXPECT_NEAR(f[i].x1, CX - 800, 1e-9);
+    EXPECT_NEAR(f[i].x1, CX - 800, TolleranzaTwips);
     // The arrow head: two barbs of 300 pointing back at 54 degrees either side of the line.
     for (std::size_t b : {i + 1, i + 2}) {
-        EXPECT_NEAR(f[b].x1, CX - 3600, 1e-9);
-        EXPECT_NEAR(f[b].x2 - f[b].x1, 300 * std::cos(Radianti(54)), 1e-9);
-        EXPECT_NEAR(std::fabs(f[b].y2 - f[b].y1), 300 * std::sin(Radianti(54)), 1e-9);
+        EXPECT_NEAR(f[b].x1, CX - 3600, TolleranzaTwips);
+        EXPECT_NEAR(f[b].x2 - f[b].x1, 300 * std::cos(Radianti(54)), TolleranzaTwips);
+        EXPECT_NEAR(std::fabs(f[b].y2 - f[b].y1), 300 * std::sin(Radianti(54)), TolleranzaTwips);
     }
-    EXPECT_NEAR(f[i + 1].y2 + f[i + 2].y2, 2 * CY, 1e-9);
+    EXPECT_NEAR(f[i + 1].y2 + f[i + 2].y2, 2 * CY, TolleranzaTwips);
     // The Midheaven at 280 stands at the top; its circle of 250 at R1 + 280.
     int cerchi = 0;
     for (const Figura& e : DelTipo(f, Figura::Ellisse))
-        cerchi += e.rx == 250 && Vicino(e.x1, CX, 1e-9) && Vicino(e.y1, CY - 3380, 1e-9);
+        cerchi += e.rx == 250 && Vicino(e.x1, CX, TolleranzaTwips) &&
+                  Vicino(e.y1, CY - 3380, TolleranzaTwips);
     EXPECT_EQ(cerchi, 1);
     // Angles 4, 7 and 10 cross the ring too, the others stop at R2 with pen 1.
     int lungheSpesse = 0, corteSottili = 0;
@@ -138,8 +141,7 @@ TEST(RuotaSingola, CuspidiFrecciaCerchioENumeri) {
 }
 
 TEST(RuotaSingola, NumeriDelleCase) {
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
+    const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni));
     auto numero = [&](const std::string& n, double L) {
         for (const Figura& t : DelTipo(d.sup.figure, Figura::Testo))
             if (t.testo == n) return Vicino(t.x1, Px(CX, 900, L)) && Vicino(t.y1, Py(CY, 900, L));
@@ -154,15 +156,8 @@ TEST(RuotaSingola, NumeriDelleCase) {
     EXPECT_EQ(DelTipo(d.sup.figure, Figura::Testo).size(), 12u);
 }
 
+// The disc, the two bevels (40 arcs and a white circle each); reduced colours drop the outer one.
 TEST(RuotaSingola, FondoAnelloEBiselli) {
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
-    const Figura& fondo = d.sup.figure.front();
-    EXPECT_EQ(fondo.tipo, Figura::Ellisse);
-    EXPECT_EQ(fondo.rx, 3700);
-    EXPECT_EQ(fondo.tipoRiempimento, 0);
-    EXPECT_EQ(fondo.coloreRiempimento, FacciaPulsante);
-    EXPECT_EQ(fondo.colore, d.sup.ColoreFondo());
     auto conta = [](const std::vector<Figura>& f, double r) {
         int archi = 0, cerchi = 0;
         for (const Figura& e : f) {
@@ -171,37 +166,36 @@ TEST(RuotaSingola, FondoAnelloEBiselli) {
         }
         return std::pair{archi, cerchi};
     };
-    EXPECT_EQ(conta(d.sup.figure, R1), (std::pair{40, 1}));
-    EXPECT_EQ(conta(d.sup.figure, R2), (std::pair{40, 1}));
-    // The sign ring in light grey; the first 25 arcs of a bevel in the button shadow.
-    for (const Figura& e : d.sup.figure)
-        if (e.tipo == Figura::Ellisse && e.rx == R1) {
-            EXPECT_EQ(e.coloreRiempimento, GrigioChiaro);
-        }
-    // After the discs everything is transparent.
-    EXPECT_EQ(d.sup.figure.back().tipoRiempimento, 1);
-
-    OpzioniRuota ridotti;
-    ridotti.ColoriRidotti = true;
-    Disegnata r;
-    Disegna(r, PosizioniDiProva(Affollati, CuspidiComuni), ridotti);
-    EXPECT_EQ(conta(r.sup.figure, R1), (std::pair{0, 0}));
-    EXPECT_EQ(conta(r.sup.figure, R2), (std::pair{40, 1}));
+    for (bool ridotti : {false, true}) {
+        SCOPED_TRACE(ridotti);
+        OpzioniRuota o;
+        o.ColoriRidotti = ridotti;
+        const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni), o);
+        const Figura& fondo = d.sup.figure.front();
+        EXPECT_EQ(std::make_tuple(fondo.tipo, fondo.rx, fondo.coloreRiempimento),
+                  std::make_tuple(Figura::Ellisse, 3700.0, FacciaPulsante));
+        EXPECT_EQ(conta(d.sup.figure, R1), ridotti ? std::pair(0, 0) : std::pair(40, 1));
+        EXPECT_EQ(conta(d.sup.figure, R2), (std::pair{40, 1}));
+        // The sign ring in light grey; after the discs everything is transparent.
+        for (const Figura& e : DelTipo(d.sup.figure, Figura::Ellisse))
+            EXPECT_TRUE(e.rx != R1 || e.tipoRiempimento != 0 ||
+                        e.coloreRiempimento == GrigioChiaro);
+        EXPECT_EQ(d.sup.figure.back().tipoRiempimento, 1);
+    }
 }
 
 TEST(RuotaSingola, SegniDaSinistraInSensoAntiorario) {
-    Disegnata d;
-    Disegna(d, PosizioniDiProva(Affollati, CuspidiComuni));
+    const Disegnata d = Disegna(PosizioniDiProva(Affollati, CuspidiComuni));
     std::vector<Figura> confini;
     for (const Figura& l : DelTipo(d.sup.figure, Figura::Linea))
         if (SulCerchio(l.x1, l.y1, R2) && SulCerchio(l.x2, l.y2, R1) && l.spessore == 1)
             confini.push_back(l);
     ASSERT_EQ(confini.size(), 12u);
     // Ariete's boundary at the left in red, Cancro's at the bottom in white.
-    EXPECT_NEAR(confini[0].x2, CX - R1, 1e-9);
-    EXPECT_NEAR(confini[0].y2, CY, 1e-9);
+    EXPECT_NEAR(confini[0].x2, CX - R1, TolleranzaTwips);
+    EXPECT_NEAR(confini[0].y2, CY, TolleranzaTwips);
     EXPECT_EQ(confini[0].colore, ColorePalette(12));
-    EXPECT_NEAR(confini[3].y2, CY + R1, 1e-9);
+    EXPECT_NEAR(confini[3].y2, CY + R1, TolleranzaTwips);
     EXPECT_EQ(confini[3].colore, ColorePalette(15));
     // Each sign glyph centred at R2 + 350 in the middle of its sign, pen 2; its box and its
     // pen (40 twips) keep within the 300 twips left to R1 at every angle: its side is
@@ -219,8 +213,7 @@ TEST(RuotaSingola, NodiPlanetariDaLNd) {
     p.Venere.LNd = 97;
     OpzioniRuota o;
     o.NodiScelti = 7;
-    Disegnata d;
-    Disegna(d, p, o);
+    const Disegnata d = Disegna(p, o);
     auto nodo = [&](int lato, int anello, double L) {
         double r = R2 - anello * 350;
         return Contiene(d.sup.figure,
@@ -232,16 +225,13 @@ TEST(RuotaSingola, NodiPlanetariDaLNd) {
 
     // Only north (row 8), and none for the rows of Plutone.
     o.NodiScelti = 8;
-    Disegnata soloNord;
-    Disegna(soloNord, p, o);
-    Disegnata nessuno;
-    Disegna(nessuno, p, OpzioniRuota{});
+    const Disegnata soloNord = Disegna(p, o);
+    const Disegnata nessuno = Disegna(p, OpzioniRuota{});
     std::size_t base = nessuno.sup.figure.size();
     std::size_t nord = FigureDelGlifo(GlifoNodo(RuotaVenere, 0), 350, 0, 0, Nero).size();
     EXPECT_EQ(soloNord.sup.figure.size(), base + 1 + nord);
     o.NodiScelti = 25;
-    Disegnata plutone;
-    Disegna(plutone, p, o);
+    const Disegnata plutone = Disegna(p, o);
     EXPECT_EQ(plutone.sup.figure.size(), base);
 
     // All the nodes: seven bodies, two sides.
@@ -258,13 +248,11 @@ TEST(RuotaSingola, LineeDegliAspettiEIloroColori) {
     const std::array<double, 12> corpi{0, 121, 33, 177, 271, 214, 135, 1.5, 324, 321, 288, 222};
     Posizioni p = PosizioniDiProva(corpi, {353, 20, 50, 37, 300, 330});
     OpzioniRuota o;
-    Disegnata senza;
-    Disegna(senza, p, o);
+    const Disegnata senza = Disegna(p, o);
     EXPECT_TRUE(LineeAspetto(senza).empty());
 
     o.DisegnaAspetti = true;
-    Disegnata d;
-    Disegna(d, p, o);
+    const Disegnata d = Disegna(p, o);
     auto linee = LineeAspetto(d);
     EXPECT_EQ(linee.size(), 8u);
     EXPECT_EQ(Linee(linee, 0, 121, Blu), 1);   // trine
@@ -280,8 +268,7 @@ TEST(RuotaSingola, LineeDegliAspettiEIloroColori) {
     o.Aspetti.AspettoAttivo.fill(0);
     o.Aspetti.AspettoAttivo[13] = -1;
     o.Aspetti.AspettoAttivo[15] = -1;
-    Disegnata minori;
-    Disegna(minori, p, o);
+    const Disegnata minori = Disegna(p, o);
     linee = LineeAspetto(minori);
     EXPECT_EQ(linee.size(), 5u);
     EXPECT_EQ(Linee(linee, 121, 271, Rosso), 1); // Quinconce
@@ -293,8 +280,7 @@ TEST(RuotaSingola, LineeDegliAspettiEIloroColori) {
     // A wide orb: one pair in several aspects draws one line for each.
     o.Aspetti.AspettoAttivo.fill(-1);
     o.Aspetti.Orbita = 16;
-    Disegnata larga;
-    Disegna(larga, p, o);
+    const Disegnata larga = Disegna(p, o);
     EXPECT_EQ(Linee(LineeAspetto(larga), 0, 33, Nero) + Linee(LineeAspetto(larga), 0, 33, Rosso),
               3); // 30 (SemiSestile, red), 40 and 45 in the pen's colour
 }

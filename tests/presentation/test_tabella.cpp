@@ -1,6 +1,7 @@
-// The positions table: heads, the texts of each kind of row, and the literal texts that stand in
-// cells without a value.
+// The positions table: heads, each kind of row, and the texts of cells without a value.
 #include <gtest/gtest.h>
+
+#include <tuple>
 
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
@@ -31,23 +32,14 @@ Calcolato Casta(double lat) {
 
 } // namespace
 
-TEST(TabellaPosizioni, Testate) {
+TEST(TabellaPosizioni, TestateERighe) {
     Calcolato k = Casta(45.4);
     TabellaPosizioni t = RiempiTabella(k.c, k.p);
-    EXPECT_EQ(t.celle[0][1], "Segno ");
-    EXPECT_EQ(t.celle[0][5], "<Declinazione   ");
-    EXPECT_EQ(t.celle[0][10], " A.R. (Dec.)");
-    EXPECT_EQ(t.celle[1][0], "Asce.");
-    EXPECT_EQ(t.celle[4][0], "FC");
-    EXPECT_EQ(t.celle[7][0], "Disce.");
-    EXPECT_EQ(t.celle[13][0], "Sole");
-    EXPECT_EQ(t.celle[23][0], "Nodo L.");
-    EXPECT_EQ(t.celle[25][0], "Lil.Vera");
-}
-
-TEST(TabellaPosizioni, RigheDiCuspidiECorpi) {
-    Calcolato k = Casta(45.4);
-    TabellaPosizioni t = RiempiTabella(k.c, k.p);
+    const std::tuple<std::size_t, std::size_t, const char*> testate[] = {
+        {0, 1, "Segno "}, {0, 5, "<Declinazione   "}, {0, 10, " A.R. (Dec.)"}, {1, 0, "Asce."},
+        {4, 0, "FC"},     {7, 0, "Disce."},           {13, 0, "Sole"},         {25, 0, "Lil.Vera"}};
+    for (const auto& [riga, colonna, testo] : testate)
+        EXPECT_EQ(t.celle[riga][colonna], testo) << riga << " " << colonna;
     // Cusps: no motion, no house, no right ascension in decimals.
     for (int i = 1; i <= 12; ++i) {
         EXPECT_EQ(t.celle[static_cast<std::size_t>(i)][3], "***");
@@ -64,11 +56,9 @@ TEST(TabellaPosizioni, RigheDiCuspidiECorpi) {
     EXPECT_EQ(t.celle[19][3], "R");
     EXPECT_EQ(t.celle[18][3], "");
     // Mean Lilith has no declination or ascensions to show.
+    for (std::size_t colonna : {5, 6, 7, 9})
+        EXPECT_EQ(t.celle[24][colonna], "******") << colonna;
     EXPECT_EQ(t.celle[24][3], "**");
-    EXPECT_EQ(t.celle[24][5], "******");
-    EXPECT_EQ(t.celle[24][6], "******");
-    EXPECT_EQ(t.celle[24][7], "******");
-    EXPECT_EQ(t.celle[24][9], "******");
     EXPECT_EQ(t.celle[25][3], "**");
     // Decimal longitude with six decimals and the comma.
     EXPECT_EQ(t.celle[13][8], FormatoNumero(k.p.Sole.Lo, "###.#####0"));

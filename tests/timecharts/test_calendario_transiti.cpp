@@ -1,10 +1,7 @@
-// The transit calendar against the program's own positions and against an independent search on
-// Debian's Swiss Ephemeris library (its Moshier ephemeris, asked at the same Julian day as
-// dynamical time, as tests/ephemeris/test_confronto.cpp does): a plain scan of the longitude at
-// fixed steps with bisection, which knows nothing of stations. The two ephemerides differ by the
-// series' accuracy (0.05 degrees for Giove and Saturno, 0.1 for Urano and Nettuno), so the times
-// agree to that arc divided by the speed, and a target within that arc of a station may be
-// reached by one and missed by the other.
+// The transit calendar against its own chart and an independent scan-and-bisect search on the
+// Swiss Ephemeris (Moshier, at the same Julian day as dynamical time). The series' accuracy
+// (0.05 degrees for Giove and Saturno, 0.1 for Urano and Nettuno) divided by the speed bounds the
+// times; a target within that arc of a station may be reached by one search only.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>
@@ -27,6 +24,8 @@
 using namespace vesmo;
 
 namespace {
+
+constexpr double TolleranzaGradi = 1e-6; // a hit, or an orb's edge, in the program's own chart
 
 Tema Natale() {
     Tema t;
@@ -67,13 +66,13 @@ double Scarto(double a, double b) {
 const int CorpoSwe[] = {SE_SUN,    SE_MOON,   SE_MERCURY, SE_VENUS, SE_MARS,     SE_JUPITER,
                         SE_SATURN, SE_URANUS, SE_NEPTUNE, SE_PLUTO, SE_MEAN_NODE};
 
-void Swe(int corpo, double jd, double& lon, double& velocita) {
+// The reference's longitude and speed.
+std::pair<double, double> Swe(int corpo, double jd) {
     double x[6];
     char errore[256];
     const int rc = swe_calc(jd, CorpoSwe[corpo], SEFLG_MOSEPH | SEFLG_SPEED, x, errore);
     EXPECT_GE(rc, 0) << errore;
-    lon = x[0];
-    velocita = x[3];
+    return {x[0], x[3]};
 }
 
 struct Passaggio {
@@ -94,8 +93,7 @@ std::vector<Passaggio> PassaggiSwe(int corpo, double bersaglio, double da, doubl
         double g0 = f0;
         while (t1 - t0 > 1e-7) {
             const double m = (t0 + t1) / 2;
-            double l, vel;
-            Swe(corpo, m, l, vel);
+            const double l = Swe(corpo, m).first;
             const double g = Scarto(l, bersaglio);
             if ((g < 0) == (g0 < 0)) {
                 t0 = m;
@@ -115,13 +113,11 @@ std::vector<Passaggio> PassaggiSwe(int corpo, double bersaglio, double da, doubl
 
 TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
     const Posizioni natale = PosizioniNatali();
-    RichiestaTransiti r;
-    r.jdDa = GiornoGiuliano(2020, 1, 1);
-    r.jdA = GiornoGiuliano(2025, 12, 31);
-    r.corpi = {5, 6, 7, 8};
-    r.punti = PuntiNataliPredefiniti(natale, 1);
-    r.aspetti = {0, 1, 2, 3, 4};
-    r.orbita = 2.5;
+    const RichiestaTransiti r{.jdDa = GiornoGiuliano(2020, 1, 1),
+                              .jdA = GiornoGiuliano(2025, 12, 31),
+                              .corpi = {5, 6, 7, 8},
+                              .punti = PuntiNataliPredefiniti(natale, 1),
+                              .aspetti = {0, 1, 2, 3, 4}};
     const auto transiti = CercaTransiti(r);
     ASSERT_GT(transiti.size(), 100u);
     EXPECT_TRUE(std::is_sorted(transiti.begin(), transiti.end(),
@@ -146,8 +142,8 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
     }
     std::printf("  worst aspect error %.2e deg, worst orb edge error %.2e deg over %zu hits\n",
                 peggiore, peggioreOrbita, transiti.size());
-    EXPECT_LE(peggiore, 1e-6);
-    EXPECT_LE(peggioreOrbita, 1e-6);
+    EXPECT_LE(peggiore, TolleranzaGradi);
+    EXPECT_LE(peggioreOrbita, TolleranzaGradi);
 
     // The independent search: every target of every body, scanned at half a day.
     const double errore[] = {0, 0, 0, 0, 0, 0.05, 0.05, 0.1, 0.1};
@@ -158,8 +154,7 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
         std::vector<double> lon, vel;
         const double da = r.jdDa - 1;
         for (double t = da; t <= r.jdA + 1; t += passo) {
-            double l, v;
-            Swe(corpo, t, l, v);
+            const auto [l, v] = Swe(corpo, t);
             lon.push_back(l);
             vel.push_back(v);
         }
@@ -195,8 +190,7 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
                                  std::fabs(swe[i].jd - t.jd) < std::fabs(swe[migliore].jd - t.jd)))
                                 migliore = i;
                         if (migliore < swe.size()) {
-                            double l, v;
-                            Swe(corpo, swe[migliore].jd, l, v);
+                            const double v = Swe(corpo, swe[migliore].jd).second;
                             const double tolleranza = 1.5 * errore[corpo] / std::fabs(v) + 1e-3;
                             if (std::fabs(swe[migliore].jd - t.jd) <= tolleranza) {
                                 preso[migliore] = true;
@@ -236,11 +230,9 @@ TEST(CalendarioTransiti, TrePassaggiDiUnaStazione) {
     const double da = GiornoGiuliano(2025, 1, 1), a = GiornoGiuliano(2026, 6, 30);
     // The reference's two stations.
     std::vector<std::pair<double, double>> stazioni;
-    double lPrima, vPrima;
-    Swe(6, da, lPrima, vPrima);
+    double vPrima = Swe(6, da).second;
     for (double t = da + 1; t <= a; t += 1) {
-        double l, v;
-        Swe(6, t, l, v);
+        const auto [l, v] = Swe(6, t);
         if ((v < 0) != (vPrima < 0)) stazioni.push_back({t, l});
         vPrima = v;
     }
@@ -248,28 +240,23 @@ TEST(CalendarioTransiti, TrePassaggiDiUnaStazione) {
     const double mezzo =
         Norma360(stazioni[1].second + Scarto(stazioni[0].second, stazioni[1].second) / 2, 1);
 
-    RichiestaTransiti r;
-    r.jdDa = da;
-    r.jdA = a;
-    r.corpi = {6};
-    r.punti = {{"Sole", mezzo}};
-    r.aspetti = {0};
-    r.orbita = 1;
+    RichiestaTransiti r{.jdDa = da,
+                        .jdA = a,
+                        .corpi = {6},
+                        .punti = {{"Sole", mezzo}},
+                        .aspetti = {0},
+                        .orbita = 1};
     auto transiti = CercaTransiti(r);
     ASSERT_EQ(transiti.size(), 3u);
     std::vector<double> lon;
-    for (double t = da; t <= a; t += 0.5) {
-        double l, v;
-        Swe(6, t, l, v);
-        lon.push_back(l);
-    }
+    for (double t = da; t <= a; t += 0.5)
+        lon.push_back(Swe(6, t).first);
     const auto swe = PassaggiSwe(6, mezzo, da, a, da, lon, 0.5);
     ASSERT_EQ(swe.size(), 3u);
     const bool retrogradi[] = {false, true, false};
     for (std::size_t i = 0; i < 3; ++i) {
         EXPECT_EQ(transiti[i].retrogrado, retrogradi[i]);
-        double l, v;
-        Swe(6, swe[i].jd, l, v);
+        const double v = Swe(6, swe[i].jd).second;
         EXPECT_NEAR(transiti[i].jd, swe[i].jd, 1.5 * 0.05 / std::fabs(v)) << i;
         // The loop is wider than the orb: each pass enters and leaves on its own.
         EXPECT_LT(transiti[i].jdIngresso, transiti[i].jd);
@@ -300,26 +287,24 @@ TEST(CalendarioTransiti, TrePassaggiDiUnaStazione) {
     EXPECT_GT(transiti[1].jd, tStazione);
     EXPECT_LT(transiti[1].jd - transiti[0].jd, 20);
     for (const Transito& t : transiti)
-        EXPECT_LE(std::fabs(Scarto(LongitudineTransito(6, t.jd), t.bersaglio)), 1e-6);
+        EXPECT_LE(std::fabs(Scarto(LongitudineTransito(6, t.jd), t.bersaglio)), TolleranzaGradi);
     // Near the station the body stays within 0.002 degrees of the target between the two
     // passes: one orb holds them both.
     EXPECT_DOUBLE_EQ(transiti[0].jdIngresso, transiti[1].jdIngresso);
     EXPECT_DOUBLE_EQ(transiti[0].jdUscita, transiti[1].jdUscita);
 }
 
-// A period of one day with every body: the hits are those of a scan minute by minute of the
-// program's own longitudes, no more and no fewer.
+// One day with every body: exactly the hits of a minute-by-minute scan of the own longitudes.
 TEST(CalendarioTransiti, UnGiornoComeUnaScansioneAlMinuto) {
     const Posizioni natale = PosizioniNatali();
     RichiestaTransiti r;
     r.jdDa = GiornoGiuliano(2026, 3, 1) - 1.0 / 24;
     r.jdA = r.jdDa + 1;
+    r.punti = PuntiNataliPredefiniti(natale, 1);
     for (int c = 0; c < NumeroCorpiTransito; ++c)
         r.corpi.push_back(c);
-    r.punti = PuntiNataliPredefiniti(natale, 1);
     for (int k = 0; k < NumeroAspetti; ++k)
         r.aspetti.push_back(k);
-    r.orbita = 2.5;
     const auto transiti = CercaTransiti(r);
 
     std::vector<std::pair<double, int>> scansione; // time, body
@@ -357,12 +342,11 @@ TEST(CalendarioTransiti, UnGiornoComeUnaScansioneAlMinuto) {
 
 TEST(CalendarioTransiti, RichiesteSenzaRisultati) {
     const Posizioni natale = PosizioniNatali();
-    RichiestaTransiti r;
-    r.jdDa = GiornoGiuliano(2026, 1, 1);
-    r.jdA = r.jdDa + 365;
-    r.corpi = CorpiTransitoPredefiniti();
-    r.punti = PuntiNataliPredefiniti(natale, 1);
-    r.aspetti = {0, 1, 2, 3, 4};
+    const RichiestaTransiti r{.jdDa = GiornoGiuliano(2026, 1, 1),
+                              .jdA = GiornoGiuliano(2027, 1, 1),
+                              .corpi = CorpiTransitoPredefiniti(),
+                              .punti = PuntiNataliPredefiniti(natale, 1),
+                              .aspetti = {0, 1, 2, 3, 4}};
     struct Caso {
         const char* cosa;
         double da, a, orbita;
@@ -431,13 +415,13 @@ TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
     auto cè = [&](const std::string& t) {
         return std::find(testi.begin(), testi.end(), t) != testi.end();
     };
-    EXPECT_TRUE(cè("CALENDARIO TRANSITI   -   pagina 2 di 2"));
-    EXPECT_TRUE(cè("TEMA NATALE   -  stampa  25/11/2026"));
-    EXPECT_TRUE(cè("Prova"));
-    EXPECT_TRUE(cè("Periodo  01/01/2026 - 31/12/2026"));
-    EXPECT_TRUE(cè("Punto natale"));
     // The second page begins where the first ended, and holds the rest.
-    EXPECT_TRUE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina)])[0]));
+    for (const std::string& t :
+         {std::string("CALENDARIO TRANSITI   -   pagina 2 di 2"), std::string("Prova"),
+          std::string("TEMA NATALE   -  stampa  25/11/2026"), std::string("Punto natale"),
+          std::string("Periodo  01/01/2026 - 31/12/2026"), CelleTransito(righe[49])[0],
+          CelleTransito(righe[static_cast<std::size_t>(perPagina)])[0]})
+        EXPECT_TRUE(cè(t)) << t;
     EXPECT_FALSE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina) - 1])[0]));
     EXPECT_TRUE(cè(CelleTransito(righe[49])[0]));
 }
@@ -445,15 +429,14 @@ TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
 // The topocentric Moon of the natal place: each hit exact in the chart cast with that Moon.
 TEST(CalendarioTransiti, LunaTopocentrica) {
     const Posizioni natale = PosizioniNatali();
-    RichiestaTransiti r;
-    r.jdDa = GiornoGiuliano(2026, 3, 1);
-    r.jdA = r.jdDa + 3;
-    r.corpi = {1};
-    r.punti = PuntiNataliPredefiniti(natale, 1);
-    r.aspetti = {0, 1, 2, 3, 4};
-    r.lunaGeo = 0;
-    r.lonLuogo = Natale().Lon;
-    r.latLuogo = Natale().Lat;
+    const RichiestaTransiti r{.jdDa = GiornoGiuliano(2026, 3, 1),
+                              .jdA = GiornoGiuliano(2026, 3, 4),
+                              .corpi = {1},
+                              .punti = PuntiNataliPredefiniti(natale, 1),
+                              .aspetti = {0, 1, 2, 3, 4},
+                              .lunaGeo = 0,
+                              .lonLuogo = Natale().Lon,
+                              .latLuogo = Natale().Lat};
     const auto transiti = CercaTransiti(r);
     ASSERT_GT(transiti.size(), 10u);
     double peggiore = 0, daGeocentrica = 0;
@@ -463,7 +446,7 @@ TEST(CalendarioTransiti, LunaTopocentrica) {
         daGeocentrica =
             std::max(daGeocentrica, std::fabs(Scarto(LongitudineDelTema(1, t.jd, 1), t.bersaglio)));
     }
-    EXPECT_LE(peggiore, 1e-6);
+    EXPECT_LE(peggiore, TolleranzaGradi);
     // The parallax moves the Moon by up to a degree: the geocentric one is elsewhere.
     EXPECT_GT(daGeocentrica, 0.1);
 }

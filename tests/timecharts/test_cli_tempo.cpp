@@ -1,6 +1,4 @@
-// vesmo-cli rivoluzione, direzione, ingresso as a script sees them: the instant and the chart
-// on stdout, JSON with the result fields in front of the chart, one line and status 2 for bad
-// arguments.
+// vesmo-cli rivoluzione, direzione, ingresso: table, JSON and one-line refusals.
 #include <gtest/gtest.h>
 
 #include <sstream>

@@ -1,6 +1,8 @@
-// Secondary directions: by years, by date with and without the fraction, and by fraction of a
-// year before and after the birthday, with the marks in the name and the api warning.
+// Secondary directions by years, by date and by fraction of a year; marks and the api warning.
 #include <gtest/gtest.h>
+
+#include <string>
+#include <tuple>
 
 #include "core/Aritmetica.h"
 #include "timecharts/Direzioni.h"
@@ -8,6 +10,8 @@
 using namespace vesmo;
 
 namespace {
+
+constexpr double Tolleranza = 1e-9; // days, hours and years alike: only rounding
 
 Tema Natale(double anno, double mese, double giorno, double ora, double estiva = 0) {
     Tema t;
@@ -38,11 +42,8 @@ Tema Input(const Tema& nat, double anno, double mese, double giorno, double ora)
 TEST(DirezioniAnni, GiorniPerAnniEOraEstivaNellOra) {
     Tema nat = Natale(1960, 1, 10, 10.5, 1);
     Tema zero = DirezionePerAnni(nat, 0);
-    EXPECT_EQ(zero.Day, nat.Day);
-    EXPECT_EQ(zero.OraL, 9.5);
-    EXPECT_EQ(zero.Estiva, 0);
-    EXPECT_EQ(zero.JD(), nat.JD());
-    EXPECT_EQ(zero.Cmto, "");
+    EXPECT_EQ(std::make_tuple(zero.Day, zero.OraL, zero.Estiva, zero.JD(), zero.Cmto),
+              std::make_tuple(nat.Day, 9.5, 0.0, nat.JD(), std::string()));
     EXPECT_EQ(zero.Nome.str(), "Mario Rossi           P. 0,00 ");
 
     Tema t = DirezionePerAnni(nat, 30.5f);
@@ -52,9 +53,8 @@ TEST(DirezioniAnni, GiorniPerAnniEOraEstivaNellOra) {
     // Summer time pulling the hour below 0 moves the day back; the instant stays.
     Tema notte = Natale(1960, 7, 10, 0.5, 1);
     Tema n = DirezionePerAnni(notte, 2);
-    EXPECT_EQ(n.OraL, 23.5);
-    EXPECT_EQ(n.Day, notte.Day + 2 - 1);
-    EXPECT_NEAR(n.JD(), notte.JD() + 2, 1e-9);
+    EXPECT_EQ(std::make_pair(n.OraL, n.Day), std::make_pair(23.5, notte.Day + 2 - 1));
+    EXPECT_NEAR(n.JD(), notte.JD() + 2, Tolleranza);
 }
 
 TEST(DirezioniData, AnniInteriOFrazioneTroncata) {
@@ -64,9 +64,8 @@ TEST(DirezioniData, AnniInteriOFrazioneTroncata) {
     float api = -1;
     Tema t = DirezionePerData(nat, in, false, api);
     EXPECT_EQ(api, 30.0f);
-    EXPECT_EQ(t.Day, nat.Day + 30);
-    EXPECT_EQ(t.OraL, 12);
-    EXPECT_EQ(t.Lon, nat.Lon); // the place typed counts for nothing
+    // The place typed counts for nothing.
+    EXPECT_EQ(std::make_tuple(t.Day, t.OraL, t.Lon), std::make_tuple(nat.Day + 30, 12.0, nat.Lon));
     EXPECT_EQ(t.City, nat.City);
     EXPECT_EQ(t.Cmto, "commento");
     EXPECT_EQ(t.Nome.str(), "Mario Rossi          P. 30,00 ");
@@ -81,8 +80,7 @@ TEST(DirezioniData, AnniInteriOFrazioneTroncata) {
     Tema inE = Input(estiva, 1961, 7, 10, 12);
     t = DirezionePerData(estiva, inE, true, api);
     EXPECT_FLOAT_EQ(api, 0.99f); // one hour short of the year, cut
-    EXPECT_EQ(t.Estiva, 1);
-    EXPECT_EQ(t.OraL, 12);
+    EXPECT_EQ(std::make_pair(t.Estiva, t.OraL), std::make_pair(1.0, 12.0));
 }
 
 TEST(DirezioniFrazione, PrimaDelCompleannoEsempioDellAiuto) {
@@ -94,10 +92,10 @@ TEST(DirezioniFrazione, PrimaDelCompleannoEsempioDellAiuto) {
     double api = DirezioneFrazioneAnno(s, true, m);
     // 135 days and 3 h 45 min of a year of 365 days.
     double e = 135 + 3.75 / 24;
-    EXPECT_NEAR(api, e / 365, 1e-9);
+    EXPECT_NEAR(api, e / 365, Tolleranza);
     EXPECT_EQ(FormatoNumero(api, "#0.00"), "0,37");
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day);
-    EXPECT_NEAR(s.TemaDir.OraL, e / 365 * 24 + 8.25, 1e-9);
+    EXPECT_NEAR(s.TemaDir.OraL, e / 365 * 24 + 8.25, Tolleranza);
     EXPECT_EQ(s.TemaDir.Nome.str(), "Mario Rossi          P. 0,37  ");
     EXPECT_TRUE(m.registro.empty());
     EXPECT_EQ(s.DirezioneCalcolata, -1);
@@ -115,9 +113,9 @@ TEST(DirezioniFrazione, DopoIlCompleannoEAvvisoApi) {
     s.TemaX = Input(s.TemaNat, 1990, 7, 10, 12);
     MessaggiRegistrati m;
     double api = DirezioneFrazioneAnno(s, true, m);
-    EXPECT_NEAR(api, 30 + 181.0 / 365, 1e-9);
+    EXPECT_NEAR(api, 30 + 181.0 / 365, Tolleranza);
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 30);
-    EXPECT_NEAR(s.TemaDir.OraL, 181.0 / 365 * 24 + 12, 1e-9);
+    EXPECT_NEAR(s.TemaDir.OraL, 181.0 / 365 * 24 + 12, Tolleranza);
     ASSERT_EQ(m.registro.size(), 1u);
     EXPECT_EQ(m.registro[0].titolo, "Lyx - Avviso api > 1 ");
     EXPECT_EQ(m.registro[0].testo,
@@ -130,8 +128,8 @@ TEST(DirezioniFrazione, DopoIlCompleannoEAvvisoApi) {
     m.registro.clear();
     s.TemaX = Input(s.TemaNat, 1961, 1, 10, 12);
     EXPECT_EQ(DirezioneFrazioneAnno(s, true, m), 1.0);
-    EXPECT_EQ(s.TemaDir.OraL, 12);
-    EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 1);
+    EXPECT_EQ(std::make_pair(s.TemaDir.OraL, s.TemaDir.Day),
+              std::make_pair(12.0, s.TemaNat.Day + 1));
     EXPECT_TRUE(m.registro.empty());
 }
 
@@ -142,9 +140,9 @@ TEST(DirezioniFrazione, OraOltreLeVentiquattroEAnnoBisestile) {
     MessaggiRegistrati m;
     double api = DirezioneFrazioneAnno(s, true, m);
     // From 10/1/1960 to 10/1/1961 are 366 days; 361 of them have passed.
-    EXPECT_NEAR(api, 361.0 / 366, 1e-9);
+    EXPECT_NEAR(api, 361.0 / 366, Tolleranza);
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 1);
-    EXPECT_NEAR(s.TemaDir.OraL, 361.0 / 366 * 24 + 20 - 24, 1e-9);
+    EXPECT_NEAR(s.TemaDir.OraL, 361.0 / 366 * 24 + 20 - 24, Tolleranza);
 }
 
 TEST(DirezioniFrazione, InputAnnullatoESpiegazione) {

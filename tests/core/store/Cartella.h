@@ -3,6 +3,8 @@
 
 #include <gtest/gtest.h>
 
+#include "core/store/Valore.h"
+
 #include <fcntl.h>
 #include <filesystem>
 #include <linux/fs.h>
@@ -11,6 +13,16 @@
 #include <unistd.h>
 
 namespace vesmo::test {
+
+// The number of the database error `f` raises, 0 if none.
+inline int NumeroErrore(auto&& f) {
+    try {
+        f();
+    } catch (const ErroreDB& e) {
+        return e.Numero();
+    }
+    return 0;
+}
 
 class Cartella {
 public:

@@ -1,5 +1,4 @@
-// The database file: tables and indexes by name, statements, copying a table from another
-// file, compaction, and the text folding behind the indexes.
+// The database file: tables and indexes, statements, copies, compaction, and the key folding.
 #include "core/store/Chiave.h"
 #include "core/store/Connessione.h"
 #include "core/store/Cursore.h"
@@ -13,16 +12,8 @@
 namespace vesmo {
 namespace {
 
+using test::NumeroErrore;
 namespace fs = std::filesystem;
-
-int NumeroErrore(auto&& f) {
-    try {
-        f();
-    } catch (const ErroreDB& e) {
-        return e.Numero();
-    }
-    return 0;
-}
 
 std::string Contenuto(const fs::path& file) {
     std::ifstream in(file, std::ios::binary);
