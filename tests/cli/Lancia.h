@@ -2,6 +2,7 @@
 // what went to stdout and to stderr.
 #pragma once
 
+#include <algorithm>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -19,6 +20,16 @@ inline Esito Lancia(const std::vector<std::string>& parole) {
     std::ostringstream out, err;
     const int stato = cli::Esegui(parole, out, err);
     return {stato, out.str(), err.str()};
+}
+
+// The words of `a` followed by those of `b`.
+inline std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+inline int Righe(const std::string& s) {
+    return static_cast<int>(std::count(s.begin(), s.end(), '\n'));
 }
 
 } // namespace vesmo::test

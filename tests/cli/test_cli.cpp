@@ -15,6 +15,7 @@
 
 using namespace vesmo;
 
+using vesmo::test::Con;
 using vesmo::test::Esito;
 using vesmo::test::Lancia;
 
@@ -142,14 +143,7 @@ TEST(CliTema, ArgomentiSbagliati) {
 
 TEST(CliTema, LuogoDalDatabase) {
     test::CartellaLuoghi cartella;
-    {
-        Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-        test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
-        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
-        test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
-    }
+    test::DatabasePadova(cartella / "Vesmodat.Mdb");
     const std::string db = (cartella / "Vesmodat.Mdb").string();
     Esito e = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
                       "--nazione", "Italy", "--db", db, "--json"});
@@ -174,14 +168,7 @@ TEST(CliTema, LuogoDalDatabase) {
 }
 
 namespace {
-
 const std::vector<std::string> Greenwich{"--lon", "0E00", "--lat", "51N29", "--fuso", "0"};
-
-std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
-
 } // namespace
 
 // Numbers, times and coordinates of any length are read or refused in one line, never by a
@@ -433,14 +420,7 @@ TEST(CliAspetti, DueTemi) {
 // is not (TU 11:00).
 TEST(CliAspetti, SecondoTemaDalDatabase) {
     test::CartellaLuoghi cartella;
-    {
-        Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-        test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
-        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
-        test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
-    }
+    test::DatabasePadova(cartella / "Vesmodat.Mdb");
     Esito e = Lancia({"aspetti", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
                       "--db", (cartella / "Vesmodat.Mdb").string(), "--con-data", "01/01/1987",
                       "--con-ora", "12:00", "--json"});

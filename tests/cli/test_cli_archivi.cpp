@@ -14,6 +14,7 @@
 
 using namespace vesmo;
 using vesmo::test::Esito;
+using vesmo::test::Righe;
 
 namespace {
 
@@ -38,9 +39,6 @@ protected:
                                       "--archivio", archivio};
         p.insert(p.end(), altro.begin(), altro.end());
         return Lancia(p);
-    }
-    static int Righe(const std::string& s) {
-        return static_cast<int>(std::count(s.begin(), s.end(), '\n'));
     }
     vesmo::test::Cartella cartella;
     std::string fileDB;
@@ -97,11 +95,11 @@ TEST_F(CliArchivi, NomeDoppio) {
 
     EXPECT_EQ(Salva("Anna", "Amici", {"--doppio", "aggiungi"}).stato, 0);
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
-    std::vector<std::string> p = {"salva",    "--data",     "10/04/1987", "--ora",      "08:00",
-                                  "--lon",    "11E53",      "--lat",      "45N24",      "--fuso",
-                                  "-1",       "--nome",     "Anna",       "--archivio", "Amici",
-                                  "--doppio", "sovrascrivi"};
-    EXPECT_EQ(Lancia(p).stato, 0);
+    EXPECT_EQ(Lancia({"salva", "--data", "10/04/1987", "--ora", "08:00", "--lon", "11E53", "--lat",
+                      "45N24", "--fuso", "-1", "--nome", "Anna", "--archivio", "Amici", "--doppio",
+                      "sovrascrivi"})
+                  .stato,
+              0);
     Esito j = Lancia({"archivio", "Amici", "--json"});
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
     // The first of the two is rewritten, the second stays.
@@ -110,32 +108,27 @@ TEST_F(CliArchivi, NomeDoppio) {
 
 TEST_F(CliArchivi, ArgomentiSbagliatiENomiRifiutati) {
     ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
+    auto salva = [](std::vector<std::string> altro, const char* data = "10/04/1987") {
+        std::vector<std::string> p = {"salva", "--data", data,    "--ora",  "19:30", "--lon",
+                                      "11E53", "--lat",  "45N24", "--fuso", "-1"};
+        p.insert(p.end(), altro.begin(), altro.end());
+        return p;
+    };
     struct Caso {
         std::vector<std::string> parole;
         int stato;
     };
     const std::vector<Caso> casi = {
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--nome", "Ugo", "--archivio", "AMICI"},
-         2}, // equal but for case to an archive
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--nome", "Ugo", "--archivio", "Nazioni"},
-         2}, // a place table
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--nome", "Ugo", "--archivio", "   "},
-         2},
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--nome", "Ugo", "--archivio", "Amici", "--doppio", "forse"},
-         2},
-        {{"salva", "--data", "31/02/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--archivio", "Amici"},
-         2},
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1"},
-         2}, // no archive
+        {salva({"--nome", "Ugo", "--archivio", "AMICI"}), 2},   // equal but for case to an archive
+        {salva({"--nome", "Ugo", "--archivio", "Nazioni"}), 2}, // a place table
+        {salva({"--nome", "Ugo", "--archivio", "   "}), 2},
+        {salva({"--nome", "Ugo", "--archivio", "Amici", "--doppio", "forse"}), 2},
+        {salva({"--archivio", "Amici"}, "31/02/1987"), 2},
+        {salva({}), 2}, // no archive
         {{"archivio"}, 2},
         {{"archivio", "Nessuno"}, 1},
         {{"archivio", "Nazioni"}, 1}, // not an archive
+        {{"archivio", "AllCity"}, 1},
         {{"archivi", "extra"}, 2},
     };
     for (const Caso& c : casi) {

@@ -13,15 +13,11 @@
 
 using namespace vesmo;
 using namespace vesmo::test;
+using vesmo::test::Con;
 using vesmo::test::Esito;
 using vesmo::test::Lancia;
 
 namespace {
-
-std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
 
 const std::vector<std::string> Natale{"--data", "10/04/1987", "--ora",    "19:30",
                                       "--lon",  "11E53",      "--lat",    "45N24",

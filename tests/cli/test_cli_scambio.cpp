@@ -17,12 +17,7 @@ class CliScambio : public ::testing::Test {
 protected:
     void SetUp() override {
         db = (cartella / "Vesmodat.Mdb").string();
-        Database d = DatabaseLuoghi(db);
-        AggiungiCity(d, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-        AggiungiFuso(d, 1, 1, 1, 1900, "-1", "00");
-        AggiungiEstiva(d, 1, 1, 1, 1900, 0, 0, 0, 0);
-        AggiungiEstiva(d, 1, 29, 3, 1987, 2, 0, 1, 0);
-        AggiungiEstiva(d, 1, 27, 9, 1987, 3, 0, 0, 0);
+        DatabasePadova(db);
     }
     Esito Cli(std::vector<std::string> parole) {
         parole.push_back("--db");

@@ -12,6 +12,7 @@
 #include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
+using vesmo::test::Con;
 using vesmo::test::Lancia;
 
 namespace {
@@ -31,11 +32,6 @@ std::pair<std::string, std::string> Locale(double jd, int ore) {
 const std::vector<std::string> Natale{"--data", "10/04/1987", "--ora",    "19:30",
                                       "--lon",  "11E53",      "--lat",    "45N24",
                                       "--fuso", "-1",         "--estiva", "1"};
-
-std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
 
 } // namespace
 

@@ -10,6 +10,7 @@
 #include <unistd.h>
 #include <vector>
 
+#include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
 #include "places/Schema.h"
@@ -147,6 +148,18 @@ inline void AggiungiEstiva(Database& db, int codice, int g, int m, int a, int h,
     c.Imposta("HE_h", heH);
     c.Imposta("HE_m", heM);
     c.Update();
+}
+
+// Padova (11°53' E, 45°24' N) with zone -1 from 1900 and summer time 1 from 29 March to
+// 27 September 1987: the place of the charts of 10 April 1987.
+inline Database DatabasePadova(const std::filesystem::path& file) {
+    Database db = DatabaseLuoghi(file);
+    AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+    AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+    AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
+    AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
+    AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
+    return db;
 }
 
 } // namespace vesmo::test
