@@ -6,11 +6,13 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <initializer_list>
 #include <string>
 #include <unistd.h>
 #include <vector>
 
 #include "core/Aritmetica.h"
+#include "core/Messaggi.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
 #include "places/Schema.h"
@@ -148,6 +150,40 @@ inline void AggiungiEstiva(Database& db, int codice, int g, int m, int a, int h,
     c.Imposta("HE_h", heH);
     c.Imposta("HE_m", heM);
     c.Update();
+}
+
+// Rows of the three place tables, to fill a database from a table in one call.
+struct RigaCity {
+    int cNaz;
+    std::string city;
+    double lon, lat;
+    int cFusi, cEst;
+};
+struct RigaFuso {
+    int codice, g, m, a;
+    std::string h, min;
+};
+struct RigaEstiva {
+    int codice, g, m, a, h, min, heH, heM;
+};
+inline void Aggiungi(Database& db, std::initializer_list<RigaCity> citta,
+                     std::initializer_list<RigaFuso> fusi = {},
+                     std::initializer_list<RigaEstiva> estive = {}) {
+    for (const RigaCity& r : citta)
+        AggiungiCity(db, r.cNaz, r.city, r.lon, r.lat, r.cFusi, r.cEst);
+    for (const RigaFuso& r : fusi)
+        AggiungiFuso(db, r.codice, r.g, r.m, r.a, r.h, r.min);
+    for (const RigaEstiva& r : estive)
+        AggiungiEstiva(db, r.codice, r.g, r.m, r.a, r.h, r.min, r.heH, r.heM);
+}
+
+// The boxes shown, as {title, text}, to compare with a table in one check.
+using Riquadri = std::vector<std::pair<std::string, std::string>>;
+inline Riquadri Mostrati(const MessaggiRegistrati& messaggi) {
+    Riquadri r;
+    for (const auto& v : messaggi.registro)
+        r.emplace_back(v.titolo, v.testo);
+    return r;
 }
 
 // Padova (11°53' E, 45°24' N) with zone -1 from 1900 and summer time 1 from 29 March to
