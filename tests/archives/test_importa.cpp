@@ -18,6 +18,8 @@
 namespace vesmo::test {
 namespace {
 
+constexpr double TolleranzaOreGradi = 1e-12; // hours and degrees
+
 std::vector<std::string> Campi(const std::string& testo) {
     std::istringstream in(testo);
     LettoreCampiSF l(in);
@@ -93,16 +95,13 @@ TEST(TemaDaRecordSF, DataOraFusoECoordinate) {
         Tema t;
         auto errore = TemaDaRecordSF(c.record, t);
         ASSERT_FALSE(errore) << *errore;
-        EXPECT_EQ(t.Day, c.day) << c.record[0];
-        EXPECT_NEAR(t.OraL, c.oraL, 1e-12) << c.record[0];
-        EXPECT_NEAR(t.Fuso, c.fuso, 1e-12) << c.record[0];
-        EXPECT_NEAR(t.Lat, c.lat, 1e-12) << c.record[0];
-        EXPECT_NEAR(t.Lon, c.lonOre, 1e-12) << c.record[0];
-        EXPECT_EQ(t.Estiva, 0) << c.record[0];
-        EXPECT_EQ(t.ZonaSF.str(), "CET    ");
-        EXPECT_EQ(t.City.Valore(), "Padova");
-        EXPECT_EQ(t.Stato.Valore(), "Italia");
-        EXPECT_EQ(t.Cmto, "");
+        SCOPED_TRACE(c.record[0]);
+        EXPECT_EQ(
+            std::tuple(t.Day, t.Estiva, t.ZonaSF.str(), t.City.Valore(), t.Stato.Valore(), t.Cmto),
+            std::tuple(c.day, 0.0, "CET    ", "Padova", "Italia", ""));
+        for (auto [letto, atteso] :
+             {std::pair{t.OraL, c.oraL}, {t.Fuso, c.fuso}, {t.Lat, c.lat}, {t.Lon, c.lonOre}})
+            EXPECT_NEAR(letto, atteso, TolleranzaOreGradi);
     }
 }
 
@@ -215,19 +214,15 @@ TEST_F(Importazione, FileSenzaErroriNonLasciaLogENonToccaQuelloVecchio) {
     std::ofstream(logGiusto) << "vecchio\n";
     auto esito = ImportaArchivioSF(fileDB, file, {"Altro"}, cartella.Percorso().string(), messaggi);
     ASSERT_TRUE(esito);
-    EXPECT_EQ(esito->Archivio, "temitxt");
-    EXPECT_EQ(esito->Importati, 2);
-    EXPECT_EQ(esito->Scartati, 0);
-    EXPECT_EQ(esito->Log, "");
+    EXPECT_EQ(std::tuple(esito->Archivio, esito->Importati, esito->Scartati, esito->Log),
+              std::tuple("temitxt", 2, 0, ""));
     EXPECT_EQ(Leggi(logGiusto), "vecchio\n");
     EXPECT_TRUE(messaggi.registro.empty());
     auto temi = Temi("temitxt");
     ASSERT_EQ(temi.size(), 2u);
     EXPECT_EQ(temi[0].Nome.Valore(), "Bianchi");
-    EXPECT_EQ(temi[1].Nome.Valore(), "Rossi  Mario");
-    EXPECT_EQ(temi[1].Day, 2437005.5);
-    EXPECT_EQ(temi[1].Estiva, 0);
-    EXPECT_EQ(temi[1].Cmto, "");
+    EXPECT_EQ(std::tuple(temi[1].Nome.Valore(), temi[1].Day, temi[1].Estiva, temi[1].Cmto),
+              std::tuple("Rossi  Mario", 2437005.5, 0.0, ""));
     EXPECT_EQ(ElencoArchivi(fileDB), (std::vector<std::string>{"temitxt"}));
 }
 
@@ -249,23 +244,22 @@ TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
     auto esito = ImportaArchivioSF(fileDB, file, {}, cartella.Percorso().string(), messaggi);
     ASSERT_TRUE(esito);
     const std::string log = (cartella / "mistitxt.log").string();
-    EXPECT_EQ(esito->Importati, 2);
-    EXPECT_EQ(esito->Scartati, 4);
-    EXPECT_EQ(esito->Log, log);
+    EXPECT_EQ(std::tuple(esito->Importati, esito->Scartati, esito->Log), std::tuple(2, 4, log));
     EXPECT_EQ(Leggi(log), "  [Errore  Mese SF: 12 mar 1960 ]\n"
                           "  [Errore  Ora SF: 1030 ]\n"
                           "  [Errore  TimeZone SF: -0100 ]\n"
                           "  [Errore  Campo SF: Sei,12 Mar 1960,10:30 ]\n");
     ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - frmGesArchivi.mnFileImpSFtxt");
-    EXPECT_EQ(messaggi.registro[0].testo, "Errori! Esamina il file di testo\n\n" + log);
-    EXPECT_EQ(messaggi.registro[0].icona, Icona::Critico);
+    const auto& v = messaggi.registro[0];
+    EXPECT_EQ(std::tuple(v.titolo, v.testo, v.icona),
+              std::tuple("Vesmo - frmGesArchivi.mnFileImpSFtxt",
+                         "Errori! Esamina il file di testo\n\n" + log, Icona::Critico));
     auto temi = Temi("mistitxt");
     ASSERT_EQ(temi.size(), 2u);
-    EXPECT_EQ(temi[0].Nome.Valore(), "Cinque");
-    EXPECT_NEAR(temi[0].OraL, 22.5, 1e-12);
-    EXPECT_EQ(temi[1].Nome.Valore(), "Uno");
-    EXPECT_NEAR(temi[1].Fuso, -1, 1e-12);
+    EXPECT_EQ(std::tuple(temi[0].Nome.Valore(), temi[1].Nome.Valore()),
+              std::tuple("Cinque", "Uno"));
+    EXPECT_NEAR(temi[0].OraL, 22.5, TolleranzaOreGradi);
+    EXPECT_NEAR(temi[1].Fuso, -1, TolleranzaOreGradi);
 }
 
 TEST_F(Importazione, NomeDoppioAnnullatoNonImportaNulla) {
@@ -487,17 +481,18 @@ TEST_F(Importazione, EsportazioneDiUnArchivio) {
     EXPECT_NE(testo.find("\n* Zeta, 12/03/1960, 10:15,  , -01:00, Padova, Italia, 012E30 45N26, "
                          "17Gem42\n"),
               std::string::npos);
-    ASSERT_EQ(messaggi.registro.size(), 3u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Export Archivi");
-    EXPECT_EQ(messaggi.registro[0].testo, "Scrittura del file " + percorso);
+    std::vector<std::pair<std::string, std::string>> mostrati;
+    for (const auto& v : messaggi.registro)
+        mostrati.emplace_back(v.titolo, v.testo);
+    EXPECT_EQ(mostrati,
+              (decltype(mostrati){
+                  {"Vesmo - Export Archivi", "Scrittura del file " + percorso},
+                  {"AVVISO frmGesArchivi.mnFileTT",
+                   "Errore TimeZone con secondi!!! Alfa" + std::string(26, ' ') + ", 58"},
+                  {"Vesmo - Info File GesArchivi",
+                   "Tabella  Mio\n\nScritta nel File  \n" + percorso + "\nNumero di Records: 2"}}));
     EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::OkAnnulla);
-    EXPECT_EQ(messaggi.registro[1].titolo, "AVVISO frmGesArchivi.mnFileTT");
-    EXPECT_EQ(messaggi.registro[1].testo,
-              "Errore TimeZone con secondi!!! Alfa" + std::string(26, ' ') + ", 58");
     EXPECT_EQ(messaggi.registro[1].icona, Icona::Critico);
-    EXPECT_EQ(messaggi.registro[2].titolo, "Vesmo - Info File GesArchivi");
-    EXPECT_EQ(messaggi.registro[2].testo,
-              "Tabella  Mio\n\nScritta nel File  \n" + percorso + "\nNumero di Records: 2");
 }
 
 TEST_F(Importazione, EsportazioneAnnullataOArchivioVuoto) {
