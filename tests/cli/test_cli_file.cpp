@@ -221,9 +221,7 @@ TEST_F(CliFile, AiutoDiOgniComandoEParoleInPiu) {
           {"formati", "--gradi", "1 2 3", "extra"},
           {"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
            "--fuso", "-1", "extra"}}) {
-        Esito e = vesmo::test::Lancia(parole);
-        EXPECT_EQ(e.stato, 2) << parole[0];
-        EXPECT_EQ(e.err, "vesmo-cli " + parole[0] + ": argomento inatteso: extra\n");
+        vesmo::test::Rifiutato(parole, "vesmo-cli " + parole[0] + ": argomento inatteso: extra\n");
     }
 }
 

@@ -78,12 +78,10 @@ TEST_F(CliScambio, AafCompletatoEsportatoInCsvEReimportato) {
     EXPECT_NE(c.out.find("Rossi, Mario"), std::string::npos);
     Esito niente = Cli({"archivio", "clienti", "--cerca", "commento:nulla"});
     EXPECT_EQ(niente.stato, 1);
-    Esito rotto = Cli({"archivio", "clienti", "--cerca", "dal:31/02/1980"});
-    EXPECT_EQ(rotto.stato, 2);
-    EXPECT_EQ(rotto.err, "vesmo-cli archivio: --cerca: data non valida: 31/02/1980\n");
-    Esito formato = Cli({"importa", csv, "--formato", "xls"});
-    EXPECT_EQ(formato.stato, 2);
-    EXPECT_EQ(formato.err, "vesmo-cli importa: formato sconosciuto (sf, aaf o csv): xls\n");
+    Rifiutato(Con({"archivio", "clienti", "--cerca", "dal:31/02/1980"}, {"--db", db}),
+              "vesmo-cli archivio: --cerca: data non valida: 31/02/1980\n");
+    Rifiutato(Con({"importa", csv, "--formato", "xls"}, {"--db", db}),
+              "vesmo-cli importa: formato sconosciuto (sf, aaf o csv): xls\n");
 }
 
 TEST_F(CliScambio, SicurezzaERipristino) {
