@@ -180,36 +180,15 @@ TEST(NomeArchivio, NomeDoppioChiedeUnAltroNome) {
     EXPECT_FALSE(NomeArchivioImport("a", {"A"}, "/tmp/a", m));
 }
 
-class Importazione : public ::testing::Test {
-protected:
-    void SetUp() override {
-        fileDB = (cartella / "Vesmodat.Mdb").string();
-        Database db;
-        db.Crea(fileDB);
-    }
-    std::string Scrivi(const std::string& nome, const std::string& testo) {
-        std::string p = (cartella / nome).string();
-        std::ofstream(p, std::ios::binary) << testo;
-        return p;
-    }
-    std::string Leggi(const std::string& p) {
-        std::ifstream in(p, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
-    std::vector<Tema> Temi(const std::string& archivio) { return TemiArchivio(fileDB, archivio); }
-    Cartella cartella;
-    std::string fileDB;
-    MessaggiRegistrati messaggi;
-};
+using Importazione = ConArchivi;
 
 // The log of an earlier import of the same name is not the program's to remove: it stays as it
 // was, and a file with nothing refused adds nothing to it.
 TEST_F(Importazione, FileSenzaErroriNonLasciaLogENonToccaQuelloVecchio) {
-    std::string file =
-        Scrivi("temi.txt", "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
-                           "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\r\n"
-                           "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\","
-                           "\"05:00\",\"New York\",\"USA\",\"40N42\",\"74W00\"\r\n");
+    std::string file = File("temi.txt", "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
+                                        "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\r\n"
+                                        "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\","
+                                        "\"05:00\",\"New York\",\"USA\",\"40N42\",\"74W00\"\r\n");
     std::string logGiusto = (cartella / "temitxt.log").string();
     std::ofstream(logGiusto) << "vecchio\n";
     auto esito = ImportaArchivioSF(fileDB, file, {"Altro"}, cartella.Percorso().string(), messaggi);
@@ -227,20 +206,20 @@ TEST_F(Importazione, FileSenzaErroriNonLasciaLogENonToccaQuelloVecchio) {
 }
 
 TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
-    std::string file = Scrivi("misti.txt",
-                              // over two lines
-                              "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
-                              "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              "\"Due\",\"12 mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              "\"Tre\",\"12 Mar 1960\",\"1030\",\"AM\",\"CET\",\"-01:00\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              "\"Quattro\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-0100\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              "\"Cinque\",\"12 Mar 1960\",\"10:30\",\"PM\",\"CET\",\"-01:00\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              // the file ends inside a record
-                              "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
+    std::string file = File("misti.txt",
+                            // over two lines
+                            "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
+                            "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            "\"Due\",\"12 mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            "\"Tre\",\"12 Mar 1960\",\"1030\",\"AM\",\"CET\",\"-01:00\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            "\"Quattro\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-0100\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            "\"Cinque\",\"12 Mar 1960\",\"10:30\",\"PM\",\"CET\",\"-01:00\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            // the file ends inside a record
+                            "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
     auto esito = ImportaArchivioSF(fileDB, file, {}, cartella.Percorso().string(), messaggi);
     ASSERT_TRUE(esito);
     const std::string log = (cartella / "mistitxt.log").string();
@@ -263,8 +242,8 @@ TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
 }
 
 TEST_F(Importazione, NomeDoppioAnnullatoNonImportaNulla) {
-    std::string file = Scrivi("a.txt", "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
-                                       "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n");
+    std::string file = File("a.txt", "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
+                                     "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n");
     CreaArchivio(fileDB, "atxt");
     messaggi.input = {std::nullopt};
     EXPECT_FALSE(ImportaArchivioSF(fileDB, file, {"ATXT"}, cartella.Percorso().string(), messaggi));
@@ -279,7 +258,7 @@ TEST_F(Importazione, ImportInterrottoDaUnErroreDelDatabaseNonLasciaRighe) {
         testo += "\"T" + std::to_string(i) +
                  "\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\",\"Italia\","
                  "\"45N26\",\"12E30\"\n";
-    std::string file = Scrivi("lungo.txt", testo);
+    std::string file = File("lungo.txt", testo);
     Database lettore(fileDB);
     std::unique_ptr<LetturaUnica> lettura;
     int righe = 0;
@@ -342,7 +321,7 @@ TEST_F(Importazione, FileCasualiNonRomponoNulla) {
         if (seme == 6) testo += std::string(10'000'000, 'Z') + "\n";
         if (seme == 11) testo += "\"" + std::string(10'000'000, ',') + "\n";
         std::string nome = "caso" + std::to_string(seme);
-        std::string file = Scrivi(nome + ".txt", testo);
+        std::string file = File(nome + ".txt", testo);
         std::string log = (cartella / (nome + ".log")).string();
         EsitoImport esito;
         ASSERT_NO_THROW(esito = ImportaSF(fileDB, nome, file, log)) << seme;
@@ -387,7 +366,7 @@ TEST_F(Importazione, OgniRecordErratoEUnaRigaDelLog) {
         testo += "\"" + nome + "\",\"" + data + "\",\"" + ora + "\",\"AM\",\"CET\",\"" + fuso +
                  "\",\"P\",\"I\",\"45N26\",\"12E30\"\n";
     }
-    std::string file = Scrivi("contati.txt", testo);
+    std::string file = File("contati.txt", testo);
     auto esito = ImportaSF(fileDB, "contati", file, (cartella / "contati.log").string());
     EXPECT_EQ(esito.Importati, buoni);
     EXPECT_EQ(esito.Scartati, cattivi);

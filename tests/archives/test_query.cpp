@@ -14,7 +14,7 @@
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
-#include "tests/core/store/Cartella.h"
+#include "tests/archives/AiutoArchivi.h"
 
 namespace vesmo::test {
 namespace {
@@ -206,25 +206,10 @@ TEST(QueryCasting, PuntiSceltiUgualiAlTemaIntero) {
     EXPECT_GT(colpiti, 1000); // the conditions are not all misses
 }
 
-class QueryArchivio : public ::testing::Test {
+class QueryArchivio : public ConArchivi {
 protected:
-    void SetUp() override {
-        fileDB = (cartella / "Vesmodat.Mdb").string();
-        Database db;
-        db.Crea(fileDB);
-    }
-    void Riempi(const std::string& archivio, const std::vector<Tema>& temi) {
-        CreaArchivio(fileDB, archivio);
-        Database db(fileDB);
-        db.IniziaTransazione();
-        Cursore rs(db, archivio);
-        for (const Tema& t : temi) {
-            std::int16_t aggiungi = -1, modifica = 0;
-            ScriviTema(rs, t, aggiungi, modifica);
-        }
-        rs.Chiudi();
-        db.ConfermaTransazione();
-    }
+    // The names in the order the rows were written, not the index's: the run writes in index
+    // order.
     std::vector<std::string> Nomi(const std::string& archivio) {
         Database db(fileDB);
         Cursore rs(db, archivio);
@@ -233,9 +218,6 @@ protected:
             r.push_back(SenzaSpazi(rs.Campo("Nome").Testo()));
         return r;
     }
-    Cartella cartella;
-    std::string fileDB;
-    MessaggiRegistrati messaggi;
 };
 
 // The run on two threads finds, in index order, the charts that a whole casting of each chart
@@ -245,7 +227,7 @@ TEST_F(QueryArchivio, EsecuzioneUgualeAlTemaInteroPerOgniTipoDiProva) {
     std::vector<Tema> temi;
     for (int i = 0; i < 2000; ++i)
         temi.push_back(TemaCasuale(g, i));
-    Riempi("Sorgente", temi);
+    RiempiTemi("Sorgente", temi);
     std::vector<std::pair<Case, Posizioni>> interi;
     for (const Tema& t : temi) {
         auto& [c, p] = interi.emplace_back();
@@ -291,7 +273,7 @@ TEST_F(QueryArchivio, EsempioDellAiutoInDuePassi) {
             if (venere[0] >= 30 && venere[0] < 60) attesiSecondo.push_back(t.Nome.Valore());
         }
     }
-    Riempi("Miei", temi);
+    RiempiTemi("Miei", temi);
     std::vector<std::string> nuove;
     auto primo = AvvioQuery(fileDB, "Miei", "SolCngMer", {Angolo(0, 28)}, 1, messaggi, {},
                             [&](const std::string& n) { nuove.push_back(n); });
@@ -313,9 +295,9 @@ TEST_F(QueryArchivio, EsempioDellAiutoInDuePassi) {
 }
 
 TEST_F(QueryArchivio, MessaggiDelPulsante) {
-    Riempi("Vuoto", {});
+    RiempiTemi("Vuoto", {});
     std::mt19937 g(1);
-    Riempi("Pieno", {TemaCasuale(g, 1)});
+    RiempiTemi("Pieno", {TemaCasuale(g, 1)});
     struct Caso {
         const char* sorgente;
         const char* risultato;
@@ -344,7 +326,7 @@ TEST_F(QueryArchivio, SecondaEsecuzioneAggiungeDoppioniEStessaTabella) {
     std::vector<Tema> temi;
     for (int i = 0; i < 40; ++i)
         temi.push_back(TemaCasuale(g, i));
-    Riempi("Q_Tutti", temi);
+    RiempiTemi("Q_Tutti", temi);
     // An opposition with an orb of 180 takes every chart.
     CondizioneQuery ovunque = Angolo(0, 0, 4, 180);
     auto e1 = AvvioQuery(fileDB, "Q_Tutti", "Q_Copia", {ovunque}, 1, messaggi);
@@ -370,7 +352,7 @@ TEST_F(QueryArchivio, FermataTieneIColpiTrovati) {
     std::vector<Tema> temi;
     for (int i = 0; i < 3000; ++i)
         temi.push_back(TemaCasuale(g, i));
-    Riempi("Grande", temi);
+    RiempiTemi("Grande", temi);
     int chiamate = 0;
     // The true Black Moon is the slowest point: the run is still going at the first call.
     EsitoQuery e = EseguiQuery(

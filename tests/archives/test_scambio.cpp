@@ -57,30 +57,12 @@ Tema TemaEstratto(std::mt19937& g, int i) {
 
 class Scambio : public ConArchivi {
 protected:
-    std::vector<Tema> Riempi300() {
+    void Riempi300() {
         std::mt19937 g(29);
-        CreaArchivio(fileDB, "Clienti");
         std::vector<Tema> temi;
-        Database db(fileDB);
-        db.IniziaTransazione();
-        Cursore rs(db, "Clienti");
-        for (int i = 0; i < 300; ++i) {
+        for (int i = 0; i < 300; ++i)
             temi.push_back(TemaEstratto(g, i));
-            std::int16_t aggiungi = -1, modifica = 0;
-            ScriviTema(rs, temi.back(), aggiungi, modifica);
-        }
-        rs.Chiudi();
-        db.ConfermaTransazione();
-        return temi;
-    }
-    std::string File(const std::string& nome, const std::string& testo) {
-        const std::string p = (cartella / nome).string();
-        std::ofstream(p, std::ios::binary) << testo;
-        return p;
-    }
-    static std::string Leggi(const std::string& p) {
-        std::ifstream in(p, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
+        RiempiTemi("Clienti", temi);
     }
 };
 
