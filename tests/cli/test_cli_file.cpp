@@ -6,9 +6,7 @@
 
 #include <algorithm>
 #include <filesystem>
-#include <fstream>
 #include <iostream>
-#include <iterator>
 #include <sstream>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -18,9 +16,8 @@
 #include "core/Testo.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
-#include "places/Schema.h"
+#include "tests/archives/AiutoArchivi.h"
 #include "tests/cli/Lancia.h"
-#include "tests/core/store/Cartella.h"
 
 using namespace vesmo;
 using vesmo::test::Esito;
@@ -28,21 +25,15 @@ using vesmo::test::Righe;
 
 namespace {
 
-namespace fs = std::filesystem;
+// One chart of a text import.
+const std::string UnTema = "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
+                           "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
 
-std::string Leggi(const fs::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-class CliFile : public ::testing::Test {
+class CliFile : public vesmo::test::ConArchivi {
 protected:
     void SetUp() override {
-        fileDB = (cartella / "Vesmodat.Mdb").string();
-        Database db;
-        db.Crea(fileDB);
-        CreaSchemaLuoghi(db);
-        db.CreaTabella("NomiAlternativi", {{"x", TipoCampo::Intero32}});
+        ConArchivi::SetUp();
+        Database(fileDB).CreaTabella("NomiAlternativi", {{"x", TipoCampo::Intero32}});
     }
     Esito Lancia(std::vector<std::string> parole) {
         parole.push_back("--db");
@@ -59,8 +50,6 @@ protected:
         for (int i = 0; i < 100; ++i)
             db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(500, 'z') + "')");
     }
-    vesmo::test::Cartella cartella;
-    std::string fileDB;
 };
 
 } // namespace
@@ -68,9 +57,7 @@ protected:
 // A name the rule refuses (ArchiviTest.UnaRegolaPerINomiDegliArchivi has them all) writes
 // nothing; a file whose title gives no valid name asks for --archivio.
 TEST_F(CliFile, NomiDArchivioCheSarebberoPercorsi) {
-    const std::string txt = (cartella / "a.b.c.txt").string();
-    std::ofstream(txt) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
-                          "\"Italia\",\"45N26\",\"12E30\"\n";
+    const std::string txt = File("a.b.c.txt", UnTema);
     const std::string prima = Leggi(fileDB);
     for (const std::string& nome : {std::string("../../x"), std::string("a\nb"),
                                     std::string(65, 'n'), std::string("NomiAlternativi")}) {
@@ -90,15 +77,11 @@ TEST_F(CliFile, NomiDArchivioCheSarebberoPercorsi) {
 // --log names a file that is only ever appended to: a document stays, and without a refused
 // record nothing is written at all.
 TEST_F(CliFile, IlLogNonCancellaNulla) {
-    const std::string buono = (cartella / "buono.txt").string();
-    std::ofstream(buono) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
-                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
-    const std::string misto = (cartella / "misto.txt").string();
-    std::ofstream(misto) << Leggi(buono)
-                         << "\"Due\",\"2 jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\","
-                            "\"New York\",\"USA\",\"40N42\",\"74W00\"\n";
-    const std::string documento = (cartella / "tesi.odt").string();
-    std::ofstream(documento) << "il mio lavoro";
+    const std::string buono = File("buono.txt", UnTema);
+    const std::string misto = File("misto.txt", UnTema + "\"Due\",\"2 jun 1946\",\"07:00\",\"AM\","
+                                                         "\"EST\",\"05:00\",\"New York\",\"USA\","
+                                                         "\"40N42\",\"74W00\"\n");
+    const std::string documento = File("tesi.odt", "il mio lavoro");
     Esito e = Lancia({"importa", buono, "--log", documento});
     EXPECT_EQ(e.stato, 0) << e.err;
     EXPECT_EQ(Leggi(documento), "il mio lavoro");
@@ -139,9 +122,7 @@ TEST_F(CliFile, DatabaseDiSolaLetturaODanneggiato) {
     Zavorra();
     vesmo::test::DanneggiaUltimaPagina(fileDB);
     const std::string danneggiato = Leggi(fileDB);
-    const std::string txt = (cartella / "temi.txt").string();
-    std::ofstream(txt) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
-                          "\"Italia\",\"45N26\",\"12E30\"\n";
+    const std::string txt = File("temi.txt", UnTema);
     for (const auto& parole :
          {Salva("Ugo", "Amici"), Salva("Ugo", "Nuovo"),
           std::vector<std::string>{"importa", txt, "--log", (cartella / "t.log").string()},
