@@ -7,10 +7,8 @@
 #include <sstream>
 
 #include "cli/Comandi.h"
-#include "core/store/Database.h"
-#include "places/Schema.h"
+#include "tests/archives/AiutoArchivi.h"
 #include "tests/cli/Lancia.h"
-#include "tests/core/store/Cartella.h"
 
 using namespace vesmo;
 using vesmo::test::Esito;
@@ -18,14 +16,8 @@ using vesmo::test::Righe;
 
 namespace {
 
-class CliArchivi : public ::testing::Test {
+class CliArchivi : public vesmo::test::ConArchivi {
 protected:
-    void SetUp() override {
-        fileDB = (cartella / "Vesmodat.Mdb").string();
-        Database db;
-        db.Crea(fileDB);
-        CreaSchemaLuoghi(db);
-    }
     Esito Lancia(std::vector<std::string> parole) {
         parole.push_back("--db");
         parole.push_back(fileDB);
@@ -40,8 +32,6 @@ protected:
         p.insert(p.end(), altro.begin(), altro.end());
         return Lancia(p);
     }
-    vesmo::test::Cartella cartella;
-    std::string fileDB;
 };
 
 } // namespace
@@ -49,8 +39,7 @@ protected:
 TEST_F(CliArchivi, SalvaInUnArchivioNuovoELoElenca) {
     // No archive yet: nothing to list.
     Esito vuoto = Lancia({"archivi"});
-    EXPECT_EQ(vuoto.stato, 1);
-    EXPECT_EQ(Righe(vuoto.err), 1);
+    EXPECT_EQ(std::tuple(vuoto.stato, Righe(vuoto.err)), std::tuple(1, 1));
 
     Esito e = Salva("Carla", "Amici");
     EXPECT_EQ(e.stato, 0) << e.err;
@@ -79,18 +68,15 @@ TEST_F(CliArchivi, SalvaInUnArchivioNuovoELoElenca) {
               std::string::npos)
         << j.out;
     Esito t = Lancia({"archivio", "amici"});
-    EXPECT_EQ(t.stato, 0);
-    EXPECT_EQ(Righe(t.out), 4); // the head and three charts
-    EXPECT_EQ(t.out.find("Nome"), 0u);
+    // The head and three charts.
+    EXPECT_EQ(std::tuple(t.stato, Righe(t.out), t.out.find("Nome")), std::tuple(0, 4, 0u));
 }
 
 TEST_F(CliArchivi, NomeDoppio) {
     ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
     // Refused: one line, status 1, nothing written.
     Esito e = Salva("Anna", "Amici");
-    EXPECT_EQ(e.stato, 1);
-    EXPECT_EQ(Righe(e.err), 1);
-    EXPECT_TRUE(e.out.empty());
+    EXPECT_EQ(std::tuple(e.stato, Righe(e.err), e.out), std::tuple(1, 1, ""));
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
 
     EXPECT_EQ(Salva("Anna", "Amici", {"--doppio", "aggiungi"}).stato, 0);
