@@ -19,9 +19,7 @@ namespace {
 class CliArchivi : public vesmo::test::ConArchivi {
 protected:
     Esito Lancia(std::vector<std::string> parole) {
-        parole.push_back("--db");
-        parole.push_back(fileDB);
-        return vesmo::test::Lancia(parole);
+        return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", fileDB}));
     }
     Esito Salva(const std::string& nome, const std::string& archivio,
                 std::vector<std::string> altro = {}) {

@@ -36,9 +36,7 @@ protected:
         Database(fileDB).CreaTabella("NomiAlternativi", {{"x", TipoCampo::Intero32}});
     }
     Esito Lancia(std::vector<std::string> parole) {
-        parole.push_back("--db");
-        parole.push_back(fileDB);
-        return vesmo::test::Lancia(parole);
+        return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", fileDB}));
     }
     std::vector<std::string> Salva(const std::string& nome, const std::string& archivio) {
         return {"salva", "--data", "10/04/1987", "--ora",  "19:30", "--lon",      "11E53", "--lat",

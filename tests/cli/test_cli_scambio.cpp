@@ -20,9 +20,7 @@ protected:
         DatabasePadova(db);
     }
     Esito Cli(std::vector<std::string> parole) {
-        parole.push_back("--db");
-        parole.push_back(db);
-        return Lancia(parole);
+        return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", db}));
     }
     std::string File(const std::string& nome, const std::string& testo) {
         const std::string p = (cartella / nome).string();
