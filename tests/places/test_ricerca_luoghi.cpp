@@ -132,10 +132,11 @@ TEST_F(NomiDeiLuoghi, TypeAheadFallsBackOnAnotherNameAndSaysWhichOne) {
             m.Data2.Seek("=", c.nazione);
             ASSERT_FALSE(m.Data2.NoMatch());
         }
-        EXPECT_EQ(m.DigitaCity(c.testo), c.stato) << c.testo;
-        EXPECT_EQ(m.Data1.Campo("City").Testo(), c.city) << c.testo;
-        EXPECT_EQ(m.Data1.Campo("cCity").Intero(), c.cCity) << c.testo;
-        EXPECT_EQ(m.Data2.Campo("cNaz").Intero(), c.cCity) << c.testo;
+        const std::string stato = m.DigitaCity(c.testo);
+        EXPECT_EQ(std::tuple(stato, m.Data1.Campo("City").Testo(), m.Data1.Campo("cCity").Intero(),
+                             m.Data2.Campo("cNaz").Intero()),
+                  std::tuple(c.stato, c.city, c.cCity, c.cCity))
+            << c.testo;
     }
 }
 
