@@ -3,6 +3,8 @@
 // read back in index order.
 #pragma once
 
+#include <fstream>
+#include <iterator>
 #include <string>
 #include <vector>
 
@@ -57,6 +59,29 @@ protected:
         for (const std::string& n : nomi)
             ASSERT_EQ(SalvaTema(fileDB, archivio, TemaDiProva(n), messaggi, "prova"),
                       EsitoSalvataggio::Aggiunto);
+    }
+    // Creates the archive and writes the charts into it in one transaction.
+    void RiempiTemi(const std::string& archivio, const std::vector<Tema>& temi) {
+        CreaArchivio(fileDB, archivio);
+        Database db(fileDB);
+        db.IniziaTransazione();
+        Cursore rs(db, archivio);
+        for (const Tema& t : temi) {
+            std::int16_t aggiungi = -1, modifica = 0;
+            ScriviTema(rs, t, aggiungi, modifica);
+        }
+        rs.Chiudi();
+        db.ConfermaTransazione();
+    }
+    // A file of the test's folder with the given bytes, and the bytes of a file.
+    std::string File(const std::string& nome, const std::string& testo) {
+        const std::string p = (cartella / nome).string();
+        std::ofstream(p, std::ios::binary) << testo;
+        return p;
+    }
+    static std::string Leggi(const std::string& p) {
+        std::ifstream in(p, std::ios::binary);
+        return std::string(std::istreambuf_iterator<char>(in), {});
     }
     // The names of an archive in index order, without their padding.
     std::vector<std::string> Nomi(const std::string& archivio) {

@@ -10,6 +10,7 @@
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
 #include "tests/archives/AiutoArchivi.h"
+#include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
 using vesmo::test::Cartella;
@@ -120,11 +121,11 @@ TEST_F(ArchiviTest, SalvaDueVolteConLeTreRisposte) {
 TEST_F(ArchiviTest, ArchivioSparitoOFileMancante) {
     EXPECT_EQ(SalvaTema(fileDB, "Sparito", Rossi(), messaggi, "frmSalvoLyx.cmdSalva"),
               EsitoSalvataggio::NonSalvato);
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - frmSalvoLyx.cmdSalva");
-    EXPECT_EQ(messaggi.registro[0].testo, "L'Archivio  Sparito  non è più nel DataBase\n" +
-                                              std::string(30, '-') +
-                                              "\nThe archive is no longer in the database.\n");
+    EXPECT_EQ(
+        test::Mostrati(messaggi),
+        (test::Riquadri{{"Vesmo - frmSalvoLyx.cmdSalva",
+                         "L'Archivio  Sparito  non è più nel DataBase\n" + std::string(30, '-') +
+                             "\nThe archive is no longer in the database.\n"}}));
     // The name must be the table's own: a list always gives it so.
     CreaArchivio(fileDB, "Famiglia");
     EXPECT_EQ(SalvaTema(fileDB, "FAMIGLIA", Rossi(), messaggi, "x"), EsitoSalvataggio::NonSalvato);
@@ -146,11 +147,11 @@ TEST_F(ArchiviTest, NomeDoppioChiedeUnAltroNome) {
 
     messaggi.input = {"Beta"};
     EXPECT_EQ(NomeNuovoArchivio("FOO", elenco, messaggi), "Beta");
-    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(
+        test::Mostrati(messaggi),
+        (test::Riquadri{{"frmGesArchivi.cmdCrea: Nome Doppio",
+                         "L'Archivio  FOO  Esiste già\nDigitare un nome diverso o annullare "}}));
     EXPECT_EQ(messaggi.registro[0].tipo, MessaggiRegistrati::Voce::Input);
-    EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: Nome Doppio");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "L'Archivio  FOO  Esiste già\nDigitare un nome diverso o annullare ");
 
     // An empty answer, or a cancelled box, ends it.
     messaggi.input = {""};
@@ -225,12 +226,12 @@ TEST_F(ArchiviTest, UnaRegolaPerINomiDegliArchivi) {
          std::vector<std::string>{"AllCity", "../../x", "sqlite_temi", "NomiAlternativi"}) {
         messaggi.registro.clear();
         EXPECT_EQ(CreaArchivioUtente(fileDB, nome, ElencoArchivi(fileDB), messaggi), std::nullopt);
-        ASSERT_EQ(messaggi.registro.size(), 1u);
-        EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: Nome Non Valido");
-        EXPECT_EQ(messaggi.registro[0].testo,
-                  "Il nome  " + nome + "  non vale per un Archivio:\n" + *ErroreNomeArchivio(nome) +
-                      "\nArchivio non creato.\n" + std::string(30, '-') +
-                      "\nThis name cannot name an archive.\n");
+        EXPECT_EQ(
+            test::Mostrati(messaggi),
+            (test::Riquadri{{"frmGesArchivi.cmdCrea: Nome Non Valido",
+                             "Il nome  " + nome + "  non vale per un Archivio:\n" +
+                                 *ErroreNomeArchivio(nome) + "\nArchivio non creato.\n" +
+                                 std::string(30, '-') + "\nThis name cannot name an archive.\n"}}));
     }
     EXPECT_EQ(Database(fileDB).Campi("AllCity"), campiAllCity);
     EXPECT_EQ(ElencoArchivi(fileDB), std::vector<std::string>{strano});
@@ -238,9 +239,7 @@ TEST_F(ArchiviTest, UnaRegolaPerINomiDegliArchivi) {
 
 // The files named after an archive stay in their folder whatever the archive is called.
 TEST_F(ArchiviTest, FileDiUnArchivioNellaSuaCartella) {
-    const struct {
-        std::string archivio, file;
-    } casi[] = {
+    const std::pair<std::string, std::string> casi[] = {
         {"Famiglia", "Famiglia.log"},
         {"../../x", "______x.log"},
         {"..", "__.log"},
@@ -251,11 +250,10 @@ TEST_F(ArchiviTest, FileDiUnArchivioNellaSuaCartella) {
         {"Citt\xc3\xa0", "Citt\xc3\xa0.log"},
         {"a\xff", "a\xef\xbf\xbd.log"},
     };
-    for (const auto& c : casi) {
-        const std::filesystem::path p = FileDiArchivio("/cartella/prog", c.archivio, ".log");
-        EXPECT_EQ(p.parent_path(), "/cartella/prog") << c.archivio;
-        EXPECT_EQ(p.filename().string(), c.file) << c.archivio;
-    }
+    for (const auto& [archivio, file] : casi)
+        EXPECT_EQ(FileDiArchivio("/cartella/prog", archivio, ".log"),
+                  std::filesystem::path("/cartella/prog") / file)
+            << archivio;
 }
 
 // Every places table is reserved, whatever the case of its name: not an archive, never dropped.
@@ -342,9 +340,8 @@ TEST_F(ArchiviTest, DatabaseBloccatoODiSolaLettura) {
 
 TEST_F(ArchiviTest, LetturaDiUnaRigaEliminata) {
     CreaArchivio(fileDB, "Famiglia");
-    Tema a = Rossi();
+    Tema a = Rossi(), b = Rossi();
     a.Nome = "Anna";
-    Tema b = Rossi();
     b.Nome = "Bruno";
     b.City = "Roma";
     for (const Tema& t : {a, b})

@@ -52,9 +52,9 @@ TEST_F(Gestione, DupeTableName) {
     messaggi.risposte = {Risposta::No};
     EXPECT_EQ(DupeTableName(db, "COMPLEANNI", messaggi), -1);
     ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].testo, "La tabella esiste già. Eliminarla?");
-    EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::SiNo);
-    EXPECT_EQ(messaggi.registro[0].icona, Icona::Domanda);
+    const auto& domanda = messaggi.registro[0];
+    EXPECT_EQ(std::tuple(domanda.testo, domanda.pulsanti, domanda.icona),
+              std::tuple("La tabella esiste già. Eliminarla?", Pulsanti::SiNo, Icona::Domanda));
     EXPECT_TRUE(db.EsisteTabella("Compleanni"));
 
     messaggi.risposte = {Risposta::Si};
@@ -76,9 +76,8 @@ TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
                   EsitoSalvataggio::Aggiunto);
 
     EsitoCompleanni e = ImportaCompleanni(fileDB, laterale, messaggi);
-    EXPECT_EQ(e.tabella, "Compleanni");
-    EXPECT_EQ(e.importati, 3);
-    EXPECT_EQ(DidascaliaImportati(e.importati), "3  Importati");
+    EXPECT_EQ(std::tuple(e.tabella, e.importati, DidascaliaImportati(e.importati)),
+              std::tuple("Compleanni", 3, "3  Importati"));
     EXPECT_TRUE(messaggi.registro.empty());
     EXPECT_EQ(Nomi("Compleanni"), (V{"Ada", "Ugo", "Zeno"}));
     {
@@ -87,20 +86,21 @@ TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
                   (std::vector<DefIndice>{{IndiceArchivio, {"Nome"}, false, false}}));
     }
 
-    // Again, No: "Compleanni1", one question only.
-    messaggi.risposte = {Risposta::No};
-    e = ImportaCompleanni(fileDB, laterale, messaggi);
-    EXPECT_EQ(e.tabella, "Compleanni1");
-    EXPECT_EQ(messaggi.registro.size(), 1u);
-    // A third time, No twice: "Compleanni2".
-    messaggi.risposte = {Risposta::No, Risposta::No};
-    e = ImportaCompleanni(fileDB, laterale, messaggi);
-    EXPECT_EQ(e.tabella, "Compleanni2");
-    EXPECT_EQ(messaggi.registro.size(), 3u);
-    // Yes: the first table is replaced.
-    messaggi.risposte = {Risposta::Si};
-    e = ImportaCompleanni(fileDB, laterale, messaggi);
-    EXPECT_EQ(e.tabella, "Compleanni");
+    // Again, No: "Compleanni1", one question only; a third time, No twice: "Compleanni2"; Yes:
+    // the first table is replaced.
+    const struct {
+        std::deque<Risposta> risposte;
+        const char* tabella;
+        std::size_t domande; // so far
+    } passi[] = {{{Risposta::No}, "Compleanni1", 1},
+                 {{Risposta::No, Risposta::No}, "Compleanni2", 3},
+                 {{Risposta::Si}, "Compleanni", 4}};
+    for (const auto& p : passi) {
+        messaggi.risposte = p.risposte;
+        e = ImportaCompleanni(fileDB, laterale, messaggi);
+        EXPECT_EQ(std::tuple(e.tabella, messaggi.registro.size()),
+                  std::tuple(p.tabella, p.domande));
+    }
     EXPECT_EQ(ElencoArchivi(fileDB), (V{"Compleanni", "Compleanni1", "Compleanni2"}));
     EXPECT_EQ(Nomi("Compleanni").size(), 3u);
 }
@@ -156,16 +156,14 @@ TEST(ImportaInSlot, OgniSlotConISuoiSegni) {
     s.PosX.Sole.Lo = 20.5;
     for (int slot = 0; slot < 4; ++slot)
         ImportaInSlot(s, slot);
-    EXPECT_EQ(s.TemaNat, s.TemaX);
-    EXPECT_EQ(s.PosNat.Sole.Lo, 20.5);
-    EXPECT_EQ(s.TemaTra, s.TemaX);
-    EXPECT_EQ(s.PosTra.Sole.Lo, 20.5);
-    EXPECT_EQ(s.TemaDir, s.TemaX);
-    EXPECT_EQ(s.PosRiv.Sole.Lo, 20.5);
-    EXPECT_EQ(s.TransitoCalcolato, -1);
-    EXPECT_EQ(s.RivoluzioneCalcolata, -1);
-    EXPECT_EQ(s.DirezioneCalcolata, -1);
+    for (const Tema* t : {&s.TemaNat, &s.TemaTra, &s.TemaDir})
+        EXPECT_EQ(*t, s.TemaX);
+    EXPECT_EQ(std::tuple(s.PosNat.Sole.Lo, s.PosTra.Sole.Lo, s.PosRiv.Sole.Lo),
+              std::tuple(20.5, 20.5, 20.5));
+    EXPECT_EQ(std::tuple(s.TransitoCalcolato, s.RivoluzioneCalcolata, s.DirezioneCalcolata),
+              std::tuple(-1, -1, -1));
     // 10 April 1987 at 0h is JD 2446895.5; 19:30 local with summer time 1 and zone -1 is 17:30
     // TU, 17.5 / 24 of a day later.
-    EXPECT_NEAR(s.JDRivoluzione, 2446895.5 + 17.5 / 24, 1e-9);
+    constexpr double TolleranzaGiorni = 1e-9; // days
+    EXPECT_NEAR(s.JDRivoluzione, 2446895.5 + 17.5 / 24, TolleranzaGiorni);
 }

@@ -18,6 +18,8 @@
 namespace vesmo::test {
 namespace {
 
+constexpr double TolleranzaOreGradi = 1e-12; // hours and degrees
+
 std::vector<std::string> Campi(const std::string& testo) {
     std::istringstream in(testo);
     LettoreCampiSF l(in);
@@ -93,16 +95,13 @@ TEST(TemaDaRecordSF, DataOraFusoECoordinate) {
         Tema t;
         auto errore = TemaDaRecordSF(c.record, t);
         ASSERT_FALSE(errore) << *errore;
-        EXPECT_EQ(t.Day, c.day) << c.record[0];
-        EXPECT_NEAR(t.OraL, c.oraL, 1e-12) << c.record[0];
-        EXPECT_NEAR(t.Fuso, c.fuso, 1e-12) << c.record[0];
-        EXPECT_NEAR(t.Lat, c.lat, 1e-12) << c.record[0];
-        EXPECT_NEAR(t.Lon, c.lonOre, 1e-12) << c.record[0];
-        EXPECT_EQ(t.Estiva, 0) << c.record[0];
-        EXPECT_EQ(t.ZonaSF.str(), "CET    ");
-        EXPECT_EQ(t.City.Valore(), "Padova");
-        EXPECT_EQ(t.Stato.Valore(), "Italia");
-        EXPECT_EQ(t.Cmto, "");
+        SCOPED_TRACE(c.record[0]);
+        EXPECT_EQ(
+            std::tuple(t.Day, t.Estiva, t.ZonaSF.str(), t.City.Valore(), t.Stato.Valore(), t.Cmto),
+            std::tuple(c.day, 0.0, "CET    ", "Padova", "Italia", ""));
+        for (auto [letto, atteso] :
+             {std::pair{t.OraL, c.oraL}, {t.Fuso, c.fuso}, {t.Lat, c.lat}, {t.Lon, c.lonOre}})
+            EXPECT_NEAR(letto, atteso, TolleranzaOreGradi);
     }
 }
 
@@ -181,96 +180,70 @@ TEST(NomeArchivio, NomeDoppioChiedeUnAltroNome) {
     EXPECT_FALSE(NomeArchivioImport("a", {"A"}, "/tmp/a", m));
 }
 
-class Importazione : public ::testing::Test {
-protected:
-    void SetUp() override {
-        fileDB = (cartella / "Vesmodat.Mdb").string();
-        Database db;
-        db.Crea(fileDB);
-    }
-    std::string Scrivi(const std::string& nome, const std::string& testo) {
-        std::string p = (cartella / nome).string();
-        std::ofstream(p, std::ios::binary) << testo;
-        return p;
-    }
-    std::string Leggi(const std::string& p) {
-        std::ifstream in(p, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
-    std::vector<Tema> Temi(const std::string& archivio) { return TemiArchivio(fileDB, archivio); }
-    Cartella cartella;
-    std::string fileDB;
-    MessaggiRegistrati messaggi;
-};
+using Importazione = ConArchivi;
 
 // The log of an earlier import of the same name is not the program's to remove: it stays as it
 // was, and a file with nothing refused adds nothing to it.
 TEST_F(Importazione, FileSenzaErroriNonLasciaLogENonToccaQuelloVecchio) {
-    std::string file =
-        Scrivi("temi.txt", "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
-                           "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\r\n"
-                           "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\","
-                           "\"05:00\",\"New York\",\"USA\",\"40N42\",\"74W00\"\r\n");
+    std::string file = File("temi.txt", "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
+                                        "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\r\n"
+                                        "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\","
+                                        "\"05:00\",\"New York\",\"USA\",\"40N42\",\"74W00\"\r\n");
     std::string logGiusto = (cartella / "temitxt.log").string();
     std::ofstream(logGiusto) << "vecchio\n";
     auto esito = ImportaArchivioSF(fileDB, file, {"Altro"}, cartella.Percorso().string(), messaggi);
     ASSERT_TRUE(esito);
-    EXPECT_EQ(esito->Archivio, "temitxt");
-    EXPECT_EQ(esito->Importati, 2);
-    EXPECT_EQ(esito->Scartati, 0);
-    EXPECT_EQ(esito->Log, "");
+    EXPECT_EQ(std::tuple(esito->Archivio, esito->Importati, esito->Scartati, esito->Log),
+              std::tuple("temitxt", 2, 0, ""));
     EXPECT_EQ(Leggi(logGiusto), "vecchio\n");
     EXPECT_TRUE(messaggi.registro.empty());
     auto temi = Temi("temitxt");
     ASSERT_EQ(temi.size(), 2u);
     EXPECT_EQ(temi[0].Nome.Valore(), "Bianchi");
-    EXPECT_EQ(temi[1].Nome.Valore(), "Rossi  Mario");
-    EXPECT_EQ(temi[1].Day, 2437005.5);
-    EXPECT_EQ(temi[1].Estiva, 0);
-    EXPECT_EQ(temi[1].Cmto, "");
+    EXPECT_EQ(std::tuple(temi[1].Nome.Valore(), temi[1].Day, temi[1].Estiva, temi[1].Cmto),
+              std::tuple("Rossi  Mario", 2437005.5, 0.0, ""));
     EXPECT_EQ(ElencoArchivi(fileDB), (std::vector<std::string>{"temitxt"}));
 }
 
 TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
-    std::string file = Scrivi("misti.txt",
-                              // over two lines
-                              "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
-                              "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              "\"Due\",\"12 mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              "\"Tre\",\"12 Mar 1960\",\"1030\",\"AM\",\"CET\",\"-01:00\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              "\"Quattro\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-0100\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              "\"Cinque\",\"12 Mar 1960\",\"10:30\",\"PM\",\"CET\",\"-01:00\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                              // the file ends inside a record
-                              "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
+    std::string file = File("misti.txt",
+                            // over two lines
+                            "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
+                            "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            "\"Due\",\"12 mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            "\"Tre\",\"12 Mar 1960\",\"1030\",\"AM\",\"CET\",\"-01:00\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            "\"Quattro\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-0100\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            "\"Cinque\",\"12 Mar 1960\",\"10:30\",\"PM\",\"CET\",\"-01:00\","
+                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
+                            // the file ends inside a record
+                            "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
     auto esito = ImportaArchivioSF(fileDB, file, {}, cartella.Percorso().string(), messaggi);
     ASSERT_TRUE(esito);
     const std::string log = (cartella / "mistitxt.log").string();
-    EXPECT_EQ(esito->Importati, 2);
-    EXPECT_EQ(esito->Scartati, 4);
-    EXPECT_EQ(esito->Log, log);
+    EXPECT_EQ(std::tuple(esito->Importati, esito->Scartati, esito->Log), std::tuple(2, 4, log));
     EXPECT_EQ(Leggi(log), "  [Errore  Mese SF: 12 mar 1960 ]\n"
                           "  [Errore  Ora SF: 1030 ]\n"
                           "  [Errore  TimeZone SF: -0100 ]\n"
                           "  [Errore  Campo SF: Sei,12 Mar 1960,10:30 ]\n");
     ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - frmGesArchivi.mnFileImpSFtxt");
-    EXPECT_EQ(messaggi.registro[0].testo, "Errori! Esamina il file di testo\n\n" + log);
-    EXPECT_EQ(messaggi.registro[0].icona, Icona::Critico);
+    const auto& v = messaggi.registro[0];
+    EXPECT_EQ(std::tuple(v.titolo, v.testo, v.icona),
+              std::tuple("Vesmo - frmGesArchivi.mnFileImpSFtxt",
+                         "Errori! Esamina il file di testo\n\n" + log, Icona::Critico));
     auto temi = Temi("mistitxt");
     ASSERT_EQ(temi.size(), 2u);
-    EXPECT_EQ(temi[0].Nome.Valore(), "Cinque");
-    EXPECT_NEAR(temi[0].OraL, 22.5, 1e-12);
-    EXPECT_EQ(temi[1].Nome.Valore(), "Uno");
-    EXPECT_NEAR(temi[1].Fuso, -1, 1e-12);
+    EXPECT_EQ(std::tuple(temi[0].Nome.Valore(), temi[1].Nome.Valore()),
+              std::tuple("Cinque", "Uno"));
+    EXPECT_NEAR(temi[0].OraL, 22.5, TolleranzaOreGradi);
+    EXPECT_NEAR(temi[1].Fuso, -1, TolleranzaOreGradi);
 }
 
 TEST_F(Importazione, NomeDoppioAnnullatoNonImportaNulla) {
-    std::string file = Scrivi("a.txt", "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
-                                       "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n");
+    std::string file = File("a.txt", "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
+                                     "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n");
     CreaArchivio(fileDB, "atxt");
     messaggi.input = {std::nullopt};
     EXPECT_FALSE(ImportaArchivioSF(fileDB, file, {"ATXT"}, cartella.Percorso().string(), messaggi));
@@ -285,7 +258,7 @@ TEST_F(Importazione, ImportInterrottoDaUnErroreDelDatabaseNonLasciaRighe) {
         testo += "\"T" + std::to_string(i) +
                  "\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\",\"Italia\","
                  "\"45N26\",\"12E30\"\n";
-    std::string file = Scrivi("lungo.txt", testo);
+    std::string file = File("lungo.txt", testo);
     Database lettore(fileDB);
     std::unique_ptr<LetturaUnica> lettura;
     int righe = 0;
@@ -348,7 +321,7 @@ TEST_F(Importazione, FileCasualiNonRomponoNulla) {
         if (seme == 6) testo += std::string(10'000'000, 'Z') + "\n";
         if (seme == 11) testo += "\"" + std::string(10'000'000, ',') + "\n";
         std::string nome = "caso" + std::to_string(seme);
-        std::string file = Scrivi(nome + ".txt", testo);
+        std::string file = File(nome + ".txt", testo);
         std::string log = (cartella / (nome + ".log")).string();
         EsitoImport esito;
         ASSERT_NO_THROW(esito = ImportaSF(fileDB, nome, file, log)) << seme;
@@ -393,7 +366,7 @@ TEST_F(Importazione, OgniRecordErratoEUnaRigaDelLog) {
         testo += "\"" + nome + "\",\"" + data + "\",\"" + ora + "\",\"AM\",\"CET\",\"" + fuso +
                  "\",\"P\",\"I\",\"45N26\",\"12E30\"\n";
     }
-    std::string file = Scrivi("contati.txt", testo);
+    std::string file = File("contati.txt", testo);
     auto esito = ImportaSF(fileDB, "contati", file, (cartella / "contati.log").string());
     EXPECT_EQ(esito.Importati, buoni);
     EXPECT_EQ(esito.Scartati, cattivi);
@@ -487,17 +460,18 @@ TEST_F(Importazione, EsportazioneDiUnArchivio) {
     EXPECT_NE(testo.find("\n* Zeta, 12/03/1960, 10:15,  , -01:00, Padova, Italia, 012E30 45N26, "
                          "17Gem42\n"),
               std::string::npos);
-    ASSERT_EQ(messaggi.registro.size(), 3u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Export Archivi");
-    EXPECT_EQ(messaggi.registro[0].testo, "Scrittura del file " + percorso);
+    std::vector<std::pair<std::string, std::string>> mostrati;
+    for (const auto& v : messaggi.registro)
+        mostrati.emplace_back(v.titolo, v.testo);
+    EXPECT_EQ(mostrati,
+              (decltype(mostrati){
+                  {"Vesmo - Export Archivi", "Scrittura del file " + percorso},
+                  {"AVVISO frmGesArchivi.mnFileTT",
+                   "Errore TimeZone con secondi!!! Alfa" + std::string(26, ' ') + ", 58"},
+                  {"Vesmo - Info File GesArchivi",
+                   "Tabella  Mio\n\nScritta nel File  \n" + percorso + "\nNumero di Records: 2"}}));
     EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::OkAnnulla);
-    EXPECT_EQ(messaggi.registro[1].titolo, "AVVISO frmGesArchivi.mnFileTT");
-    EXPECT_EQ(messaggi.registro[1].testo,
-              "Errore TimeZone con secondi!!! Alfa" + std::string(26, ' ') + ", 58");
     EXPECT_EQ(messaggi.registro[1].icona, Icona::Critico);
-    EXPECT_EQ(messaggi.registro[2].titolo, "Vesmo - Info File GesArchivi");
-    EXPECT_EQ(messaggi.registro[2].testo,
-              "Tabella  Mio\n\nScritta nel File  \n" + percorso + "\nNumero di Records: 2");
 }
 
 TEST_F(Importazione, EsportazioneAnnullataOArchivioVuoto) {

@@ -11,6 +11,7 @@
 #include "archives/ImportaEsporta.h"
 #include "tests/archives/AiutoArchivi.h"
 #include "tests/archives/DiscoPieno.h"
+#include "tests/places/AiutoLuoghi.h"
 
 namespace vesmo::test {
 namespace {
@@ -22,26 +23,15 @@ const char* const RecordBuono = "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM
 const char* const RecordCattivo = "\"Bianchi\",\"2 jun 1946\",\"07:00\",\"AM\",\"EST\","
                                   "\"05:00\",\"New York\",\"USA\",\"40N42\",\"74W00\"\n";
 
-class FileImport : public ConArchivi {
-protected:
-    std::string Scrivi(const std::string& nome, const std::string& testo) {
-        std::string p = (cartella / nome).string();
-        std::ofstream(p, std::ios::binary) << testo;
-        return p;
-    }
-    static std::string Leggi(const fs::path& p) {
-        std::ifstream in(p, std::ios::binary);
-        return std::string(std::istreambuf_iterator<char>(in), {});
-    }
-};
+using FileImport = ConArchivi;
 
 TEST_F(FileImport, IlLogSoloAggiuntoMaiCancellato) {
-    const std::string pulito = Scrivi("pulito.txt", RecordBuono);
-    const std::string misto = Scrivi("misto.txt", std::string(RecordBuono) + RecordCattivo);
+    const std::string pulito = File("pulito.txt", RecordBuono);
+    const std::string misto = File("misto.txt", std::string(RecordBuono) + RecordCattivo);
     const std::string riga = "  [Errore  Mese SF: 2 jun 1946 ]\n";
 
     // A document that stands where the log would go: nothing refused, nothing touched.
-    const std::string documento = Scrivi("documento.txt", "il mio testo\n");
+    const std::string documento = File("documento.txt", "il mio testo\n");
     EXPECT_EQ(ImportaSF(fileDB, "Uno", pulito, documento).Log, "");
     EXPECT_EQ(Leggi(documento), "il mio testo\n");
     // A record refused: its line goes after what the file held.
@@ -58,16 +48,16 @@ TEST_F(FileImport, IlLogSoloAggiuntoMaiCancellato) {
     EXPECT_TRUE(fs::is_directory(cartella / "vuota"));
 
     // The menu entry: a name the rule refuses is told, and nothing is imported nor written.
-    const std::string cattivo = Scrivi("a..b.txt", RecordBuono);
+    const std::string cattivo = File("a..b.txt", RecordBuono);
     messaggi.registro.clear();
     EXPECT_EQ(ImportaArchivioSF(fileDB, cattivo, ElencoArchivi(fileDB),
                                 cartella.Percorso().string(), messaggi),
               std::nullopt);
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - frmGesArchivi.mnFileImpSFtxt: Nome Non Valido");
-    EXPECT_EQ(messaggi.registro[0].testo, "Il nome  a.b.txt  non vale per un Archivio:\n" +
-                                              *ErroreNomeArchivio("a.b.txt") +
-                                              "\nFile non importato:\n" + cattivo);
+    EXPECT_EQ(
+        Mostrati(messaggi),
+        (Riquadri{{"Vesmo - frmGesArchivi.mnFileImpSFtxt: Nome Non Valido",
+                   "Il nome  a.b.txt  non vale per un Archivio:\n" +
+                       *ErroreNomeArchivio("a.b.txt") + "\nFile non importato:\n" + cattivo}}));
     EXPECT_EQ(ElencoArchivi(fileDB), (std::vector<std::string>{"Due", "Uno"}));
 }
 
@@ -78,7 +68,7 @@ TEST_F(FileImport, DiscoPienoDuranteLImport) {
     std::string righe;
     for (int i = 0; i < 3000; ++i)
         righe += RecordBuono;
-    const std::string grande = Scrivi("grande.txt", righe);
+    const std::string grande = File("grande.txt", righe);
     const auto dimensione = static_cast<sqlite3_int64>(fs::file_size(fileDB));
     std::string testo;
     {
@@ -96,10 +86,7 @@ TEST_F(FileImport, DiscoPienoDuranteLImport) {
     EXPECT_EQ(ElencoArchivi(fileDB), std::vector<std::string>{"Famiglia"});
     EXPECT_EQ(Nomi("Famiglia"), (std::vector<std::string>{"Anna", "Bruno"}));
     EXPECT_FALSE(fs::exists(cartella / "grande.log"));
-    {
-        Database db(fileDB);
-        EXPECT_NO_THROW(db.VerificaPrimaDiScrivere());
-    }
+    EXPECT_NO_THROW(Database(fileDB).VerificaPrimaDiScrivere());
 
     // The menu entry tells the same cause in its box.
     {
@@ -126,7 +113,7 @@ TEST_F(FileImport, DatabaseDanneggiatoNonSiImporta) {
     }
     DanneggiaUltimaPagina(fileDB);
     const std::string prima = Leggi(fileDB);
-    const std::string file = Scrivi("temi.txt", RecordBuono);
+    const std::string file = File("temi.txt", RecordBuono);
     try {
         ImportaSF(fileDB, "Nuovo", file, (cartella / "nuovo.log").string());
         ADD_FAILURE() << "a damaged file was written";

@@ -14,7 +14,8 @@
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
-#include "tests/core/store/Cartella.h"
+#include "tests/archives/AiutoArchivi.h"
+#include "tests/places/AiutoLuoghi.h"
 
 namespace vesmo::test {
 namespace {
@@ -30,17 +31,14 @@ CondizioneQuery Verso(int lf, int verso) {
 }
 
 TEST(QueryListe, RigheDelleListe) {
-    EXPECT_EQ(std::string(RigheFrom[10]), "NodoNord Luna");
-    EXPECT_EQ(std::string(RigheFrom[13]), "------------");
-    EXPECT_EQ(std::string(RigheFrom[14]), "Ascendente");
-    EXPECT_EQ(std::string(RigheFrom[23]), "MC");
-    EXPECT_EQ(std::string(RigheTo[13]), "I    Casa");
-    EXPECT_EQ(std::string(RigheTo[20]), "VIII Casa");
-    EXPECT_EQ(std::string(RigheTo[26]), "Sole");
-    EXPECT_EQ(std::string(RigheTo[38]), "Lilith Vera");
-    EXPECT_EQ(RigaAspetto(0), "CONGIUNZIONE  0°");
-    EXPECT_EQ(RigaAspetto(8), "Settile  51,4°");
-    EXPECT_EQ(RigaAspetto(13), "SesquiQuadratura  135°");
+    EXPECT_EQ(
+        (std::vector<std::string>{RigheFrom[10], RigheFrom[13], RigheFrom[14], RigheFrom[23]}),
+        (std::vector<std::string>{"NodoNord Luna", "------------", "Ascendente", "MC"}));
+    EXPECT_EQ((std::vector<std::string>{RigheTo[13], RigheTo[20], RigheTo[26], RigheTo[38]}),
+              (std::vector<std::string>{"I    Casa", "VIII Casa", "Sole", "Lilith Vera"}));
+    EXPECT_EQ(
+        (std::vector<std::string>{RigaAspetto(0), RigaAspetto(8), RigaAspetto(13)}),
+        (std::vector<std::string>{"CONGIUNZIONE  0°", "Settile  51,4°", "SesquiQuadratura  135°"}));
 }
 
 TEST(QueryValidita, SelezioniValideERifiutate) {
@@ -123,19 +121,16 @@ TEST(QueryProva, SegniCaseAngoliEMoto) {
 }
 
 TEST(QueryProva, BisognoDelleCondizioni) {
-    BisognoQuery b = BisognoDi({Luogo(3, 1)});
-    EXPECT_EQ(b.punti, 1u << 3);
-    EXPECT_FALSE(b.conCase);
-    EXPECT_FALSE(b.conMoto);
-    b = BisognoDi({Luogo(3, 14)});
-    EXPECT_TRUE(b.conCase);
-    b = BisognoDi({Angolo(0, 27), Verso(4, 1)});
-    EXPECT_EQ(b.punti, (1u << 0) | (1u << 1) | (1u << 4));
-    EXPECT_TRUE(b.conMoto);
-    EXPECT_FALSE(b.conCase);
-    b = BisognoDi({Angolo(23, 0)});
-    EXPECT_EQ(b.punti, 0u);
-    EXPECT_TRUE(b.conCase);
+    auto bisogno = [](std::vector<CondizioneQuery> q) {
+        const BisognoQuery b = BisognoDi(q);
+        return std::tuple(b.punti, b.conCase, b.conMoto);
+    };
+    EXPECT_EQ(bisogno({Luogo(3, 1)}), std::tuple(1u << 3, false, false));
+    EXPECT_EQ(std::get<1>(bisogno({Luogo(3, 14)})), true);
+    EXPECT_EQ(bisogno({Angolo(0, 27), Verso(4, 1)}),
+              std::tuple((1u << 0) | (1u << 1) | (1u << 4), false, true));
+    EXPECT_EQ(std::get<0>(bisogno({Angolo(23, 0)})), 0u);
+    EXPECT_EQ(std::get<1>(bisogno({Angolo(23, 0)})), true);
 }
 
 Tema TemaCasuale(std::mt19937& g, int i) {
@@ -206,25 +201,10 @@ TEST(QueryCasting, PuntiSceltiUgualiAlTemaIntero) {
     EXPECT_GT(colpiti, 1000); // the conditions are not all misses
 }
 
-class QueryArchivio : public ::testing::Test {
+class QueryArchivio : public ConArchivi {
 protected:
-    void SetUp() override {
-        fileDB = (cartella / "Vesmodat.Mdb").string();
-        Database db;
-        db.Crea(fileDB);
-    }
-    void Riempi(const std::string& archivio, const std::vector<Tema>& temi) {
-        CreaArchivio(fileDB, archivio);
-        Database db(fileDB);
-        db.IniziaTransazione();
-        Cursore rs(db, archivio);
-        for (const Tema& t : temi) {
-            std::int16_t aggiungi = -1, modifica = 0;
-            ScriviTema(rs, t, aggiungi, modifica);
-        }
-        rs.Chiudi();
-        db.ConfermaTransazione();
-    }
+    // The names in the order the rows were written, not the index's: the run writes in index
+    // order.
     std::vector<std::string> Nomi(const std::string& archivio) {
         Database db(fileDB);
         Cursore rs(db, archivio);
@@ -233,9 +213,6 @@ protected:
             r.push_back(SenzaSpazi(rs.Campo("Nome").Testo()));
         return r;
     }
-    Cartella cartella;
-    std::string fileDB;
-    MessaggiRegistrati messaggi;
 };
 
 // The run on two threads finds, in index order, the charts that a whole casting of each chart
@@ -245,7 +222,7 @@ TEST_F(QueryArchivio, EsecuzioneUgualeAlTemaInteroPerOgniTipoDiProva) {
     std::vector<Tema> temi;
     for (int i = 0; i < 2000; ++i)
         temi.push_back(TemaCasuale(g, i));
-    Riempi("Sorgente", temi);
+    RiempiTemi("Sorgente", temi);
     std::vector<std::pair<Case, Posizioni>> interi;
     for (const Tema& t : temi) {
         auto& [c, p] = interi.emplace_back();
@@ -291,7 +268,7 @@ TEST_F(QueryArchivio, EsempioDellAiutoInDuePassi) {
             if (venere[0] >= 30 && venere[0] < 60) attesiSecondo.push_back(t.Nome.Valore());
         }
     }
-    Riempi("Miei", temi);
+    RiempiTemi("Miei", temi);
     std::vector<std::string> nuove;
     auto primo = AvvioQuery(fileDB, "Miei", "SolCngMer", {Angolo(0, 28)}, 1, messaggi, {},
                             [&](const std::string& n) { nuove.push_back(n); });
@@ -313,9 +290,9 @@ TEST_F(QueryArchivio, EsempioDellAiutoInDuePassi) {
 }
 
 TEST_F(QueryArchivio, MessaggiDelPulsante) {
-    Riempi("Vuoto", {});
+    RiempiTemi("Vuoto", {});
     std::mt19937 g(1);
-    Riempi("Pieno", {TemaCasuale(g, 1)});
+    RiempiTemi("Pieno", {TemaCasuale(g, 1)});
     struct Caso {
         const char* sorgente;
         const char* risultato;
@@ -330,9 +307,7 @@ TEST_F(QueryArchivio, MessaggiDelPulsante) {
     for (const Caso& c : casi) {
         messaggi.registro.clear();
         EXPECT_FALSE(AvvioQuery(fileDB, c.sorgente, c.risultato, {c.q}, 1, messaggi));
-        ASSERT_EQ(messaggi.registro.size(), 1u) << c.testo;
-        EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Query");
-        EXPECT_EQ(messaggi.registro[0].testo, c.testo);
+        EXPECT_EQ(Mostrati(messaggi), (Riquadri{{"Vesmo - Query", c.testo}}));
     }
     // Nothing was created by the refused runs.
     Database db(fileDB);
@@ -344,14 +319,13 @@ TEST_F(QueryArchivio, SecondaEsecuzioneAggiungeDoppioniEStessaTabella) {
     std::vector<Tema> temi;
     for (int i = 0; i < 40; ++i)
         temi.push_back(TemaCasuale(g, i));
-    Riempi("Q_Tutti", temi);
+    RiempiTemi("Q_Tutti", temi);
     // An opposition with an orb of 180 takes every chart.
     CondizioneQuery ovunque = Angolo(0, 0, 4, 180);
     auto e1 = AvvioQuery(fileDB, "Q_Tutti", "Q_Copia", {ovunque}, 1, messaggi);
     auto e2 = AvvioQuery(fileDB, "Q_Tutti", "Copia", {ovunque}, 1, messaggi);
     ASSERT_TRUE(e1 && e2);
-    EXPECT_EQ(e1->Trovati, 40);
-    EXPECT_EQ(e2->Trovati, 40);
+    EXPECT_EQ(std::tuple(e1->Trovati, e2->Trovati), std::tuple(40, 40));
     EXPECT_EQ(Nomi("Q_Copia").size(), 80u);
     // The same name in other letters adds to the same table.
     auto e4 = AvvioQuery(fileDB, "Q_Tutti", "Q_COPIA", {ovunque}, 1, messaggi);
@@ -370,7 +344,7 @@ TEST_F(QueryArchivio, FermataTieneIColpiTrovati) {
     std::vector<Tema> temi;
     for (int i = 0; i < 3000; ++i)
         temi.push_back(TemaCasuale(g, i));
-    Riempi("Grande", temi);
+    RiempiTemi("Grande", temi);
     int chiamate = 0;
     // The true Black Moon is the slowest point: the run is still going at the first call.
     EsitoQuery e = EseguiQuery(

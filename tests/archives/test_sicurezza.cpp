@@ -70,26 +70,22 @@ TEST_F(Sicurezza, CopieAutomaticheUltimeSetteERipristino) {
     std::vector<std::filesystem::path> fatte;
     for (int n = 1; n <= 9; ++n)
         fatte.push_back(CopiaAutomaticaArchivi(fileDB, cartellaCopie));
-    EXPECT_EQ(fatte.front().filename(), "Archivi-000001.Mdb");
-    EXPECT_EQ(fatte.back().filename(), "Archivi-000009.Mdb");
     const auto tenute = CopieAutomatiche(cartellaCopie);
     ASSERT_EQ(tenute.size(), 7u);
-    EXPECT_EQ(tenute.front().filename(), "Archivi-000003.Mdb");
+    EXPECT_EQ(
+        std::tuple(fatte.front().filename(), fatte.back().filename(), tenute.front().filename()),
+        std::tuple("Archivi-000001.Mdb", "Archivi-000009.Mdb", "Archivi-000003.Mdb"));
     // Only archives go into the copy.
     EXPECT_EQ(ArchiviDellaCopia(tenute.back().string()),
               (std::vector<std::string>{"Amici", "Clienti"}));
 
     // Deleted, then brought back; brought back again beside the one that stands.
-    {
-        Database db(fileDB);
-        db.EliminaTabella("Clienti");
+    Database(fileDB).EliminaTabella("Clienti");
+    for (const char* nome : {"Clienti", "Clienti_1"}) {
+        EXPECT_EQ(RipristinaArchivio(fileDB, tenute.back().string(), "Clienti"), nome);
+        EXPECT_EQ(Nomi(nome), (std::vector<std::string>{"Anna", "Bruno"}));
     }
-    EXPECT_EQ(RipristinaArchivio(fileDB, tenute.back().string(), "Clienti"), "Clienti");
-    EXPECT_EQ(Nomi("Clienti"), (std::vector<std::string>{"Anna", "Bruno"}));
-    EXPECT_EQ(RipristinaArchivio(fileDB, tenute.back().string(), "Clienti"), "Clienti_1");
-    EXPECT_EQ(Nomi("Clienti_1"), (std::vector<std::string>{"Anna", "Bruno"}));
-    Database db(fileDB);
-    EXPECT_TRUE(db.EsisteIndice("Clienti_1", IndiceArchivio));
+    EXPECT_TRUE(Database(fileDB).EsisteIndice("Clienti_1", IndiceArchivio));
     EXPECT_THROW(RipristinaArchivio(fileDB, tenute.back().string(), "Nessuno"), ErroreDB);
 }
 

@@ -2,8 +2,12 @@
 // what went to stdout and to stderr.
 #pragma once
 
+#include <gtest/gtest.h>
+
+#include <algorithm>
 #include <sstream>
 #include <string>
+#include <tuple>
 #include <vector>
 
 #include "cli/Comandi.h"
@@ -19,6 +23,22 @@ inline Esito Lancia(const std::vector<std::string>& parole) {
     std::ostringstream out, err;
     const int stato = cli::Esegui(parole, out, err);
     return {stato, out.str(), err.str()};
+}
+
+// A bad argument: nothing on stdout, the one line `err` on stderr, status 2.
+inline void Rifiutato(const std::vector<std::string>& parole, const std::string& err) {
+    const Esito e = Lancia(parole);
+    EXPECT_EQ(std::tuple(e.stato, e.out, e.err), std::tuple(2, "", err));
+}
+
+// The words of `a` followed by those of `b`.
+inline std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
+    a.insert(a.end(), b.begin(), b.end());
+    return a;
+}
+
+inline int Righe(const std::string& s) {
+    return static_cast<int>(std::count(s.begin(), s.end(), '\n'));
 }
 
 } // namespace vesmo::test

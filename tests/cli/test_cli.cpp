@@ -15,32 +15,40 @@
 
 using namespace vesmo;
 
+using vesmo::test::Con;
 using vesmo::test::Esito;
 using vesmo::test::Lancia;
+using vesmo::test::Rifiutato;
 
-TEST(CliCalendario, GiornoGiuliano) {
-    EXPECT_EQ(Lancia({"jd", "15/10/1582"}).out, "2299160.500000\n");
-    EXPECT_EQ(Lancia({"jd", "4/10/1582"}).out, "2299159.500000\n");
-    EXPECT_EQ(Lancia({"jd", "01/01/2000", "12:00"}).out, "2451545.000000\n");
-    EXPECT_EQ(Lancia({"jd", "01/01/2000", "18:00:00"}).out, "2451545.250000\n");
-    EXPECT_EQ(Lancia({"jd", "01/01/-4712", "12:00"}).out, "0.000000\n");
-    EXPECT_EQ(Lancia({"jd", "29/02/1500"}).stato, 0); // Julian leap year
-    Esito j = Lancia({"jd", "01/01/2000", "12:00", "--json"});
-    EXPECT_EQ(j.stato, 0);
-    EXPECT_EQ(j.out, "{\"Data\": \"01/01/2000\", \"Ora\": \"12:00:00\", \"JD\": 2451545}\n");
-}
-
-TEST(CliCalendario, DataDaGiornoGiuliano) {
-    EXPECT_EQ(Lancia({"data", "2451545"}).out, "01/01/2000 12:00:00\n");
-    EXPECT_EQ(Lancia({"data", "2299160.5"}).out, "15/10/1582 00:00:00\n");
-    EXPECT_EQ(Lancia({"data", "2299160.49999"}).out, "04/10/1582 23:59:59\n");
-    EXPECT_EQ(Lancia({"data", "2436116.31"}).out, "04/10/1957 19:26:24\n");
-    // A whole second just before midnight does not round into the next day's date.
-    EXPECT_EQ(Lancia({"data", "2451545.4999942"}).out, "01/01/2000 23:59:59\n");
-    EXPECT_EQ(Lancia({"data", "0"}).out, "01/01/-4712 12:00:00\n");
-    Esito j = Lancia({"data", "2451545.25", "--json"});
-    EXPECT_EQ(j.out, "{\"JD\": 2451545.25, \"Data\": \"01/01/2000\", \"Ora\": \"18:00:00\", "
-                     "\"Anno\": 2000, \"Mese\": 1, \"Giorno\": 1.75}\n");
+// Julian days of the proleptic calendars, the Gregorian reform and the two ends of the calendar.
+TEST(CliCalendario, GiornoGiulianoEData) {
+    const std::pair<std::vector<std::string>, std::string> casi[] = {
+        {{"jd", "15/10/1582"}, "2299160.500000\n"},
+        {{"jd", "4/10/1582"}, "2299159.500000\n"},
+        {{"jd", "29/02/1500"}, "2268991.500000\n"}, // Julian leap year (Meeus 7.1)
+        {{"jd", "01/01/2000", "12:00"}, "2451545.000000\n"},
+        {{"jd", "01/01/2000", "18:00:00"}, "2451545.250000\n"},
+        {{"jd", "01/01/-4712", "12:00"}, "0.000000\n"},
+        {{"jd", "01/01/-4712"}, "-0.500000\n"},
+        {{"jd", "31/12/9999"}, "5373483.500000\n"},
+        {{"jd", "01/01/2000", "12:00", "--json"},
+         "{\"Data\": \"01/01/2000\", \"Ora\": \"12:00:00\", \"JD\": 2451545}\n"},
+        {{"data", "2451545"}, "01/01/2000 12:00:00\n"},
+        {{"data", "2299160.5"}, "15/10/1582 00:00:00\n"},
+        {{"data", "2299160.49999"}, "04/10/1582 23:59:59\n"},
+        {{"data", "2436116.31"}, "04/10/1957 19:26:24\n"},
+        // A whole second just before midnight does not round into the next day's date.
+        {{"data", "2451545.4999942"}, "01/01/2000 23:59:59\n"},
+        {{"data", "0"}, "01/01/-4712 12:00:00\n"},
+        {{"data", "5373484.49999"}, "31/12/9999 23:59:59\n"},
+        {{"data", "2451545.25", "--json"},
+         "{\"JD\": 2451545.25, \"Data\": \"01/01/2000\", \"Ora\": \"18:00:00\", \"Anno\": "
+         "2000, \"Mese\": 1, \"Giorno\": 1.75}\n"},
+    };
+    for (const auto& [parole, out] : casi) {
+        const Esito e = Lancia(parole);
+        EXPECT_EQ(std::tuple(e.stato, e.out, e.err), std::tuple(0, out, "")) << parole[1];
+    }
 }
 
 TEST(CliCalendario, ArgomentiSbagliati) {
@@ -66,12 +74,8 @@ TEST(CliCalendario, ArgomentiSbagliati) {
          "vesmo-cli data: giorno giuliano fuori dall'intervallo 0-5373484.5: 1e300\n"},
         {{"oroscopo"}, "vesmo-cli: comando sconosciuto: oroscopo\n"},
     };
-    for (const auto& c : casi) {
-        Esito e = Lancia(c.parole);
-        EXPECT_EQ(e.stato, 2) << c.parole[0];
-        EXPECT_EQ(e.err, c.err);
-        EXPECT_EQ(e.out, "");
-    }
+    for (const auto& c : casi)
+        Rifiutato(c.parole, c.err);
     Esito vuoto = Lancia({});
     EXPECT_EQ(vuoto.stato, 2);
     EXPECT_NE(vuoto.err.find("uso: vesmo-cli"), std::string::npos);
@@ -90,10 +94,10 @@ TEST(CliTema, TabellaEJson) {
     Esito j = Lancia(json);
     ASSERT_EQ(j.stato, 0);
     EXPECT_EQ(j.out.rfind("{\"Tema\": {\"cNaz\": 0, \"Nome\": \"Prova Padova\"", 0), 0u);
-    EXPECT_NE(j.out.find("\"TU\": 17.5, \"JD\": 2446896.2291666665"), std::string::npos) << j.out;
-    EXPECT_NE(j.out.find("\"Posizioni\": {\"Sole\": {\"Lo\": 20.3"), std::string::npos);
-    EXPECT_NE(j.out.find("\"Aspetti\": [{\"a\": \"Sole\""), std::string::npos);
-    EXPECT_NE(j.out.find("\"Nome\": \"TRIGONO         \""), std::string::npos);
+    for (const char* pezzo :
+         {"\"TU\": 17.5, \"JD\": 2446896.2291666665", "\"Posizioni\": {\"Sole\": {\"Lo\": 20.3",
+          "\"Aspetti\": [{\"a\": \"Sole\"", "\"Nome\": \"TRIGONO         \""})
+        EXPECT_NE(j.out.find(pezzo), std::string::npos) << pezzo << " in " << j.out;
     // Decimal coordinates give the same chart as the sexagesimal ones.
     auto decimali = padova;
     decimali[6] = "11.883333E";
@@ -129,35 +133,25 @@ TEST(CliTema, ArgomentiSbagliati) {
     for (const auto& c : casi) {
         auto parole = base;
         parole[c.indice] = c.valore;
-        Esito e = Lancia(parole);
-        EXPECT_EQ(e.stato, 2) << c.valore;
-        EXPECT_EQ(e.err, c.err);
+        Rifiutato(parole, c.err);
     }
-    Esito manca = Lancia({"tema", "--data", "21/12/2001", "--ora", "12:00"});
-    EXPECT_EQ(manca.err, "vesmo-cli tema: manca l'opzione --lon\n");
-    Esito luna = Lancia({"tema", "--data", "21/12/2001", "--ora", "12:00", "--lon", "1E00", "--lat",
-                         "1N00", "--fuso", "0", "--luna", "marte"});
-    EXPECT_EQ(luna.err, "vesmo-cli tema: luna non valida: 'marte' (geo o topo)\n");
+    Rifiutato({"tema", "--data", "21/12/2001", "--ora", "12:00"},
+              "vesmo-cli tema: manca l'opzione --lon\n");
+    Rifiutato(Con(base, {"--luna", "marte"}),
+              "vesmo-cli tema: luna non valida: 'marte' (geo o topo)\n");
 }
 
 TEST(CliTema, LuogoDalDatabase) {
     test::CartellaLuoghi cartella;
-    {
-        Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-        test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
-        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
-        test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
-    }
+    test::DatabasePadova(cartella / "Vesmodat.Mdb");
     const std::string db = (cartella / "Vesmodat.Mdb").string();
     Esito e = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
                       "--nazione", "Italy", "--db", db, "--json"});
     ASSERT_EQ(e.stato, 0) << e.err;
     // The zone and the summer time of the database: the same chart as typed by hand.
-    EXPECT_NE(e.out.find("\"City\": \"Padova\""), std::string::npos) << e.out;
-    EXPECT_NE(e.out.find("\"Fuso\": -1, \"Estiva\": 1"), std::string::npos) << e.out;
-    EXPECT_NE(e.out.find("\"TU\": 17.5"), std::string::npos);
+    for (const char* pezzo :
+         {"\"City\": \"Padova\"", "\"Fuso\": -1, \"Estiva\": 1", "\"TU\": 17.5"})
+        EXPECT_NE(e.out.find(pezzo), std::string::npos) << pezzo << " in " << e.out;
     Esito mano = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53",
                          "--lat", "45N24", "--fuso", "-1", "--estiva", "1", "--json"});
     EXPECT_EQ(e.out.substr(e.out.find("\"Posizioni\"")),
@@ -165,23 +159,15 @@ TEST(CliTema, LuogoDalDatabase) {
 
     Esito ignoto =
         Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Zzz", "--db", db});
-    EXPECT_EQ(ignoto.stato, 1);
-    EXPECT_EQ(ignoto.err, "vesmo-cli tema: luogo sconosciuto: Zzz\n");
-    Esito doppio = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
-                           "--lon", "11E53", "--db", db});
-    EXPECT_EQ(doppio.stato, 2);
-    EXPECT_EQ(doppio.err, "vesmo-cli tema: --lon non va con --city\n");
+    EXPECT_EQ(std::tuple(ignoto.stato, ignoto.err),
+              std::tuple(1, "vesmo-cli tema: luogo sconosciuto: Zzz\n"));
+    Rifiutato({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova", "--lon",
+               "11E53", "--db", db},
+              "vesmo-cli tema: --lon non va con --city\n");
 }
 
 namespace {
-
 const std::vector<std::string> Greenwich{"--lon", "0E00", "--lat", "51N29", "--fuso", "0"};
-
-std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
-
 } // namespace
 
 // Numbers, times and coordinates of any length are read or refused in one line, never by a
@@ -287,16 +273,8 @@ TEST(CliArgomenti, LimitiDelCalendario) {
              natale),
          "vesmo-cli ingresso: bersaglio fuori da 0..360: 1e30\n"},
     };
-    for (const auto& c : casi) {
-        Esito e = Lancia(c.parole);
-        EXPECT_EQ(e.stato, 2) << c.err;
-        EXPECT_EQ(e.err, c.err);
-        EXPECT_EQ(e.out, "");
-    }
-    // The two ends themselves are in the calendar.
-    EXPECT_EQ(Lancia({"jd", "01/01/-4712"}).out, "-0.500000\n");
-    EXPECT_EQ(Lancia({"jd", "31/12/9999"}).out, "5373483.500000\n");
-    EXPECT_EQ(Lancia({"data", "5373484.49999"}).out, "31/12/9999 23:59:59\n");
+    for (const auto& c : casi)
+        Rifiutato(c.parole, c.err);
 }
 
 TEST(CliArgomenti, DataEOraDelTransito) {
@@ -330,12 +308,10 @@ TEST(CliRuota, TransitoConSpazioFinale) {
     EXPECT_EQ(json.stato, 0) << json.err;
     EXPECT_EQ(json.out, "{\"File\": [\"" + file.string() + "\"]}\n");
     std::filesystem::remove(file);
-    Esito senzaOra = Lancia(Con(base, {"--transito", "1/1/2026 "}));
-    EXPECT_EQ(senzaOra.stato, 2);
-    EXPECT_EQ(senzaOra.err, "vesmo-cli ruota: --transito vuole data e ora: GG/MM/AAAA HH:MM\n");
-    Esito estiva = Lancia(Con(base, {"--transito", "1/1/2026 12:00", "--estiva-transito", "4"}));
-    EXPECT_EQ(estiva.stato, 2);
-    EXPECT_EQ(estiva.err, "vesmo-cli ruota: estiva-transito fuori da -3..3: 4\n");
+    Rifiutato(Con(base, {"--transito", "1/1/2026 "}),
+              "vesmo-cli ruota: --transito vuole data e ora: GG/MM/AAAA HH:MM\n");
+    Rifiutato(Con(base, {"--transito", "1/1/2026 12:00", "--estiva-transito", "4"}),
+              "vesmo-cli ruota: estiva-transito fuori da -3..3: 4\n");
 }
 #endif
 
@@ -421,11 +397,8 @@ TEST(CliAspetti, DueTemi) {
          "vesmo-cli aspetti: data non valida: '32/11/2000' (giorno inesistente nel mese)\n"},
         {{"--orbita", "-1"}, "vesmo-cli aspetti: orbita fuori da 0..180: -1\n"},
     };
-    for (const auto& c : casi) {
-        Esito x = Lancia(Con(tema, c.aggiunte));
-        EXPECT_EQ(x.stato, 2) << c.err;
-        EXPECT_EQ(x.err, c.err);
-    }
+    for (const auto& c : casi)
+        Rifiutato(Con(tema, c.aggiunte), c.err);
 }
 
 // With --city the second chart takes the zone and the summer time of its own date from the
@@ -433,14 +406,7 @@ TEST(CliAspetti, DueTemi) {
 // is not (TU 11:00).
 TEST(CliAspetti, SecondoTemaDalDatabase) {
     test::CartellaLuoghi cartella;
-    {
-        Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-        test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
-        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
-        test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
-    }
+    test::DatabasePadova(cartella / "Vesmodat.Mdb");
     Esito e = Lancia({"aspetti", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
                       "--db", (cartella / "Vesmodat.Mdb").string(), "--con-data", "01/01/1987",
                       "--con-ora", "12:00", "--json"});
@@ -455,10 +421,9 @@ TEST(CliAspetti, SecondoTemaDalDatabase) {
     };
     EXPECT_NEAR(jd("Righe"), 2446895.5 + 17.5 / 24, 1e-9);
     EXPECT_NEAR(jd("Colonne"), 2446796.5 + 11.0 / 24, 1e-9);
-    Esito estiva = Lancia({"aspetti", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
-                           "--db", (cartella / "Vesmodat.Mdb").string(), "--con-data", "01/01/1987",
-                           "--con-ora", "12:00", "--con-estiva", "1"});
-    EXPECT_EQ(estiva.stato, 2);
-    EXPECT_EQ(estiva.err, "vesmo-cli aspetti: --con-estiva non va con --city: l'ora estiva viene "
-                          "dal database dei luoghi\n");
+    Rifiutato({"aspetti", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova", "--db",
+               (cartella / "Vesmodat.Mdb").string(), "--con-data", "01/01/1987", "--con-ora",
+               "12:00", "--con-estiva", "1"},
+              "vesmo-cli aspetti: --con-estiva non va con --city: l'ora estiva viene dal database "
+              "dei luoghi\n");
 }

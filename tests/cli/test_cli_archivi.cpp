@@ -7,28 +7,19 @@
 #include <sstream>
 
 #include "cli/Comandi.h"
-#include "core/store/Database.h"
-#include "places/Schema.h"
+#include "tests/archives/AiutoArchivi.h"
 #include "tests/cli/Lancia.h"
-#include "tests/core/store/Cartella.h"
 
 using namespace vesmo;
 using vesmo::test::Esito;
+using vesmo::test::Righe;
 
 namespace {
 
-class CliArchivi : public ::testing::Test {
+class CliArchivi : public vesmo::test::ConArchivi {
 protected:
-    void SetUp() override {
-        fileDB = (cartella / "Vesmodat.Mdb").string();
-        Database db;
-        db.Crea(fileDB);
-        CreaSchemaLuoghi(db);
-    }
     Esito Lancia(std::vector<std::string> parole) {
-        parole.push_back("--db");
-        parole.push_back(fileDB);
-        return vesmo::test::Lancia(parole);
+        return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", fileDB}));
     }
     Esito Salva(const std::string& nome, const std::string& archivio,
                 std::vector<std::string> altro = {}) {
@@ -39,11 +30,6 @@ protected:
         p.insert(p.end(), altro.begin(), altro.end());
         return Lancia(p);
     }
-    static int Righe(const std::string& s) {
-        return static_cast<int>(std::count(s.begin(), s.end(), '\n'));
-    }
-    vesmo::test::Cartella cartella;
-    std::string fileDB;
 };
 
 } // namespace
@@ -51,8 +37,7 @@ protected:
 TEST_F(CliArchivi, SalvaInUnArchivioNuovoELoElenca) {
     // No archive yet: nothing to list.
     Esito vuoto = Lancia({"archivi"});
-    EXPECT_EQ(vuoto.stato, 1);
-    EXPECT_EQ(Righe(vuoto.err), 1);
+    EXPECT_EQ(std::tuple(vuoto.stato, Righe(vuoto.err)), std::tuple(1, 1));
 
     Esito e = Salva("Carla", "Amici");
     EXPECT_EQ(e.stato, 0) << e.err;
@@ -81,27 +66,24 @@ TEST_F(CliArchivi, SalvaInUnArchivioNuovoELoElenca) {
               std::string::npos)
         << j.out;
     Esito t = Lancia({"archivio", "amici"});
-    EXPECT_EQ(t.stato, 0);
-    EXPECT_EQ(Righe(t.out), 4); // the head and three charts
-    EXPECT_EQ(t.out.find("Nome"), 0u);
+    // The head and three charts.
+    EXPECT_EQ(std::tuple(t.stato, Righe(t.out), t.out.find("Nome")), std::tuple(0, 4, 0u));
 }
 
 TEST_F(CliArchivi, NomeDoppio) {
     ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
     // Refused: one line, status 1, nothing written.
     Esito e = Salva("Anna", "Amici");
-    EXPECT_EQ(e.stato, 1);
-    EXPECT_EQ(Righe(e.err), 1);
-    EXPECT_TRUE(e.out.empty());
+    EXPECT_EQ(std::tuple(e.stato, Righe(e.err), e.out), std::tuple(1, 1, ""));
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
 
     EXPECT_EQ(Salva("Anna", "Amici", {"--doppio", "aggiungi"}).stato, 0);
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
-    std::vector<std::string> p = {"salva",    "--data",     "10/04/1987", "--ora",      "08:00",
-                                  "--lon",    "11E53",      "--lat",      "45N24",      "--fuso",
-                                  "-1",       "--nome",     "Anna",       "--archivio", "Amici",
-                                  "--doppio", "sovrascrivi"};
-    EXPECT_EQ(Lancia(p).stato, 0);
+    EXPECT_EQ(Lancia({"salva", "--data", "10/04/1987", "--ora", "08:00", "--lon", "11E53", "--lat",
+                      "45N24", "--fuso", "-1", "--nome", "Anna", "--archivio", "Amici", "--doppio",
+                      "sovrascrivi"})
+                  .stato,
+              0);
     Esito j = Lancia({"archivio", "Amici", "--json"});
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
     // The first of the two is rewritten, the second stays.
@@ -110,32 +92,27 @@ TEST_F(CliArchivi, NomeDoppio) {
 
 TEST_F(CliArchivi, ArgomentiSbagliatiENomiRifiutati) {
     ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
+    auto salva = [](std::vector<std::string> altro, const char* data = "10/04/1987") {
+        std::vector<std::string> p = {"salva", "--data", data,    "--ora",  "19:30", "--lon",
+                                      "11E53", "--lat",  "45N24", "--fuso", "-1"};
+        p.insert(p.end(), altro.begin(), altro.end());
+        return p;
+    };
     struct Caso {
         std::vector<std::string> parole;
         int stato;
     };
     const std::vector<Caso> casi = {
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--nome", "Ugo", "--archivio", "AMICI"},
-         2}, // equal but for case to an archive
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--nome", "Ugo", "--archivio", "Nazioni"},
-         2}, // a place table
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--nome", "Ugo", "--archivio", "   "},
-         2},
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--nome", "Ugo", "--archivio", "Amici", "--doppio", "forse"},
-         2},
-        {{"salva", "--data", "31/02/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1", "--archivio", "Amici"},
-         2},
-        {{"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-          "--fuso", "-1"},
-         2}, // no archive
+        {salva({"--nome", "Ugo", "--archivio", "AMICI"}), 2},   // equal but for case to an archive
+        {salva({"--nome", "Ugo", "--archivio", "Nazioni"}), 2}, // a place table
+        {salva({"--nome", "Ugo", "--archivio", "   "}), 2},
+        {salva({"--nome", "Ugo", "--archivio", "Amici", "--doppio", "forse"}), 2},
+        {salva({"--archivio", "Amici"}, "31/02/1987"), 2},
+        {salva({}), 2}, // no archive
         {{"archivio"}, 2},
         {{"archivio", "Nessuno"}, 1},
         {{"archivio", "Nazioni"}, 1}, // not an archive
+        {{"archivio", "AllCity"}, 1},
         {{"archivi", "extra"}, 2},
     };
     for (const Caso& c : casi) {

@@ -7,38 +7,29 @@
 
 #include "cli/Comandi.h"
 #include "core/store/Database.h"
+#include "tests/archives/AiutoArchivi.h"
 #include "tests/cli/Lancia.h"
-#include "tests/core/store/Cartella.h"
 
 namespace vesmo::test {
 using vesmo::test::Esito;
 
 namespace {
 
-class CliImportaQuery : public ::testing::Test {
+class CliImportaQuery : public ConArchivi {
 protected:
-    void SetUp() override {
-        db = (cartella / "Vesmodat.Mdb").string();
-        Database d;
-        d.Crea(db);
-        // By the Swiss Ephemeris (Moshier): the Sun at 351.8, Venus at 325.5 (Aquarius) on
-        // 12 March 1960; the Sun at 71.3, Venus at 101.3 (Cancer) on 2 June 1946.
-        file = (cartella / "temi.txt").string();
-        std::ofstream(file)
-            << "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
-               "\"Italia\",\"45N26\",\"12E30\"\n"
-               "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
-               "\"USA\",\"40N42\",\"74W00\"\n"
-               "\"Rotto\",\"2 jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
-               "\"USA\",\"40N42\",\"74W00\"\n";
-    }
+    // By the Swiss Ephemeris (Moshier): the Sun at 351.8, Venus at 325.5 (Aquarius) on
+    // 12 March 1960; the Sun at 71.3, Venus at 101.3 (Cancer) on 2 June 1946.
+    const std::string file =
+        File("temi.txt",
+             "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\","
+             "\"Italia\",\"45N26\",\"12E30\"\n"
+             "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
+             "\"USA\",\"40N42\",\"74W00\"\n"
+             "\"Rotto\",\"2 jun 1946\",\"07:00\",\"AM\",\"EST\",\"05:00\",\"New York\","
+             "\"USA\",\"40N42\",\"74W00\"\n");
     Esito Lancia(std::vector<std::string> parole) {
-        parole.push_back("--db");
-        parole.push_back(db);
-        return vesmo::test::Lancia(parole);
+        return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", fileDB}));
     }
-    Cartella cartella;
-    std::string db, file;
 };
 
 TEST_F(CliImportaQuery, ImportaEsportaEQuery) {
@@ -60,9 +51,9 @@ TEST_F(CliImportaQuery, ImportaEsportaEQuery) {
                          std::string("\"") + log + "\"}\n");
 
     // A file with nothing refused: no log.
-    const std::string pulito = (cartella / "pulito.txt").string();
-    std::ofstream(pulito) << "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
-                             "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
+    const std::string pulito =
+        File("pulito.txt", "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
+                           "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n");
     Esito p = Lancia({"importa", pulito, "--log", (cartella / "pulito.log").string(), "--json"});
     EXPECT_EQ(p.out, "{\"Archivio\": \"pulitotxt\", \"Importati\": 1, \"Scartati\": 0, "
                      "\"Log\": null}\n");

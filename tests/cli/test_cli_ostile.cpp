@@ -22,49 +22,28 @@
 #include "cli/FileArchivi.h"
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
+#include "tests/cli/Lancia.h"
 #include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
 
 namespace {
 
-struct Esito {
-    int stato;
-    std::string out, err;
-};
-
-Esito Lancia(const std::vector<std::string>& parole) {
-    std::ostringstream out, err;
-    int stato = cli::Esegui(parole, out, err);
-    return {stato, out.str(), err.str()};
-}
+using test::Con;
+using test::Esito;
+using test::Lancia;
 
 // Values that no option may take: not numbers, dates, times, coordinates or names of anything.
 std::vector<std::string> Inaccettabili() {
-    return {"",
-            "nan",
-            "NaN",
-            "-nan",
-            "inf",
-            "-inf",
-            "1e400",
-            "-1e400",
-            std::string(30000, '9'),
-            "-" + std::string(30000, '9'),
-            "1e" + std::string(30000, '9'),
-            "\xff\xfe",
-            "\xc3\x28",
-            "a\xff"
-            "b",
-            "'; DROP TABLE AllCity; --",
-            "\" OR 1=1 --",
-            "%",
-            "_%",
-            "[;database=/etc/passwd].x",
-            "1/1/-99999",
-            "99/99/99999",
-            "\x01\x02\x7f",
-            "a\nb"};
+    const std::vector<std::string> v{
+        // numbers that are none
+        "", "nan", "NaN", "-nan", "inf", "-inf", "1e400", "-1e400", std::string(30000, '9'),
+        "-" + std::string(30000, '9'), "1e" + std::string(30000, '9'),
+        // bytes and texts
+        "\xff\xfe", "\xc3\x28", std::string("a\xff") + "b", "'; DROP TABLE AllCity; --",
+        "\" OR 1=1 --", "%", "_%", "[;database=/etc/passwd].x", "1/1/-99999", "99/99/99999",
+        "\x01\x02\x7f", "a\nb"};
+    return v;
 }
 
 // Values that may or may not be taken, at the edges of what options accept.
@@ -145,11 +124,6 @@ std::vector<std::string> OpzioniNominate(const std::string& testo) {
     return r;
 }
 
-std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
-
 // How many runs that a command takes whole each command gets.
 constexpr int Preventivo = 60;
 
@@ -172,13 +146,8 @@ protected:
         // Images named by a relative path land in the test's own folder.
         cartellaDiPrima = std::filesystem::current_path();
         std::filesystem::current_path(cartella / ".");
-        Database d = test::DatabaseLuoghi(db);
-        test::AggiungiCity(d, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+        Database d = test::DatabasePadova(db);
         test::AggiungiCity(d, 380, "Vigonovo (VE)", -GradiDecimali(12, 3, 0) / 15, 45.38, 1, 1);
-        test::AggiungiFuso(d, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiEstiva(d, 1, 1, 1, 1900, 0, 0, 0, 0);
-        test::AggiungiEstiva(d, 1, 29, 3, 1987, 2, 0, 1, 0);
-        test::AggiungiEstiva(d, 1, 27, 9, 1987, 3, 0, 0, 0);
     }
 
     void TearDown() override { std::filesystem::current_path(cartellaDiPrima); }

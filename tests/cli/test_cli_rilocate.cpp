@@ -13,15 +13,11 @@
 
 using namespace vesmo;
 using namespace vesmo::test;
+using vesmo::test::Con;
 using vesmo::test::Esito;
 using vesmo::test::Lancia;
 
 namespace {
-
-std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
 
 const std::vector<std::string> Natale{"--data", "10/04/1987", "--ora",    "19:30",
                                       "--lon",  "11E53",      "--lat",    "45N24",
@@ -42,8 +38,7 @@ TEST(CliVicine, CittaDelDatabase) {
     const std::string file = (cartella / "Vesmodat.Mdb").string();
     {
         Database db = DatabaseLuoghi(file);
-        AggiungiCity(db, 380, "Padova", -0.7925, 45.4, 1, 1);
-        AggiungiCity(db, 380, "Trento", -0.7475, 46.07, 1, 1);
+        Aggiungi(db, {{380, "Padova", -0.7925, 45.4, 1, 1}, {380, "Trento", -0.7475, 46.07, 1, 1}});
     }
     // The point is 11E53 = -0.79222 hours, a little west of Padova (-0.7925). For n = 0 the seek
     // passes Padova and stands on Trento, 0.67 degrees off in latitude and last in the index:
@@ -84,21 +79,23 @@ TEST(CliRivoluzione, RilocataSulTempoMedioLocale) {
         Lancia(Con(base, {"--rilocata", "--lon-rilocata", "74W00", "--lat-rilocata", "40N43"}));
     ASSERT_EQ(la.stato, 0) << la.err;
     // The same instant; the place New York's, on its local mean time.
-    EXPECT_EQ(CampoJson(la.out, "JDRisultato"), CampoJson(qui.out, "JDRisultato"));
-    EXPECT_EQ(CampoJson(la.out, "City"), "\"Jolly\"");
-    EXPECT_EQ(CampoJson(la.out, "Stato"), "\"Jolly\"");
-    EXPECT_NEAR(std::stod(CampoJson(la.out, "Lon")), 74.0 / 15, 1e-12);
-    EXPECT_EQ(CampoJson(la.out, "Fuso"), CampoJson(la.out, "Lon"));
-    EXPECT_EQ(CampoJson(la.out, "Estiva"), "0");
+    for (const auto& [campo, atteso] : {std::pair{"JDRisultato", CampoJson(qui.out, "JDRisultato")},
+                                        {"City", "\"Jolly\""},
+                                        {"Stato", "\"Jolly\""},
+                                        {"Fuso", CampoJson(la.out, "Lon")},
+                                        {"Estiva", "0"}})
+        EXPECT_EQ(CampoJson(la.out, campo), atteso) << campo;
+    constexpr double TolleranzaOre = 1e-12;   // hours
+    constexpr double TolleranzaGiorni = 1e-8; // days
+    EXPECT_NEAR(std::stod(CampoJson(la.out, "Lon")), 74.0 / 15, TolleranzaOre);
     EXPECT_NEAR(std::stod(CampoJson(la.out, "JD")), std::stod(CampoJson(qui.out, "JDRisultato")),
-                1e-8);
+                TolleranzaGiorni);
 
     for (const auto& parole :
          {Con(base, {"--lon-rilocata", "74W00", "--lat-rilocata", "40N43"}),
           Con(base, {"--rilocata", "--lat-rilocata", "40N43"}),
           Con(base, {"--rilocata", "--lon-rilocata", "74W00", "--lat-rilocata", "91N00"})}) {
-        Esito r = Lancia(parole);
-        EXPECT_EQ(r.stato, 2) << r.err;
+        EXPECT_EQ(Lancia(parole).stato, 2);
     }
 }
 

@@ -17,17 +17,10 @@ class CliScambio : public ::testing::Test {
 protected:
     void SetUp() override {
         db = (cartella / "Vesmodat.Mdb").string();
-        Database d = DatabaseLuoghi(db);
-        AggiungiCity(d, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-        AggiungiFuso(d, 1, 1, 1, 1900, "-1", "00");
-        AggiungiEstiva(d, 1, 1, 1, 1900, 0, 0, 0, 0);
-        AggiungiEstiva(d, 1, 29, 3, 1987, 2, 0, 1, 0);
-        AggiungiEstiva(d, 1, 27, 9, 1987, 3, 0, 0, 0);
+        DatabasePadova(db);
     }
     Esito Cli(std::vector<std::string> parole) {
-        parole.push_back("--db");
-        parole.push_back(db);
-        return Lancia(parole);
+        return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", db}));
     }
     std::string File(const std::string& nome, const std::string& testo) {
         const std::string p = (cartella / nome).string();
@@ -83,12 +76,10 @@ TEST_F(CliScambio, AafCompletatoEsportatoInCsvEReimportato) {
     EXPECT_NE(c.out.find("Rossi, Mario"), std::string::npos);
     Esito niente = Cli({"archivio", "clienti", "--cerca", "commento:nulla"});
     EXPECT_EQ(niente.stato, 1);
-    Esito rotto = Cli({"archivio", "clienti", "--cerca", "dal:31/02/1980"});
-    EXPECT_EQ(rotto.stato, 2);
-    EXPECT_EQ(rotto.err, "vesmo-cli archivio: --cerca: data non valida: 31/02/1980\n");
-    Esito formato = Cli({"importa", csv, "--formato", "xls"});
-    EXPECT_EQ(formato.stato, 2);
-    EXPECT_EQ(formato.err, "vesmo-cli importa: formato sconosciuto (sf, aaf o csv): xls\n");
+    Rifiutato(Con({"archivio", "clienti", "--cerca", "dal:31/02/1980"}, {"--db", db}),
+              "vesmo-cli archivio: --cerca: data non valida: 31/02/1980\n");
+    Rifiutato(Con({"importa", csv, "--formato", "xls"}, {"--db", db}),
+              "vesmo-cli importa: formato sconosciuto (sf, aaf o csv): xls\n");
 }
 
 TEST_F(CliScambio, SicurezzaERipristino) {

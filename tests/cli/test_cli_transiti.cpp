@@ -12,7 +12,9 @@
 #include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
+using vesmo::test::Con;
 using vesmo::test::Lancia;
+using vesmo::test::Rifiutato;
 
 namespace {
 
@@ -32,11 +34,6 @@ const std::vector<std::string> Natale{"--data", "10/04/1987", "--ora",    "19:30
                                       "--lon",  "11E53",      "--lat",    "45N24",
                                       "--fuso", "-1",         "--estiva", "1"};
 
-std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
-    a.insert(a.end(), b.begin(), b.end());
-    return a;
-}
-
 } // namespace
 
 // Padova, one hour east, summer time from 29 March 2026 at 2:00 local (1:00 TU).
@@ -45,11 +42,11 @@ TEST(CliTransiti, JsonInOraLocaleAttraversoLOraEstiva) {
     const std::string db = (cartella / "Vesmodat.Mdb").string();
     {
         Database d = test::DatabaseLuoghi(db);
-        test::AggiungiCity(d, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-        test::AggiungiFuso(d, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiEstiva(d, 1, 1, 1, 1900, 0, 0, 0, 0);
-        test::AggiungiEstiva(d, 1, 29, 3, 2026, 2, 0, 1, 0);
-        test::AggiungiEstiva(d, 1, 25, 10, 2026, 3, 0, 0, 0);
+        test::Aggiungi(d, {{380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1}},
+                       {{1, 1, 1, 1900, "-1", "00"}},
+                       {{1, 1, 1, 1900, 0, 0, 0, 0},
+                        {1, 29, 3, 2026, 2, 0, 1, 0},
+                        {1, 25, 10, 2026, 3, 0, 0, 0}});
     }
     const auto e = Lancia({"transiti", "--city", "Padova", "--db", db, "--data", "10/04/1987",
                            "--ora", "19:30", "--da", "25/03/2026", "--a", "02/04/2026", "--pianeti",
@@ -69,17 +66,13 @@ TEST(CliTransiti, JsonInOraLocaleAttraversoLOraEstiva) {
     for (std::sregex_iterator it(e.out.begin(), e.out.end(), record), fine; it != fine; ++it) {
         const std::smatch& r = *it;
         const double jd = std::stod(r[1]);
-        EXPECT_GE(jd, precedente);
+        // In order, inside the period, entered before and left after.
+        EXPECT_TRUE(jd >= precedente && jd >= da && jd <= a) << jd;
+        EXPECT_TRUE(std::stod(r[8]) < jd && std::stod(r[9]) > jd) << jd;
         precedente = jd;
-        EXPECT_GE(jd, da);
-        EXPECT_LE(jd, a);
-        const auto [data, ora] = Locale(jd, jd < cambio ? 1 : 2);
-        EXPECT_EQ(r[2], data);
-        EXPECT_EQ(r[3], ora);
+        EXPECT_EQ(std::pair(r[2].str(), r[3].str()), Locale(jd, jd < cambio ? 1 : 2));
         EXPECT_TRUE(r[4] == "Sole" || r[4] == "Luna");
         EXPECT_EQ(r[5], "false");
-        EXPECT_LT(std::stod(r[8]), jd);
-        EXPECT_GT(std::stod(r[9]), jd);
         (jd < cambio ? prima : dopo)++;
     }
     EXPECT_GT(prima, 2);
@@ -114,17 +107,13 @@ TEST(CliTransiti, Rifiuti) {
         {{"--da", "01/01/1800", "--a", "01/01/2026"},
          "periodo di oltre 200 anni: da dividere in più ricerche"},
     };
-    for (const auto& [opzioni, messaggio] : casi) {
-        const auto e = Lancia(Con(Con({"transiti"}, Natale), opzioni));
-        EXPECT_EQ(e.stato, 2) << messaggio;
-        EXPECT_EQ(e.err, "vesmo-cli transiti: " + messaggio + "\n");
-        EXPECT_TRUE(e.out.empty());
-    }
+    for (const auto& [opzioni, messaggio] : casi)
+        Rifiutato(Con(Con({"transiti"}, Natale), opzioni),
+                  "vesmo-cli transiti: " + messaggio + "\n");
     // Pluto makes no conjunction to the natal Sun in a day: nothing found.
     const auto e = Lancia(Con(Con({"transiti"}, Natale),
                               {"--pianeti", "Plutone", "--punti", "Sole", "--aspetti",
                                "congiunzione", "--da", "01/01/2026", "--a", "01/01/2026"}));
-    EXPECT_EQ(e.stato, 1);
-    EXPECT_EQ(e.err, "vesmo-cli transiti: nessun transito esatto nel periodo\n");
-    EXPECT_TRUE(e.out.empty());
+    EXPECT_EQ(std::tuple(e.stato, e.out, e.err),
+              std::tuple(1, "", "vesmo-cli transiti: nessun transito esatto nel periodo\n"));
 }

@@ -6,10 +6,13 @@
 
 #include <cstdint>
 #include <filesystem>
+#include <initializer_list>
 #include <string>
 #include <unistd.h>
 #include <vector>
 
+#include "core/Aritmetica.h"
+#include "core/Messaggi.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
 #include "places/Schema.h"
@@ -147,6 +150,52 @@ inline void AggiungiEstiva(Database& db, int codice, int g, int m, int a, int h,
     c.Imposta("HE_h", heH);
     c.Imposta("HE_m", heM);
     c.Update();
+}
+
+// Rows of the three place tables, to fill a database from a table in one call.
+struct RigaCity {
+    int cNaz;
+    std::string city;
+    double lon, lat;
+    int cFusi, cEst;
+};
+struct RigaFuso {
+    int codice, g, m, a;
+    std::string h, min;
+};
+struct RigaEstiva {
+    int codice, g, m, a, h, min, heH, heM;
+};
+inline void Aggiungi(Database& db, std::initializer_list<RigaCity> citta,
+                     std::initializer_list<RigaFuso> fusi = {},
+                     std::initializer_list<RigaEstiva> estive = {}) {
+    for (const RigaCity& r : citta)
+        AggiungiCity(db, r.cNaz, r.city, r.lon, r.lat, r.cFusi, r.cEst);
+    for (const RigaFuso& r : fusi)
+        AggiungiFuso(db, r.codice, r.g, r.m, r.a, r.h, r.min);
+    for (const RigaEstiva& r : estive)
+        AggiungiEstiva(db, r.codice, r.g, r.m, r.a, r.h, r.min, r.heH, r.heM);
+}
+
+// The boxes shown, as {title, text}, to compare with a table in one check.
+using Riquadri = std::vector<std::pair<std::string, std::string>>;
+inline Riquadri Mostrati(const MessaggiRegistrati& messaggi) {
+    Riquadri r;
+    for (const auto& v : messaggi.registro)
+        r.emplace_back(v.titolo, v.testo);
+    return r;
+}
+
+// Padova (11°53' E, 45°24' N) with zone -1 from 1900 and summer time 1 from 29 March to
+// 27 September 1987: the place of the charts of 10 April 1987.
+inline Database DatabasePadova(const std::filesystem::path& file) {
+    Database db = DatabaseLuoghi(file);
+    AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+    AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+    AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
+    AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
+    AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
+    return db;
 }
 
 } // namespace vesmo::test

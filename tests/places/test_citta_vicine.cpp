@@ -11,23 +11,17 @@ using namespace vesmo::test;
 
 namespace {
 
-struct Citta {
-    const char* nome;
-    double lon, lat;
-};
-
 class CittaVicine : public ::testing::Test {
 protected:
     void SetUp() override {
         Database db = DatabaseLuoghi(file);
         db.IniziaTransazione();
-        for (Citta t : std::vector<Citta>{{"Primo", 0.10, 30},
-                                          {"Bravia", 0.20, 46},
-                                          {"Cresta", 0.40, 46},
-                                          {"Dolo", 0.60, 55},
-                                          {"Elce", 1.50, 20},
-                                          {"Fiume", 1.55, 20.05}})
-            AggiungiCity(db, 380, t.nome, t.lon, t.lat, 1, 1);
+        Aggiungi(db, {{380, "Primo", 0.10, 30, 1, 1},
+                      {380, "Bravia", 0.20, 46, 1, 1},
+                      {380, "Cresta", 0.40, 46, 1, 1},
+                      {380, "Dolo", 0.60, 55, 1, 1},
+                      {380, "Elce", 1.50, 20, 1, 1},
+                      {380, "Fiume", 1.55, 20.05, 1, 1}});
         // A slope of forty towns, each half a degree further south, then one far away.
         for (int k = 0; k < 40; ++k)
             AggiungiCity(db, 380, "Pendio" + std::to_string(k), 2.00 + 0.001 * k, 60 - 0.5 * k, 1,
@@ -76,16 +70,10 @@ TEST_F(CittaVicine, IlPercorsoDellaRicerca) {
 TEST_F(CittaVicine, IndiceCostruitoUnaVolta) {
     std::vector<bool> avvisi;
     auto annota = [&](bool inizio) { avvisi.push_back(inizio); };
-    {
-        Database db(file);
-        EXPECT_FALSE(db.EsisteIndice("AllCity", "iLonLat"));
-    }
+    EXPECT_FALSE(Database(file).EsisteIndice("AllCity", "iLonLat"));
     EXPECT_EQ(CercaCittaVicine(file, 1.52, 20.02, annota).size(), 11u);
     EXPECT_EQ(avvisi, (std::vector<bool>{true, false}));
-    {
-        Database db(file);
-        EXPECT_TRUE(db.EsisteIndice("AllCity", "iLonLat"));
-    }
+    EXPECT_TRUE(Database(file).EsisteIndice("AllCity", "iLonLat"));
     avvisi.clear();
     EXPECT_EQ(CercaCittaVicine(file, 1.52, 20.02, annota).size(), 11u);
     EXPECT_TRUE(avvisi.empty());

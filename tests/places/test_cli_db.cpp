@@ -1,9 +1,7 @@
 // vesmo-cli db on a small places database: the cleaning, the compaction, the copy and the lists.
 #include <gtest/gtest.h>
 
-#include <sstream>
-
-#include "cli/Comandi.h"
+#include "tests/places/AiutoCli.h"
 #include "tests/places/AiutoLuoghi.h"
 
 namespace vesmo {
@@ -13,13 +11,12 @@ class CliDb : public ::testing::Test {
 protected:
     void SetUp() override {
         Database d = test::DatabaseLuoghi(db);
-        test::AggiungiCity(d, 380, "Padova", -0.79, 45.4, 1, 1);
-        test::AggiungiFuso(d, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiFuso(d, 7, 1, 1, 1900, "-1", "00");
-        test::AggiungiFuso(d, 7, 1, 1, 1940, "-2", "00");
-        test::AggiungiFuso(d, 12000, 1, 1, 1900, "1", "00");
-        test::AggiungiEstiva(d, 1, 29, 3, 1987, 2, 0, 1, 0);
-        test::AggiungiEstiva(d, 1, 27, 9, 1987, 3, 0, 0, 0);
+        test::Aggiungi(d, {{380, "Padova", -0.79, 45.4, 1, 1}},
+                       {{1, 1, 1, 1900, "-1", "00"},
+                        {7, 1, 1, 1900, "-1", "00"},
+                        {7, 1, 1, 1940, "-2", "00"},
+                        {12000, 1, 1, 1900, "1", "00"}},
+                       {{1, 29, 3, 1987, 2, 0, 1, 0}, {1, 27, 9, 1987, 3, 0, 0, 0}});
     }
     std::int64_t Conta(const std::string& sql) {
         Database d(db);
@@ -27,13 +24,7 @@ protected:
         return c.Campo(c.Campi().at(0)).Intero();
     }
     int Esegui(std::vector<std::string> parole) {
-        parole.push_back("--db");
-        parole.push_back(db.string());
-        std::ostringstream o, e;
-        const int stato = cli::Esegui(parole, o, e);
-        out = o.str();
-        err = e.str();
-        return stato;
+        return test::EseguiSuDatabase(std::move(parole), db, out, err);
     }
     test::CartellaLuoghi cartella;
     std::filesystem::path db = cartella / "Vesmodat.Mdb";

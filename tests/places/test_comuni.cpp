@@ -49,11 +49,9 @@ TEST(Comuni, ReadsNameCodeAndProvinceLettersOfEachComune) {
     const auto comuni = LeggiComuni("[" + uno + R"(, {"nome": "Roma", "codice": "058091",
         "provincia": {"codice": "058", "nome": "Roma"}, "sigla": "RM", "popolazione": 2617175}])");
     ASSERT_EQ(comuni.size(), 2u);
-    EXPECT_EQ(comuni[0].nome, "Agliè");
-    EXPECT_EQ(comuni[0].codice, "001001");
-    EXPECT_EQ(comuni[0].sigla, "TO");
-    EXPECT_EQ(comuni[1].nome, "Roma");
-    EXPECT_EQ(comuni[1].sigla, "RM");
+    EXPECT_EQ(std::tuple(comuni[0].nome, comuni[0].codice, comuni[0].sigla, comuni[1].nome,
+                         comuni[1].sigla),
+              std::tuple("Agliè", "001001", "TO", "Roma", "RM"));
     EXPECT_THROW(LeggiComuni("{\"nome\": \"Roma\""), ErroreFonte);
     EXPECT_THROW(LeggiFileComuni("/nessuna/cartella"), ErroreFonte);
 }
@@ -65,8 +63,7 @@ TEST(Comuni, AlternateNamesAreLatinScriptOnceEachWithoutCodes) {
                                    41.89193, 12.51133, "IT", "07", "RM", "058091", 2318895));
     ASSERT_EQ(luoghi.size(), 1u);
     const LuogoGeo& l = luoghi[0];
-    EXPECT_EQ(l.admin3, "058091");
-    EXPECT_EQ(l.popolazione, 2318895);
+    EXPECT_EQ(std::tuple(l.admin3, l.popolazione), std::tuple("058091", 2318895));
     // Not the own name again ("rome", "Romë"), not the airport codes, not other scripts, and
     // "Roma" once ("Róma" is the same name, accents ignored).
     EXPECT_EQ(l.alternativi,
@@ -126,9 +123,9 @@ TEST(Comuni, TheSeatTakesTheItalianNameAndKeepsItsGeoNamesName) {
     };
     for (const Atteso& a : attesi) {
         const LuogoGeo& l = Per(luoghi, a.id);
-        EXPECT_EQ(l.nome, a.nome) << a.id;
-        EXPECT_EQ(l.sigla, a.sigla) << a.id;
-        EXPECT_EQ(l.alternativi, a.alternativi) << a.id;
+        EXPECT_EQ(std::tuple(l.nome, l.sigla, l.alternativi),
+                  std::tuple(a.nome, a.sigla, a.alternativi))
+            << a.id;
     }
 }
 

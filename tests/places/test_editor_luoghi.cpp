@@ -18,21 +18,28 @@ std::int64_t Conta(Database& db, const std::string& sql) {
     Cursore c = Cursore::Sql(db, sql);
     return c.Campo(c.Campi().at(0)).Intero();
 }
+// The rows of each "table where ...", to compare with a table in one check.
+std::vector<std::int64_t> Conte(Database& db, std::initializer_list<std::string> dove) {
+    std::vector<std::int64_t> n;
+    for (const std::string& d : dove)
+        n.push_back(Conta(db, "select count(*) from " + d));
+    return n;
+}
 
 class Editor : public ::testing::Test {
 protected:
     void SetUp() override {
         db = test::DatabaseLuoghi(file);
-        test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-        test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
-        test::AggiungiCity(db, 380, "Aosta", -0.49, 45.7, 3, 3);
-        test::AggiungiCity(db, 124, "Vancouver BC", 8.2, 49.25, 2, 2);
-        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiFuso(db, 2, 1, 1, 1900, "8", "00");
-        test::AggiungiFuso(db, 3, 1, 1, 1900, "-1", "00");
-        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
-        test::AggiungiEstiva(db, 2, 1, 1, 1900, 0, 0, 0, 0);
-        test::AggiungiEstiva(db, 3, 1, 1, 1900, 0, 0, 0, 0);
+        test::Aggiungi(
+            db,
+            {{380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1},
+             {380, "Roma", -0.8322, 41.9, 1, 1},
+             {380, "Aosta", -0.49, 45.7, 3, 3},
+             {124, "Vancouver BC", 8.2, 49.25, 2, 2}},
+            {{1, 1, 1, 1900, "-1", "00"}, {2, 1, 1, 1900, "8", "00"}, {3, 1, 1, 1900, "-1", "00"}},
+            {{1, 29, 3, 1987, 2, 0, 1, 0},
+             {2, 1, 1, 1900, 0, 0, 0, 0},
+             {3, 1, 1, 1900, 0, 0, 0, 0}});
     }
     // The model with the nation cursor on `nazione` and the place cursor on `city`.
     ModelloDbEdit& Su(const std::string& nazione, const std::string& city = "") {
@@ -71,25 +78,24 @@ TEST_F(Editor, NewNationWithAFreeCodeThenASecondPlace) {
     NuovaCity(e, "Lubiana");
     messaggi.risposte = {Risposta::Si};
     e.CmdAddNewCity_Click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - AddNew City - Nazione NUOVA ");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Nuovo codice 4\nNuova City Lubiana\ne nuova Nazione Slovenia\nProcedo?\n" +
-                  std::string(30, '-') + "\nNew code \nNew city \nAnd new country \nContinue?\n");
-    EXPECT_EQ(Conta(db, "select count(*) from Nazioni where cNaz = 4 and Nazione = 'Slovenia' "
-                        "and Spec = ' '"),
-              1);
-    EXPECT_EQ(Conta(db, "select count(*) from AllCity where cCity = 4"), 1);
+    EXPECT_EQ(test::Mostrati(messaggi),
+              (test::Riquadri{{"Vesmo - AddNew City - Nazione NUOVA ",
+                               "Nuovo codice 4\nNuova City Lubiana\ne nuova Nazione Slovenia\n"
+                               "Procedo?\n" +
+                                   std::string(30, '-') +
+                                   "\nNew code \nNew city \nAnd new country \nContinue?\n"}}));
     // 7°30' east is half an hour east, negative; 45°30' north.
-    EXPECT_EQ(Conta(db, "select count(*) from AllCity where City = 'Lubiana' and Lon = -0.5 and "
-                        "Lat = 45.5 and cFusi = 4 and cEst = 4"),
-              1);
+    EXPECT_EQ(Conte(db, {"Nazioni where cNaz = 4 and Nazione = 'Slovenia' and Spec = ' '",
+                         "AllCity where cCity = 4",
+                         "AllCity where City = 'Lubiana' and Lon = -0.5 and Lat = 45.5 and cFusi "
+                         "= 4 and cEst = 4"}),
+              (std::vector<std::int64_t>{1, 1, 1}));
     // The same code and name again: only a second place, no question.
     NuovaCity(e, "Maribor");
     e.CmdAddNewCity_Click();
     EXPECT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(Conta(db, "select count(*) from Nazioni where cNaz = 4"), 1);
-    EXPECT_EQ(Conta(db, "select count(*) from AllCity where cCity = 4"), 2);
+    EXPECT_EQ(Conte(db, {"Nazioni where cNaz = 4", "AllCity where cCity = 4"}),
+              (std::vector<std::int64_t>{1, 2}));
 }
 
 TEST_F(Editor, RefusalsOfANewPlace) {
@@ -107,43 +113,38 @@ TEST_F(Editor, RefusalsOfANewPlace) {
     e.campi.Text18 = "1";
     e.campi.Text10 = "3O";
     e.CmdAddNewCity_Click();
-    ASSERT_EQ(messaggi.registro.size(), 3u);
     const std::string d(30, '-');
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - New City");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Il codice 380 \nCorrisponde alla Nazione Italy\nEsecuzione annullata\n" + d +
-                  "\nThe code 380\nStands for Italy\nAccess denied\n");
-    EXPECT_EQ(messaggi.registro[1].titolo, "Vesmo - AddNew City");
-    EXPECT_EQ(messaggi.registro[1].testo, "E' Necessario inserire\ntutti i Codici\nEsecuzione "
-                                          "Annullata\n" +
-                                              d + "\nSet Every code\nAccess denied\n");
-    EXPECT_EQ(messaggi.registro[2].titolo, "DbEdit - Errore ");
-    EXPECT_EQ(messaggi.registro[2].testo,
-              "Tipo non corrispondente \nCaselle Coordinate Geografiche \nvuote o con valori "
-              "NON numerici\nOperazione Annullata\n");
-    EXPECT_EQ(Conta(db, "select count(*) from AllCity"), 4);
-    EXPECT_EQ(Conta(db, "select count(*) from Nazioni"), 2);
+    EXPECT_EQ(
+        test::Mostrati(messaggi),
+        (test::Riquadri{
+            {"Vesmo - New City",
+             "Il codice 380 \nCorrisponde alla Nazione Italy\nEsecuzione annullata\n" + d +
+                 "\nThe code 380\nStands for Italy\nAccess denied\n"},
+            {"Vesmo - AddNew City", "E' Necessario inserire\ntutti i Codici\nEsecuzione "
+                                    "Annullata\n" +
+                                        d + "\nSet Every code\nAccess denied\n"},
+            {"DbEdit - Errore ", "Tipo non corrispondente \nCaselle Coordinate Geografiche "
+                                 "\nvuote o con valori NON numerici\nOperazione Annullata\n"}}));
+    EXPECT_EQ(Conte(db, {"AllCity", "Nazioni"}), (std::vector<std::int64_t>{4, 2}));
 }
 
 TEST_F(Editor, DeletingTheLastPlaceOfANationDeletesTheNationAndKeepsItsLists) {
     ModelloDbEdit& e = Su("Canada", "Vancouver");
     messaggi.risposte = {Risposta::Si};
     e.CmdElimCity_Click();
-    ASSERT_EQ(messaggi.registro.size(), 2u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Unica City");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Vancouver BC  è l'unica City di  Canada\nLa sua Eliminazione comporterà anche "
-              "\nl'Eliminazione di  Canada\nProcedo?\n" +
-                  std::string(29, '-') +
-                  "\nDeleting this City means...\nDeleting the Nation\nContinue?\n");
-    EXPECT_EQ(messaggi.registro[1].titolo, "Vesmo - Elimina City");
-    EXPECT_EQ(messaggi.registro[1].testo, "Operazione eseguita\nFacoltative:\nPulizia Fusi e "
-                                          "Pulizia Estive\n" +
-                                              std::string(30, '-') + "\nDone\n");
-    EXPECT_EQ(Conta(db, "select count(*) from AllCity where cCity = 124"), 0);
-    EXPECT_EQ(Conta(db, "select count(*) from Nazioni where cNaz = 124"), 0);
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 2"), 1);
-    EXPECT_EQ(Conta(db, "select count(*) from Estive where cEst = 2"), 1);
+    EXPECT_EQ(test::Mostrati(messaggi),
+              (test::Riquadri{
+                  {"Vesmo - Unica City",
+                   "Vancouver BC  è l'unica City di  Canada\nLa sua Eliminazione comporterà anche "
+                   "\nl'Eliminazione di  Canada\nProcedo?\n" +
+                       std::string(29, '-') +
+                       "\nDeleting this City means...\nDeleting the Nation\nContinue?\n"},
+                  {"Vesmo - Elimina City",
+                   "Operazione eseguita\nFacoltative:\nPulizia Fusi e Pulizia Estive\n" +
+                       std::string(30, '-') + "\nDone\n"}}));
+    EXPECT_EQ(Conte(db, {"AllCity where cCity = 124", "Nazioni where cNaz = 124",
+                         "Fusi where cFusi = 2", "Estive where cEst = 2"}),
+              (std::vector<std::int64_t>{0, 0, 1, 1}));
 }
 
 TEST_F(Editor, DeletingAPlaceAsksItsQuestions) {
@@ -151,19 +152,19 @@ TEST_F(Editor, DeletingAPlaceAsksItsQuestions) {
     ModelloDbEdit& e = Su("Italy", "Aosta");
     messaggi.risposte = {Risposta::No};
     e.CmdElimCity_Click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Unici Fusi ed Estive");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "cFusi = 3   e/o \n   cEst = 3\nin copia unica per la Nazione Italy\nProcedo?\n");
+    const std::string unici = "cFusi = 3   e/o \n   cEst = 3\nin copia unica per la Nazione "
+                              "Italy\nProcedo?\n";
+    EXPECT_EQ(test::Mostrati(messaggi), (test::Riquadri{{"Vesmo - Unici Fusi ed Estive", unici}}));
     EXPECT_EQ(e.Data1.Campo("City").Testo(), "Aosta"); // back where it was
     messaggi.risposte = {Risposta::Si, Risposta::No};
     e.CmdElimCity_Click();
-    ASSERT_EQ(messaggi.registro.size(), 3u);
-    EXPECT_EQ(messaggi.registro[2].titolo, "Vesmo - Delete City");
     const std::string f = file.string();
-    EXPECT_EQ(messaggi.registro[2].testo, "Elimino dal DataBase " + f + "\n\nCity Aosta ?\n" +
-                                              std::string(30, '-') + "\nDelete from database " + f +
-                                              "\n\nCity Aosta ?\n");
+    const std::string elimino = "Elimino dal DataBase " + f + "\n\nCity Aosta ?\n" +
+                                std::string(30, '-') + "\nDelete from database " + f +
+                                "\n\nCity Aosta ?\n";
+    EXPECT_EQ(test::Mostrati(messaggi), (test::Riquadri{{"Vesmo - Unici Fusi ed Estive", unici},
+                                                        {"Vesmo - Unici Fusi ed Estive", unici},
+                                                        {"Vesmo - Delete City", elimino}}));
     EXPECT_EQ(Conta(db, "select count(*) from AllCity"), 4);
     // Padova shares its lists with Roma: only the last question, and the row goes.
     e.campi.Text30 = "Padova";
@@ -172,33 +173,25 @@ TEST_F(Editor, DeletingAPlaceAsksItsQuestions) {
     e.CmdElimCity_Click();
     ASSERT_EQ(messaggi.registro.size(), 4u);
     EXPECT_EQ(messaggi.registro[3].titolo, "Vesmo - Delete City");
-    EXPECT_EQ(Conta(db, "select count(*) from AllCity where City = 'Padova'"), 0);
-    EXPECT_EQ(Conta(db, "select count(*) from Nazioni where cNaz = 380"), 1);
+    EXPECT_EQ(Conte(db, {"AllCity where City = 'Padova'", "Nazioni where cNaz = 380"}),
+              (std::vector<std::int64_t>{0, 1}));
 }
 
 TEST_F(Editor, DeletingAPlaceOfAnotherNationIsRefused) {
     // A nation without places: the place cursor cannot follow it.
-    {
-        Cursore n(db, "Nazioni");
-        n.AddNew();
-        n.Imposta("cNaz", 250);
-        n.Imposta("Nazione", "France");
-        n.Imposta("Spec", " ");
-        n.Update();
-    }
+    Cursore::Sql(db, "insert into Nazioni (cNaz, Nazione, Spec) values (250, 'France', ' ')");
     ModelloDbEdit& e = Su("Italy", "Padova");
     e.campi.Text29 = "France";
     e.Text29_Change();
     EXPECT_EQ(e.Data2.Campo("Nazione").Testo(), "France");
     e.CmdElimCity_Click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Accesso Errato");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Errore Elimina City\nCNaz <> cCity\nOrdinamento per Nazioni\nImpostare PRIMA la "
-              "Nazione\n" +
-                  std::string(26, '-') +
-                  "\nError: Delete City\nCNaz <> cCity\nSet Order by nation\nSet Nation, "
-                  "please\n");
+    EXPECT_EQ(test::Mostrati(messaggi),
+              (test::Riquadri{{"Vesmo - Accesso Errato",
+                               "Errore Elimina City\nCNaz <> cCity\nOrdinamento per Nazioni\n"
+                               "Impostare PRIMA la Nazione\n" +
+                                   std::string(26, '-') +
+                                   "\nError: Delete City\nCNaz <> cCity\nSet Order by nation\n"
+                                   "Set Nation, please\n"}}));
     EXPECT_EQ(Conta(db, "select count(*) from AllCity"), 4);
 }
 
@@ -240,34 +233,30 @@ TEST_F(Editor, NewRowsOfTheDatedLists) {
     e.campi.Text22 = "1";
     e.campi.Combo5 = 0;
     e.Command7_Click();
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 1 and Anno = 1950 and fH_h = "
-                        "'-1' and fH_m = '00'"),
-              1);
-    // Exactly 10000 passes, 10001 is refused.
-    e.campi.Text33 = "10000";
-    e.Command7_Click();
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 10000"), 1);
-    e.campi.Text33 = "10001";
-    e.Command7_Click();
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 10001"), 0);
-    // A code far beyond any list is refused in the same way.
-    e.campi.Text33 = "99999999999999999999";
-    e.Command7_Click();
+    // Exactly 10000 passes, 10001 and a code far beyond any list are refused.
+    for (const char* codice : {"10000", "10001", "99999999999999999999"}) {
+        e.campi.Text33 = codice;
+        e.Command7_Click();
+    }
+    EXPECT_EQ(Conte(db, {"Fusi where cFusi = 1 and Anno = 1950 and fH_h = '-1' and fH_m = '00'",
+                         "Fusi where cFusi = 10000", "Fusi where cFusi = 10001"}),
+              (std::vector<std::int64_t>{1, 1, 0}));
     // Empty date boxes.
     e.campi.Text33 = "1";
     e.campi.Text8.clear();
     e.Command7_Click();
     ASSERT_EQ(messaggi.registro.size(), 5u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Fusi");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "New Fusi. Eseguito\n" + std::string(30, '-') + "\nNew time zone. Done\n");
-    EXPECT_EQ(messaggi.registro[2].titolo, "Info Codici");
-    EXPECT_EQ(messaggi.registro[2].testo,
-              "cFusi  o  cEst > 10000\nNessuna Azione\nclick su tab    ZoneOrarie\n");
-    EXPECT_EQ(messaggi.registro[3].testo, messaggi.registro[2].testo);
-    EXPECT_EQ(messaggi.registro[4].titolo, "Vesmo - Errore Estive");
-    EXPECT_EQ(messaggi.registro[4].testo, "Caselle Nuova Riga vuote\n" + std::string(30, '-') +
-                                              "\nDay  or  Mese  or  Anno  not legal\n");
+    messaggi.registro.erase(messaggi.registro.begin() + 1); // the second new row, as the first
+    const std::string d = "\n" + std::string(30, '-') + "\n";
+    const std::string oltre =
+        "cFusi  o  cEst > 10000\nNessuna Azione\nclick su tab    ZoneOrarie\n";
+    EXPECT_EQ(
+        test::Mostrati(messaggi),
+        (test::Riquadri{{"Vesmo - Fusi", "New Fusi. Eseguito" + d + "New time zone. Done\n"},
+                        {"Info Codici", oltre},
+                        {"Info Codici", oltre},
+                        {"Vesmo - Errore Estive", "Caselle Nuova Riga vuote" + d +
+                                                      "Day  or  Mese  or  Anno  not legal\n"}}));
 }
 
 TEST_F(Editor, OneRowForEachCodeOfTheNationWithOneMessage) {
@@ -282,27 +271,25 @@ TEST_F(Editor, OneRowForEachCodeOfTheNationWithOneMessage) {
     e.campi.Text17 = "28", e.campi.Text8 = "3", e.campi.Text5 = "1999";
     e.campi.Text6 = "2", e.campi.Text7 = "0", e.campi.Text22 = "1", e.campi.Text23 = "0";
     e.Command7_Click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Estive");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "New Estive. Eseguito\n" + std::string(30, '-') + "\nNew summer time. Done\n");
-    EXPECT_EQ(Conta(db, "select count(*) from Estive where Anno = 1999 and h = 2 and HE_h = 1"), 2);
-    EXPECT_EQ(Conta(db, "select count(*) from Estive where Anno = 1999 and cEst in (1, 3)"), 2);
+    EXPECT_EQ(test::Mostrati(messaggi),
+              (test::Riquadri{{"Vesmo - Estive", "New Estive. Eseguito\n" + std::string(30, '-') +
+                                                     "\nNew summer time. Done\n"}}));
+    EXPECT_EQ(Conte(db, {"Estive where Anno = 1999 and h = 2 and HE_h = 1",
+                         "Estive where Anno = 1999 and cEst in (1, 3)"}),
+              (std::vector<std::int64_t>{2, 2}));
 }
 
 TEST_F(Editor, CopyOfAList) {
-    test::AggiungiFuso(db, 10000, 1, 1, 1900, "0", "00");
-    test::AggiungiFuso(db, 10000, 1, 1, 1940, "-1", "00");
+    test::Aggiungi(db, {}, {{10000, 1, 1, 1900, "0", "00"}, {10000, 1, 1, 1940, "-1", "00"}});
     ModelloDbEdit& e = Su("Italy");
     e.campi.Text3 = "10000";
     e.Text3_Change();
     EXPECT_EQ(e.campi.Frame3, "cFusi (from)");
     e.campi.Text26 = "77";
     e.Command3_Click();
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 77"), 2);
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 77 and Anno = 1940 and fH_h "
-                        "= '-1'"),
-              1);
+    EXPECT_EQ(Conte(db, {"Fusi where cFusi = 77", "Fusi where cFusi = 77 and Anno = 1940 and "
+                                                  "fH_h = '-1'"}),
+              (std::vector<std::int64_t>{2, 1}));
     // A missing code, a new code above 10000, the summer-time copy of an absent list.
     e.campi.Text3 = "55";
     e.Text3_Change();
@@ -314,27 +301,24 @@ TEST_F(Editor, CopyOfAList) {
     e.Option4_Click();
     e.campi.Text4 = "0";
     e.Command3_Click();
-    ASSERT_EQ(messaggi.registro.size(), 4u);
     const std::string d = "\n" + std::string(30, '-') + "\n";
-    EXPECT_EQ(messaggi.registro[0].testo, "Eseguito" + d + "Done\n");
-    EXPECT_EQ(messaggi.registro[1].titolo, "Vesmo - Copia Fusi");
-    EXPECT_EQ(messaggi.registro[1].testo,
-              "cFusi (from) non valido !" + d + "cFusi (from) not legal !\n");
-    EXPECT_EQ(messaggi.registro[2].testo,
-              "cFusi (nuova Copia) non valido !" + d + "cFusi (nuova Copia) not legal !\n");
-    EXPECT_EQ(messaggi.registro[3].titolo, "Vesmo - Copia Estive");
-    EXPECT_EQ(messaggi.registro[3].testo,
-              "cEst(from) non valido !" + d + "cEst (from) not legal !\n");
+    EXPECT_EQ(test::Mostrati(messaggi),
+              (test::Riquadri{{"Vesmo - Copia Fusi", "Eseguito" + d + "Done\n"},
+                              {"Vesmo - Copia Fusi",
+                               "cFusi (from) non valido !" + d + "cFusi (from) not legal !\n"},
+                              {"Vesmo - Copia Fusi", "cFusi (nuova Copia) non valido !" + d +
+                                                         "cFusi (nuova Copia) not legal !\n"},
+                              {"Vesmo - Copia Estive",
+                               "cEst(from) non valido !" + d + "cEst (from) not legal !\n"}}));
 }
 
 TEST_F(Editor, CombinedListRows) {
     ModelloDbEdit& e = Su("Italy");
     e.campi.Text44 = "9999";
     e.Command5_Click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Info Codici");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Codice  9999 < 10000\nNessuna Azione\nclick su tab    Fuso / Estive \n");
+    EXPECT_EQ(test::Mostrati(messaggi),
+              (test::Riquadri{{"Info Codici", "Codice  9999 < 10000\nNessuna Azione\nclick su "
+                                              "tab    Fuso / Estive \n"}}));
     e.campi.Text44 = "10000";
     e.campi.Text45 = "0";
     e.campi.Text46 = "12";
@@ -361,14 +345,15 @@ TEST_F(Editor, DeletingOneRowAsksWithTheRowsFields) {
     EXPECT_EQ(e.campi.Frame35, "cEst");
     messaggi.risposte = {Risposta::Si};
     e.Command4_Click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Elimina Una riga Estive");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Elimino la riga  1\nDa 29/03/1987 Alle 02:00  Estive 1:00 ?\nATTENZIONE! "
-              "Eliminare successivamente anche\nl'eventuale seconda riga dell' anno 1987\n"
-              "Procedo?\n" +
-                  std::string(30, '-') +
-                  "\nDelete row 1\nFrom 29/03/1987 Hour 02:00  Summer time 1:00 ?\nContinue?\n");
+    EXPECT_EQ(
+        test::Mostrati(messaggi),
+        (test::Riquadri{
+            {"Vesmo - Elimina Una riga Estive",
+             "Elimino la riga  1\nDa 29/03/1987 Alle 02:00  Estive 1:00 ?\nATTENZIONE! "
+             "Eliminare successivamente anche\nl'eventuale seconda riga dell' anno 1987\n"
+             "Procedo?\n" +
+                 std::string(30, '-') +
+                 "\nDelete row 1\nFrom 29/03/1987 Hour 02:00  Summer time 1:00 ?\nContinue?\n"}}));
     EXPECT_EQ(Conta(db, "select count(*) from Estive where cEst = 1"), 1);
     e.campi.Text32 = "4";
     e.Text32_Change();
@@ -384,16 +369,16 @@ class Pulizia : public ::testing::Test {
 protected:
     void SetUp() override {
         Database db = test::DatabaseLuoghi(file);
-        test::AggiungiCity(db, 380, "Padova", -0.79, 45.4, 1, 1);
-        test::AggiungiCity(db, 124, "Vancouver BC", 8.2, 49.25, 2, 2);
-        test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-        test::AggiungiFuso(db, 7, 1, 1, 1900, "-1", "00"); // unused, two rows
-        test::AggiungiFuso(db, 7, 1, 1, 1940, "-2", "00");
-        test::AggiungiFuso(db, 2, 1, 1, 1900, "8", "00");
-        test::AggiungiFuso(db, 12000, 1, 1, 1900, "1", "00"); // unused but combined
-        test::AggiungiFuso(db, 9, 1, 1, 1900, "1", "00");     // unused
-        test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
-        test::AggiungiEstiva(db, 2, 1, 1, 1900, 0, 0, 0, 0);
+        // 7 (two rows) and 9 are unused; 12000 is unused but a combined list.
+        test::Aggiungi(
+            db, {{380, "Padova", -0.79, 45.4, 1, 1}, {124, "Vancouver BC", 8.2, 49.25, 2, 2}},
+            {{1, 1, 1, 1900, "-1", "00"},
+             {7, 1, 1, 1900, "-1", "00"},
+             {7, 1, 1, 1940, "-2", "00"},
+             {2, 1, 1, 1900, "8", "00"},
+             {12000, 1, 1, 1900, "1", "00"},
+             {9, 1, 1, 1900, "1", "00"}},
+            {{1, 29, 3, 1987, 2, 0, 1, 0}, {2, 1, 1, 1900, 0, 0, 0, 0}});
     }
     test::CartellaLuoghi cartella;
     std::filesystem::path file = cartella / "Vesmodat.Mdb";
@@ -426,10 +411,9 @@ TEST_F(Pulizia, DeleteTakesOnlyTheSelectedCodesAndTheIndexGoesAtTheEnd) {
     EliminaIndiceLavoro(file, ListaPulizia::Fusi);
     Database db(file);
     EXPECT_FALSE(db.EsisteIndice("AllCity", "IndFusi"));
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 7"), 0);
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 9"), 1);
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi where cFusi = 12000"), 1);
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi"), 4);
+    EXPECT_EQ(Conte(db, {"Fusi where cFusi = 7", "Fusi where cFusi = 9", "Fusi where cFusi = 12000",
+                         "Fusi"}),
+              (std::vector<std::int64_t>{0, 1, 1, 4}));
 }
 
 TEST_F(Pulizia, CompactionKeepsTheNameAndLeavesNoCopy) {
@@ -524,21 +508,12 @@ TEST_F(Pulizia, SummerTimeYearBoxFilledForTwoRowsOnly) {
 TEST_F(Pulizia, CombinedListIsOnlyShown) {
     {
         Database db(file);
-        Cursore z(db, "ZoneOrarie");
-        z.AddNew();
-        z.Imposta("ZZonenNummer", 12);
-        z.Imposta("ZZonenCode", "CET");
-        z.Imposta("ZZonenText", "Central European Standard Time");
-        z.Imposta("ZUnterschied", 1.0 / 24);
-        z.Imposta("plusmin", "+");
-        z.Update();
-        Cursore u(db, "FusiEstiveUniti");
-        u.AddNew();
-        u.Imposta("TTN", 12000);
-        u.Imposta("TTV", 0);
-        u.Imposta("ZZo", 12);
-        u.Imposta("wdata", 1.0); // 31/12/1899
-        u.Update();
+        Cursore::Sql(db, "insert into ZoneOrarie (ZZonenNummer, ZZonenCode, ZZonenText, "
+                         "ZUnterschied, plusmin) values (12, 'CET', 'Central European Standard "
+                         "Time', 1.0 / 24, '+')");
+        // wdata 1 is 31/12/1899.
+        Cursore::Sql(
+            db, "insert into FusiEstiveUniti (TTN, TTV, ZZo, wdata) values (12000, 0, 12, 1.0)");
     }
     ModelloFusiEstive f(file, messaggi);
     f.ZoomCEst = 12000;
@@ -562,23 +537,23 @@ TEST_F(Pulizia, CombinedListIsOnlyShown) {
 TEST_F(Pulizia, PlacesOfANation) {
     {
         Database db(file);
-        test::AggiungiCity(db, 380, "Zeta", -0.5, 45.5, 3, 4);
-        test::AggiungiCity(db, 380, "Sud", 0.25, -33.25, 5, 6);
         // 30 seconds do not raise the minutes, 31 do.
-        test::AggiungiCity(db, 380, "Trenta", -GradiDecimali(9, 0, 30) / 15,
-                           GradiDecimali(44, 59, 30), 1, 1);
-        test::AggiungiCity(db, 380, "Trentuno", -GradiDecimali(9, 0, 31) / 15,
-                           GradiDecimali(44, 58, 31), 1, 1);
+        test::Aggiungi(
+            db,
+            {{380, "Zeta", -0.5, 45.5, 3, 4},
+             {380, "Sud", 0.25, -33.25, 5, 6},
+             {380, "Trenta", -GradiDecimali(9, 0, 30) / 15, GradiDecimali(44, 59, 30), 1, 1},
+             {380, "Trentuno", -GradiDecimali(9, 0, 31) / 15, GradiDecimali(44, 58, 31), 1, 1}});
     }
     Database db(file);
     const auto righe = RigheZoomNazione(db, 380);
-    ASSERT_EQ(righe.size(), 5u);
-    EXPECT_EQ(righe[2], "Trenta" + std::string(24, ' ') + "  9E00 44N59  , 1  1");
-    EXPECT_EQ(righe[3], "Trentuno" + std::string(22, ' ') + "  9E01 44N59  , 1  1");
-    EXPECT_EQ(righe[4], "Zeta" + std::string(26, ' ') + "  7E30 45N30  , 3  4");
-    EXPECT_EQ(righe[1], "Sud" + std::string(27, ' ') + "  3W45 33S15  , 5  6");
     // 0.79 h = 11°51'; 45.4° = 45°24'.
-    EXPECT_EQ(righe[0], "Padova" + std::string(24, ' ') + "  11E51 45N24  , 1  1");
+    EXPECT_EQ(righe,
+              (std::vector<std::string>{"Padova" + std::string(24, ' ') + "  11E51 45N24  , 1  1",
+                                        "Sud" + std::string(27, ' ') + "  3W45 33S15  , 5  6",
+                                        "Trenta" + std::string(24, ' ') + "  9E00 44N59  , 1  1",
+                                        "Trentuno" + std::string(22, ' ') + "  9E01 44N59  , 1  1",
+                                        "Zeta" + std::string(26, ' ') + "  7E30 45N30  , 3  4"}));
     EXPECT_TRUE(RigheZoomNazione(db, 999).empty());
 }
 

@@ -8,10 +8,6 @@
 namespace vesmo {
 namespace {
 
-using test::AggiungiCity;
-using test::AggiungiEstiva;
-using test::AggiungiFuso;
-
 class Risoluzione : public ::testing::Test {
 protected:
     test::CartellaLuoghi cartella;
@@ -20,33 +16,30 @@ protected:
 
     void SetUp() override {
         db.IniziaTransazione();
-        AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
-        AggiungiCity(db, 380, "Mezzora", -0.5, 40.0, 2, 2);
-        AggiungiCity(db, 124, "Sud", 4.0, -30.0, 3, 3);
-        AggiungiCity(db, 380, "Nessuna", -1.0, 45.0, 5, 5);
-        AggiungiCity(db, 380, "Differenti", -1.0, 45.0, 12000, 300);
-        AggiungiCity(db, 380, "Diecimila", -1.0, 45.0, 10000, 10000);
-
-        AggiungiFuso(db, 1, 1, 11, 1893, "-1", "00");
-        AggiungiFuso(db, 1, 15, 3, 1940, "-2", "00");
-        AggiungiFuso(db, 1, 1, 1, 1950, "-1", "00");
-        AggiungiEstiva(db, 1, 1, 11, 1893, 0, 0, 0, 0);
-        AggiungiEstiva(db, 1, 28, 3, 1971, 2, 0, 1, 0);
-        AggiungiEstiva(db, 1, 26, 9, 1971, 3, 0, 0, 0);
-
-        AggiungiFuso(db, 2, 1, 1, 1900, "-", "30");
-        AggiungiFuso(db, 2, 1, 1, 1950, "-1", "30");
-        AggiungiFuso(db, 2, 1, 1, 1960, "1", "30");
-
-        // A southern list: summer time in force over the new year.
-        AggiungiFuso(db, 3, 1, 1, 1900, "4", "00");
-        AggiungiEstiva(db, 3, 1, 1, 1900, 0, 0, 0, 0);
-        AggiungiEstiva(db, 3, 10, 10, 1970, 2, 0, 1, 0);
-        AggiungiEstiva(db, 3, 20, 3, 1971, 3, 0, 0, 0);
-        AggiungiEstiva(db, 3, 9, 10, 1971, 2, 0, 1, 0);
-
-        AggiungiFuso(db, 10000, 1, 1, 1900, "-3", "00");
-        AggiungiEstiva(db, 10000, 1, 1, 1900, 0, 0, 0, 0);
+        // List 2 has half hours; list 3 is southern, in summer time over the new year.
+        test::Aggiungi(db,
+                       {{380, "Roma", -0.8322, 41.9, 1, 1},
+                        {380, "Mezzora", -0.5, 40.0, 2, 2},
+                        {124, "Sud", 4.0, -30.0, 3, 3},
+                        {380, "Nessuna", -1.0, 45.0, 5, 5},
+                        {380, "Differenti", -1.0, 45.0, 12000, 300},
+                        {380, "Diecimila", -1.0, 45.0, 10000, 10000}},
+                       {{1, 1, 11, 1893, "-1", "00"},
+                        {1, 15, 3, 1940, "-2", "00"},
+                        {1, 1, 1, 1950, "-1", "00"},
+                        {2, 1, 1, 1900, "-", "30"},
+                        {2, 1, 1, 1950, "-1", "30"},
+                        {2, 1, 1, 1960, "1", "30"},
+                        {3, 1, 1, 1900, "4", "00"},
+                        {10000, 1, 1, 1900, "-3", "00"}},
+                       {{1, 1, 11, 1893, 0, 0, 0, 0},
+                        {1, 28, 3, 1971, 2, 0, 1, 0},
+                        {1, 26, 9, 1971, 3, 0, 0, 0},
+                        {3, 1, 1, 1900, 0, 0, 0, 0},
+                        {3, 10, 10, 1970, 2, 0, 1, 0},
+                        {3, 20, 3, 1971, 3, 0, 0, 0},
+                        {3, 9, 10, 1971, 2, 0, 1, 0},
+                        {10000, 1, 1, 1900, 0, 0, 0, 0}});
         db.ConfermaTransazione();
     }
 
@@ -81,20 +74,12 @@ TEST_F(Risoluzione, RowsFoundFillTheRecord) {
     ModelloLuoghi m(db, msg, 'C');
     m.campi.Pannello2 = "testo di prima";
     const Tema t = Importa(m, "Roma", "10", "7", "1971", "21", "30");
-    EXPECT_EQ(t.Nome.Valore(), "Mario Rossi");
-    EXPECT_EQ(t.City.Valore(), "Roma");
-    EXPECT_EQ(t.Stato.Valore(), "Italy");
-    EXPECT_EQ(t.cNaz, 380);
-    EXPECT_DOUBLE_EQ(t.Day, 2441142.5);
-    EXPECT_DOUBLE_EQ(t.OraL, 21.5);
-    EXPECT_DOUBLE_EQ(t.Lon, -0.8322);
-    EXPECT_DOUBLE_EQ(t.Lat, 41.9);
-    EXPECT_DOUBLE_EQ(t.Fuso, -1);
-    EXPECT_DOUBLE_EQ(t.Estiva, 1);
-    EXPECT_EQ(t.cFusi, 1);
-    EXPECT_EQ(t.cEst, 1);
-    EXPECT_EQ(m.campi.Pannello2, "");
-    EXPECT_EQ(m.campi.TagChkSolare, "");
+    EXPECT_EQ(std::tuple(t.Nome.Valore(), t.City.Valore(), t.Stato.Valore(), t.cNaz, t.cFusi,
+                         t.cEst, m.campi.Pannello2, m.campi.TagChkSolare),
+              std::tuple("Mario Rossi", "Roma", "Italy", 380, 1, 1, "", ""));
+    // Every value is exact in binary or copied from the row: no tolerance.
+    EXPECT_EQ(std::tuple(t.Day, t.OraL, t.Lon, t.Lat, t.Fuso, t.Estiva),
+              std::tuple(2441142.5, 21.5, -0.8322, 41.9, -1.0, 1.0));
     EXPECT_FALSE(m.campi.Label1Visibile);
     EXPECT_TRUE(m.campi.Text22Visibile);
     EXPECT_TRUE(msg.registro.empty());

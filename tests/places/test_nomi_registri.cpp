@@ -54,9 +54,10 @@ TEST(PiegaNomi, RegistrySpellingsGiveTheKeyOfTheOfficialName) {
     // Different names stay different.
     EXPECT_NE(PiegaNome("Paterno"), PiegaNome("Paternopoli"));
     // Words run together: the second key of the name, without the words for "San".
-    EXPECT_EQ(PiegaNome("SANMARTINOINBADIA"), PiegaNomeUnito("San Martino in Badia"));
-    EXPECT_EQ(PiegaNome("SANTALFIO"), PiegaNomeUnito("Sant'Alfio"));
-    EXPECT_EQ(PiegaNome("CELLEDISANVITO"), PiegaNomeUnito("Celle di San Vito"));
+    for (auto [unito, nome] : {std::pair{"SANMARTINOINBADIA", "San Martino in Badia"},
+                               {"SANTALFIO", "Sant'Alfio"},
+                               {"CELLEDISANVITO", "Celle di San Vito"}})
+        EXPECT_EQ(PiegaNome(unito), PiegaNomeUnito(nome));
     EXPECT_EQ(PiegaNome("' - ."), "");
 }
 
@@ -84,8 +85,7 @@ TEST(PiegaNomi, HalvesProvincesAndCapitals) {
     };
     for (const Caso& c : casi) {
         const NomeEProvincia np = DividiProvincia(c.testo);
-        EXPECT_EQ(np.nome, c.nome) << c.testo;
-        EXPECT_EQ(np.provincia, c.provincia) << c.testo;
+        EXPECT_EQ(std::tuple(np.nome, np.provincia), std::tuple(c.nome, c.provincia)) << c.testo;
     }
     EXPECT_EQ(NomeDaMaiuscole("MONTELEONE DI CALABRIA"), "Monteleone di Calabria");
     EXPECT_EQ(NomeDaMaiuscole("SANT'AGATA DE' GOTI"), "Sant'Agata de' Goti");
@@ -182,10 +182,8 @@ protected:
 
 TEST_F(RegistriLuoghi, TownAndProvinceFormerNamesAndHomonyms) {
     // Girgenti, Monteleone (CZ) and the two Altavilla by their cadastral codes, Berra by its
-    // hamlet in FE; Zara
-    // has no place, Monteleone (AP) neither (its code is no comune of today).
-    EXPECT_EQ(riepilogo.precedenti, 5u);
-    EXPECT_EQ(riepilogo.precedentiSenzaLuogo, 2u);
+    // hamlet in FE; Zara has no place, Monteleone (AP) neither (its code is no comune of today).
+    EXPECT_EQ(std::tuple(riepilogo.precedenti, riepilogo.precedentiSenzaLuogo), std::tuple(5u, 2u));
     RicercaLuoghi r(db);
     struct Caso {
         const char* testo;
@@ -246,30 +244,26 @@ TEST_F(RegistriLuoghi, TheCommandLineListsTheCandidates) {
     std::string out, err;
     const auto file = cartella / "Vesmodat.Mdb";
     db.Chiudi();
-    EXPECT_EQ(test::EseguiSuDatabase({"luogo", "--city", "Altavilla", "--data", "01/01/1900"}, file,
-                                     out, err),
-              1);
+    auto cli = [&](std::vector<std::string> parole) {
+        return test::EseguiSuDatabase(std::move(parole), file, out, err);
+    };
+    EXPECT_EQ(cli({"luogo", "--city", "Altavilla", "--data", "01/01/1900"}), 1);
     EXPECT_EQ(err, "vesmo-cli luogo: luogo ambiguo: Altavilla; 2 luoghi: Altavilla (VI) → "
                    "Altavilla Vicentina, Altavilla (SA) → Altavilla Silentina\n");
-    EXPECT_EQ(test::EseguiSuDatabase({"luogo", "--city", "Paterno", "--data", "01/01/1900"}, file,
-                                     out, err),
-              1);
+    EXPECT_EQ(cli({"luogo", "--city", "Paterno", "--data", "01/01/1900"}), 1);
     EXPECT_EQ(err,
               "vesmo-cli luogo: luogo ambiguo: Paterno; 2 luoghi: Paternò (CT), Paterno (PZ)\n");
-    ASSERT_EQ(test::EseguiSuDatabase({"luogo", "--city", "Girgenti (AG)", "--data", "01/01/1900"},
-                                     file, out, err),
-              0)
-        << err;
+    ASSERT_EQ(cli({"luogo", "--city", "Girgenti (AG)", "--data", "01/01/1900"}), 0) << err;
     EXPECT_NE(out.find("City       Agrigento\nTrovato    Girgenti → Agrigento\n"),
               std::string::npos)
         << out;
-    EXPECT_EQ(test::EseguiSuDatabase({"luogo", "--city", "Abbiategrasso (PZ)"}, file, out, err), 1);
+    EXPECT_EQ(cli({"luogo", "--city", "Abbiategrasso (PZ)"}), 1);
     // cerca: names as records write them, the name that matched beside the place.
-    ASSERT_EQ(test::EseguiSuDatabase({"cerca", "GIRG", "--json"}, file, out, err), 0) << err;
+    ASSERT_EQ(cli({"cerca", "GIRG", "--json"}), 0) << err;
     EXPECT_EQ(out, "[{\"City\": \"Agrigento\", \"Stato\": \"Italy\", \"cNaz\": 380, \"Lon\": "
                    "-0.9053333333333333, \"Lat\": 37.31, \"cFusi\": 1, \"cEst\": 1, \"NomeAlt\": "
                    "\"Girgenti\"}]\n");
-    ASSERT_EQ(test::EseguiSuDatabase({"cerca", "BUDDUSO'"}, file, out, err), 0) << err;
+    ASSERT_EQ(cli({"cerca", "BUDDUSO'"}), 0) << err;
     EXPECT_EQ(out.substr(0, 9), "Buddusò ");
 }
 

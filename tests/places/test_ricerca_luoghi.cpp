@@ -19,16 +19,7 @@ namespace {
 
 constexpr std::int32_t Italia = 380, Canada = 124, Francia = 250;
 
-void AggiungiNomeAlt(Database& db, int cNaz, const std::string& nome, const std::string& city,
-                     int rango) {
-    Cursore c(db, TabellaNomiAlternativi);
-    c.AddNew();
-    c.Imposta("cCity", cNaz);
-    c.Imposta("NomeAlt", nome);
-    c.Imposta("City", city);
-    c.Imposta("Rango", rango);
-    c.Update();
-}
+constexpr double TolleranzaGradi = 1e-9; // degrees (hours for the longitude)
 
 int Esegui(std::vector<std::string> parole, const std::filesystem::path& db, std::string& out,
            std::string& err) {
@@ -46,12 +37,7 @@ protected:
     void SetUp() override {
         db = test::DatabaseLuoghi(file);
         CreaTabellaNomiAlternativi(db);
-        Cursore n(db, "Nazioni");
-        n.AddNew();
-        n.Imposta("cNaz", Francia);
-        n.Imposta("Nazione", "France");
-        n.Imposta("Spec", " ");
-        n.Update();
+        Cursore::Sql(db, "insert into Nazioni (cNaz, Nazione, Spec) values (250, 'France', ' ')");
         struct Luogo {
             int cNaz;
             const char* city;
@@ -63,12 +49,12 @@ protected:
               Luogo{Francia, "Paris"}, Luogo{Francia, "Parigné"}, Luogo{Canada, "Paris (ON)"},
               Luogo{Canada, "Toronto (ON)"}})
             test::AggiungiCity(db, cNaz, city, -0.8, 45.4, 1, 1);
-        AggiungiNomeAlt(db, Italia, "Venice", "Venezia", 3);
-        AggiungiNomeAlt(db, Italia, "Venedig", "Venezia", 3);
-        AggiungiNomeAlt(db, Francia, "Parigi", "Paris", 1);
-        AggiungiNomeAlt(db, Canada, "Parigi", "Paris (ON)", 50);
-        // A place deleted since the table was built.
-        AggiungiNomeAlt(db, Italia, "Atlantide", "Atlantis", 7);
+        // Atlantis: a place deleted since the table was built.
+        Cursore::Sql(db,
+                     "insert into " + std::string(TabellaNomiAlternativi) +
+                         " (cCity, NomeAlt, City, Rango) values (380, 'Venice', 'Venezia', 3), "
+                         "(380, 'Venedig', 'Venezia', 3), (250, 'Parigi', 'Paris', 1), "
+                         "(124, 'Parigi', 'Paris (ON)', 50), (380, 'Atlantide', 'Atlantis', 7)");
     }
 };
 
@@ -146,10 +132,11 @@ TEST_F(NomiDeiLuoghi, TypeAheadFallsBackOnAnotherNameAndSaysWhichOne) {
             m.Data2.Seek("=", c.nazione);
             ASSERT_FALSE(m.Data2.NoMatch());
         }
-        EXPECT_EQ(m.DigitaCity(c.testo), c.stato) << c.testo;
-        EXPECT_EQ(m.Data1.Campo("City").Testo(), c.city) << c.testo;
-        EXPECT_EQ(m.Data1.Campo("cCity").Intero(), c.cCity) << c.testo;
-        EXPECT_EQ(m.Data2.Campo("cNaz").Intero(), c.cCity) << c.testo;
+        const std::string stato = m.DigitaCity(c.testo);
+        EXPECT_EQ(std::tuple(stato, m.Data1.Campo("City").Testo(), m.Data1.Campo("cCity").Intero(),
+                             m.Data2.Campo("cNaz").Intero()),
+                  std::tuple(c.stato, c.city, c.cCity, c.cCity))
+            << c.testo;
     }
 }
 
@@ -340,8 +327,8 @@ void ControllaComuni(const std::filesystem::path& db, bool intero) {
             << nome << ": " << err;
         double lon, lat;
         Coordinate(out, lon, lat);
-        EXPECT_NEAR(lat, c.lat, 1e-9) << nome;
-        EXPECT_NEAR(lon, -c.lon / 15, 1e-9) << nome;
+        EXPECT_NEAR(lat, c.lat, TolleranzaGradi) << nome;
+        EXPECT_NEAR(lon, -c.lon / 15, TolleranzaGradi) << nome;
         // Italy's clocks in April 1987: one hour east of Greenwich, summer time.
         EXPECT_NE(out.find("\"Fuso\": -1, \"Estiva\": 1"), std::string::npos) << nome << out;
     }
@@ -387,8 +374,8 @@ TEST_F(ComuniCampione, GeoNamesNamesStillFindTheirPlaces) {
     ASSERT_EQ(Esegui({"luogo", "--city", "Rome", "--json"}, db, out, err), 0);
     double lon, lat;
     Coordinate(out, lon, lat);
-    EXPECT_NEAR(lat, 41.89193, 1e-9);
-    EXPECT_NEAR(lon, -12.51133 / 15, 1e-9);
+    EXPECT_NEAR(lat, 41.89193, TolleranzaGradi);
+    EXPECT_NEAR(lon, -12.51133 / 15, TolleranzaGradi);
 }
 
 TEST(LuoghiOmonimi, OfOneNameInSeveralNationsTheLargestIsTakenWithoutANation) {

@@ -25,12 +25,10 @@ TEST(Tzif, ReadsTypesChangesAndFooter) {
         "CET-1");
     const ZonaTzif z = LeggiTzif(file, 2030);
     ASSERT_EQ(z.periodi.size(), 4u);
-    EXPECT_EQ(z.periodi[0].inizio, Periodo::Sempre);
-    EXPECT_EQ(z.periodi[0].tipo, Lmt);
-    EXPECT_EQ(z.periodi[1].inizio, Utc(1893, 10, 31, 23, 10));
-    EXPECT_EQ(z.periodi[2].tipo, Cest);
-    EXPECT_EQ(z.periodi[3].tipo, Cet);
-    EXPECT_EQ(z.regola, "CET-1");
+    EXPECT_EQ(std::tuple(z.periodi[0].inizio, z.periodi[1].inizio, z.regola),
+              std::tuple(Periodo::Sempre, Utc(1893, 10, 31, 23, 10), "CET-1"));
+    EXPECT_EQ((std::vector<TipoOra>{z.periodi[0].tipo, z.periodi[2].tipo, z.periodi[3].tipo}),
+              (std::vector<TipoOra>{Lmt, Cest, Cet}));
 }
 
 TEST(Tzif, MergesChangesThatKeepTheSameTime) {
@@ -48,10 +46,9 @@ TEST(Tzif, CarriesTheFooterRuleOnToTheLastYear) {
     const ZonaTzif z = LeggiTzif(file, 2002);
     // Two changes of 2000 from the file, then two a year for 2001 and 2002.
     ASSERT_EQ(z.periodi.size(), 7u);
-    EXPECT_EQ(z.periodi[3].inizio, Utc(2001, 3, 25, 1));
+    EXPECT_EQ(std::tuple(z.periodi[3].inizio, z.periodi[4].inizio, z.periodi[6].inizio),
+              std::tuple(Utc(2001, 3, 25, 1), Utc(2001, 10, 28, 1), Utc(2002, 10, 27, 1)));
     EXPECT_TRUE(z.periodi[3].tipo.isdst);
-    EXPECT_EQ(z.periodi[4].inizio, Utc(2001, 10, 28, 1));
-    EXPECT_EQ(z.periodi[6].inizio, Utc(2002, 10, 27, 1));
 }
 
 TEST(Tzif, RefusesVersionOneAndCutFiles) {
@@ -68,15 +65,13 @@ TEST(Tzif, ReadsTheSystemFileOfRome) {
     // and first used summer time on 3 June 1916.
     const ZonaTzif z = LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2030);
     ASSERT_GT(z.periodi.size(), 100u);
-    EXPECT_EQ(z.periodi[0].tipo.abbr, "LMT");
-    EXPECT_EQ(z.periodi[1].tipo.abbr, "RMT");
-    EXPECT_EQ(z.periodi[1].tipo.utoff, 2996);
-    EXPECT_EQ(z.periodi[1].inizio, Utc(1866, 12, 11, 23, 10) + 4);
-    EXPECT_EQ(z.periodi[2].tipo.utoff, 3600);
-    EXPECT_EQ(z.periodi[2].inizio, Utc(1893, 10, 31, 23));
-    EXPECT_EQ(z.periodi[3].inizio, Utc(1916, 6, 3, 23));
-    EXPECT_TRUE(z.periodi[3].tipo.isdst);
-    EXPECT_EQ(z.regola, "CET-1CEST,M3.5.0,M10.5.0/3");
+    const auto& p = z.periodi;
+    EXPECT_EQ(std::tuple(p[0].tipo.abbr, p[1].tipo.abbr, p[1].tipo.utoff, p[2].tipo.utoff,
+                         p[3].tipo.isdst, z.regola),
+              std::tuple("LMT", "RMT", 2996, 3600, true, "CET-1CEST,M3.5.0,M10.5.0/3"));
+    EXPECT_EQ(
+        std::tuple(p[1].inizio, p[2].inizio, p[3].inizio),
+        std::tuple(Utc(1866, 12, 11, 23, 10) + 4, Utc(1893, 10, 31, 23), Utc(1916, 6, 3, 23)));
     // Beyond the changes written in the file, the footer's rule.
     const ZonaTzif lunga = LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2040);
     EXPECT_EQ(lunga.periodi.back().inizio, Utc(2040, 10, 28, 1));

@@ -93,25 +93,20 @@ TEST_F(Uniti, TheRowInForceGivesTheZoneAndSummerTimeIsInsideIt) {
     const Tema t = Importa(m, "Unita", "15", "3", "1950");
     EXPECT_DOUBLE_EQ(t.Fuso, -1);
     EXPECT_DOUBLE_EQ(t.Estiva, 0);
-    EXPECT_EQ(t.City.Valore(), "Unita");
-    EXPECT_EQ(t.Stato.Valore(), "Italy");
-    EXPECT_TRUE(m.campi.Label1Visibile);
-    EXPECT_FALSE(m.campi.Text22Visibile);
-    EXPECT_FALSE(m.campi.Text23Visibile);
-    EXPECT_EQ(m.campi.Pannello2, "testo di prima");
-    EXPECT_EQ(m.campi.TagChkSolare, "");
-    EXPECT_FALSE(msg.occupato);
-    EXPECT_DOUBLE_EQ(Fuso("Unita", "15", "6", "1950"), -2);
-    // The change at 02:00 of 1 June.
-    EXPECT_DOUBLE_EQ(Fuso("Unita", "1", "6", "1950", "1"), -1);
-    EXPECT_DOUBLE_EQ(Fuso("Unita", "1", "6", "1950", "2"), -2);
+    EXPECT_EQ(std::tuple(t.City.Valore(), t.Stato.Valore()), std::tuple("Unita", "Italy"));
+    EXPECT_EQ(std::tuple(m.campi.Label1Visibile, m.campi.Text22Visibile, m.campi.Text23Visibile,
+                         m.campi.Pannello2, m.campi.TagChkSolare, msg.occupato),
+              std::tuple(true, false, false, "testo di prima", "", false));
 }
 
-TEST_F(Uniti, PlusOneHourCountsFromThePreviousZone) {
-    // After a daylight zone of 2:00, 139 gives 3:00; after a standard zone of 1:00, 1:00.
-    EXPECT_DOUBLE_EQ(Fuso("Unita", "15", "7", "1950"), -3);
-    EXPECT_DOUBLE_EQ(Fuso("Unita", "15", "9", "1950"), -1);
-    EXPECT_DOUBLE_EQ(Fuso("Unita", "15", "8", "1950"), -1);
+TEST_F(Uniti, RowsInForceAndPlusOneHourFromThePreviousZone) {
+    // The change at 02:00 of 1 June. After a daylight zone of 2:00, 139 gives 3:00; after a
+    // standard zone of 1:00, 1:00.
+    const std::tuple<const char*, const char*, const char*, double> casi[] = {
+        {"15", "6", "12", -2}, {"1", "6", "1", -1},   {"1", "6", "2", -2},
+        {"15", "7", "12", -3}, {"15", "9", "12", -1}, {"15", "8", "12", -1}};
+    for (const auto& [g, mese, h, fuso] : casi)
+        EXPECT_DOUBLE_EQ(Fuso("Unita", g, mese, "1950", h), fuso) << g << "/" << mese << " " << h;
 }
 
 TEST_F(Uniti, ADateBeforeTheListIsLocalMeanTime) {
@@ -133,9 +128,9 @@ TEST_F(Uniti, ADateAfterTheListKeepsTheLastZoneAndSaysSo) {
 }
 
 TEST_F(Uniti, AListGoesOnInAnother) {
-    EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", "1957"), -1); // 10003's row of 1955 doesn't count
-    EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", "1962"), -1);
-    EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", "1970"), -2);
+    // 10003's row of 1955 doesn't count in 1957.
+    for (auto [anno, fuso] : {std::pair{"1957", -1.0}, {"1962", -1.0}, {"1970", -2.0}})
+        EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", anno), fuso) << anno;
     ModelloLuoghi m(db, msg, 'C');
     const Tema t = Importa(m, "Catena", "1", "6", "1980");
     EXPECT_DOUBLE_EQ(t.Fuso, -1);
