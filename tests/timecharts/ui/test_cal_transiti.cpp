@@ -10,7 +10,6 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
-#include <QMenu>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
@@ -20,10 +19,10 @@
 #include <fstream>
 #include <sstream>
 
-#include "Modale.h"
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
 #include "tests/places/AiutoLuoghi.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmCalTransiti.h"
 #include "timecharts/ui/frmMenu.h"
@@ -51,7 +50,7 @@ std::pair<std::string, std::string> Locale(double jd, int ore) {
     return {d, o};
 }
 
-class CalTransiti : public ::testing::Test {
+class CalTransiti : public test::BancoMenu<> {
 protected:
     void SetUp() override {
         // Padova: one hour east since 1900, summer time from 29 March 2026 at 2:00 to
@@ -64,16 +63,11 @@ protected:
             test::AggiungiEstiva(d, 1, 29, 3, 2026, 2, 0, 1, 0);
             test::AggiungiEstiva(d, 1, 25, 10, 2026, 3, 0, 0, 0);
         }
-        s.TemaX = test::NataleDiProva();
-        s.TemaX.cNaz = 380;
-        aspetti.EntraInLyx();
         percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
-        menu = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
-        menu->Form_Load();
-    }
-    void TearDown() override {
-        menu.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Tema natale = test::NataleDiProva();
+        natale.cNaz = 380;
+        Carica(natale);
+        menu = f.get();
     }
     frmCalTransiti* Apri() {
         QAction* voce = menu->findChild<QAction*>("mnuTransitiC");
@@ -90,26 +84,12 @@ protected:
     }
 
     test::CartellaLuoghi cartella;
-    Sessione s;
-    TabellaAspetti aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
-    std::unique_ptr<frmMenu> menu;
+    frmMenu* menu = nullptr; // the tests' own `f` is the calendar
 };
 
 } // namespace
 
 TEST_F(CalTransiti, VoceEFinestra) {
-    QStringList nomi;
-    for (QAction* a : menu->mnuTransiti->actions())
-        nomi << a->objectName();
-    const auto i = nomi.indexOf("mnuTransitiC");
-    ASSERT_GT(i, 0);
-    EXPECT_EQ(nomi[i - 1], "mnuTransitiI");
-    EXPECT_EQ(nomi[i + 1], "mnuTransitiMemo");
-    EXPECT_EQ(menu->findChild<QAction*>("mnuTransitiC")->text(), "Calendario &Transiti...");
-
     frmCalTransiti* f = Apri();
     ASSERT_NE(f, nullptr);
     EXPECT_EQ(f->windowTitle(), "Lyx - Calendario Transiti");

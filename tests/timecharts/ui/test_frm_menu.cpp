@@ -104,8 +104,8 @@ TEST_F(Menu, VociDeiMenu) {
                      "Ingressi nei &Segni", "Calendario &Transiti...", "C&mto", "&Ruota doppia"}));
     EXPECT_EQ(voci(f->mnuTransiti, true).mid(3),
               (QStringList{"mnuTransitiI", "mnuTransitiC", "mnuTransitiMemo", "mnuTransitiR"}));
-    for (const char* n : {"mnuRivSol", "mnuRivLunT", "mnuRivLunS", "mnuDirSec", "mnuDirFra",
-                          "mnuHeDirFrAnno"})
+    for (const char* n :
+         {"mnuRivSol", "mnuRivLunT", "mnuRivLunS", "mnuDirSec", "mnuDirFra", "mnuHeDirFrAnno"})
         Voce(n);
     // In the File menu "&Importa" stands before "S&alvo", "&Stampe" before the way out.
     const QStringList file = voci(f->mnuFile), nomi = voci(f->mnuFile, true);

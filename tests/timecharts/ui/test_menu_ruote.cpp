@@ -10,7 +10,6 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenu>
 #include <QTest>
 #include <cmath>
 
@@ -18,6 +17,7 @@
 #include "core/Aritmetica.h"
 #include "presentation/ui/frmOutDati.h"
 #include "presentation/ui/frmRuotaDoppia.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmMenu.h"
 
@@ -25,66 +25,28 @@ using namespace vesmo;
 
 namespace {
 
-Tema Padova(const char* nome, int anno, int mese, int giorno, double ora) {
-    Tema t;
-    t.Nome = nome;
-    t.City = "Padova";
-    t.Stato = "Italy";
-    t.Day = GiornoGiuliano(anno, mese, giorno);
-    t.OraL = ora;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = 45.4;
-    t.Fuso = -1;
-    t.Estiva = 0;
-    return t;
-}
-
-class MenuRuote : public ::testing::Test {
+class MenuRuote : public vesmo::test::BancoMenu<> {
 protected:
     void SetUp() override {
-        s.TemaX = Padova("Mario Rossi", 1987, 4, 10, 19.5);
-        aspetti.EntraInLyx();
-        percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        f = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
-        f->Form_Load();
+        Carica(vesmo::test::TemaPadova("Mario Rossi", 1987, 4, 10, 19.5));
         const char* nomi[] = {"", "Transito", "Rivoluzione", "Direzione"};
         const int anni[] = {0, 2024, 2023, 1988};
-        for (int slot = 1; slot <= 3; ++slot) {
-            s.TemaX = Padova(nomi[slot], anni[slot], 6, 1, 12);
-            f->InstallaTema(slot);
-            f->FlagDelSlot(slot) = -1;
-        }
-    }
-    void TearDown() override {
-        f.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        for (int slot = 1; slot <= 3; ++slot)
+            Installa(slot, vesmo::test::TemaPadova(nomi[slot], anni[slot], 6, 1, 12));
     }
     frmRuotaDoppia* Apri(const char* voce) {
-        auto* a = f->findChild<QAction*>(voce);
-        EXPECT_NE(a, nullptr) << voce;
+        QAction* a = Voce(voce);
         if (!a) return nullptr;
         a->trigger();
         return StatoRuoteDelMenu(*f)->doppia;
     }
+    QAction* Voce(const char* nome) { return BancoMenu::Voce(nome); }
     QAction* Voce(QWidget* w, const char* nome) {
         auto* a = w->findChild<QAction*>(nome);
         EXPECT_NE(a, nullptr) << nome;
         return a;
     }
-    Sessione s;
-    TabellaAspetti aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
-    std::unique_ptr<frmMenu> f;
 };
-
-QStringList Voci(QMenu* menu) {
-    QStringList v;
-    for (QAction* a : menu->actions())
-        v << a->objectName();
-    return v;
-}
 
 // A left click on a row of a list, as the user makes it.
 void Clic(QListWidget* l, int riga) {
@@ -100,18 +62,6 @@ std::vector<int> Scelte(QListWidget* l) {
 }
 
 } // namespace
-
-TEST_F(MenuRuote, LeVociChiudonoIMenu) {
-    EXPECT_EQ(Voci(f->mnuTransiti).mid(Voci(f->mnuTransiti).size() - 2),
-              (QStringList{"mnuTransitiMemo", "mnuTransitiR"}));
-    EXPECT_EQ(Voci(f->mnuRiv).mid(Voci(f->mnuRiv).size() - 2),
-              (QStringList{"mnuRivMemo", "mnuRivR"}));
-    EXPECT_EQ(Voci(f->mnuDir).mid(Voci(f->mnuDir).size() - 2),
-              (QStringList{"mnuDirMemo", "mnuDirRuotaDoppia"}));
-    EXPECT_EQ(Voce(f.get(), "mnuTransitiR")->text(), "&Ruota doppia");
-    EXPECT_EQ(Voce(f.get(), "mnuRivR")->text(), "&Ruota Doppia");
-    EXPECT_EQ(Voce(f.get(), "mnuDirRuotaDoppia")->text(), "&Ruota Doppia");
-}
 
 TEST_F(MenuRuote, OgniVoceApreLaSuaRuota) {
     struct Caso {

@@ -11,18 +11,16 @@
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
-#include <QMenu>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTemporaryDir>
-#include <QTimer>
 #include <cmath>
 #include <functional>
 
 #include "core/Aritmetica.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
-#include "tests/timecharts/ui/Modale.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/Istanti.h"
 #include "timecharts/Rivoluzioni.h"
 #include "timecharts/ui/MenuTempo.h"
@@ -44,21 +42,10 @@ std::string Data(double jd) {
            std::to_string(static_cast<int>(a));
 }
 
-QStringList Voci(QMenu* m) {
-    QStringList v;
-    for (QAction* a : m->actions())
-        v << a->text();
-    return v;
-}
-
-class MenuTempo : public ::testing::Test {
+class MenuTempo : public vesmo::test::BancoMenu<> {
 protected:
     void SetUp() override {
-        s.TemaX = vesmo::test::NataleDiProva();
-        aspetti.EntraInLyx();
-        percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        f = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
-        f->Form_Load();
+        BancoMenu::SetUp();
         ASSERT_TRUE(cartella.isValid());
         StatoTempo(*f)->cartellaIngressi = cartella.path().toStdString();
         // The birth data form as the user fills it: `compila` changes TemaX, then Calcola.
@@ -73,43 +60,13 @@ protected:
             return e;
         };
     }
-    QAction* Voce(const char* nome) {
-        auto* a = f->findChild<QAction*>(nome);
-        EXPECT_NE(a, nullptr) << nome;
-        return a;
-    }
-    Sessione s;
-    TabellaAspetti aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
     QTemporaryDir cartella;
-    std::unique_ptr<frmMenu> f;
     std::vector<RichiestaInputDati> richieste;
     Tema offerto;
     std::function<void(Tema&, EsitoInputDati&)> compila;
 };
 
 } // namespace
-
-TEST_F(MenuTempo, VociNeiMenu) {
-    EXPECT_EQ(Voci(f->mnuRiv).mid(0, 2), (QStringList{"&Solari", "&Lunari"}));
-    EXPECT_EQ(Voci(f->mnuRiv).mid(Voci(f->mnuRiv).size() - 2),
-              (QStringList{"C&mto", "&Ruota Doppia"}));
-    auto* lun = f->findChild<QMenu*>("mnuRivLun");
-    ASSERT_NE(lun, nullptr);
-    EXPECT_EQ(Voci(lun), (QStringList{"&Tropiche", "S&inodiche"}));
-    EXPECT_EQ(Voci(f->mnuDir),
-              (QStringList{"&Secondarie", "&Frazione di anno (secondarie)", "&Posizioni ",
-                           "&Domiciliazioni", "C&mto", "&Ruota Doppia"}));
-    EXPECT_EQ(
-        Voci(f->mnuTransiti),
-        (QStringList{"Calcolo Trans&ito Nuovo", "&Posizioni ", "&Domiciliazioni",
-                     "Ingressi nei &Segni", "Calendario &Transiti...", "C&mto", "&Ruota doppia"}));
-    for (const char* n : {"mnuRivSol", "mnuRivLunT", "mnuRivLunS", "mnuDirSec", "mnuDirFra",
-                          "mnuTransitiI", "mnuHeDirFrAnno"})
-        Voce(n);
-}
 
 TEST_F(MenuTempo, RivoluzioneSolareNelloSlot) {
     f->mnuFileSalvo[2]->setChecked(true);
@@ -152,8 +109,6 @@ TEST_F(MenuTempo, RivoluzioneSolareNelloSlot) {
     EXPECT_EQ(r.TagCommand4, "daRivSol");
     EXPECT_EQ(r.didascalia, "Lyx - Rivoluzione Solare. Ritorno del SOLE su  Sole");
     EXPECT_EQ(r.frame2, "Anno della Rivoluzione");
-    EXPECT_EQ(r.disabilitati,
-              (QStringList{"Text3", "Text4", "Text6", "Text7", "Text22", "Text23"}));
     EXPECT_EQ(offerto.Nome.str(), "Mario Rossi                RS ");
 
     // The Rivoluzione slot holds the return of 2000, cast: its Sun is the natal Sun.
@@ -237,8 +192,6 @@ TEST_F(MenuTempo, LunareTropicaDueRitorniNelMese) {
     ASSERT_EQ(richieste.size(), 1u);
     EXPECT_EQ(richieste[0].TagCommand4, "daRivLun");
     EXPECT_EQ(richieste[0].frame2, "Mese e Anno della Rivoluzione");
-    EXPECT_EQ(richieste[0].disabilitati,
-              (QStringList{"Text3", "Text6", "Text7", "Text22", "Text23"}));
     EXPECT_TRUE(richieste[0].didascalia.startsWith(
         "Lyx - Rivoluzione Lunare Tropica. Ritorno di LUNA sul Grado   "));
     // The input form starts from the first of the natal month.
@@ -297,20 +250,44 @@ TEST_F(MenuTempo, LunareSinodicaLunaPiena) {
     EXPECT_EQ(s.RivoluzioneCalcolata, -1);
 }
 
-TEST_F(MenuTempo, AiutoDelleRivoluzioni) {
-    QString titolo, testo;
-    AlModale("frmCheRivoluzione", [&](QWidget* w) {
-        AlModale("frmHelp", [&](QWidget* h) {
-            titolo = h->windowTitle();
-            testo = Figlio<QLabel>(h, "lbHelpFuso")->text();
-            h->close();
+// Each form's help opens over it with its own title and text.
+TEST_F(MenuTempo, Aiuti) {
+    struct Caso {
+        const char* voce;
+        const char* finestra;
+        std::function<void(QWidget*)> apri;
+        const char* titolo;
+        const char* inizio;
+    };
+    const Caso casi[] = {
+        {"mnuRivLunS", "frmCheRivoluzione",
+         [](QWidget* w) { Figlio<QPushButton>(w, "Command3")->click(); },
+         "Lyx - Aiuto Rivoluzioni Lunari Sinodiche", nullptr},
+        {"mnuTransitiI", "frmInSegni",
+         [](QWidget* w) { qobject_cast<frmInSegni*>(w)->mnuGuida->trigger(); },
+         "Lyx - Aiuto Ingressi nei Segni",
+         "  Permette di calcolare quando un Pianeta sarà ad un certo grado della  Eclittica."},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.voce);
+        QString titolo, testo;
+        AlModale(c.finestra, [&](QWidget* w) {
+            AlModale("frmHelp", [&](QWidget* h) {
+                titolo = h->windowTitle();
+                testo = Figlio<QLabel>(h, "lbHelpFuso")->text();
+                h->close();
+            });
+            c.apri(w);
+            w->close();
         });
-        Figlio<QPushButton>(w, "Command3")->click();
-        w->close();
-    });
-    Voce("mnuRivLunS")->trigger();
-    EXPECT_EQ(titolo, "Lyx - Aiuto Rivoluzioni Lunari Sinodiche");
-    EXPECT_TRUE(testo.contains("Ciclo di 29 giorni 12 ore 44 minuti 2,9 secondi"));
+        Voce(c.voce)->trigger();
+        EXPECT_EQ(titolo, c.titolo);
+        if (c.inizio) {
+            EXPECT_TRUE(testo.startsWith(c.inizio));
+        } else {
+            EXPECT_TRUE(testo.contains("Ciclo di 29 giorni 12 ore 44 minuti 2,9 secondi"));
+        }
+    }
     EXPECT_TRUE(richieste.empty());
 }
 
@@ -376,7 +353,6 @@ TEST_F(MenuTempo, DirezioniPerDataEAnnullate) {
         ASSERT_EQ(richieste.size(), 1u);
         EXPECT_EQ(richieste[0].didascalia,
                   "Lyx - Input Data Direzione Secondaria di  Mario Rossi                   ");
-        EXPECT_EQ(richieste[0].disabilitati, (QStringList{"Text6", "Text7"}));
         const double api = frazione ? 30.66 : 30;
         EXPECT_NEAR(s.TemaDir.Day, s.TemaNat.Day + api, 1e-5);
         EXPECT_EQ(s.TemaDir.OraL, s.TemaNat.OraL);
@@ -414,9 +390,6 @@ TEST_F(MenuTempo, FrazioneDAnno) {
     Voce("mnuDirFra")->trigger();
     ASSERT_EQ(richieste.size(), 1u);
     EXPECT_EQ(richieste[0].aggiuntaDidascalia, " Direzioni Frazione d' Anno");
-    EXPECT_TRUE(richieste[0].disabilitati.contains("Text19"));
-    EXPECT_TRUE(richieste[0].disabilitati.contains("Frame5"));
-    EXPECT_TRUE(richieste[0].grigi.contains("DBGrid1"));
     EXPECT_EQ(m.registro.size(), 1u);
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 1);
     EXPECT_EQ(s.TemaDir.OraL, s.TemaNat.OraL);
@@ -503,23 +476,6 @@ TEST_F(MenuTempo, IngressoDiMercurioComeTransito) {
     });
     Voce("mnuTransitiI")->trigger();
     EXPECT_EQ(s.TemaTra, prima);
-}
-
-TEST_F(MenuTempo, AiutoDegliIngressi) {
-    QString titolo, testo;
-    AlModale("frmInSegni", [&](QWidget* w) {
-        AlModale("frmHelp", [&](QWidget* h) {
-            titolo = h->windowTitle();
-            testo = Figlio<QLabel>(h, "lbHelpFuso")->text();
-            h->close();
-        });
-        qobject_cast<frmInSegni*>(w)->mnuGuida->trigger();
-        w->close();
-    });
-    Voce("mnuTransitiI")->trigger();
-    EXPECT_EQ(titolo, "Lyx - Aiuto Ingressi nei Segni");
-    EXPECT_TRUE(testo.startsWith(
-        "  Permette di calcolare quando un Pianeta sarà ad un certo grado della  Eclittica."));
 }
 
 // The requests applied to the real birth data form: what can't be typed is disabled and grey.

@@ -18,25 +18,13 @@
 #include "presentation/ui/frmRuotaDoppia.h"
 #include "tests/core/store/Cartella.h"
 #include "tests/places/AiutoLuoghi.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmMenu.h"
 
 using namespace vesmo;
 
 namespace {
-
-Tema Padova(const char* nome, int anno, double ora) {
-    Tema t;
-    t.Nome = nome;
-    t.City = "Padova";
-    t.Stato = "Italy";
-    t.Day = GiornoGiuliano(anno, 4, 10);
-    t.OraL = ora;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = 45.4;
-    t.Fuso = -1;
-    return t;
-}
 
 // The boxes recorded, and every change of the busy pointer told to the test as it happens.
 class MessaggiOccupato : public MessaggiRegistrati {
@@ -48,7 +36,7 @@ public:
     }
 };
 
-class Rilocate : public ::testing::Test {
+class Rilocate : public test::BancoMenu<MessaggiOccupato> {
 protected:
     void SetUp() override {
         // A places database of three towns, without the index iLonLat.
@@ -62,23 +50,11 @@ protected:
         QImage mappa(LarghezzaMappaPixel, AltezzaMappaPixel, QImage::Format_RGB32);
         mappa.fill(Qt::blue);
         mappa.save(QString::fromStdString((cartella / "MappaFusi.png").string()));
-
-        s.TemaX = Padova("Mario Rossi", 1987, 19.5);
-        aspetti.EntraInLyx();
         percorsi.FileDB = file.string();
-        f = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
-        f->Form_Load();
-        s.TemaX = Padova("Rivoluzione", 2023, 12);
-        f->InstallaTema(2);
-        f->FlagDelSlot(2) = -1;
-        s.TemaX = Padova("Transito", 2024, 12);
-        f->InstallaTema(1);
-        f->FlagDelSlot(1) = -1;
+        Carica(test::TemaPadova("Mario Rossi", 1987, 4, 10, 19.5));
+        Installa(2, test::TemaPadova("Rivoluzione", 2023, 4, 10, 12));
+        Installa(1, test::TemaPadova("Transito", 2024, 4, 10, 12));
         s.JDRivoluzione = f->TemaDelSlot(2).JD();
-    }
-    void TearDown() override {
-        f.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     frmRuotaDoppia* Apri(const char* voce) {
         f->findChild<QAction*>(voce)->trigger();
@@ -89,44 +65,40 @@ protected:
         EXPECT_NE(a, nullptr) << nome;
         return a;
     }
-
     test::Cartella cartella;
-    Sessione s;
-    TabellaAspetti aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiOccupato m;
-    std::unique_ptr<frmMenu> f;
 };
 
 } // namespace
 
+// The revolution's toolbar and menu: tooltips, captions, the unit's switch; the map, the towns
+// and the label of the index hidden at load.
 TEST_F(Rilocate, LaBarraDiUnaRivoluzione) {
     frmRuotaDoppia* w = Apri("mnuRivR");
     ASSERT_NE(w, nullptr);
-    struct Caso {
-        const char* chiave;
-        const char* suggerimento;
-    };
-    for (Caso c : {Caso{"CaseTra", "Gradi o Primi. Variazione Coordinate Geografiche"},
-                   Caso{"UnSec", "Positivi: Ovest     Negativi: Est"},
-                   Caso{"UnMin", "Positivi: Nord     Negativi: Sud"}})
-        EXPECT_EQ(Voce(w, c.chiave)->toolTip(), QString::fromUtf8(c.suggerimento)) << c.chiave;
+    const std::pair<const char*, const char*> suggerimenti[] = {
+        {"CaseTra", "Gradi o Primi. Variazione Coordinate Geografiche"},
+        {"UnSec", "Positivi: Ovest     Negativi: Est"},
+        {"UnMin", "Positivi: Nord     Negativi: Sud"}};
+    for (const auto& [chiave, testo] : suggerimenti)
+        EXPECT_EQ(Voce(w, chiave)->toolTip(), QString::fromUtf8(testo)) << chiave;
+    const std::pair<const char*, const char*> voci[] = {
+        {"mnuAspMirate", "Rivoluzioni &Rilocate On / Off"},
+        {"mnuArco", "Arco &Solare"},
+        {"mnuRascAR", "A. Rette  ON / OFF"},
+        {"mnuRascAO", "A. Oblique  ON / OFF"}};
+    for (const auto& [chiave, testo] : voci)
+        EXPECT_EQ(Voce(w, chiave)->text(), QString::fromUtf8(testo)) << chiave;
+    EXPECT_EQ(w->lbNeoIndici->text(), "Costruzione Nuovi Indici. Attendere...");
+    EXPECT_EQ(w->cmdMirateOFF->text(), "Rilocate OFF");
+    for (QWidget* nascosto :
+         {static_cast<QWidget*>(w->picFusi), static_cast<QWidget*>(w->lstCityVicine),
+          static_cast<QWidget*>(w->lbNeoIndici)})
+        EXPECT_FALSE(nascosto->isVisibleTo(w)) << nascosto->objectName().toStdString();
     EXPECT_EQ(w->CaseTra->property("Tag").toString(), "UnG");
     w->CaseTra->trigger();
     EXPECT_EQ(w->CaseTra->property("Tag").toString(), "UnP");
     w->CaseTra->trigger();
     EXPECT_EQ(w->CaseTra->property("Tag").toString(), "UnG");
-    // Hidden at load: the map, the towns, the label of the index.
-    EXPECT_FALSE(w->picFusi->isVisibleTo(w));
-    EXPECT_FALSE(w->lstCityVicine->isVisibleTo(w));
-    EXPECT_FALSE(w->lbNeoIndici->isVisibleTo(w));
-    EXPECT_EQ(w->lbNeoIndici->text(), "Costruzione Nuovi Indici. Attendere...");
-    EXPECT_EQ(w->cmdMirateOFF->text(), "Rilocate OFF");
-    EXPECT_EQ(Voce(w, "mnuAspMirate")->text(), "Rivoluzioni &Rilocate On / Off");
-    EXPECT_EQ(Voce(w, "mnuArco")->text(), "Arco &Solare");
-    EXPECT_EQ(Voce(w, "mnuRascAR")->text(), "A. Rette  ON / OFF");
-    EXPECT_EQ(Voce(w, "mnuRascAO")->text(), "A. Oblique  ON / OFF");
 }
 
 TEST_F(Rilocate, AccesaSulPostoESpostataDiPrimi) {
