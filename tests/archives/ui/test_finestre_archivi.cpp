@@ -95,7 +95,10 @@ TEST_F(FinestreArchivi, ModoSalvoConLeTreRisposte) {
         f.ModoSalvo();
         f.show();
         EXPECT_EQ(f.windowTitle(), "Vesmo - Salvo");
+        // Only the list and Salva: the management frames are hidden.
         EXPECT_FALSE(f.Frame2->isVisible());
+        EXPECT_FALSE(f.Frame3->isVisible());
+        EXPECT_FALSE(f.cmdElimina->isVisible());
         EXPECT_TRUE(f.cmdSalva->isVisible());
         EXPECT_EQ(f.height(), 200);
         if (risposta) messaggi.risposte = {*risposta};

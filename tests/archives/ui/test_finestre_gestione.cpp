@@ -193,13 +193,3 @@ TEST_F(Gestione, AiutiEMenuFile) {
         EXPECT_EQ(a->text().toStdString(), v.testo);
     }
 }
-
-TEST_F(Gestione, ModoSalvoNascondeLaGestione) {
-    frmGesArchivi f(sessione, fileDB, messaggi);
-    f.ModoSalvo();
-    f.show();
-    EXPECT_FALSE(f.Frame2->isVisible());
-    EXPECT_FALSE(f.Frame3->isVisible());
-    EXPECT_FALSE(f.cmdElimina->isVisible());
-    EXPECT_TRUE(f.cmdSalva->isVisible());
-}

@@ -12,7 +12,7 @@
 
 #include "calculators/ui/Calcolatrici.h"
 #include "core/Aritmetica.h"
-#include "tests/timecharts/ui/Modale.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/frmMenu.h"
 
 using namespace vesmo;
@@ -21,14 +21,11 @@ using vesmo::test::Figlio;
 
 namespace {
 
-class Calcolatrici : public ::testing::Test {
+class Calcolatrici : public vesmo::test::BancoMenu<> {
 protected:
     void SetUp() override {
-        s.TemaX = vesmo::test::NataleDiProva();
-        aspetti.EntraInLyx();
-        percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        menu = std::make_unique<frmMenu>(s, aspetti, cfg, percorsi, m);
-        menu->Form_Load();
+        BancoMenu::SetUp();
+        menu = f.get();
     }
     QDialog* Apri(const char* voce, const char* finestra) {
         QAction* a = menu->findChild<QAction*>(voce);
@@ -42,12 +39,7 @@ protected:
         }
         return f;
     }
-    Sessione s;
-    TabellaAspetti aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
-    std::unique_ptr<frmMenu> menu;
+    frmMenu* menu = nullptr; // the tests' own `f` is the calculator
 };
 
 } // namespace
