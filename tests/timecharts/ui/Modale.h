@@ -67,7 +67,7 @@ template <class T> T* Figlio(QWidget* w, const char* nome) {
 }
 
 // What the user reads on the controls named in `attesi` (a line or label's text, a combo's
-// current entry, a frame's title), each mismatch reported with the control's name.
+// current entry, a frame's title, a text box's text), each mismatch reported by name.
 inline void Testi(QWidget* w, std::initializer_list<std::pair<const char*, QString>> attesi) {
     for (const auto& [nome, atteso] : attesi) {
         QWidget* c = w->findChild<QWidget*>(nome);
@@ -78,6 +78,7 @@ inline void Testi(QWidget* w, std::initializer_list<std::pair<const char*, QStri
         QVariant v = c->property("text");
         if (!v.isValid()) v = c->property("currentText");
         if (!v.isValid()) v = c->property("title");
+        if (!v.isValid()) v = c->property("plainText");
         EXPECT_EQ(v.toString(), atteso) << nome;
     }
 }
