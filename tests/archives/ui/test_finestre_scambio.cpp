@@ -5,7 +5,6 @@
 // automatic copy before a deletion and the restore from it.
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>

@@ -6,11 +6,8 @@
 
 #include <QApplication>
 #include <QDialog>
-#include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
-#include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
 #include <QTableWidget>
@@ -22,7 +19,7 @@
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
-#include "tests/timecharts/ui/Modale.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 

@@ -3,16 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QTabWidget>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
@@ -22,8 +17,8 @@
 #include "places/ui/frmDbEdit.h"
 #include "places/ui/frmMainVesmo.h"
 #include "places/ui/frmPulizia.h"
+#include "tests/core/ui/Controlli.h"
 #include "tests/places/AiutoLuoghi.h"
-#include "tests/timecharts/ui/Modale.h"
 
 using namespace vesmo;
 

@@ -4,12 +4,9 @@
 // opened from here. The time steps are also checked on their own.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QComboBox>
-#include <QFrame>
 #include <QHeaderView>
 #include <QLabel>
-#include <QLineEdit>
 #include <QPushButton>
 #include <QTableWidget>
 #include <QTest>
@@ -29,7 +26,7 @@
 #include "presentation/ui/WidgetRuota.h"
 #include "presentation/ui/frmOutDati.h"
 #include "tests/core/store/Cartella.h"
-#include "tests/timecharts/ui/Modale.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 

@@ -1,22 +1,19 @@
-// What the menu's window tests share: the natal chart they start from, acting on a modal window
-// once it shows, and finding a control by name.
+// What the menu's window tests share: the natal chart they start from and acting on a modal
+// window once it shows.
 #pragma once
 
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QLineEdit>
 #include <QString>
-#include <QTest>
 #include <QTimer>
 #include <QWidget>
 #include <functional>
-#include <initializer_list>
 #include <memory>
-#include <utility>
 
 #include "core/Aritmetica.h"
 #include "core/Tema.h"
+#include "tests/core/ui/Controlli.h"
 
 namespace vesmo::test {
 
@@ -58,39 +55,6 @@ inline void AlModale(const QString& nome, std::function<void(QWidget*)> azione) 
         }
     });
     t->start(5);
-}
-
-template <class T> T* Figlio(QWidget* w, const char* nome) {
-    T* c = w->findChild<T*>(nome);
-    EXPECT_NE(c, nullptr) << nome;
-    return c;
-}
-
-// What the user reads on the controls named in `attesi` (a line or label's text, a combo's
-// current entry, a frame's title, a text box's text), each mismatch reported by name.
-inline void Testi(QWidget* w, std::initializer_list<std::pair<const char*, QString>> attesi) {
-    for (const auto& [nome, atteso] : attesi) {
-        QWidget* c = w->findChild<QWidget*>(nome);
-        if (!c) {
-            ADD_FAILURE() << "manca " << nome;
-            continue;
-        }
-        QVariant v = c->property("text");
-        if (!v.isValid()) v = c->property("currentText");
-        if (!v.isValid()) v = c->property("title");
-        if (!v.isValid()) v = c->property("plainText");
-        EXPECT_EQ(v.toString(), atteso) << nome;
-    }
-}
-
-// Typed by the user, key by key, into the named line boxes, each emptied first.
-inline void Scrivi(QWidget* w, std::initializer_list<std::pair<const char*, QString>> testi) {
-    for (const auto& [nome, testo] : testi) {
-        auto* t = Figlio<QLineEdit>(w, nome);
-        if (!t) continue;
-        t->clear();
-        QTest::keyClicks(t, testo);
-    }
 }
 
 } // namespace vesmo::test

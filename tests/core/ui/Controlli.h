@@ -1,0 +1,49 @@
+// A form's controls found by name: read as the user reads them, typed into key by key.
+#pragma once
+
+#include <gtest/gtest.h>
+
+#include <QLineEdit>
+#include <QString>
+#include <QTest>
+#include <QVariant>
+#include <QWidget>
+#include <initializer_list>
+#include <utility>
+
+namespace vesmo::test {
+
+template <class T> T* Figlio(QWidget* w, const char* nome) {
+    T* c = w->findChild<T*>(nome);
+    EXPECT_NE(c, nullptr) << nome;
+    return c;
+}
+
+// What the user reads on the controls named in `attesi` (a line or label's text, a combo's
+// current entry, a frame's title, a text box's text), each mismatch reported by name.
+inline void Testi(QWidget* w, std::initializer_list<std::pair<const char*, QString>> attesi) {
+    for (const auto& [nome, atteso] : attesi) {
+        QWidget* c = w->findChild<QWidget*>(nome);
+        if (!c) {
+            ADD_FAILURE() << "manca " << nome;
+            continue;
+        }
+        QVariant v = c->property("text");
+        if (!v.isValid()) v = c->property("currentText");
+        if (!v.isValid()) v = c->property("title");
+        if (!v.isValid()) v = c->property("plainText");
+        EXPECT_EQ(v.toString(), atteso) << nome;
+    }
+}
+
+// Typed by the user, key by key, into the named line boxes, each emptied first.
+inline void Scrivi(QWidget* w, std::initializer_list<std::pair<const char*, QString>> testi) {
+    for (const auto& [nome, testo] : testi) {
+        auto* t = Figlio<QLineEdit>(w, nome);
+        if (!t) continue;
+        t->clear();
+        QTest::keyClicks(t, testo);
+    }
+}
+
+} // namespace vesmo::test
