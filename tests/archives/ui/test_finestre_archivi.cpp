@@ -15,6 +15,7 @@
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "tests/archives/AiutoArchivi.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 using vesmo::test::Cartella;
@@ -136,9 +137,8 @@ TEST_F(FinestreArchivi, SalvaSenzaArchiviAvvisa) {
     f.ModoSalvo();
     f.show();
     f.cmdSalva->click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Gestione Archivi ");
-    EXPECT_EQ(messaggi.registro[0].testo, "Crea un Archivio. File -> Gestione Archivi ");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Gestione Archivi ",
+                          "Crea un Archivio. File -> Gestione Archivi "));
     EXPECT_EQ(messaggi.registro[0].icona, Icona::Esclamativo);
     EXPECT_TRUE(f.isVisible());
 }

@@ -17,6 +17,7 @@
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "tests/archives/AiutoArchivi.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 using vesmo::test::TemaDiProva;
@@ -50,11 +51,10 @@ TEST_F(Gestione, EliminaArchivioSiENo) {
     // No: nothing deleted, yet the remembered archive goes back to the first.
     messaggi.risposte = {Risposta::No};
     f.cmdElimina->click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Gestione Archivi");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "L' Archivio  Famiglia\n\nSarà eliminato senza possibilità di recupero.\n\n"
-              "Continuo?\n");
+    ASSERT_TRUE(
+        test::Box(messaggi, 1, 0, "Lyx - Gestione Archivi",
+                  "L' Archivio  Famiglia\n\nSarà eliminato senza possibilità di recupero.\n\n"
+                  "Continuo?\n"));
     EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::SiNo);
     EXPECT_EQ(sessione.ArchivioCorrente, "Amici");
     EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Famiglia"}));

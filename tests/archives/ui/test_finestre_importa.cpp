@@ -23,6 +23,7 @@
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "tests/archives/AiutoArchivi.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 using vesmo::test::TemaDiProva;
@@ -136,10 +137,9 @@ TEST_F(Importa, EliminaIlPrimoEPoiLUnico) {
     // Cancel: nothing goes.
     messaggi.risposte = {Risposta::Annulla};
     f.cmdElimina->click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Elimina Temi");
-    EXPECT_EQ(messaggi.registro[0].testo, "Anna                          \n\n"
-                                          "Sarà Eliminato senza possibilità di recupero\n\n");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Lyx - Elimina Temi",
+                          "Anna                          \n\n"
+                          "Sarà Eliminato senza possibilità di recupero\n\n"));
     EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::OkAnnulla);
     EXPECT_EQ(Nomi("Amici"), (V{"Anna", "Bruno"}));
 
@@ -167,31 +167,26 @@ TEST_F(Importa, SpostaInUnAltroArchivio) {
 
     // The same archive is refused.
     f.cmdCambiaA->click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Operazione Abortita");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Archivio sorgente  Amici\nUGUALE \nArchivio destinazione  Amici\n\n"
-              "Selezionare un altro Archivio sulla lista a scomparsa");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Lyx - Operazione Abortita",
+                          "Archivio sorgente  Amici\nUGUALE \nArchivio destinazione  Amici\n\n"
+                          "Selezionare un altro Archivio sulla lista a scomparsa"));
     EXPECT_EQ(messaggi.registro[0].icona, Icona::Esclamativo);
 
     // No: nothing moves.
     f.cmbCambiaA->setCurrentIndex(1);
     messaggi.risposte = {Risposta::No};
     f.cmdCambiaA->click();
-    ASSERT_EQ(messaggi.registro.size(), 2u);
-    EXPECT_EQ(messaggi.registro[1].titolo, "Lyx - Trasferimenti Tn");
-    EXPECT_EQ(messaggi.registro[1].testo,
-              "Bruno                         \nPadova                        \n\n"
-              "Trasferire da  Amici  a  Famiglia ?\n");
+    ASSERT_TRUE(test::Box(messaggi, 2, 1, "Lyx - Trasferimenti Tn",
+                          "Bruno                         \nPadova                        \n\n"
+                          "Trasferire da  Amici  a  Famiglia ?\n"));
     EXPECT_EQ(Nomi("Amici"), (V{"Anna", "Bruno"}));
 
     // Yes: a second Bruno in the target, with the same fields, gone from the source.
     messaggi.risposte = {Risposta::Si};
     f.cmdCambiaA->click();
-    ASSERT_EQ(messaggi.registro.size(), 4u);
-    EXPECT_EQ(messaggi.registro[3].titolo, "Lyx - Info Trasferimenti");
-    EXPECT_EQ(messaggi.registro[3].testo,
-              "Bruno   Trasferito\n\ndall' Archivio   Amici\nall' Archivio     Famiglia");
+    ASSERT_TRUE(
+        test::Box(messaggi, 4, 3, "Lyx - Info Trasferimenti",
+                  "Bruno   Trasferito\n\ndall' Archivio   Amici\nall' Archivio     Famiglia"));
     EXPECT_EQ(Nomi("Amici"), V{"Anna"});
     EXPECT_EQ(Temi("Famiglia"), (std::vector<Tema>{TemaDiProva("Bruno"), TemaDiProva("Bruno")}));
     EXPECT_EQ(Corrente(f), "Anna");

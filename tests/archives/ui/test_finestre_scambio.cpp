@@ -30,6 +30,7 @@
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "tests/archives/AiutoArchivi.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 using vesmo::test::TemaDiProva;
@@ -162,10 +163,8 @@ TEST_F(Scambio, PiuTemiEliminatiOSpostatiConUnaDomanda) {
         Seleziona(f.DBGrid1, {0, 2});
         messaggi.risposte = {Risposta::Annulla};
         f.cmdElimina->click();
-        ASSERT_EQ(messaggi.registro.size(), 1u);
-        EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Elimina Temi");
-        EXPECT_EQ(messaggi.registro[0].testo,
-                  "Eliminare i 2 temi selezionati dall'Archivio Clienti?");
+        ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Elimina Temi",
+                              "Eliminare i 2 temi selezionati dall'Archivio Clienti?"));
         EXPECT_EQ(Nomi("Clienti").size(), 3u);
         messaggi.risposte = {Risposta::Ok};
         f.cmdElimina->click();

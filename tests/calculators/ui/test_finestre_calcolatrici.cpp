@@ -149,9 +149,7 @@ TEST_F(Calcolatrici, DeltaTEquazioneDelTempoECoordinate) {
     ee->txMese->setText("1");
     ee->txYear->setText("2000");
     ee->cmdCal_Ecl->click();
-    ASSERT_EQ(m.registro.size(), 2u);
-    EXPECT_EQ(m.registro[0].titolo, "cmdCal_Equ_Click");
-    EXPECT_EQ(m.registro[0].testo, "Necessaria Data!");
+    ASSERT_TRUE(test::Box(m, 2, 0, "cmdCal_Equ_Click", "Necessaria Data!"));
     EXPECT_EQ(m.registro[0].icona, Icona::Informazione);
     EXPECT_EQ(m.registro[1].testo, "Necessaria Ora!");
     // 0 Aries on the ecliptic is 0h right ascension and 0 declination.

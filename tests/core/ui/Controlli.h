@@ -1,4 +1,5 @@
-// A form's controls found by name: read as the user reads them, typed into key by key.
+// A form's controls found by name, read as the user reads them and typed into key by key; the
+// boxes the user was shown.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,6 +11,8 @@
 #include <QWidget>
 #include <initializer_list>
 #include <utility>
+
+#include "core/Messaggi.h"
 
 namespace vesmo::test {
 
@@ -44,6 +47,16 @@ inline void Scrivi(QWidget* w, std::initializer_list<std::pair<const char*, QStr
         t->clear();
         QTest::keyClicks(t, testo);
     }
+}
+
+// Box `k` of the `n` the user was shown, by its title and text; false when there were not `n`.
+inline bool Box(const MessaggiRegistrati& m, std::size_t n, std::size_t k,
+                const std::string& titolo, const std::string& testo) {
+    EXPECT_EQ(m.registro.size(), n);
+    if (m.registro.size() != n || k >= n) return false;
+    EXPECT_EQ(m.registro[k].titolo, titolo);
+    EXPECT_EQ(m.registro[k].testo, testo);
+    return true;
 }
 
 } // namespace vesmo::test

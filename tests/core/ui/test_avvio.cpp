@@ -56,10 +56,8 @@ TEST_F(AvvioTest, PrimaVoltaBastaOk) {
     EXPECT_TRUE(aperto);
     ASSERT_TRUE(e.continua);
     // The "Assente" box came first.
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvio");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Avvio",
+                          "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n"));
     EXPECT_EQ(e.percorsi.FileDB, SS(QFileInfo(db).absoluteFilePath()));
     EXPECT_EQ(e.cfg.Ordinamento.str(), "N");
     EXPECT_EQ(QFileInfo(QDir(programma).filePath("Vesmodat.ini")).size(), 325);

@@ -308,11 +308,9 @@ TEST_F(Lanciatore, NascitaDel1850InTempoMedioLocale) {
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     // Before the first zone row: the question, and local mean time.
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Aggiornamenti");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Non ci sono Fusi disponibili per la\nCity Padova di Italy\n\nLMT "
-              "impostata\n\nControllo / Aggiunta alla Tabella Fusi?\n");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Aggiornamenti",
+                          "Non ci sono Fusi disponibili per la\nCity Padova di Italy\n\nLMT "
+                          "impostata\n\nControllo / Aggiunta alla Tabella Fusi?\n"));
     EXPECT_DOUBLE_EQ(sessione.TemaCorrente.Fuso, sessione.TemaCorrente.Lon);
     EXPECT_TRUE(f.Dati->chkSolare->isChecked());
     EXPECT_EQ(f.Dati->Text8->text(), "99");

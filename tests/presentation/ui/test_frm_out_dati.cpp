@@ -264,11 +264,10 @@ TEST_F(Posizioni_, PassiDelTransito) {
     const Tema prima = sessione.TemaTra;
     f.txtTempi->setText("due");
     f.UnOra->trigger();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Passo del Transito");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Il passo deve essere un numero: due\nIl separatore decimale è la VIRGOLA.\n"
-              "------------------------------\nThe step must be a number.\n");
+    ASSERT_TRUE(
+        test::Box(messaggi, 1, 0, "Lyx - Passo del Transito",
+                  "Il passo deve essere un numero: due\nIl separatore decimale è la VIRGOLA.\n"
+                  "------------------------------\nThe step must be a number.\n"));
     EXPECT_EQ(sessione.TemaTra, prima);
     EXPECT_EQ(aggiornamenti, 3);
 
@@ -294,9 +293,8 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
         f.ScorriArchivioCorrente = ScorriArchivio;
         f.mnFilCPrecedente->trigger();
         f.mnFilCSuccessivo->trigger();
-        ASSERT_EQ(messaggi.registro.size(), 2u);
-        EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Info TN Precedente");
-        EXPECT_EQ(messaggi.registro[0].testo, "Nessun Archivio impostato");
+        ASSERT_TRUE(
+            test::Box(messaggi, 2, 0, "Lyx - Info TN Precedente", "Nessun Archivio impostato"));
         EXPECT_EQ(messaggi.registro[1].titolo, "Lyx - Info TN Successivo");
         EXPECT_FALSE(std::filesystem::exists(fileDB));
     }
@@ -317,9 +315,7 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
 
     // At the first row: told, and Anna stays.
     f.mnFilCPrecedente->trigger();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Primo record");
-    EXPECT_EQ(messaggi.registro[0].testo, "Primo record di Amici");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Lyx - Primo record", "Primo record di Amici"));
     EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Anna");
 
     f.mnFilCSuccessivo->trigger();
@@ -327,9 +323,7 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
     f.mnFilCSuccessivo->trigger();
     EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Carla");
     f.mnFilCSuccessivo->trigger();
-    ASSERT_EQ(messaggi.registro.size(), 2u);
-    EXPECT_EQ(messaggi.registro[1].titolo, "Lyx - Ultimo record");
-    EXPECT_EQ(messaggi.registro[1].testo, "Ultimo record di Amici");
+    ASSERT_TRUE(test::Box(messaggi, 2, 1, "Lyx - Ultimo record", "Ultimo record di Amici"));
     EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Carla");
 }
 
@@ -363,14 +357,12 @@ TEST_F(Posizioni_, RotazioniENodi) {
     f.show();
     messaggi.input = {std::string("-45,5"), std::nullopt, std::string("mezzo")};
     f.mnuRotQ->trigger();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Angolo di rotazione della Ruota");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Inserire l'angolo di rotazione voluto.\n\n"
-              "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
-              "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
-              "Il TextBox NON accetta espressioni.\n"
-              "Il separatore decimale é la VIRGOLA ");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Lyx - Angolo di rotazione della Ruota",
+                          "Inserire l'angolo di rotazione voluto.\n\n"
+                          "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
+                          "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
+                          "Il TextBox NON accetta espressioni.\n"
+                          "Il separatore decimale é la VIRGOLA "));
     EXPECT_FLOAT_EQ(f.AngoloRuota, -45.5f);
     EXPECT_FLOAT_EQ(f.AngoloAscens, -45.5f);
     f.mnuRotQ->trigger(); // cancelled: 0
@@ -408,9 +400,8 @@ TEST_F(Posizioni_, RotazioniENodi) {
     EXPECT_EQ(stato.NodiScelti, 5);
     f.comboNodi->setCurrentIndex(26);
     emit f.comboNodi->activated(26);
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Info Nodi");
-    EXPECT_EQ(messaggi.registro[0].testo, "Calcolo dei Nodi di Plutone inattivo");
+    ASSERT_TRUE(
+        test::Box(messaggi, 1, 0, "Lyx - Info Nodi", "Calcolo dei Nodi di Plutone inattivo"));
     EXPECT_EQ(f.comboNodi->currentIndex(), 5);
     EXPECT_EQ(f.Ruota->OpzioniSingola().NodiScelti, 5);
 

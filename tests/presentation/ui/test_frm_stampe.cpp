@@ -22,6 +22,7 @@
 #include "core/Testo.h"
 #include "presentation/ui/frmStampe.h"
 #include "tests/core/store/Cartella.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 
@@ -157,9 +158,7 @@ TEST_F(Stampe, SenzaSceltaSiScarica) {
 TEST_F(Stampe, ColoriInattivoEAspettiDisegnati) {
     f->Form_Load();
     f->mnuFileStampeColBN_Col->trigger();
-    ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - Stampa a Colori");
-    EXPECT_EQ(m.registro[0].testo, "INATTIVA");
+    ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Stampa a Colori", "INATTIVA"));
     EXPECT_TRUE(f->mnuFileStampeColBN_BN->isChecked());
     f->mnuFileStampeColBN_BN->trigger();
     EXPECT_TRUE(f->mnuFileStampeColBN_BN->isChecked()) << "l'unico modo resta segnato";

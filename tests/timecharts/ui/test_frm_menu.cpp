@@ -161,10 +161,9 @@ TEST_F(Menu, CommentoDelloSlot) {
     w->Command1->click();
     EXPECT_EQ(s.TemaNat.Cmto, "Ascendente in Bilancia");
     EXPECT_EQ(f->riquadri[0].frame->title(), "Natale (salva Cmto)");
-    ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - Salvo Cmto");
-    EXPECT_EQ(m.registro[0].testo, "Ok! Salvato Cmto su  Tema N.\n\nPer avere una registrazione "
-                                   "PERMANENTE \nbisogna anche salvare Tema N.  sul disco\n");
+    ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Salvo Cmto",
+                          "Ok! Salvato Cmto su  Tema N.\n\nPer avere una registrazione "
+                          "PERMANENTE \nbisogna anche salvare Tema N.  sul disco\n"));
     // A refresh of the natal frame now shows the comment's mark.
     f->riquadri[0].tag = "oK";
     f->Command2->click();
@@ -234,9 +233,7 @@ TEST_F(Menu, SalvoSegnaLaVoce) {
 
 TEST_F(Menu, ChiusuraRifiutataEUscita) {
     EXPECT_FALSE(f->close());
-    ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - ControlBox");
-    EXPECT_EQ(m.registro[0].testo, "Menu  File + Esci ");
+    ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - ControlBox", "Menu  File + Esci "));
 
     s.TemaRiv = s.TemaNat;
     s.RivoluzioneCalcolata = -1;

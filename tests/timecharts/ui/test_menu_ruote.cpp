@@ -112,9 +112,8 @@ TEST_F(MenuRuote, SelezioneAspettiVuoleUnSoloTipo) {
     EXPECT_FALSE(w->Frame1->isVisible());
 
     Voce(w, "mnuAspSelezione")->trigger();
-    ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - Orbita Aspetti");
-    EXPECT_EQ(m.registro[0].testo, "Bisogna impostare  1  tipo di Aspetti tra quelli possibili ");
+    ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Orbita Aspetti",
+                          "Bisogna impostare  1  tipo di Aspetti tra quelli possibili "));
     EXPECT_EQ(w->Selezione, nullptr);
 
     // The toolbar button and the menu entry are the same switch.

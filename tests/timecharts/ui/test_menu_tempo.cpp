@@ -284,11 +284,10 @@ TEST_F(MenuTempo, DirezioniPerAnni) {
         calcola->click();
         EXPECT_TRUE(w->isVisible());
         EXPECT_EQ(s.DatiOk, 0);
-        ASSERT_EQ(m.registro.size(), 1u);
-        EXPECT_EQ(m.registro[0].titolo, "Lyx - Direzioni secondarie");
-        EXPECT_EQ(m.registro[0].testo, "Anni di progressione non validi: \"trenta\"\r\nScrivere "
-                                       "un numero, con la virgola come separatore decimale (es. "
-                                       "30,57).");
+        ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Direzioni secondarie",
+                              "Anni di progressione non validi: \"trenta\"\r\nScrivere "
+                              "un numero, con la virgola come separatore decimale (es. "
+                              "30,57)."));
         testo->setText("30,5");
         calcola->click();
     });
@@ -389,17 +388,15 @@ TEST_F(MenuTempo, IngressoDiMercurioComeTransito) {
         lista->setCurrentRow(-1);
         bersaglio->setText("240");
         avvio->click();
-        ASSERT_EQ(m.registro.size(), 1u);
-        EXPECT_EQ(m.registro[0].titolo, "Lyx - Manca il Pianeta");
-        EXPECT_EQ(m.registro[0].testo, "Attenzione!\r\n\r\nSelezionare un Pianeta");
+        ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Manca il Pianeta",
+                              "Attenzione!\r\n\r\nSelezionare un Pianeta"));
         // Letters in the start box.
         lista->setCurrentRow(0);
         partenza->setText("ieri");
         avvio->click();
-        ASSERT_EQ(m.registro.size(), 2u);
-        EXPECT_EQ(m.registro[1].titolo, "Lyx - Ingressi nei Segni");
-        EXPECT_EQ(m.registro[1].testo, "JD Partenza non valido: \"ieri\"\r\nScrivere un numero, "
-                                       "con la virgola come separatore decimale.");
+        ASSERT_TRUE(test::Box(m, 2, 1, "Lyx - Ingressi nei Segni",
+                              "JD Partenza non valido: \"ieri\"\r\nScrivere un numero, "
+                              "con la virgola come separatore decimale."));
         EXPECT_TRUE(Figlio<QPushButton>(w, "Command4")->isHidden());
         // The example of the help: Mercury at 240 degrees from 26 October 1998.
         partenza->setText("2451113");

@@ -196,9 +196,7 @@ TEST_F(Rilocate, Rifiuti) {
         m.registro.clear();
         w->txtTempi->setText(c.testo);
         Voce(w, c.azione)->trigger();
-        ASSERT_EQ(m.registro.size(), 1u);
-        EXPECT_EQ(m.registro[0].titolo, c.titolo);
-        EXPECT_EQ(m.registro[0].testo, c.messaggio);
+        ASSERT_TRUE(test::Box(m, 1, 0, c.titolo, c.messaggio));
         EXPECT_EQ(m.registro[0].icona, c.icona);
         EXPECT_EQ(s.TemaRiv, riv);
         EXPECT_FALSE(w->picFusi->isVisibleTo(w));
