@@ -38,12 +38,6 @@ Tema Bianchi() {
 
 class FinestreArchivi : public vesmo::test::ConArchivi {
 protected:
-    static QStringList Voci(const QListWidget* l) {
-        QStringList r;
-        for (int i = 0; i < l->count(); ++i)
-            r << l->item(i)->text();
-        return r;
-    }
     Sessione sessione;
 };
 
@@ -63,7 +57,7 @@ TEST_F(FinestreArchivi, GestioneCreaArchivi) {
     f.cmdCrea->click();
     f.Text1->setText("Amici");
     f.cmdCrea->click();
-    EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Famiglia"}));
     EXPECT_EQ(f.lstArchivi->currentRow(), 0);
     EXPECT_TRUE(messaggi.registro.empty());
 
@@ -73,7 +67,7 @@ TEST_F(FinestreArchivi, GestioneCreaArchivi) {
     f.cmdCrea->click();
     ASSERT_EQ(messaggi.registro.size(), 1u);
     EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: Nome Doppio");
-    EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
 
     // Empty text: nothing happens. A name the database refuses: a message, nothing created.
     f.Text1->setText("   ");
@@ -82,7 +76,7 @@ TEST_F(FinestreArchivi, GestioneCreaArchivi) {
     f.cmdCrea->click();
     ASSERT_EQ(messaggi.registro.size(), 2u);
     EXPECT_EQ(messaggi.registro[1].titolo, "frmGesArchivi.cmdCrea: Nome Non Valido");
-    EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
     EXPECT_TRUE(f.isVisible());
 }
 
@@ -152,7 +146,7 @@ TEST_F(FinestreArchivi, SalvoLyxRicordaLArchivioESegnaIlSalvataggio) {
         frmSalvoLyx f(sessione, fileDB, messaggi);
         f.show();
         EXPECT_EQ(f.windowTitle(), "Lyx - Salvo");
-        EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Clienti", "Famiglia"}));
+        EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Clienti", "Famiglia"}));
         EXPECT_EQ(f.lstArchivi->currentRow(), 2);
         EXPECT_EQ(sessione.ArchivioCorrente, "Famiglia");
         f.lstArchivi->setCurrentRow(1);

@@ -26,12 +26,6 @@ namespace {
 
 class Gestione : public vesmo::test::ConArchivi {
 protected:
-    static QStringList Voci(const QListWidget* l) {
-        QStringList r;
-        for (int i = 0; i < l->count(); ++i)
-            r << l->item(i)->text();
-        return r;
-    }
     using V = std::vector<std::string>;
     Sessione sessione;
 };
@@ -57,13 +51,13 @@ TEST_F(Gestione, EliminaArchivioSiENo) {
                   "Continuo?\n"));
     EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::SiNo);
     EXPECT_EQ(sessione.ArchivioCorrente, "Amici");
-    EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Famiglia"}));
     EXPECT_EQ(f.lstArchivi->currentRow(), 0);
 
     // Yes on the first.
     messaggi.risposte = {Risposta::Si};
     f.cmdElimina->click();
-    EXPECT_EQ(Voci(f.lstArchivi), QStringList{"Famiglia"});
+    EXPECT_EQ(test::Voci(f.lstArchivi), QStringList{"Famiglia"});
     EXPECT_EQ(ElencoArchivi(fileDB), V{"Famiglia"});
 }
 
@@ -81,7 +75,7 @@ TEST_F(Gestione, TrasportaDueVolte) {
         f.cmdTrasporta->click();
         EXPECT_TRUE(f.cmdOkTrasporta->isVisible());
         EXPECT_EQ(f.cmdOkTrasporta->text(), "Ok   --->");
-        EXPECT_EQ(Voci(f.List1), (QStringList{"Amici", "Famiglia"}));
+        EXPECT_EQ(test::Voci(f.List1), (QStringList{"Amici", "Famiglia"}));
         f.lstArchivi->setCurrentRow(0);
         f.List1->setCurrentRow(1);
         f.cmdOkTrasporta->click();
@@ -125,7 +119,7 @@ TEST_F(Gestione, CompleanniDueVolte) {
     EXPECT_EQ(f.Command2->text(), "Importa");
     f.Command2->click();
     EXPECT_EQ(f.Command2->text(), "2  Importati");
-    EXPECT_EQ(Voci(f.lstArchivi), QStringList{"Compleanni"});
+    EXPECT_EQ(test::Voci(f.lstArchivi), QStringList{"Compleanni"});
     EXPECT_TRUE(messaggi.registro.empty());
 
     // Again, No to the deletion: "Compleanni1", and no further question.
@@ -133,7 +127,7 @@ TEST_F(Gestione, CompleanniDueVolte) {
     f.Command2->click();
     ASSERT_EQ(messaggi.registro.size(), 1u);
     EXPECT_EQ(messaggi.registro[0].testo, "La tabella esiste già. Eliminarla?");
-    EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Compleanni", "Compleanni1"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Compleanni", "Compleanni1"}));
     EXPECT_EQ(Nomi("Compleanni1"), (V{"Ada", "Ugo"}));
     EXPECT_FALSE(messaggi.occupato);
 }

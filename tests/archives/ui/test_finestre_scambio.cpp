@@ -209,10 +209,7 @@ TEST_F(Scambio, RinominaArchivioConLeRegoleDelNome) {
     EXPECT_EQ(Nomi("Clienti 2026"), (V{"Anna"}));
     Database db(fileDB);
     EXPECT_TRUE(db.EsisteIndice("Clienti 2026", IndiceArchivio));
-    QStringList voci;
-    for (int i = 0; i < f.lstArchivi->count(); ++i)
-        voci << f.lstArchivi->item(i)->text();
-    EXPECT_EQ(voci, (QStringList{"Clienti 2026", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Clienti 2026", "Famiglia"}));
 }
 
 TEST_F(Scambio, ImportaAafDalDialogoEdEsportaCsv) {

@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <QLineEdit>
+#include <QListWidget>
 #include <QString>
 #include <QTest>
 #include <QVariant>
@@ -47,6 +48,14 @@ inline void Scrivi(QWidget* w, std::initializer_list<std::pair<const char*, QStr
         t->clear();
         QTest::keyClicks(t, testo);
     }
+}
+
+// The rows of a list, top to bottom.
+inline QStringList Voci(const QListWidget* l) {
+    QStringList r;
+    for (int i = 0; i < l->count(); ++i)
+        r << l->item(i)->text();
+    return r;
 }
 
 // Box `k` of the `n` the user was shown, by its title and text; false when there were not `n`.
