@@ -71,15 +71,6 @@ protected:
             g->selectionModel()->select(g->model()->index(r, 0),
                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
-    // Runs `azione` on the modal dialog of that name once it is shown.
-    static void AlDialogo(const char* nome, std::function<void(QWidget*)> azione) {
-        QTimer::singleShot(0, [nome, azione] {
-            QWidget* d = QApplication::activeModalWidget();
-            ASSERT_TRUE(d);
-            ASSERT_EQ(d->objectName(), nome);
-            azione(d);
-        });
-    }
     using V = std::vector<std::string>;
     Sessione sessione;
 };
@@ -233,7 +224,7 @@ TEST_F(Scambio, ImportaAafDalDialogoEdEsportaCsv) {
         t.Estiva = 1;
     };
     f.show();
-    AlDialogo("frmImportaScambio", [](QWidget* d) {
+    test::AlModale("frmImportaScambio", [](QWidget* d) {
         EXPECT_EQ(d->windowTitle(), "Vesmo - Importa Temi");
         auto* archivio = d->findChild<QComboBox*>("cmbArchivio");
         EXPECT_EQ(archivio->currentText(), "clienti");
@@ -257,7 +248,7 @@ TEST_F(Scambio, ImportaAafDalDialogoEdEsportaCsv) {
                     "11E52 45N25, fuso -1, estiva 1");
 
     // Again: both are there already and are skipped.
-    AlDialogo("frmImportaScambio", [](QWidget* d) {
+    test::AlModale("frmImportaScambio", [](QWidget* d) {
         d->findChild<QComboBox*>("cmbArchivio")->setCurrentText("Clienti");
         d->findChild<QPushButton*>("cmdImporta")->click();
     });
@@ -310,7 +301,7 @@ TEST_F(Scambio, CopiaDiSicurezzaCopiaAutomaticaERipristino) {
         EXPECT_EQ(inizio, QS(sessione.CartellaCopie));
         return QS(copie[0].string());
     };
-    AlDialogo("frmRipristina", [](QWidget* d) {
+    test::AlModale("frmRipristina", [](QWidget* d) {
         EXPECT_EQ(d->windowTitle(), "Vesmo - Ripristina Archivi");
         auto* l = d->findChild<QListWidget*>("lstCopia");
         ASSERT_EQ(l->count(), 2);

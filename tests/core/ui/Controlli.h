@@ -1,16 +1,20 @@
 // A form's controls found by name, read as the user reads them and typed into key by key; the
-// boxes the user was shown.
+// boxes the user was shown; a modal window acted on once it shows.
 #pragma once
 
 #include <gtest/gtest.h>
 
+#include <QApplication>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QString>
 #include <QTest>
+#include <QTimer>
 #include <QVariant>
 #include <QWidget>
+#include <functional>
 #include <initializer_list>
+#include <memory>
 #include <utility>
 
 #include "core/Messaggi.h"
@@ -66,6 +70,31 @@ inline bool Box(const MessaggiRegistrati& m, std::size_t n, std::size_t k,
     EXPECT_EQ(m.registro[k].titolo, titolo);
     EXPECT_EQ(m.registro[k].testo, testo);
     return true;
+}
+
+// Runs `azione` on the modal window named `nome` as soon as it is shown; a window that never
+// shows fails the test and closes whatever modal window stands, so nothing hangs.
+inline void AlModale(const QString& nome, std::function<void(QWidget*)> azione) {
+    auto* t = new QTimer;
+    auto giri = std::make_shared<int>(0);
+    QObject::connect(t, &QTimer::timeout, [t, nome, azione, giri] {
+        QWidget* w = QApplication::activeModalWidget();
+        if (w && w->objectName() == nome) {
+            t->stop();
+            t->deleteLater();
+            azione(w);
+            // A failed assertion left the window open: close it, or the test would wait.
+            if (::testing::Test::HasFatalFailure() && w->isVisible()) w->close();
+            return;
+        }
+        if (++*giri > 2000) {
+            t->stop();
+            t->deleteLater();
+            ADD_FAILURE() << "non si è aperta la finestra " << nome.toStdString();
+            if (w) w->close();
+        }
+    });
+    t->start(5);
 }
 
 } // namespace vesmo::test

@@ -23,8 +23,8 @@
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
+#include "tests/core/ui/Controlli.h"
 #include "tests/places/AiutoLuoghi.h"
-#include "tests/timecharts/ui/Modale.h"
 
 using namespace vesmo;
 
