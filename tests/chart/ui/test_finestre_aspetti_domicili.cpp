@@ -235,12 +235,10 @@ TEST_F(Selezione, Aiuto) {
     frmSelAspetti f(sessione, aspetti, stato, messaggi);
     f.show();
     QString titolo, testo;
-    QTimer::singleShot(0, [&] {
-        auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget());
-        ASSERT_NE(d, nullptr);
+    test::AlModale("frmHelp", [&](QWidget* d) {
         titolo = d->windowTitle();
-        testo = d->findChild<QLabel*>("lbHelpFuso")->text();
-        d->accept();
+        testo = test::Figlio<QLabel>(d, "lbHelpFuso")->text();
+        d->close();
     });
     f.mnuA->trigger();
     EXPECT_EQ(titolo, "Lyx - Aiuto Aspetti");

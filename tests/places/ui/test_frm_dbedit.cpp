@@ -307,11 +307,9 @@ TEST_F(FinestreDb, LauncherEntries) {
     EXPECT_EQ(zoom->windowTitle(), "Vesmo - Zoom  Italy");
     // The summer-time list of Aosta, modal: closed as soon as it shows.
     QString titolo;
-    QTimer::singleShot(0, [&] {
-        if (auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            titolo = d->windowTitle();
-            d->accept();
-        }
+    test::AlModale("frmFusiEstive", [&](QWidget* d) {
+        titolo = d->windowTitle();
+        d->close();
     });
     f.mnuZE->trigger();
     EXPECT_EQ(titolo, "Vesmo - Estive di   Italy - Aosta");
