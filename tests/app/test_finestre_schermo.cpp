@@ -7,8 +7,6 @@
 #include <QApplication>
 #include <QDialog>
 #include <QFile>
-#include <QHeaderView>
-#include <QLabel>
 #include <QMenu>
 #include <QMenuBar>
 #include <QPushButton>
@@ -42,6 +40,20 @@ QRect Schermo(const char* nome) {
     return {};
 }
 
+// The controls Tab visits, in its order, from the window's first.
+std::vector<QWidget*> CatenaTab(QWidget* finestra) {
+    std::vector<QWidget*> r;
+    QWidget* w = finestra;
+    for (int giri = 0; giri < 2000; ++giri) {
+        w = w->nextInFocusChain();
+        if (w == finestra) break;
+        if (w->window() == finestra && w->isVisible() && w->isEnabled() &&
+            (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy())
+            r.push_back(w);
+    }
+    return r;
+}
+
 class FinestreSulloSchermo : public ::testing::Test {
 protected:
     void SetUp() override { SorvegliaFinestre(); }
@@ -49,8 +61,9 @@ protected:
     test::BancoFinestre banco{cartella / ""};
 };
 
-// Shown on the screen of 1366 x 768, then made as small as a screen of 1280 x 720 allows, then
-// as large as the first screen: each window follows, and its frame stays on the screen.
+// Shown on the screen of 1366 x 768, then made as small as a screen of 1280 x 720 allows: each
+// window follows, and its frame stays on the screen. Tab follows what the eye reads: within one
+// column of controls (overlapping horizontal spans) it never goes back up.
 TEST_F(FinestreSulloSchermo, OgniFinestraStaNelloSchermoEdECambiaMisura) {
     const QRect schermo = Schermo("Portatile");
     ASSERT_EQ(schermo.size(), QSize(1366, 768));
@@ -67,6 +80,15 @@ TEST_F(FinestreSulloSchermo, OgniFinestraStaNelloSchermoEdECambiaMisura) {
         EXPECT_LE(conCornice.height(), schermo.height());
         const QRect cornice(w->pos(), conCornice);
         EXPECT_TRUE(schermo.contains(cornice)) << cornice.x() << "," << cornice.y();
+        const auto catena = CatenaTab(w);
+        for (std::size_t i = 1; i < catena.size(); ++i) {
+            const QRect a(catena[i - 1]->mapTo(w, QPoint(0, 0)), catena[i - 1]->size());
+            const QRect b(catena[i]->mapTo(w, QPoint(0, 0)), catena[i]->size());
+            const bool stessaColonna = a.left() < b.right() && b.left() < a.right();
+            EXPECT_FALSE(stessaColonna && b.bottom() < a.top())
+                << catena[i - 1]->objectName().toStdString() << " -> "
+                << catena[i]->objectName().toStdString();
+        }
 
         const QSize minima = ConCornice(w, w->minimumSizeHint().expandedTo(w->minimumSize()));
         EXPECT_LE(minima.width(), piccolo.width());
@@ -258,45 +280,4 @@ TEST_F(FinestreSulloSchermo, TastieraMenuInvioEdEsc) {
         QCoreApplication::processEvents();
     }
     EXPECT_EQ(trovate, condivise);
-}
-
-namespace {
-
-// The controls Tab visits, in its order, from the window's first.
-std::vector<QWidget*> CatenaTab(QWidget* finestra) {
-    std::vector<QWidget*> r;
-    QWidget* w = finestra;
-    for (int giri = 0; giri < 2000; ++giri) {
-        w = w->nextInFocusChain();
-        if (w == finestra) break;
-        if (w->window() == finestra && w->isVisible() && w->isEnabled() &&
-            (w->focusPolicy() & Qt::TabFocus) && !w->focusProxy())
-            r.push_back(w);
-    }
-    return r;
-}
-
-} // namespace
-
-// Tab follows what the eye reads: within one column of controls (boxes whose horizontal spans
-// overlap), Tab never goes back up to a control above the one it leaves.
-TEST_F(FinestreSulloSchermo, TabSegueLOrdineVisivo) {
-    for (auto& [nome, crea] : banco.Finestre()) {
-        SCOPED_TRACE(nome);
-        std::unique_ptr<QWidget> proprio = crea();
-        QWidget* w = proprio ? proprio.get() : banco.menu.get();
-        w->show();
-        QCoreApplication::processEvents();
-        const auto catena = CatenaTab(w);
-        for (std::size_t i = 1; i < catena.size(); ++i) {
-            const QRect a(catena[i - 1]->mapTo(w, QPoint(0, 0)), catena[i - 1]->size());
-            const QRect b(catena[i]->mapTo(w, QPoint(0, 0)), catena[i]->size());
-            const bool stessaColonna = a.left() < b.right() && b.left() < a.right();
-            EXPECT_FALSE(stessaColonna && b.bottom() < a.top())
-                << catena[i - 1]->objectName().toStdString() << " -> "
-                << catena[i]->objectName().toStdString();
-        }
-        w->close();
-        QCoreApplication::processEvents();
-    }
 }

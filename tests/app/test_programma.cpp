@@ -6,7 +6,6 @@
 #include <QApplication>
 #include <QComboBox>
 #include <QDialogButtonBox>
-#include <QInputDialog>
 #include <QLineEdit>
 #include <QMessageBox>
 #include <QPushButton>
@@ -116,11 +115,9 @@ TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
         [&] {
             // The wheel's switches set in the positions window of the natal chart.
             p.menu->findChild<QAction*>("mnUnCieloPosizione")->trigger();
-            auto* pos = p.menu->findChild<frmOutDati*>();
-            if (!pos) {
-                for (QWidget* w : QApplication::topLevelWidgets())
-                    if (auto* f = qobject_cast<frmOutDati*>(w); f && f->isVisible()) pos = f;
-            }
+            frmOutDati* pos = nullptr;
+            for (QWidget* w : QApplication::topLevelWidgets())
+                if (auto* f = qobject_cast<frmOutDati*>(w); f && f->isVisible()) pos = f;
             ASSERT_NE(pos, nullptr);
             pos->mnuAspDC->trigger();
             pos->comboNodi->setCurrentIndex(5);

@@ -15,6 +15,7 @@
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "tests/archives/AiutoArchivi.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 using vesmo::test::Cartella;
@@ -37,12 +38,6 @@ Tema Bianchi() {
 
 class FinestreArchivi : public vesmo::test::ConArchivi {
 protected:
-    static QStringList Voci(const QListWidget* l) {
-        QStringList r;
-        for (int i = 0; i < l->count(); ++i)
-            r << l->item(i)->text();
-        return r;
-    }
     Sessione sessione;
 };
 
@@ -62,7 +57,7 @@ TEST_F(FinestreArchivi, GestioneCreaArchivi) {
     f.cmdCrea->click();
     f.Text1->setText("Amici");
     f.cmdCrea->click();
-    EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Famiglia"}));
     EXPECT_EQ(f.lstArchivi->currentRow(), 0);
     EXPECT_TRUE(messaggi.registro.empty());
 
@@ -72,7 +67,7 @@ TEST_F(FinestreArchivi, GestioneCreaArchivi) {
     f.cmdCrea->click();
     ASSERT_EQ(messaggi.registro.size(), 1u);
     EXPECT_EQ(messaggi.registro[0].titolo, "frmGesArchivi.cmdCrea: Nome Doppio");
-    EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
 
     // Empty text: nothing happens. A name the database refuses: a message, nothing created.
     f.Text1->setText("   ");
@@ -81,7 +76,7 @@ TEST_F(FinestreArchivi, GestioneCreaArchivi) {
     f.cmdCrea->click();
     ASSERT_EQ(messaggi.registro.size(), 2u);
     EXPECT_EQ(messaggi.registro[1].titolo, "frmGesArchivi.cmdCrea: Nome Non Valido");
-    EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
     EXPECT_TRUE(f.isVisible());
 }
 
@@ -95,7 +90,10 @@ TEST_F(FinestreArchivi, ModoSalvoConLeTreRisposte) {
         f.ModoSalvo();
         f.show();
         EXPECT_EQ(f.windowTitle(), "Vesmo - Salvo");
+        // Only the list and Salva: the management frames are hidden.
         EXPECT_FALSE(f.Frame2->isVisible());
+        EXPECT_FALSE(f.Frame3->isVisible());
+        EXPECT_FALSE(f.cmdElimina->isVisible());
         EXPECT_TRUE(f.cmdSalva->isVisible());
         EXPECT_EQ(f.height(), 200);
         if (risposta) messaggi.risposte = {*risposta};
@@ -133,9 +131,8 @@ TEST_F(FinestreArchivi, SalvaSenzaArchiviAvvisa) {
     f.ModoSalvo();
     f.show();
     f.cmdSalva->click();
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Gestione Archivi ");
-    EXPECT_EQ(messaggi.registro[0].testo, "Crea un Archivio. File -> Gestione Archivi ");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Gestione Archivi ",
+                          "Crea un Archivio. File -> Gestione Archivi "));
     EXPECT_EQ(messaggi.registro[0].icona, Icona::Esclamativo);
     EXPECT_TRUE(f.isVisible());
 }
@@ -149,7 +146,7 @@ TEST_F(FinestreArchivi, SalvoLyxRicordaLArchivioESegnaIlSalvataggio) {
         frmSalvoLyx f(sessione, fileDB, messaggi);
         f.show();
         EXPECT_EQ(f.windowTitle(), "Lyx - Salvo");
-        EXPECT_EQ(Voci(f.lstArchivi), (QStringList{"Amici", "Clienti", "Famiglia"}));
+        EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Clienti", "Famiglia"}));
         EXPECT_EQ(f.lstArchivi->currentRow(), 2);
         EXPECT_EQ(sessione.ArchivioCorrente, "Famiglia");
         f.lstArchivi->setCurrentRow(1);

@@ -2,8 +2,6 @@
 // archive management menu.
 #include <gtest/gtest.h>
 
-#include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QGroupBox>
 #include <QLabel>
@@ -24,6 +22,7 @@
 #include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
 #include "tests/core/store/Cartella.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 using vesmo::test::Cartella;
@@ -134,9 +133,7 @@ TEST_F(FinestraQuery, MessaggiDiUnaSelezioneSbagliata) {
     f.OpAngolo->click();
     f.TxOrbita->setText("due");
     f.CmdAvvio->click();
-    ASSERT_EQ(messaggi.registro.size(), 4u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Query");
-    EXPECT_EQ(messaggi.registro[0].testo, "Manca (new) Archivio Query To !!!");
+    ASSERT_TRUE(test::Box(messaggi, 4, 0, "Vesmo - Query", "Manca (new) Archivio Query To !!!"));
     EXPECT_EQ(messaggi.registro[1].testo, "Selezione  NON  valida!");
     EXPECT_EQ(messaggi.registro[2].testo, "Selezione  NON  valida!");
     EXPECT_EQ(messaggi.registro[3].titolo, "Vesmo - frmQuery.CmdAvvio");

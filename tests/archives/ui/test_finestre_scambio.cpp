@@ -5,7 +5,6 @@
 // automatic copy before a deletion and the restore from it.
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QApplication>
 #include <QCheckBox>
 #include <QComboBox>
@@ -31,6 +30,7 @@
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "tests/archives/AiutoArchivi.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 using vesmo::test::TemaDiProva;
@@ -70,15 +70,6 @@ protected:
         for (int r : righe)
             g->selectionModel()->select(g->model()->index(r, 0),
                                         QItemSelectionModel::Select | QItemSelectionModel::Rows);
-    }
-    // Runs `azione` on the modal dialog of that name once it is shown.
-    static void AlDialogo(const char* nome, std::function<void(QWidget*)> azione) {
-        QTimer::singleShot(0, [nome, azione] {
-            QWidget* d = QApplication::activeModalWidget();
-            ASSERT_TRUE(d);
-            ASSERT_EQ(d->objectName(), nome);
-            azione(d);
-        });
     }
     using V = std::vector<std::string>;
     Sessione sessione;
@@ -163,10 +154,8 @@ TEST_F(Scambio, PiuTemiEliminatiOSpostatiConUnaDomanda) {
         Seleziona(f.DBGrid1, {0, 2});
         messaggi.risposte = {Risposta::Annulla};
         f.cmdElimina->click();
-        ASSERT_EQ(messaggi.registro.size(), 1u);
-        EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Elimina Temi");
-        EXPECT_EQ(messaggi.registro[0].testo,
-                  "Eliminare i 2 temi selezionati dall'Archivio Clienti?");
+        ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Elimina Temi",
+                              "Eliminare i 2 temi selezionati dall'Archivio Clienti?"));
         EXPECT_EQ(Nomi("Clienti").size(), 3u);
         messaggi.risposte = {Risposta::Ok};
         f.cmdElimina->click();
@@ -211,10 +200,7 @@ TEST_F(Scambio, RinominaArchivioConLeRegoleDelNome) {
     EXPECT_EQ(Nomi("Clienti 2026"), (V{"Anna"}));
     Database db(fileDB);
     EXPECT_TRUE(db.EsisteIndice("Clienti 2026", IndiceArchivio));
-    QStringList voci;
-    for (int i = 0; i < f.lstArchivi->count(); ++i)
-        voci << f.lstArchivi->item(i)->text();
-    EXPECT_EQ(voci, (QStringList{"Clienti 2026", "Famiglia"}));
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Clienti 2026", "Famiglia"}));
 }
 
 TEST_F(Scambio, ImportaAafDalDialogoEdEsportaCsv) {
@@ -238,7 +224,7 @@ TEST_F(Scambio, ImportaAafDalDialogoEdEsportaCsv) {
         t.Estiva = 1;
     };
     f.show();
-    AlDialogo("frmImportaScambio", [](QWidget* d) {
+    test::AlModale("frmImportaScambio", [](QWidget* d) {
         EXPECT_EQ(d->windowTitle(), "Vesmo - Importa Temi");
         auto* archivio = d->findChild<QComboBox*>("cmbArchivio");
         EXPECT_EQ(archivio->currentText(), "clienti");
@@ -262,7 +248,7 @@ TEST_F(Scambio, ImportaAafDalDialogoEdEsportaCsv) {
                     "11E52 45N25, fuso -1, estiva 1");
 
     // Again: both are there already and are skipped.
-    AlDialogo("frmImportaScambio", [](QWidget* d) {
+    test::AlModale("frmImportaScambio", [](QWidget* d) {
         d->findChild<QComboBox*>("cmbArchivio")->setCurrentText("Clienti");
         d->findChild<QPushButton*>("cmdImporta")->click();
     });
@@ -315,7 +301,7 @@ TEST_F(Scambio, CopiaDiSicurezzaCopiaAutomaticaERipristino) {
         EXPECT_EQ(inizio, QS(sessione.CartellaCopie));
         return QS(copie[0].string());
     };
-    AlDialogo("frmRipristina", [](QWidget* d) {
+    test::AlModale("frmRipristina", [](QWidget* d) {
         EXPECT_EQ(d->windowTitle(), "Vesmo - Ripristina Archivi");
         auto* l = d->findChild<QListWidget*>("lstCopia");
         ASSERT_EQ(l->count(), 2);

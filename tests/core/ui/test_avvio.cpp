@@ -14,6 +14,7 @@
 #include "core/qt/MessaggiQt.h"
 #include "core/ui/Avvio.h"
 #include "core/ui/frmInputIni.h"
+#include "tests/core/ui/Controlli.h"
 
 using namespace vesmo;
 
@@ -45,9 +46,9 @@ TEST_F(AvvioTest, PrimaVoltaBastaOk) {
         aperto = true;
         EXPECT_EQ(f.windowTitle(), "Vesmo - Confgurazione prima volta/First time");
         EXPECT_TRUE(f.PrimaVolta);
-        EXPECT_EQ(f.TextDB->text(), QFileInfo(db).absoluteFilePath());
-        EXPECT_EQ(f.TextNaz->text(), "Italy");
-        EXPECT_EQ(f.TextCity->text(), "Padova");
+        test::Testi(&f, {{"TextDB", QFileInfo(db).absoluteFilePath()},
+                         {"TextNaz", "Italy"},
+                         {"TextCity", "Padova"}});
         EXPECT_TRUE(f.OptNazioni->isChecked());
         f.CmdOk->click();
         return f.Salvato;
@@ -55,16 +56,12 @@ TEST_F(AvvioTest, PrimaVoltaBastaOk) {
     EXPECT_TRUE(aperto);
     ASSERT_TRUE(e.continua);
     // The "Assente" box came first.
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvio");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n");
+    ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Avvio",
+                          "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n"));
     EXPECT_EQ(e.percorsi.FileDB, SS(QFileInfo(db).absoluteFilePath()));
     EXPECT_EQ(e.cfg.Ordinamento.str(), "N");
     EXPECT_EQ(QFileInfo(QDir(programma).filePath("Vesmodat.ini")).size(), 325);
     EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Default Now");
-    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padova");
-    EXPECT_EQ(sessione.TemaCorrente.Lon, 0.1);
 
     // The next start finds everything and asks nothing.
     MessaggiRegistrati m2;
@@ -147,13 +144,12 @@ TEST_F(AvvioTest, DialogoDalMenuMostraIlRecord) {
     frmInputIni f(p, messaggi);
     f.MostraConfig(c);
     EXPECT_FALSE(f.PrimaVolta);
-    EXPECT_EQ(f.TextDB->text(), "/dati/Vesmodat.Mdb");
-    EXPECT_EQ(f.TextExe->text(), "/usr/bin/astrolog ");
-    EXPECT_EQ(f.TextCity->text(), "Toronto");
+    test::Testi(&f, {{"TextDB", "/dati/Vesmodat.Mdb"},
+                     {"TextExe", "/usr/bin/astrolog "},
+                     {"TextCity", "Toronto"},
+                     {"CmdOk", "&Ok"},
+                     {"CmdDB", "&Sfoglia/Search"}});
     EXPECT_TRUE(f.OptCity->isChecked());
-    EXPECT_FALSE(f.OptNazioni->isChecked());
-    EXPECT_EQ(f.findChild<QPushButton*>("CmdOk")->text(), "&Ok");
-    EXPECT_EQ(f.findChild<QPushButton*>("CmdDB")->text(), "&Sfoglia/Search");
 }
 
 // Installed (<prefix>/bin beside <prefix>/share/vesmo), the first start keeps Vesmodat.ini in the

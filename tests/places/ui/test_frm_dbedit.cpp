@@ -3,16 +3,11 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
-#include <QCheckBox>
 #include <QComboBox>
-#include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPlainTextEdit>
 #include <QPushButton>
-#include <QRadioButton>
-#include <QTabWidget>
 #include <QTableView>
 #include <QTest>
 #include <QTimer>
@@ -22,6 +17,7 @@
 #include "places/ui/frmDbEdit.h"
 #include "places/ui/frmMainVesmo.h"
 #include "places/ui/frmPulizia.h"
+#include "tests/core/ui/Controlli.h"
 #include "tests/places/AiutoLuoghi.h"
 
 using namespace vesmo;
@@ -64,20 +60,9 @@ protected:
         z.Update();
         db.ConfermaTransazione();
     }
-    template <class W> W* Trova(QWidget* f, const char* nome) {
-        W* w = f->findChild<W*>(nome);
-        EXPECT_NE(w, nullptr) << nome;
-        return w;
-    }
-    void Scrivi(QWidget* f, const char* nome, const QString& testo) {
-        auto* t = Trova<QLineEdit>(f, nome);
-        t->clear();
-        QTest::keyClicks(t, testo);
-    }
-    // A click as the user gives it (on a check box's own mark, not the middle of its row).
+    template <class W> W* Trova(QWidget* f, const char* nome) { return test::Figlio<W>(f, nome); }
     // The launcher's settings: this database, sorted by nation, the default place in Italy.
-    void Impostazioni(Sessione& sessione, ConfigIni& cfg, PercorsiVesmo& percorsi,
-                      const char* city) {
+    void Impostazioni(const char* city) {
         percorsi.FileDB = file.string();
         percorsi.FileIni = (cartella / "Vesmodat.ini").string();
         cfg.NazioneDefault = "Italy";
@@ -87,9 +72,19 @@ protected:
         PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
     }
     void Clic(QWidget* f, const char* nome) { Trova<QAbstractButton>(f, nome)->click(); }
+    // The pop-up window of `T` standing on its own (the launcher opens them without a parent).
+    template <class T> T* Aperta() {
+        T* p = nullptr;
+        for (QWidget* w : QApplication::topLevelWidgets())
+            if (auto* x = qobject_cast<T*>(w); x && x->isVisible()) p = x;
+        return p;
+    }
     test::CartellaLuoghi cartella;
     std::filesystem::path file = cartella / "Vesmodat.Mdb";
     MessaggiRegistrati messaggi;
+    Sessione sessione;
+    ConfigIni cfg;
+    PercorsiVesmo percorsi;
 };
 
 TEST_F(FinestreDb, EditorTabsAndGridSwitch) {
@@ -135,26 +130,22 @@ TEST_F(FinestreDb, EditorAddsANationAndDeletesItsOnlyPlace) {
     ASSERT_TRUE(f.Form_Load());
     f.show();
     // Typing a nation shows its code.
-    Scrivi(&f, "Text19", "Can");
-    EXPECT_EQ(Trova<QLineEdit>(&f, "Text21")->text(), "124");
-    EXPECT_EQ(Trova<QLineEdit>(&f, "Text1")->text(), "124");
+    test::Scrivi(&f, {{"Text19", "Can"}});
+    test::Testi(&f, {{"Text21", "124"}, {"Text1", "124"}});
     // A new nation with a free code.
     Clic(&f, "ChkNewNaz");
-    EXPECT_TRUE(Trova<QLineEdit>(&f, "Text21")->text().isEmpty());
+    test::Testi(&f, {{"Text21", ""}});
     EXPECT_FALSE(Trova<QWidget>(&f, "lstZoom")->isVisible());
-    Scrivi(&f, "Text19", "Slovenia");
-    Scrivi(&f, "Text21", "1");
+    test::Scrivi(&f, {{"Text19", "Slovenia"}, {"Text21", "1"}});
     Clic(&f, "cmdHelpCod");
-    EXPECT_EQ(Trova<QLineEdit>(&f, "Text21")->text(), "4");
-    EXPECT_EQ(Trova<QLineEdit>(&f, "Text18")->text(), "4");
-    EXPECT_EQ(Trova<QLineEdit>(&f, "Text20")->text(), "4");
-    Scrivi(&f, "Text2", "Lubiana");
+    test::Testi(&f, {{"Text21", "4"}, {"Text18", "4"}, {"Text20", "4"}});
     // Decimal degrees east, with the comma.
     Trova<QComboBox>(&f, "Combo2")->setCurrentIndex(2);
-    Scrivi(&f, "Text12", "14,5");
-    Scrivi(&f, "Text13", "46");
-    Scrivi(&f, "Text14", "3");
-    Scrivi(&f, "Text15", "0");
+    test::Scrivi(&f, {{"Text2", "Lubiana"},
+                      {"Text12", "14,5"},
+                      {"Text13", "46"},
+                      {"Text14", "3"},
+                      {"Text15", "0"}});
     messaggi.risposte = {Risposta::Si};
     Clic(&f, "CmdAddNewCity");
     ASSERT_EQ(messaggi.registro.size(), 1u);
@@ -168,8 +159,7 @@ TEST_F(FinestreDb, EditorAddsANationAndDeletesItsOnlyPlace) {
 
     // The delete tab: Canada's only place goes with its nation.
     f.SSTabDB->setCurrentIndex(1);
-    Scrivi(&f, "Text29", "Canada");
-    Scrivi(&f, "Text30", "Van");
+    test::Scrivi(&f, {{"Text29", "Canada"}, {"Text30", "Van"}});
     messaggi.risposte = {Risposta::Si};
     Clic(&f, "CmdElimCity");
     ASSERT_EQ(messaggi.registro.size(), 3u);
@@ -185,18 +175,14 @@ TEST_F(FinestreDb, EditorListTabs) {
     ASSERT_TRUE(f.Form_Load());
     f.show();
     f.SSTabDB->setCurrentIndex(2);
-    Scrivi(&f, "Text31", "Italy");
+    test::Scrivi(&f, {{"Text31", "Italy"}});
     Clic(&f, "cmdHpCodFE");
     EXPECT_TRUE(Trova<QWidget>(&f, "Option6")->isVisible());
     EXPECT_EQ(Trova<QComboBox>(&f, "Combo8")->count(), 2);
-    EXPECT_EQ(Trova<QLineEdit>(&f, "Text36")->text(),
-              "Cod         Dal                          Fusi");
+    test::Testi(&f, {{"Text36", "Cod         Dal                          Fusi"}});
     // One hour east for every code of Italy.
     Clic(&f, "Option6");
-    Scrivi(&f, "Text17", "1");
-    Scrivi(&f, "Text8", "1");
-    Scrivi(&f, "Text5", "1950");
-    Scrivi(&f, "Text22", "1");
+    test::Scrivi(&f, {{"Text17", "1"}, {"Text8", "1"}, {"Text5", "1950"}, {"Text22", "1"}});
     Trova<QComboBox>(&f, "Combo5")->setCurrentIndex(0);
     Clic(&f, "Command7");
     ASSERT_EQ(messaggi.registro.size(), 1u);
@@ -207,32 +193,25 @@ TEST_F(FinestreDb, EditorListTabs) {
     Clic(&f, "Option2");
     EXPECT_TRUE(Trova<QWidget>(&f, "Text6")->isVisible());
     EXPECT_FALSE(Trova<QWidget>(&f, "Combo5")->isVisible());
-    EXPECT_EQ(Trova<QLabel>(&f, "Label2")->text(), "Estive");
-    EXPECT_FALSE(Trova<QWidget>(&f, "Combo8")->isVisible());
+    test::Testi(&f, {{"Label2", "Estive"}});
 
     // The frames of the delete and copy tabs tell a missing code.
     f.SSTabDB->setCurrentIndex(3);
-    Scrivi(&f, "Text32", "4");
-    Scrivi(&f, "Text35", "1");
-    Scrivi(&f, "Text47", "12000");
-    const std::pair<const char*, const char*> cornici[] = {{"Frame32", "4 cFusi - Assente "},
-                                                           {"Frame35", "cEst"},
-                                                           {"Frame47", "12000 cod TTN - Assente "}};
-    for (auto [nome, titolo] : cornici)
-        EXPECT_EQ(Trova<QGroupBox>(&f, nome)->title(), titolo) << nome;
+    test::Scrivi(&f, {{"Text32", "4"}, {"Text35", "1"}, {"Text47", "12000"}});
+    test::Testi(&f, {{"Frame32", "4 cFusi - Assente "},
+                     {"Frame35", "cEst"},
+                     {"Frame47", "12000 cod TTN - Assente "}});
     f.SSTabDB->setCurrentIndex(4);
     Clic(&f, "Option4");
-    EXPECT_EQ(Trova<QGroupBox>(&f, "Frame10")->title(), "cEst (nuova Copia)");
-    Scrivi(&f, "Text4", "1");
-    EXPECT_EQ(Trova<QGroupBox>(&f, "Frame4")->title(), "cEst (from)");
-    Scrivi(&f, "Text26", "10000");
+    test::Scrivi(&f, {{"Text4", "1"}, {"Text26", "10000"}});
+    test::Testi(&f, {{"Frame10", "cEst (nuova Copia)"}, {"Frame4", "cEst (from)"}});
     Clic(&f, "Command3");
     EXPECT_EQ(messaggi.registro.back().testo, "Eseguito\n" + std::string(30, '-') + "\nDone\n");
     EXPECT_EQ(Conta(file, "select count(*) from Estive where cEst = 10000"), 1);
 
     // The combined lists refuse a code below 10000.
     f.SSTabDB->setCurrentIndex(5);
-    Scrivi(&f, "Text37", "500");
+    test::Scrivi(&f, {{"Text37", "500"}});
     Clic(&f, "Command6");
     EXPECT_EQ(messaggi.registro.back().titolo, "Info Codici");
     EXPECT_EQ(messaggi.registro.back().testo,
@@ -281,23 +260,6 @@ TEST_F(FinestreDb, CleaningAndCompactionWaitForTheCopyBefore) {
     }
 }
 
-TEST_F(FinestreDb, CompactionForm) {
-    bool tornato = false;
-    auto* p = new frmPulizia(file.string(), 3, messaggi);
-    p->setAttribute(Qt::WA_DeleteOnClose);
-    p->AlRitorno = [&] { tornato = true; };
-    p->Form_Load();
-    EXPECT_FALSE(p->List1->isVisible());
-    EXPECT_FALSE(p->Label1->isVisible());
-    EXPECT_EQ(p->Text2->toPlainText().toStdString(),
-              "\n          Deframmentazione del Database\n\n     " + file.string() + "\n");
-    QTest::mouseClick(p->Command1, Qt::LeftButton);
-    EXPECT_TRUE(tornato);
-    EXPECT_TRUE(messaggi.registro.empty());
-    EXPECT_FALSE(std::filesystem::exists(cartella / "Neo_Vesmodat.mdb"));
-    EXPECT_EQ(Conta(file, "select count(*) from AllCity"), 4);
-}
-
 TEST_F(FinestreDb, ZoneFormAndNationZoom) {
     ModelloFusiEstive m(file, messaggi);
     m.ZoomFuso = -1;
@@ -307,13 +269,9 @@ TEST_F(FinestreDb, ZoneFormAndNationZoom) {
     f.show();
     EXPECT_EQ(f.List1->item(0)->text(), QString(15, ' ') + "NON DISPONIBILE");
     EXPECT_FALSE(f.Text2->isVisible());
-    EXPECT_FALSE(f.Text6->isVisible());
     EXPECT_TRUE(f.Combo5->isVisible());
     EXPECT_EQ(f.Label1->text(), "Fuso");
-    Scrivi(&f, "Text17", "1");
-    Scrivi(&f, "Text8", "3");
-    Scrivi(&f, "Text5", "1920");
-    Scrivi(&f, "Text22", "1");
+    test::Scrivi(&f, {{"Text17", "1"}, {"Text8", "3"}, {"Text5", "1920"}, {"Text22", "1"}});
     QTest::mouseClick(f.Command1, Qt::LeftButton);
     ASSERT_EQ(f.List1->count(), 1);
     EXPECT_EQ(f.List1->item(0)->text(),
@@ -328,10 +286,7 @@ TEST_F(FinestreDb, ZoneFormAndNationZoom) {
 }
 
 TEST_F(FinestreDb, LauncherEntries) {
-    Sessione sessione;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    Impostazioni(sessione, cfg, percorsi, "Aosta");
+    Impostazioni("Aosta");
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     f.show();
@@ -352,11 +307,9 @@ TEST_F(FinestreDb, LauncherEntries) {
     EXPECT_EQ(zoom->windowTitle(), "Vesmo - Zoom  Italy");
     // The summer-time list of Aosta, modal: closed as soon as it shows.
     QString titolo;
-    QTimer::singleShot(0, [&] {
-        if (auto* d = qobject_cast<QDialog*>(QApplication::activeModalWidget())) {
-            titolo = d->windowTitle();
-            d->accept();
-        }
+    test::AlModale("frmFusiEstive", [&](QWidget* d) {
+        titolo = d->windowTitle();
+        d->close();
     });
     f.mnuZE->trigger();
     EXPECT_EQ(titolo, "Vesmo - Estive di   Italy - Aosta");
@@ -364,9 +317,7 @@ TEST_F(FinestreDb, LauncherEntries) {
     f.mnuFilDbPilFusi->trigger();
     EXPECT_FALSE(f.isVisible());
     EXPECT_EQ(f.findChild<frmDbEdit*>(), nullptr);
-    auto* pulizia = qobject_cast<frmPulizia*>(QApplication::activeWindow());
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (auto* p = qobject_cast<frmPulizia*>(w)) pulizia = p;
+    auto* pulizia = Aperta<frmPulizia>();
     ASSERT_NE(pulizia, nullptr);
     EXPECT_EQ(pulizia->List1->count(), 2);
     QTest::mouseClick(pulizia->Command2, Qt::LeftButton);
@@ -379,10 +330,7 @@ TEST_F(FinestreDb, MissingZoneQuestionOpensTheZoneList) {
         Database db(file);
         test::AggiungiCity(db, 380, "Bari", -1.1, 41.1, 44, 1);
     }
-    Sessione sessione;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    Impostazioni(sessione, cfg, percorsi, "Bari");
+    Impostazioni("Bari");
     messaggi.risposte = {Risposta::Si};
     QString titolo, voce;
     QTimer::singleShot(0, [&] {
@@ -390,10 +338,7 @@ TEST_F(FinestreDb, MissingZoneQuestionOpensTheZoneList) {
             titolo = d->windowTitle();
             voce = d->List1->item(0)->text();
             // A row added there, while the launcher is in the middle of its lookup.
-            d->Text17->setText("1");
-            d->Text8->setText("1");
-            d->Text5->setText("1900");
-            d->Text22->setText("1");
+            test::Scrivi(d, {{"Text17", "1"}, {"Text8", "1"}, {"Text5", "1900"}, {"Text22", "1"}});
             d->Command1->click();
             d->accept();
         }
@@ -408,15 +353,10 @@ TEST_F(FinestreDb, MissingZoneQuestionOpensTheZoneList) {
     EXPECT_EQ(Conta(file, "select count(*) from Fusi where cFusi = 44 and fH_h = '-1'"), 1);
 }
 
-} // namespace
-
-namespace {
-
+// The compaction closes the launcher's cursors first, says what it compacts, and gives the
+// launcher back on the compacted file.
 TEST_F(FinestreDb, CompactionFromTheLauncherClosesItsCursorsFirst) {
-    Sessione sessione;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    Impostazioni(sessione, cfg, percorsi, "Roma");
+    Impostazioni("Roma");
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     f.show();
@@ -426,11 +366,11 @@ TEST_F(FinestreDb, CompactionFromTheLauncherClosesItsCursorsFirst) {
     EXPECT_FALSE(f.isVisible());
     EXPECT_EQ(f.findChild<frmDbEdit*>(), nullptr);
     EXPECT_EQ(f.Dati->Luoghi(), nullptr);
-    frmPulizia* p = nullptr;
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (auto* x = qobject_cast<frmPulizia*>(w); x && x->isVisible()) p = x;
+    frmPulizia* p = Aperta<frmPulizia>();
     ASSERT_NE(p, nullptr);
     EXPECT_FALSE(p->List1->isVisible());
+    EXPECT_EQ(p->Text2->toPlainText().toStdString(),
+              "\n          Deframmentazione del Database\n\n     " + file.string() + "\n");
     QTest::mouseClick(p->Command1, Qt::LeftButton);
     EXPECT_TRUE(messaggi.registro.empty());
     EXPECT_FALSE(std::filesystem::exists(cartella / "Neo_Vesmodat.mdb"));
@@ -439,6 +379,7 @@ TEST_F(FinestreDb, CompactionFromTheLauncherClosesItsCursorsFirst) {
     ASSERT_NE(f.Dati->Luoghi(), nullptr);
     EXPECT_EQ(f.Dati->Text2->text(), "Roma");
     EXPECT_EQ(f.Dati->NumeroCity(), 4);
+    EXPECT_EQ(Conta(file, "select count(*) from AllCity"), 4);
 }
 
 } // namespace

@@ -1,18 +1,11 @@
-// What the menu's window tests share: the natal chart they start from, acting on a modal window
-// once it shows, and finding a control by name.
+// What the menu's window tests share: the natal chart they start from.
 #pragma once
 
 #include <gtest/gtest.h>
 
-#include <QApplication>
-#include <QString>
-#include <QTimer>
-#include <QWidget>
-#include <functional>
-#include <memory>
-
 #include "core/Aritmetica.h"
 #include "core/Tema.h"
+#include "tests/core/ui/Controlli.h"
 
 namespace vesmo::test {
 
@@ -29,37 +22,6 @@ inline Tema NataleDiProva() {
     t.Fuso = -1;
     t.Estiva = 1;
     return t;
-}
-
-// Runs `azione` on the modal window named `nome` as soon as it is shown; a window that never
-// shows fails the test and closes whatever modal window stands, so nothing hangs.
-inline void AlModale(const QString& nome, std::function<void(QWidget*)> azione) {
-    auto* t = new QTimer;
-    auto giri = std::make_shared<int>(0);
-    QObject::connect(t, &QTimer::timeout, [t, nome, azione, giri] {
-        QWidget* w = QApplication::activeModalWidget();
-        if (w && w->objectName() == nome) {
-            t->stop();
-            t->deleteLater();
-            azione(w);
-            // A failed assertion left the window open: close it, or the test would wait.
-            if (::testing::Test::HasFatalFailure() && w->isVisible()) w->close();
-            return;
-        }
-        if (++*giri > 2000) {
-            t->stop();
-            t->deleteLater();
-            ADD_FAILURE() << "non si è aperta la finestra " << nome.toStdString();
-            if (w) w->close();
-        }
-    });
-    t->start(5);
-}
-
-template <class T> T* Figlio(QWidget* w, const char* nome) {
-    T* c = w->findChild<T*>(nome);
-    EXPECT_NE(c, nullptr) << nome;
-    return c;
 }
 
 } // namespace vesmo::test

@@ -5,12 +5,9 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QCheckBox>
 #include <QGroupBox>
 #include <QLabel>
-#include <QLineEdit>
-#include <QMenu>
 #include <QPrinter>
 #include <QProgressBar>
 #include <QPushButton>
@@ -20,10 +17,10 @@
 #include <fstream>
 #include <sstream>
 
-#include "Modale.h"
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
 #include "tests/places/AiutoLuoghi.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmCalTransiti.h"
 #include "timecharts/ui/frmMenu.h"
@@ -51,7 +48,7 @@ std::pair<std::string, std::string> Locale(double jd, int ore) {
     return {d, o};
 }
 
-class CalTransiti : public ::testing::Test {
+class CalTransiti : public test::BancoMenu<> {
 protected:
     void SetUp() override {
         // Padova: one hour east since 1900, summer time from 29 March 2026 at 2:00 to
@@ -64,16 +61,11 @@ protected:
             test::AggiungiEstiva(d, 1, 29, 3, 2026, 2, 0, 1, 0);
             test::AggiungiEstiva(d, 1, 25, 10, 2026, 3, 0, 0, 0);
         }
-        s.TemaX = test::NataleDiProva();
-        s.TemaX.cNaz = 380;
-        aspetti.EntraInLyx();
         percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
-        menu = std::make_unique<frmMenu>(s, percorsi, m);
-        menu->Form_Load();
-    }
-    void TearDown() override {
-        menu.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        Tema natale = test::NataleDiProva();
+        natale.cNaz = 380;
+        Carica(natale);
+        menu = f.get();
     }
     frmCalTransiti* Apri() {
         QAction* voce = menu->findChild<QAction*>("mnuTransitiC");
@@ -90,26 +82,12 @@ protected:
     }
 
     test::CartellaLuoghi cartella;
-    Sessione s;
-    TabellaAspetti& aspetti = s.Aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
-    std::unique_ptr<frmMenu> menu;
+    frmMenu* menu = nullptr; // the tests' own `f` is the calendar
 };
 
 } // namespace
 
 TEST_F(CalTransiti, VoceEFinestra) {
-    QStringList nomi;
-    for (QAction* a : menu->mnuTransiti->actions())
-        nomi << a->objectName();
-    const auto i = nomi.indexOf("mnuTransitiC");
-    ASSERT_GT(i, 0);
-    EXPECT_EQ(nomi[i - 1], "mnuTransitiI");
-    EXPECT_EQ(nomi[i + 1], "mnuTransitiMemo");
-    EXPECT_EQ(menu->findChild<QAction*>("mnuTransitiC")->text(), "Calendario &Transiti...");
-
     frmCalTransiti* f = Apri();
     ASSERT_NE(f, nullptr);
     EXPECT_EQ(f->windowTitle(), "Lyx - Calendario Transiti");
@@ -117,27 +95,17 @@ TEST_F(CalTransiti, VoceEFinestra) {
     menu->findChild<QAction*>("mnuTransitiC")->trigger();
     EXPECT_EQ(menu->findChildren<frmCalTransiti*>().size(), 1);
 
-    const std::pair<QString, QString> testi[] = {
-        {"lblTema", "Tema natale:  Mario Rossi"},
-        {"lblLuogo", "Ora locale di  Padova"},
-        {"lblAspetti", "Aspetti attivi:  CONGIUNZIONE, SESTILE, QUADRATURA, TRIGONO, OPPOSIZIONE"},
-        {"cmdCerca", "&Cerca"},
-        {"cmdFerma", "&Ferma"},
-        {"cmdStampa", "Stam&pa ..."},
-        {"cmdPdf", "Salva P&DF ..."},
-        {"cmdTesto", "Salva &Testo / CSV ..."},
-        {"cmdEsci", "&Esci"},
-        {"txtOrbita", "2,50"},
-    };
-    for (const auto& [nome, testo] : testi) {
-        QWidget* w = f->findChild<QWidget*>(nome);
-        ASSERT_NE(w, nullptr) << nome.toStdString();
-        QString t;
-        if (auto* l = qobject_cast<QLabel*>(w)) t = l->text();
-        if (auto* b = qobject_cast<QPushButton*>(w)) t = b->text();
-        if (auto* e = qobject_cast<QLineEdit*>(w)) t = e->text();
-        EXPECT_EQ(t, testo) << nome.toStdString();
-    }
+    test::Testi(f, {{"lblTema", "Tema natale:  Mario Rossi"},
+                    {"lblLuogo", "Ora locale di  Padova"},
+                    {"lblAspetti",
+                     "Aspetti attivi:  CONGIUNZIONE, SESTILE, QUADRATURA, TRIGONO, OPPOSIZIONE"},
+                    {"cmdCerca", "&Cerca"},
+                    {"cmdFerma", "&Ferma"},
+                    {"cmdStampa", "Stam&pa ..."},
+                    {"cmdPdf", "Salva P&DF ..."},
+                    {"cmdTesto", "Salva &Testo / CSV ..."},
+                    {"cmdEsci", "&Esci"},
+                    {"txtOrbita", "2,50"}});
     // The period is a whole year; the bodies and points are the defaults.
     EXPECT_TRUE(f->txtDa->text().startsWith("01/01/"));
     EXPECT_EQ(f->txtA->text(), "31/12/" + f->txtDa->text().mid(6));
@@ -188,11 +156,6 @@ TEST_F(CalTransiti, UnAnnoInOraLocale) {
         const int r0 = static_cast<int>(i);
         EXPECT_EQ(f->grdTransiti->item(r0, 0)->text().toStdString(), data) << i;
         EXPECT_EQ(f->grdTransiti->item(r0, 1)->text().toStdString(), ora) << i;
-        const std::string pianeta = NomiCorpiTransito[static_cast<std::size_t>(attesi[i].corpo)];
-        EXPECT_EQ(f->grdTransiti->item(r0, 2)->text().toStdString(),
-                  pianeta + (attesi[i].retrogrado ? " R" : ""));
-        EXPECT_EQ(f->grdTransiti->item(r0, 4)->text().toStdString(),
-                  r.punti[static_cast<std::size_t>(attesi[i].punto)].nome);
     }
     EXPECT_GT(estive, 0);
     EXPECT_GT(invernali, 0);
@@ -324,18 +287,9 @@ TEST_F(CalTransiti, DoppioClicNelloSlotTransito) {
     EXPECT_TRUE(menu->riquadri[1].data->text().startsWith(QString::number(r.quando.giorno) + "/" +
                                                           QString::number(r.quando.mese) + "/2026"))
         << menu->riquadri[1].data->text().toStdString();
-    // The transiting body stands on the exact aspect in the slot's own positions.
-    const Posizione* campi[] = {&s.PosTra.Giove, &s.PosTra.Saturno, &s.PosTra.Urano,
-                                &s.PosTra.Nettuno, &s.PosTra.Plutone};
-    const auto& hit = f->Righe()[riga];
-    std::size_t c = 0;
-    while (NomiCorpiTransito[c + 5] != hit.pianeta)
-        ++c;
-    PuntoNatale punto;
-    ASSERT_TRUE(PuntoDelTema(s.PosNat, hit.punto, punto));
-    double angolo = -1;
-    for (std::size_t k = 0; k < 5; ++k)
-        if (hit.aspetto.rfind(std::string(NomiAspetti[k]).substr(0, hit.aspetto.size()), 0) == 0)
-            angolo = AngoliAspetti[k];
-    EXPECT_NEAR(DistanzaAspetto(campi[c]->Lo, punto.Lo), angolo, 1e-6);
+    // The slot is cast at that moment.
+    Posizioni attese;
+    Case c;
+    CastaTema(t, c, attese, s.LunaGeo, m);
+    EXPECT_EQ(s.PosTra, attese);
 }

@@ -8,6 +8,7 @@
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QToolBar>
@@ -17,7 +18,7 @@
 #include "places/Schema.h"
 #include "presentation/ui/frmOutDati.h"
 #include "tests/core/store/Cartella.h"
-#include "tests/timecharts/ui/Modale.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/frmMenu.h"
 
 using namespace vesmo;
@@ -26,259 +27,13 @@ using vesmo::test::Figlio;
 
 namespace {
 
-class Menu : public ::testing::Test {
-protected:
-    void SetUp() override {
-        s.TemaX = vesmo::test::NataleDiProva();
-        aspetti.EntraInLyx();
-        percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-    }
-    Sessione s;
-    TabellaAspetti& aspetti = s.Aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
-};
+using Menu = vesmo::test::BancoMenu<>;
 
-} // namespace
-
-TEST_F(Menu, IlTemaDiPartenzaDiventaNatale) {
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    EXPECT_EQ(f.windowTitle(), "Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria.");
-    EXPECT_EQ(s.MenuPronto, -1);
-    EXPECT_EQ(s.DatiOk, 0);
-    EXPECT_EQ(s.TemaNat.Nome.Valore(), "Mario Rossi");
-    // The positions were cast: the Sun at 20° Aries.
-    EXPECT_NEAR(s.PosNat.Sole.Lo, 20.31, 0.01);
-    auto& r = f.riquadri[0];
-    EXPECT_EQ(r.frame->title(), "Natale");
-    EXPECT_EQ(r.nome->text(), "Mario Rossi                   ");
-    EXPECT_EQ(r.city->text().trimmed(), "Padova");
-    EXPECT_TRUE(r.data->text().startsWith("10/4/1987"));
-    EXPECT_EQ(r.teste[0]->text(), "   il                             alle         Estiva");
-    EXPECT_EQ(f.findChild<QLabel*>("Label38")->text(), "Luna GeoCentrica");
-    EXPECT_EQ(f.findChild<QLabel*>("Label39")->text(), "Luna Nera Vera");
-    for (int i = 1; i <= 3; ++i) {
-        EXPECT_FALSE(f.riquadri[static_cast<std::size_t>(i)].frame->isEnabled());
-        EXPECT_TRUE(f.riquadri[static_cast<std::size_t>(i)].nome->isHidden());
-    }
-    EXPECT_TRUE(f.findChild<QPushButton*>("cmdAA_Tra")->isHidden());
-    EXPECT_TRUE(m.registro.empty());
+QWidget* Aperta(const char* nome) {
+    for (QWidget* w : QApplication::topLevelWidgets())
+        if (w->objectName() == nome && w->isVisible()) return w;
+    return nullptr;
 }
-
-TEST_F(Menu, TransitoDallInput) {
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    Tema offerto;
-    f.InputDati = [&](const RichiestaInputDati&) {
-        offerto = s.TemaX;
-        // The user changes the date and presses Calcola.
-        s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
-        s.DatiOk = -1;
-        return EsitoInputDati{true};
-    };
-    f.mnuTransitInput->trigger();
-    // The first transit starts from the natal place, with " Tra" from the 25th character.
-    EXPECT_EQ(offerto.Nome.str(), "Mario Rossi              Tra  ");
-    EXPECT_EQ(offerto.Lat, s.TemaNat.Lat);
-    EXPECT_EQ(s.TransitoCalcolato, -1);
-    EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
-    EXPECT_NE(s.PosTra.Sole.Lo, 0);
-    EXPECT_TRUE(f.riquadri[1].frame->isEnabled());
-    EXPECT_FALSE(f.riquadri[1].nome->isHidden());
-    EXPECT_FALSE(f.findChild<QPushButton*>("cmdAA_Tra")->isHidden());
-    // A second transit starts from the first.
-    f.InputDati = [&](const RichiestaInputDati&) {
-        offerto = s.TemaX;
-        return EsitoInputDati{};
-    };
-    f.mnuTransitInput->trigger();
-    EXPECT_EQ(offerto.Day, GiornoGiuliano(2000, 11, 8));
-    // Cancelled: the slot stays.
-    EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
-
-    // Topocentric Moon: the natal slot is recast and the others emptied.
-    double geo = s.PosNat.Luna.Lo;
-    f.mnuFileLunaTopo->trigger();
-    EXPECT_EQ(s.LunaGeo, 0);
-    EXPECT_EQ(f.findChild<QLabel*>("Label38")->text(), "Luna TopoCentrica");
-    EXPECT_NE(s.PosNat.Luna.Lo, geo);
-    EXPECT_EQ(s.TransitoCalcolato, 0);
-    EXPECT_EQ(s.TemaTra, Tema{});
-    EXPECT_FALSE(f.riquadri[1].frame->isEnabled());
-    EXPECT_TRUE(f.findChild<QPushButton*>("cmdAA_Tra")->isHidden());
-    f.mnuFileLunaNMedia->trigger();
-    EXPECT_EQ(f.findChild<QLabel*>("Label39")->text(), "Luna Nera Media");
-    f.mnuFileLunaNVera->trigger();
-    EXPECT_EQ(f.findChild<QLabel*>("Label39")->text(), "Luna  Nera  Vera");
-}
-
-TEST_F(Menu, CommentoDelloSlot) {
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    f.ApriMemo(0);
-    frmMemo* w = nullptr;
-    for (QWidget* t : QApplication::topLevelWidgets())
-        if (t->objectName() == "frmMemo" && t->isVisible()) w = qobject_cast<frmMemo*>(t);
-    ASSERT_NE(w, nullptr);
-    EXPECT_EQ(w->windowTitle(),
-              "Lyx - Commenti  su   [Tema Natale] - Mario Rossi                   ");
-    w->Text1->setPlainText("Ascendente in Bilancia");
-    w->Command1->click();
-    EXPECT_EQ(s.TemaNat.Cmto, "Ascendente in Bilancia");
-    EXPECT_EQ(f.riquadri[0].frame->title(), "Natale (salva Cmto)");
-    ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - Salvo Cmto");
-    EXPECT_EQ(m.registro[0].testo, "Ok! Salvato Cmto su  Tema N.\n\nPer avere una registrazione "
-                                   "PERMANENTE \nbisogna anche salvare Tema N.  sul disco\n");
-    // A refresh of the natal frame now shows the comment's mark.
-    f.riquadri[0].tag = "oK";
-    f.Command2->click();
-    EXPECT_EQ(f.riquadri[0].frame->title(), "Natale  (Cmto)");
-}
-
-// The refresh redraws the first tagged frame only, and clears every tag.
-TEST_F(Menu, AggiornaConDueEtichette) {
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    s.TemaRiv = s.TemaNat;
-    s.TemaRiv.Nome = "Rivoluzione 2001";
-    s.TemaNat.Nome = "Luigi Verdi";
-    f.riquadri[0].tag = "oK";
-    f.riquadri[2].tag = "oK";
-    f.Command2->click();
-    EXPECT_EQ(f.riquadri[0].nome->text().trimmed(), "Luigi Verdi");
-    EXPECT_FALSE(f.riquadri[2].frame->isEnabled());
-    EXPECT_TRUE(f.riquadri[2].nome->isHidden());
-    for (const auto& r : f.riquadri)
-        EXPECT_TRUE(r.tag.isEmpty());
-    // Untagged, the revolution's frame is not redrawn; tagged, it is, and its tag goes.
-    f.AggiornaFrames(3);
-    EXPECT_FALSE(f.riquadri[2].frame->isEnabled());
-    f.riquadri[2].tag = "oK";
-    f.AggiornaFrames(3);
-    EXPECT_TRUE(f.riquadri[2].frame->isEnabled());
-    EXPECT_EQ(f.riquadri[2].nome->text().trimmed(), "Rivoluzione 2001");
-    EXPECT_TRUE(f.riquadri[2].tag.isEmpty());
-}
-
-// Saving a slot: the archive gets the chart, the entry its check mark, and a slot with a comment
-// shows it in its frame's caption; a save cancelled at "Tema Doppio" keeps the mark of the earlier
-// save.
-TEST_F(Menu, SalvoSegnaLaVoce) {
-    vesmo::test::Cartella cartella;
-    percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
-    {
-        Database db;
-        db.Crea(percorsi.FileDB);
-        CreaSchemaLuoghi(db);
-    }
-    CreaArchivio(percorsi.FileDB, "Clienti");
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    s.TemaNat.Cmto = "Ascendente in Bilancia";
-    QAction* voce = f.findChild<QAction*>("mnuFileSalvoTN");
-    ASSERT_NE(voce, nullptr);
-    EXPECT_FALSE(voce->isChecked());
-
-    AlModale("frmSalvoLyx", [](QWidget* w) {
-        auto* lista = Figlio<QListWidget>(w, "lstArchivi");
-        ASSERT_EQ(lista->count(), 1);
-        lista->setCurrentRow(0);
-        Figlio<QPushButton>(w, "cmdSalva")->click();
-    });
-    voce->trigger();
-    EXPECT_TRUE(voce->isChecked());
-    EXPECT_EQ(f.riquadri[0].frame->title(), "Natale (Cmto)");
-    EXPECT_EQ(s.SalvatoOk, 0);
-    {
-        Database db(percorsi.FileDB);
-        Cursore rs(db, "Clienti");
-        ASSERT_FALSE(rs.Eof());
-        Tema letto;
-        LeggiRecordTema(rs, letto);
-        EXPECT_EQ(letto.Nome.Valore(), "Mario Rossi");
-        EXPECT_EQ(letto.Cmto, "Ascendente in Bilancia");
-    }
-
-    // The same chart again: the user cancels at the duplicate's question. The slot was saved
-    // before, and its mark stays.
-    m.risposte = {Risposta::Annulla};
-    AlModale("frmSalvoLyx", [](QWidget* w) { Figlio<QPushButton>(w, "cmdSalva")->click(); });
-    voce->trigger();
-    EXPECT_TRUE(voce->isChecked());
-    ASSERT_FALSE(m.registro.empty());
-    EXPECT_EQ(m.registro.back().titolo, "Tema Doppio");
-}
-
-TEST_F(Menu, ChiusuraRifiutataEUscita) {
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    EXPECT_FALSE(f.close());
-    ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - ControlBox");
-    EXPECT_EQ(m.registro[0].testo, "Menu  File + Esci ");
-
-    s.TemaRiv = s.TemaNat;
-    s.RivoluzioneCalcolata = -1;
-    s.JDRivoluzione = 2450000;
-    bool tornato = false;
-    f.TornaAVesmo = [&] { tornato = true; };
-    f.Command1->click();
-    EXPECT_TRUE(tornato);
-    EXPECT_EQ(s.TemaRiv, Tema{});
-    EXPECT_EQ(s.RivoluzioneCalcolata, 0);
-    EXPECT_EQ(s.JDRivoluzione, -1.0);
-    EXPECT_EQ(s.TemaNat.Nome.Valore(), "Mario Rossi");
-}
-
-TEST_F(Menu, FinestreDelloSlot) {
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    auto aperta = [](const char* nome) -> QWidget* {
-        for (QWidget* w : QApplication::topLevelWidgets())
-            if (w->objectName() == nome && w->isVisible()) return w;
-        return nullptr;
-    };
-    f.findChild<QAction*>("mnUnCieloDomi")->trigger();
-    QWidget* d = aperta("frmDomicili");
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(d->windowTitle(),
-              "Lyx - Domiciliazioni di [tema natale] Mario Rossi                   ");
-    EXPECT_EQ(s.PosDomi, s.PosNat);
-    f.findChild<QAction*>("mnUnCieloPosizione")->trigger();
-    ASSERT_NE(aperta("frmOutDati"), nullptr);
-    EXPECT_EQ(s.TemaX, s.TemaNat);
-    f.findChild<QAction*>("mnUnCieloAO")->trigger();
-    ASSERT_NE(aperta("frmSelAspetti"), nullptr);
-    EXPECT_EQ(s.TemaY, s.TemaNat);
-    // The refresh closes the dignities and the selection; a new chart closes them all.
-    f.Command2->click();
-    QApplication::processEvents();
-    EXPECT_EQ(aperta("frmDomicili"), nullptr);
-    EXPECT_EQ(aperta("frmSelAspetti"), nullptr);
-    EXPECT_NE(aperta("frmOutDati"), nullptr);
-    f.ChiudiSecondarie();
-    QApplication::processEvents();
-    EXPECT_EQ(aperta("frmOutDati"), nullptr);
-}
-
-TEST_F(Menu, TraSuiCaratteriDa25A28) {
-    s.TemaX.Nome = "Anna Maria Bianchi in Ferraris";
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    Tema offerto;
-    f.InputDati = [&](const RichiestaInputDati&) {
-        offerto = s.TemaX;
-        return EsitoInputDati{};
-    };
-    f.mnuTransitInput->trigger();
-    EXPECT_EQ(offerto.Nome.str(), "Anna Maria Bianchi in Fe Trais");
-}
-
-namespace {
-
 // The positions windows open, by the chart they show.
 std::vector<frmOutDati*> FinestrePosizioni() {
     std::vector<frmOutDati*> v;
@@ -300,18 +55,258 @@ int Aperte(const char* nome) {
 
 } // namespace
 
+TEST_F(Menu, IlTemaDiPartenzaDiventaNatale) {
+    EXPECT_EQ(f->windowTitle(), "Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria.");
+    EXPECT_EQ(s.MenuPronto, -1);
+    // The positions were cast: the Sun at 20° Aries.
+    constexpr double TolleranzaSole = 0.01; // degrees, the figure's last digit
+    EXPECT_NEAR(s.PosNat.Sole.Lo, 20.31, TolleranzaSole);
+    auto& r = f->riquadri[0];
+    EXPECT_EQ(r.frame->title(), "Natale");
+    EXPECT_EQ(r.nome->text(), "Mario Rossi                   ");
+    EXPECT_TRUE(r.data->text().startsWith("10/4/1987"));
+    EXPECT_EQ(r.teste[0]->text(), "   il                             alle         Estiva");
+    vesmo::test::Testi(f.get(), {{"Label38", "Luna GeoCentrica"}, {"Label39", "Luna Nera Vera"}});
+    for (std::size_t i = 1; i <= 3; ++i)
+        EXPECT_TRUE(!f->riquadri[i].frame->isEnabled() && f->riquadri[i].nome->isHidden()) << i;
+    EXPECT_TRUE(f->findChild<QPushButton*>("cmdAA_Tra")->isHidden());
+    EXPECT_TRUE(m.registro.empty());
+}
+
+// The entries of the time menus, in their order, and where the File menu's additions stand.
+TEST_F(Menu, VociDeiMenu) {
+    auto voci = [](QMenu* menu, bool nomi = false) {
+        QStringList v;
+        for (QAction* a : menu->actions())
+            v << (a->isSeparator() ? QStringLiteral("-") : nomi ? a->objectName() : a->text());
+        return v;
+    };
+    const QStringList riv = voci(f->mnuRiv);
+    EXPECT_EQ(riv.mid(0, 2), (QStringList{"&Solari", "&Lunari"}));
+    EXPECT_EQ(riv.mid(riv.size() - 2), (QStringList{"C&mto", "&Ruota Doppia"}));
+    EXPECT_EQ(voci(f->mnuRiv, true).mid(riv.size() - 2), (QStringList{"mnuRivMemo", "mnuRivR"}));
+    auto* lun = f->findChild<QMenu*>("mnuRivLun");
+    ASSERT_NE(lun, nullptr);
+    EXPECT_EQ(voci(lun), (QStringList{"&Tropiche", "S&inodiche"}));
+    EXPECT_EQ(voci(f->mnuDir),
+              (QStringList{"&Secondarie", "&Frazione di anno (secondarie)", "&Posizioni ",
+                           "&Domiciliazioni", "C&mto", "&Ruota Doppia"}));
+    EXPECT_EQ(voci(f->mnuDir, true).mid(4), (QStringList{"mnuDirMemo", "mnuDirRuotaDoppia"}));
+    EXPECT_EQ(
+        voci(f->mnuTransiti),
+        (QStringList{"Calcolo Trans&ito Nuovo", "&Posizioni ", "&Domiciliazioni",
+                     "Ingressi nei &Segni", "Calendario &Transiti...", "C&mto", "&Ruota doppia"}));
+    EXPECT_EQ(voci(f->mnuTransiti, true).mid(3),
+              (QStringList{"mnuTransitiI", "mnuTransitiC", "mnuTransitiMemo", "mnuTransitiR"}));
+    for (const char* n :
+         {"mnuRivSol", "mnuRivLunT", "mnuRivLunS", "mnuDirSec", "mnuDirFra", "mnuHeDirFrAnno"})
+        Voce(n);
+    // In the File menu "&Importa" stands before "S&alvo", "&Stampe" before the way out.
+    const QStringList file = voci(f->mnuFile), nomi = voci(f->mnuFile, true);
+    const auto importa = nomi.indexOf("mnuFileImporta");
+    ASSERT_GE(importa, 0);
+    EXPECT_EQ(file.mid(importa, 2), (QStringList{"&Importa", "S&alvo"}));
+    const auto stampe = nomi.indexOf("mnuFileStampe");
+    ASSERT_GT(stampe, 0);
+    EXPECT_EQ(nomi.mid(stampe), (QStringList{"mnuFileStampe", "-", "mnuFileEsci"}));
+    EXPECT_EQ(file[stampe], "&Stampe");
+}
+
+TEST_F(Menu, TransitoDallInput) {
+    Tema offerto;
+    f->InputDati = [&](const RichiestaInputDati&) {
+        offerto = s.TemaX;
+        // The user changes the date and presses Calcola.
+        s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
+        s.DatiOk = -1;
+        return EsitoInputDati{true};
+    };
+    f->mnuTransitInput->trigger();
+    // The first transit starts from the natal place, with " Tra" from the 25th character.
+    EXPECT_EQ(offerto.Nome.str(), "Mario Rossi              Tra  ");
+    EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
+    EXPECT_TRUE(f->riquadri[1].frame->isEnabled());
+    EXPECT_FALSE(f->findChild<QPushButton*>("cmdAA_Tra")->isHidden());
+    // A second transit starts from the first.
+    f->InputDati = [&](const RichiestaInputDati&) {
+        offerto = s.TemaX;
+        return EsitoInputDati{};
+    };
+    f->mnuTransitInput->trigger();
+    EXPECT_EQ(offerto.Day, GiornoGiuliano(2000, 11, 8));
+    // Cancelled: the slot stays.
+    EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
+
+    // Topocentric Moon: the natal slot is recast and the others emptied.
+    double geo = s.PosNat.Luna.Lo;
+    f->mnuFileLunaTopo->trigger();
+    EXPECT_NE(s.PosNat.Luna.Lo, geo);
+    EXPECT_EQ(s.TemaTra, Tema{});
+    EXPECT_TRUE(f->findChild<QPushButton*>("cmdAA_Tra")->isHidden());
+    f->mnuFileLunaNMedia->trigger();
+    vesmo::test::Testi(f.get(), {{"Label38", "Luna TopoCentrica"}, {"Label39", "Luna Nera Media"}});
+    f->mnuFileLunaNVera->trigger();
+    vesmo::test::Testi(f.get(), {{"Label39", "Luna  Nera  Vera"}});
+}
+
+TEST_F(Menu, CommentoDelloSlot) {
+    f->ApriMemo(0);
+    auto* w = qobject_cast<frmMemo*>(Aperta("frmMemo"));
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(w->windowTitle(),
+              "Lyx - Commenti  su   [Tema Natale] - Mario Rossi                   ");
+    w->Text1->setPlainText("Ascendente in Bilancia");
+    w->Command1->click();
+    EXPECT_EQ(s.TemaNat.Cmto, "Ascendente in Bilancia");
+    EXPECT_EQ(f->riquadri[0].frame->title(), "Natale (salva Cmto)");
+    ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Salvo Cmto",
+                          "Ok! Salvato Cmto su  Tema N.\n\nPer avere una registrazione "
+                          "PERMANENTE \nbisogna anche salvare Tema N.  sul disco\n"));
+    // A refresh of the natal frame now shows the comment's mark.
+    f->riquadri[0].tag = "oK";
+    f->Command2->click();
+    EXPECT_EQ(f->riquadri[0].frame->title(), "Natale  (Cmto)");
+}
+
+// The refresh redraws the first tagged frame only, and clears every tag.
+TEST_F(Menu, AggiornaConDueEtichette) {
+    s.TemaRiv = s.TemaNat;
+    s.TemaRiv.Nome = "Rivoluzione 2001";
+    s.TemaNat.Nome = "Luigi Verdi";
+    f->riquadri[0].tag = "oK";
+    f->riquadri[2].tag = "oK";
+    f->Command2->click();
+    EXPECT_EQ(f->riquadri[0].nome->text().trimmed(), "Luigi Verdi");
+    EXPECT_TRUE(f->riquadri[2].nome->isHidden());
+    for (const auto& r : f->riquadri)
+        EXPECT_TRUE(r.tag.isEmpty());
+}
+
+// Saving a slot: the archive gets the chart, the entry its check mark, and a slot with a comment
+// shows it in its frame's caption; a save cancelled at "Tema Doppio" keeps the mark of the earlier
+// save.
+TEST_F(Menu, SalvoSegnaLaVoce) {
+    vesmo::test::Cartella cartella;
+    percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
+    {
+        Database db;
+        db.Crea(percorsi.FileDB);
+        CreaSchemaLuoghi(db);
+    }
+    CreaArchivio(percorsi.FileDB, "Clienti");
+    Carica(vesmo::test::NataleDiProva());
+    s.TemaNat.Cmto = "Ascendente in Bilancia";
+    QAction* voce = Voce("mnuFileSalvoTN");
+    ASSERT_NE(voce, nullptr);
+
+    AlModale("frmSalvoLyx", [](QWidget* w) {
+        auto* lista = Figlio<QListWidget>(w, "lstArchivi");
+        ASSERT_EQ(lista->count(), 1);
+        lista->setCurrentRow(0);
+        Figlio<QPushButton>(w, "cmdSalva")->click();
+    });
+    voce->trigger();
+    EXPECT_TRUE(voce->isChecked());
+    EXPECT_EQ(f->riquadri[0].frame->title(), "Natale (Cmto)");
+    EXPECT_EQ(s.SalvatoOk, 0);
+    {
+        Database db(percorsi.FileDB);
+        Cursore rs(db, "Clienti");
+        ASSERT_FALSE(rs.Eof());
+        Tema letto;
+        LeggiRecordTema(rs, letto);
+        EXPECT_EQ(letto.Cmto, "Ascendente in Bilancia");
+    }
+
+    // The same chart again: the user cancels at the duplicate's question. The slot was saved
+    // before, and its mark stays.
+    m.risposte = {Risposta::Annulla};
+    AlModale("frmSalvoLyx", [](QWidget* w) { Figlio<QPushButton>(w, "cmdSalva")->click(); });
+    voce->trigger();
+    EXPECT_TRUE(voce->isChecked());
+    ASSERT_FALSE(m.registro.empty());
+    EXPECT_EQ(m.registro.back().titolo, "Tema Doppio");
+}
+
+TEST_F(Menu, ChiusuraRifiutataEUscita) {
+    EXPECT_FALSE(f->close());
+    ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - ControlBox", "Menu  File + Esci "));
+
+    s.TemaRiv = s.TemaNat;
+    s.RivoluzioneCalcolata = -1;
+    s.JDRivoluzione = 2450000;
+    bool tornato = false;
+    f->TornaAVesmo = [&] { tornato = true; };
+    f->Command1->click();
+    EXPECT_TRUE(tornato);
+    EXPECT_EQ(s.TemaRiv, Tema{});
+    EXPECT_EQ(s.RivoluzioneCalcolata, 0);
+    EXPECT_EQ(s.JDRivoluzione, -1.0);
+}
+
+TEST_F(Menu, FinestreDelloSlot) {
+    Voce("mnUnCieloDomi")->trigger();
+    QWidget* d = Aperta("frmDomicili");
+    ASSERT_NE(d, nullptr);
+    EXPECT_EQ(d->windowTitle(),
+              "Lyx - Domiciliazioni di [tema natale] Mario Rossi                   ");
+    EXPECT_EQ(s.PosDomi, s.PosNat);
+    Voce("mnUnCieloPosizione")->trigger();
+    ASSERT_NE(Aperta("frmOutDati"), nullptr);
+    EXPECT_EQ(s.TemaX, s.TemaNat);
+    Voce("mnUnCieloAO")->trigger();
+    ASSERT_NE(Aperta("frmSelAspetti"), nullptr);
+    EXPECT_EQ(s.TemaY, s.TemaNat);
+    // The refresh closes the dignities and the selection; a new chart closes them all.
+    f->Command2->click();
+    QApplication::processEvents();
+    EXPECT_EQ(Aperta("frmDomicili"), nullptr);
+    EXPECT_EQ(Aperta("frmSelAspetti"), nullptr);
+    EXPECT_NE(Aperta("frmOutDati"), nullptr);
+    f->ChiudiSecondarie();
+    QApplication::processEvents();
+    EXPECT_EQ(Aperta("frmOutDati"), nullptr);
+
+    // One window a slot: the dignities of two slots, one aspect selection; closed, they open anew.
+    for (int volta = 0; volta < 2; ++volta) {
+        Voce("mnUnCieloDomi")->trigger();
+        Voce("mnuTransitiD")->trigger();
+        Voce("mnUnCieloAO")->trigger();
+    }
+    EXPECT_EQ(Aperte("frmDomicili"), 2);
+    EXPECT_EQ(Aperte("frmSelAspetti"), 1);
+    f->ChiudiSecondarie();
+    QApplication::processEvents();
+    Voce("mnUnCieloDomi")->trigger();
+    EXPECT_EQ(Aperte("frmDomicili"), 1);
+    f->ChiudiSecondarie();
+    QApplication::processEvents();
+}
+
+// " Tra" overwrites the 25th to 28th characters of a long name.
+TEST_F(Menu, TraSuiCaratteriDa25A28) {
+    Tema natale = vesmo::test::NataleDiProva();
+    natale.Nome = "Anna Maria Bianchi in Ferraris";
+    Carica(natale);
+    Tema offerto;
+    f->InputDati = [&](const RichiestaInputDati&) {
+        offerto = s.TemaX;
+        return EsitoInputDati{};
+    };
+    f->mnuTransitInput->trigger();
+    EXPECT_EQ(offerto.Nome.str(), "Anna Maria Bianchi in Fe Trais");
+}
+
 TEST_F(Menu, BarraDelTempoSoloSulTransito) {
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
     s.TemaX = s.TemaNat;
     s.TemaX.Nome = "Transito di prova";
     s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
-    f.InstallaTema(1);
+    f->InstallaTema(1);
     s.TransitoCalcolato = -1;
     const Tema transito = s.TemaTra;
 
-    f.findChild<QAction*>("mnuTransitiP")->trigger();
-    f.findChild<QAction*>("mnUnCieloPosizione")->trigger();
+    Voce("mnuTransitiP")->trigger();
+    Voce("mnUnCieloPosizione")->trigger();
     frmOutDati* tra = PosizioniDi("Transito di prova");
     frmOutDati* nat = PosizioniDi("Mario Rossi");
     ASSERT_NE(tra, nullptr);
@@ -324,8 +319,8 @@ TEST_F(Menu, BarraDelTempoSoloSulTransito) {
     EXPECT_EQ(nat->TemaMostrato().Nome.Valore(), "Mario Rossi");
 
     // Opening again brings the open window forward: still one a slot.
-    f.findChild<QAction*>("mnuTransitiP")->trigger();
-    f.findChild<QAction*>("mnUnCieloPosizione")->trigger();
+    Voce("mnuTransitiP")->trigger();
+    Voce("mnUnCieloPosizione")->trigger();
     EXPECT_EQ(FinestrePosizioni().size(), 2u);
 
     // Closing the natal window leaves the transit's toolbar working.
@@ -335,30 +330,11 @@ TEST_F(Menu, BarraDelTempoSoloSulTransito) {
     EXPECT_DOUBLE_EQ(s.TemaTra.Day, transito.Day + 1);
     EXPECT_EQ(s.Ruote.TransitoPosizioni, -1);
     // And a natal window opened after it has no toolbar either.
-    f.findChild<QAction*>("mnUnCieloPosizione")->trigger();
+    Voce("mnUnCieloPosizione")->trigger();
     ASSERT_NE(PosizioniDi("Mario Rossi"), nullptr);
     EXPECT_TRUE(PosizioniDi("Mario Rossi")->Toolbar1->isHidden());
     tra->close();
     EXPECT_EQ(s.Ruote.TransitoPosizioni, 0);
-    f.ChiudiSecondarie();
-    QApplication::processEvents();
-}
-
-TEST_F(Menu, UnaFinestraPerSlot) {
-    frmMenu f(s, percorsi, m);
-    f.Form_Load();
-    for (int volta = 0; volta < 2; ++volta) {
-        f.findChild<QAction*>("mnUnCieloDomi")->trigger();
-        f.findChild<QAction*>("mnuTransitiD")->trigger();
-        f.findChild<QAction*>("mnUnCieloAO")->trigger();
-    }
-    EXPECT_EQ(Aperte("frmDomicili"), 2);
-    EXPECT_EQ(Aperte("frmSelAspetti"), 1);
-    f.ChiudiSecondarie();
-    QApplication::processEvents();
-    // Closed, they open anew.
-    f.findChild<QAction*>("mnUnCieloDomi")->trigger();
-    EXPECT_EQ(Aperte("frmDomicili"), 1);
-    f.ChiudiSecondarie();
+    f->ChiudiSecondarie();
     QApplication::processEvents();
 }

