@@ -21,12 +21,12 @@
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
 frmSelAspetti::frmSelAspetti(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
-    : QWidget(genitore), s_(sessione), aspetti_(sessione.Aspetti), stato_(sessione.Ruote),
-      propri_(messaggi, this), messaggi_(propri_) {
+    : QWidget(genitore), s_(sessione), propri_(messaggi, this), messaggi_(propri_) {
     setObjectName("frmSelAspetti");
     setWindowFlag(Qt::Window);
     setAttribute(Qt::WA_DeleteOnClose, false);
@@ -34,14 +34,19 @@ frmSelAspetti::frmSelAspetti(Sessione& sessione, Messaggi& messaggi, QWidget* ge
     ChiudiConEsc(this);
 
     barraMenu = new QMenuBar(this);
-    mnuE = barraMenu->addAction(QStringLiteral("&Esci "));
-    mnuE->setObjectName("mnuE");
-    mnuA = barraMenu->addAction(QStringLiteral("&?"));
-    mnuA->setObjectName("mnuA");
+    mnuE = Nome(barraMenu->addAction(QStringLiteral("&Esci ")), "mnuE");
+    mnuA = Nome(barraMenu->addAction(QStringLiteral("&?")), "mnuA");
+    CreaGriglia();
+    CreaInterruttori();
+    CreaOrbita();
+    Disponi();
+    Collega();
+    Carica();
+}
 
+void frmSelAspetti::CreaGriglia() {
     // The grid: two rows a point, the heads dark.
-    MSFlexGrid1 = new QTableWidget(30, 15, this);
-    MSFlexGrid1->setObjectName("MSFlexGrid1");
+    MSFlexGrid1 = Nome(new QTableWidget(30, 15, this), "MSFlexGrid1");
     MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     MSFlexGrid1->setStyleSheet(
         QStringLiteral("QHeaderView::section { background-color: #505050; color: white; "
@@ -51,29 +56,26 @@ frmSelAspetti::frmSelAspetti(Sessione& sessione, Messaggi& messaggi, QWidget* ge
     MSFlexGrid1->verticalHeader()->setMinimumWidth(80);
 
     // The legend of the dark heads: the inner chart's points down the side, the outer's across.
-    Label2 = new QLabel(QStringLiteral("Pianeti  INTERNI   sulla COLONNA  scura") +
-                            QString(52, QLatin1Char(' ')) +
-                            QStringLiteral("Pianeti  ESTERNI  sulla  RIGA  scura"),
-                        this);
-    Label2->setObjectName("Label2");
+    Label2 = Nome(new QLabel(QStringLiteral("Pianeti  INTERNI   sulla COLONNA  scura") +
+                                 QString(52, QLatin1Char(' ')) +
+                                 QStringLiteral("Pianeti  ESTERNI  sulla  RIGA  scura"),
+                             this),
+                  "Label2");
     Label2->setTextFormat(Qt::PlainText);
+}
 
+void frmSelAspetti::CreaInterruttori() {
     // The switches of the wheels' aspects.
-    Frame2 = new QGroupBox(QStringLiteral("Asp. sulla Ruota"), this);
-    Frame2->setObjectName("Frame2");
-    Option1 = new QRadioButton(QStringLiteral("MAGGIORI"), Frame2);
-    Option1->setObjectName("Option1");
-    Option2 = new QRadioButton(QStringLiteral("TUTTI"), Frame2);
-    Option2->setObjectName("Option2");
-    Label3 = new QLabel(QStringLiteral(" Selezione >>>"), Frame2);
-    Label3->setObjectName("Label3");
+    Frame2 = Riquadro(this, "Frame2", "Asp. sulla Ruota");
+    Option1 = Nome(new QRadioButton(QStringLiteral("MAGGIORI"), Frame2), "Option1");
+    Option2 = Nome(new QRadioButton(QStringLiteral("TUTTI"), Frame2), "Option2");
+    Label3 = Etichetta(Frame2, " Selezione >>>", "Label3");
     auto* lf = new QHBoxLayout(Frame2);
     lf->addWidget(Option1);
     lf->addWidget(Option2);
     lf->addStretch(1);
     lf->addWidget(Label3);
-    List1 = new QListWidget(this);
-    List1->setObjectName("List1");
+    List1 = Nome(new QListWidget(this), "List1");
     List1->setSelectionMode(QAbstractItemView::MultiSelection);
     for (int k = 0; k < NumeroAspetti; ++k) {
         const auto i = static_cast<std::size_t>(k);
@@ -82,20 +84,19 @@ frmSelAspetti::frmSelAspetti(Sessione& sessione, Messaggi& messaggi, QWidget* ge
     }
     List1->setFixedHeight(List1->sizeHintForRow(0) * 6 + 2 * List1->frameWidth());
     List1->viewport()->installEventFilter(this);
+}
 
-    Label1 = new QLabel(QStringLiteral("Orbita degli Aspetti"), this);
-    Label1->setObjectName("Label1");
-    Text1 = new QLineEdit(this);
-    Text1->setObjectName("Text1");
-    Text1->setMaximumWidth(80);
+void frmSelAspetti::CreaOrbita() {
+    Label1 = Etichetta(this, "Orbita degli Aspetti", "Label1");
+    Text1 = Casella(this, "Text1", 80);
     // What is wrong with the orb typed, said quietly while the user is still typing.
-    lblOrbita = new QLabel(this);
-    lblOrbita->setObjectName("lblOrbita");
+    lblOrbita = Etichetta(this, "", "lblOrbita");
     lblOrbita->setTextFormat(Qt::PlainText);
     lblOrbita->setStyleSheet(QStringLiteral("color: #b00000;"));
-    Command1 = new QPushButton(QStringLiteral("&Esci "), this);
-    Command1->setObjectName("Command1");
+    Command1 = Pulsante(this, "Command1", "&Esci ");
+}
 
+void frmSelAspetti::Disponi() {
     auto* orbita = new QVBoxLayout;
     orbita->addWidget(Label1);
     orbita->addWidget(Text1);
@@ -116,25 +117,29 @@ frmSelAspetti::frmSelAspetti(Sessione& sessione, Messaggi& messaggi, QWidget* ge
     tutto->addWidget(MSFlexGrid1, 1);
     tutto->addLayout(piede);
     resize(1000, 700);
+}
 
+void frmSelAspetti::Collega() {
     connect(mnuE, &QAction::triggered, this, &frmSelAspetti::Command1_Click);
     connect(mnuA, &QAction::triggered, this, &frmSelAspetti::mnuA_Click);
     connect(Command1, &QPushButton::clicked, this, &frmSelAspetti::Command1_Click);
     connect(Option1, &QRadioButton::clicked, this, &frmSelAspetti::Option1_Click);
     connect(Option2, &QRadioButton::clicked, this, &frmSelAspetti::Option2_Click);
     connect(Text1, &QLineEdit::textChanged, this, &frmSelAspetti::Text1_Change);
+}
 
-    // Load: the list from the switches, the heads' legend when two charts are compared, and
+void frmSelAspetti::Carica() {
+    // The list from the switches, the heads' legend when two charts are compared, and
     // the orb, whose change builds the grid.
     for (int k = 0; k < NumeroAspetti; ++k)
-        List1->item(k)->setSelected(aspetti_.AspettoAttivo[static_cast<std::size_t>(k)] != 0);
-    Label2->setVisible(stato_.AspettiComparati != 0);
-    Text1->setText(QS(TestoSingolo(aspetti_.Orbita)));
+        List1->item(k)->setSelected(s_.Aspetti.AspettoAttivo[static_cast<std::size_t>(k)] != 0);
+    Label2->setVisible(s_.Ruote.AspettiComparati != 0);
+    Text1->setText(QS(TestoSingolo(s_.Aspetti.Orbita)));
 }
 
 void frmSelAspetti::CostruisciGriglia() {
     const GrigliaAspetti g = vesmo::CostruisciGriglia(
-        s_.PosX, s_.PosY, stato_.AspettiComparati != 0, aspetti_.Orbita, aspetti_.ArcoSolare);
+        s_.PosX, s_.PosY, s_.Ruote.AspettiComparati != 0, s_.Aspetti.Orbita, s_.Aspetti.ArcoSolare);
     MSFlexGrid1->clear();
     QStringList colonne, righe;
     for (std::size_t j = 1; j < 16; ++j)
@@ -168,14 +173,14 @@ void frmSelAspetti::Text1_Change() {
     }
     Text1->setStyleSheet(QString());
     lblOrbita->clear();
-    aspetti_.Orbita = static_cast<float>(*v);
+    s_.Aspetti.Orbita = static_cast<float>(*v);
     ListaInAspetti();
     CostruisciGriglia();
 }
 
 void frmSelAspetti::ListaInAspetti() {
     for (int k = 0; k < NumeroAspetti; ++k)
-        aspetti_.AspettoAttivo[static_cast<std::size_t>(k)] =
+        s_.Aspetti.AspettoAttivo[static_cast<std::size_t>(k)] =
             List1->item(k)->isSelected() ? std::int16_t{-1} : std::int16_t{0};
 }
 
@@ -183,7 +188,7 @@ void frmSelAspetti::SelezionaDa(int ultimo) {
     for (int k = 0; k < NumeroAspetti; ++k) {
         const bool acceso = k <= ultimo;
         List1->item(k)->setSelected(acceso);
-        aspetti_.AspettoAttivo[static_cast<std::size_t>(k)] = acceso ? -1 : 0;
+        s_.Aspetti.AspettoAttivo[static_cast<std::size_t>(k)] = acceso ? -1 : 0;
     }
     List1->scrollToTop();
 }
@@ -238,15 +243,15 @@ void frmSelAspetti::mnuA_Click() {
 
 void frmSelAspetti::closeEvent(QCloseEvent* e) {
     // The wheel of the form that opened the selection is drawn again with the new switches.
-    if (stato_.SelezioneDaPosizioni && stato_.DisegnaAspetti) {
-        stato_.SelezioneDaPosizioni = 0;
+    if (s_.Ruote.SelezioneDaPosizioni && s_.Ruote.DisegnaAspetti) {
+        s_.Ruote.SelezioneDaPosizioni = 0;
         if (AggiornaPosizioni) AggiornaPosizioni();
     }
-    if (stato_.SelezioneDaStampe && stato_.DisegnaAspetti) {
-        stato_.SelezioneDaStampe = 0;
+    if (s_.Ruote.SelezioneDaStampe && s_.Ruote.DisegnaAspetti) {
+        s_.Ruote.SelezioneDaStampe = 0;
         if (AggiornaStampe) AggiornaStampe();
     }
-    stato_.AspettiComparati = 0;
+    s_.Ruote.AspettiComparati = 0;
     Label2->hide();
     e->accept();
 }

@@ -61,13 +61,20 @@ protected:
     bool eventFilter(QObject* o, QEvent* e) override;
 
 private:
+    // The construction's steps: the grid with its legend, the switches of the wheels' aspects,
+    // the orb and the exit, the layout, the events, and the load from the session's aspect
+    // table (the orb's change builds the grid).
+    void CreaGriglia();
+    void CreaInterruttori();
+    void CreaOrbita();
+    void Disponi();
+    void Collega();
+    void Carica();
     void ListaInAspetti();
     void SelezionaDa(int ultimo);
     void PulisciOpzioni();
 
     Sessione& s_;
-    TabellaAspetti& aspetti_;
-    StatoRuote& stato_;
     // The boxes raised here stand over this window.
     MessaggiDellaFinestra propri_;
     Messaggi& messaggi_;

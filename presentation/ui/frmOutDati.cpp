@@ -30,6 +30,7 @@
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"
+#include "core/ui/Controlli.h"
 #include "presentation/Ruota.h"
 #include "presentation/TabellaPosizioni.h"
 #include "presentation/ui/WidgetRuota.h"
@@ -67,6 +68,37 @@ const char* const RigheNodi[28] = {" NESSUN Nodo Planetario",
                                    "    Plutone  NodoNord",
                                    "    Plutone  NodoSud"};
 
+// A toggled menu entry.
+QAction* Interruttore(QAction* a) {
+    a->setCheckable(true);
+    return a;
+}
+
+// A button of the toolbar: its face and its tooltip.
+QAction* Tasto(QToolBar* barra, const char* nome, const char* faccia, const char* suggerimento) {
+    QAction* a = Azione(barra, nome, faccia);
+    a->setToolTip(QString::fromUtf8(suggerimento));
+    barra->addAction(a);
+    return a;
+}
+
+// The transit's time steps on the toolbar.
+struct Passo {
+    QAction* frmOutDati::*azione;
+    const char* chiave;
+    const char* faccia;
+    const char* suggerimento;
+    UnitaTempo unita;
+};
+const Passo Passi[] = {
+    {&frmOutDati::UnSec, "UnSec", "Sec", "Secondi", UnitaTempo::Secondi},
+    {&frmOutDati::UnMin, "UnMin", "Min", "Minuti", UnitaTempo::Minuti},
+    {&frmOutDati::UnOra, "UnOra", "Ore", "Ore", UnitaTempo::Ore},
+    {&frmOutDati::UnDay, "UnDay", "Giorni", "Days", UnitaTempo::Giorni},
+    {&frmOutDati::UnMese, "UnMese", "Mesi", "Mesi", UnitaTempo::Mesi},
+    {&frmOutDati::UnYear, "UnYear", "Anni", "Years", UnitaTempo::Anni},
+};
+
 // The position of a table row: 1..12 the cusps, 13..25 the bodies and both Black Moons.
 const Posizione& PosizioneDellaRiga(const Case& c, const Posizioni& p, int riga) {
     if (riga <= 12) return c[riga];
@@ -88,65 +120,52 @@ QString TestoQuando(const Quando& q) {
 
 frmOutDati::frmOutDati(Sessione& sessione, const std::string& fileDB, Messaggi& messaggi,
                        QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(sessione.Aspetti), stato_(sessione.Ruote),
-      fileDB_(fileDB), propri_(messaggi, this), messaggi_(propri_), tema_(sessione.TemaX),
-      pos_(sessione.PosX) {
+    : QMainWindow(genitore), s_(sessione), fileDB_(fileDB), propri_(messaggi, this),
+      messaggi_(propri_), tema_(sessione.TemaX), pos_(sessione.PosX) {
     setObjectName("frmOutDati");
     setAttribute(Qt::WA_DeleteOnClose, false);
     setWindowTitle(QStringLiteral("Lyx - Posizioni, Domicili, Aspetti"));
 
-    // Menus.
-    mnFile = menuBar()->addMenu(QStringLiteral("&File"));
-    mnFile->setObjectName("mnFile");
-    mnuAsc = mnFile->addMenu(QStringLiteral("RuotAscensionale"));
-    mnuAsc->setObjectName("mnuAsc");
-    mnuAR = mnuAsc->addAction(QStringLiteral("A. Rette ON / OFF "));
-    mnuAR->setObjectName("mnuAR");
-    mnuAR->setCheckable(true);
-    mnuAO = mnuAsc->addAction(QStringLiteral("A. Oblique ON / OFF"));
-    mnuAO->setObjectName("mnuAO");
-    mnuAO->setCheckable(true);
-    mnuAspS = mnFile->addAction(QStringLiteral("&Selezione  Aspetti e Orbita"));
-    mnuAspS->setObjectName("mnuAspS");
-    mnuAspDC = mnFile->addAction(QStringLiteral("&Disegna/Cancella  Aspetti"));
-    mnuAspDC->setObjectName("mnuAspDC");
-    mnuAspDC->setCheckable(true);
-    mnuDom = mnFile->addAction(QStringLiteral("D&omiciliazioni"));
-    mnuDom->setObjectName("mnuDom");
-    mnFilCarica = mnFile->addMenu(QStringLiteral("Carica Tema da Archivio"));
-    mnFilCarica->setObjectName("mnFilCarica");
-    mnFilCPrecedente = mnFilCarica->addAction(QStringLiteral("Tema Precedente"));
-    mnFilCPrecedente->setObjectName("mnFilCPrecedente");
-    mnFilCSuccessivo = mnFilCarica->addAction(QStringLiteral("Tema Successivo"));
-    mnFilCSuccessivo->setObjectName("mnFilCSuccessivo");
-    mnuAspE = mnFile->addAction(QStringLiteral("&Esci  "));
-    mnuAspE->setObjectName("mnuAspE");
-    mnuRot = menuBar()->addMenu(QStringLiteral("&Rotazioni"));
-    mnuRot->setObjectName("mnuRot");
-    mnuRotAri = mnuRot->addAction(QStringLiteral("Arie&te a Sinistra"));
-    mnuRotAri->setObjectName("mnuRotAri");
-    mnuRotAsc = mnuRot->addAction(QStringLiteral("&Ascendente a Sinistra"));
-    mnuRotAsc->setObjectName("mnuRotAsc");
-    mnuRotQ = mnuRot->addAction(QStringLiteral("Angolo &Qualsiasi"));
-    mnuRotQ->setObjectName("mnuRotQ");
+    CreaMenu();
+    CreaBarra();
+    CreaTabella();
+    CreaRuota();
+    Disponi();
+    Collega();
+    Form_Load();
+}
 
+void frmOutDati::CreaMenu() {
+    mnFile = Nome(menuBar()->addMenu(QStringLiteral("&File")), "mnFile");
+    mnuAsc = Nome(mnFile->addMenu(QStringLiteral("RuotAscensionale")), "mnuAsc");
+    mnuAR = Interruttore(Voce(mnuAsc, "mnuAR", "A. Rette ON / OFF "));
+    mnuAO = Interruttore(Voce(mnuAsc, "mnuAO", "A. Oblique ON / OFF"));
+    mnuAspS = Voce(mnFile, "mnuAspS", "&Selezione  Aspetti e Orbita");
+    mnuAspDC = Interruttore(Voce(mnFile, "mnuAspDC", "&Disegna/Cancella  Aspetti"));
+    mnuDom = Voce(mnFile, "mnuDom", "D&omiciliazioni");
+    mnFilCarica = Nome(mnFile->addMenu(QStringLiteral("Carica Tema da Archivio")), "mnFilCarica");
+    mnFilCPrecedente = Voce(mnFilCarica, "mnFilCPrecedente", "Tema Precedente");
+    mnFilCSuccessivo = Voce(mnFilCarica, "mnFilCSuccessivo", "Tema Successivo");
+    mnuAspE = Voce(mnFile, "mnuAspE", "&Esci  ");
+    mnuRot = Nome(menuBar()->addMenu(QStringLiteral("&Rotazioni")), "mnuRot");
+    mnuRotAri = Voce(mnuRot, "mnuRotAri", "Arie&te a Sinistra");
+    mnuRotAsc = Voce(mnuRot, "mnuRotAsc", "&Ascendente a Sinistra");
+    mnuRotQ = Voce(mnuRot, "mnuRotQ", "Angolo &Qualsiasi");
+}
+
+void frmOutDati::CreaBarra() {
     // The toolbar of the transit: the step, its spin buttons, six time units and the archive.
-    Toolbar1 = addToolBar(QStringLiteral("Toolbar1"));
-    Toolbar1->setObjectName("Toolbar1");
+    Toolbar1 = Nome(addToolBar(QStringLiteral("Toolbar1")), "Toolbar1");
     Toolbar1->setMovable(false);
-    txtTempi = new QLineEdit(QStringLiteral("1"), Toolbar1);
-    txtTempi->setObjectName("txtTempi");
-    txtTempi->setToolTip(QStringLiteral("Selezionare e premere uno dei pulsanti a dx "));
+    txtTempi = Casella(Toolbar1, "txtTempi", 0, "Selezionare e premere uno dei pulsanti a dx ");
+    txtTempi->setText(QStringLiteral("1"));
     txtTempi->setFixedWidth(48);
     txtTempi->setAlignment(Qt::AlignRight);
-    UpDown1 = new QWidget(Toolbar1);
-    UpDown1->setObjectName("UpDown1");
+    UpDown1 = Nome(new QWidget(Toolbar1), "UpDown1");
     UpDown1->setToolTip(QStringLiteral("Selezionare e premere uno dei pulsanti a dx"));
-    UpDown1Su = new QToolButton(UpDown1);
-    UpDown1Su->setObjectName("UpDown1Su");
+    UpDown1Su = Nome(new QToolButton(UpDown1), "UpDown1Su");
     UpDown1Su->setArrowType(Qt::UpArrow);
-    UpDown1Giu = new QToolButton(UpDown1);
-    UpDown1Giu->setObjectName("UpDown1Giu");
+    UpDown1Giu = Nome(new QToolButton(UpDown1), "UpDown1Giu");
     UpDown1Giu->setArrowType(Qt::DownArrow);
     for (QToolButton* b : {UpDown1Su, UpDown1Giu}) {
         b->setFixedSize(18, 12);
@@ -160,30 +179,16 @@ frmOutDati::frmOutDati(Sessione& sessione, const std::string& fileDB, Messaggi& 
     Toolbar1->addWidget(txtTempi);
     Toolbar1->addWidget(UpDown1);
     Toolbar1->addSeparator();
-    struct Pulsante {
-        QAction** azione;
-        const char* chiave;
-        const char* faccia;
-        const char* suggerimento;
-    };
-    const Pulsante pulsanti[8] = {{&UnSec, "UnSec", "Sec", "Secondi"},
-                                  {&UnMin, "UnMin", "Min", "Minuti"},
-                                  {&UnOra, "UnOra", "Ore", "Ore"},
-                                  {&UnDay, "UnDay", "Giorni", "Days"},
-                                  {&UnMese, "UnMese", "Mesi", "Mesi"},
-                                  {&UnYear, "UnYear", "Anni", "Years"},
-                                  {&DbPvs, "DbPvs", "\u25C0 Tema", "Tema Precedente - Previous"},
-                                  {&DbNext, "DbNext", "Tema \u25B6", "Tema Successivo - Next"}};
-    for (const Pulsante& p : pulsanti) {
-        if (p.azione == &DbPvs) Toolbar1->addSeparator();
-        *p.azione = Toolbar1->addAction(QString::fromUtf8(p.faccia));
-        (*p.azione)->setObjectName(p.chiave);
-        (*p.azione)->setToolTip(QString::fromUtf8(p.suggerimento));
-    }
+    for (const Passo& p : Passi)
+        this->*p.azione = Tasto(Toolbar1, p.chiave, p.faccia, p.suggerimento);
+    Toolbar1->addSeparator();
+    DbPvs = Tasto(Toolbar1, "DbPvs", "\u25C0 Tema", "Tema Precedente - Previous");
+    DbNext = Tasto(Toolbar1, "DbNext", "Tema \u25B6", "Tema Successivo - Next");
+}
 
+void frmOutDati::CreaTabella() {
     // The table and the result of a click in it.
-    MSFlexGrid1 = new QTableWidget(25, 10, this);
-    MSFlexGrid1->setObjectName("MSFlexGrid1");
+    MSFlexGrid1 = Nome(new QTableWidget(25, 10, this), "MSFlexGrid1");
     MSFlexGrid1->setEditTriggers(QAbstractItemView::NoEditTriggers);
     MSFlexGrid1->verticalHeader()->setSectionsClickable(true);
     MSFlexGrid1->verticalHeader()->setDefaultSectionSize(20);
@@ -196,57 +201,46 @@ frmOutDati::frmOutDati(Sessione& sessione, const std::string& fileDB, Messaggi& 
         MSFlexGrid1->horizontalHeader()->fontMetrics().lineSpacing() * 2 + 8);
     MSFlexGrid1->setSizeAdjustPolicy(QAbstractScrollArea::AdjustToContents);
     MSFlexGrid1->setSizePolicy(QSizePolicy::Preferred, QSizePolicy::Expanding);
-    Label2 =
-        new QLabel(QStringLiteral("archi di longitudine, Diff.Declinazione, Asp.Sferici"), this);
-    Label2->setObjectName("Label2");
-    Label1 = new QLabel(this);
-    Label1->setObjectName("Label1");
+    Label2 = Etichetta(this, "archi di longitudine, Diff.Declinazione, Asp.Sferici", "Label2");
+    Label1 = Etichetta(this, "", "Label1");
     Label1->setTextFormat(Qt::PlainText);
     Label1->setFrameShape(QFrame::Panel);
     Label1->setFrameShadow(QFrame::Sunken);
     Label1->setMinimumHeight(Label1->fontMetrics().lineSpacing() * 2 + 8);
     Label1->setTextInteractionFlags(Qt::TextSelectableByMouse);
+}
 
+void frmOutDati::CreaRuota() {
     // The wheel's place, with its date and time, the node list and the buttons.
-    txtQuando = new QLineEdit(this);
-    txtQuando->setObjectName("txtQuando");
+    txtQuando = Casella(this, "txtQuando");
     txtQuando->setReadOnly(true);
     QFont serif(QStringLiteral("DejaVu Serif"));
     txtQuando->setFont(serif);
     txtQuando->setFixedWidth(txtQuando->fontMetrics().horizontalAdvance("00/00/0000 00:00:00") +
                              16);
-    Ruota = new WidgetRuota(this);
-    Ruota->setObjectName("Ruota");
+    Ruota = Nome(new WidgetRuota(this), "Ruota");
     Ruota->setFrameShape(QFrame::StyledPanel);
     Ruota->setFrameShadow(QFrame::Sunken);
     Ruota->setMinimumSize(320, 320);
-    comboNodi = new QComboBox(this);
-    comboNodi->setObjectName("comboNodi");
+    comboNodi = Lista(this, "comboNodi");
     comboNodi->setToolTip(
         QStringLiteral(" Scegli i Pianeti dei quali visualizzare sulla Ruota i Nodi Nord e Sud "));
     for (const char* r : RigheNodi)
         comboNodi->addItem(QString::fromLatin1(r));
     comboNodi->setMaxVisibleItems(28);
-    Command1 = new QPushButton(QStringLiteral("\u21BB"), this);
-    Command1->setObjectName("Command1");
-    Command1->setToolTip(QStringLiteral("Ruota in senso Orario"));
-    Command2 = new QPushButton(QStringLiteral("\u21BA"), this);
-    Command2->setObjectName("Command2");
-    Command2->setToolTip(QStringLiteral("Ruota in senso AntiOrario"));
+    Command1 = Pulsante(this, "Command1", "\u21BB", "Ruota in senso Orario");
+    Command2 = Pulsante(this, "Command2", "\u21BA", "Ruota in senso AntiOrario");
     for (QPushButton* b : {Command1, Command2})
         b->setFixedWidth(36);
-    Command4 = new QPushButton(QStringLiteral("Aggiorna "), this);
-    Command4->setObjectName("Command4");
-    Command4->setToolTip(QStringLiteral(" Aggiorna gli Aspetti della Ruota "));
-    Command3 = new QPushButton(QStringLiteral("&Esci "), this);
-    Command3->setObjectName("Command3");
-    Timer1 = new QTimer(this);
-    Timer1->setObjectName("Timer1");
-    Timer2 = new QTimer(this);
-    Timer2->setObjectName("Timer2");
+    Command4 = Pulsante(this, "Command4", "Aggiorna ", " Aggiorna gli Aspetti della Ruota ");
+    Command3 = Pulsante(this, "Command3", "&Esci ");
+    Timer1 = Nome(new QTimer(this), "Timer1");
+    Timer2 = Nome(new QTimer(this), "Timer2");
     for (QTimer* t : {Timer1, Timer2})
         t->setInterval(500);
+}
 
+void frmOutDati::Disponi() {
     auto* sinistra = new QVBoxLayout;
     sinistra->addWidget(MSFlexGrid1, 1);
     sinistra->addWidget(Label2);
@@ -272,7 +266,9 @@ frmOutDati::frmOutDati(Sessione& sessione, const std::string& fileDB, Messaggi& 
     // The whole table and a large wheel where the screen allows it; on a smaller screen the
     // table scrolls and the wheel keeps its place.
     resize(DimensioneVoluta(this, {1560, 900}));
+}
 
+void frmOutDati::Collega() {
     connect(mnuAR, &QAction::triggered, this, &frmOutDati::mnuAR_Click);
     connect(mnuAO, &QAction::triggered, this, &frmOutDati::mnuAO_Click);
     connect(mnuAspS, &QAction::triggered, this, &frmOutDati::mnuAspS_Click);
@@ -284,11 +280,9 @@ frmOutDati::frmOutDati(Sessione& sessione, const std::string& fileDB, Messaggi& 
     connect(mnuRotAri, &QAction::triggered, this, &frmOutDati::mnuRotAri_Click);
     connect(mnuRotAsc, &QAction::triggered, this, &frmOutDati::mnuRotAsc_Click);
     connect(mnuRotQ, &QAction::triggered, this, &frmOutDati::mnuRotQ_Click);
-    const std::pair<QAction*, UnitaTempo> unita[6] = {
-        {UnSec, UnitaTempo::Secondi}, {UnMin, UnitaTempo::Minuti}, {UnOra, UnitaTempo::Ore},
-        {UnDay, UnitaTempo::Giorni},  {UnMese, UnitaTempo::Mesi},  {UnYear, UnitaTempo::Anni}};
-    for (const auto& [azione, u] : unita)
-        connect(azione, &QAction::triggered, this, [this, u = u] { Toolbar1_ButtonClick(u); });
+    for (const Passo& p : Passi)
+        connect(this->*p.azione, &QAction::triggered, this,
+                [this, unita = p.unita] { Toolbar1_ButtonClick(unita); });
     connect(DbPvs, &QAction::triggered, this, &frmOutDati::mnFilCPrecedente_Click);
     connect(DbNext, &QAction::triggered, this, &frmOutDati::mnFilCSuccessivo_Click);
     connect(UpDown1Su, &QToolButton::clicked, this, [this] { UpDown1_Change(1); });
@@ -310,18 +304,17 @@ frmOutDati::frmOutDati(Sessione& sessione, const std::string& fileDB, Messaggi& 
     });
     connect(Command3, &QPushButton::clicked, this, &QWidget::close);
     connect(Command4, &QPushButton::clicked, this, &frmOutDati::Command4_Click);
-
-    Form_Load();
 }
 
 void frmOutDati::Form_Load() {
-    transito_ = stato_.TransitoPosizioni != 0;
+    transito_ = s_.Ruote.TransitoPosizioni != 0;
     Toolbar1->setVisible(transito_);
     ModoAscens = 0;
     Didascalia();
-    mnuAspDC->setChecked(stato_.DisegnaAspetti != 0);
-    comboNodi->setCurrentIndex(
-        stato_.NodiScelti >= 0 && stato_.NodiScelti < 25 ? static_cast<int>(stato_.NodiScelti) : 0);
+    mnuAspDC->setChecked(s_.Ruote.DisegnaAspetti != 0);
+    comboNodi->setCurrentIndex(s_.Ruote.NodiScelti >= 0 && s_.Ruote.NodiScelti < 25
+                                   ? static_cast<int>(s_.Ruote.NodiScelti)
+                                   : 0);
     RiempiTabella();
     Ridisegna();
     RigaPrecedente = 13;
@@ -387,10 +380,10 @@ void frmOutDati::Ridisegna() {
     }
     OpzioniRuota o;
     o.AngoloRuota = AngoloRuota;
-    o.NodiScelti = static_cast<int>(stato_.NodiScelti);
-    o.DisegnaAspetti = stato_.DisegnaAspetti != 0;
-    o.ColoriRidotti = stato_.ColoriRidotti != 0;
-    o.Aspetti = aspetti_;
+    o.NodiScelti = static_cast<int>(s_.Ruote.NodiScelti);
+    o.DisegnaAspetti = s_.Ruote.DisegnaAspetti != 0;
+    o.ColoriRidotti = s_.Ruote.ColoriRidotti != 0;
+    o.Aspetti = s_.Aspetti;
     o.LunaNeraVera = s_.LunaNeraVera;
     Ruota->MostraRuota(tema_, pos_, o);
 }
@@ -400,8 +393,8 @@ void frmOutDati::DisegnaRuotaAscensionale() {
     o.ModoAscens = ModoAscens;
     o.AngoloRuota = AngoloRuota;
     o.AngoloAscens = AngoloAscens;
-    o.DisegnaAspetti = stato_.DisegnaAspetti != 0;
-    o.Aspetti = aspetti_;
+    o.DisegnaAspetti = s_.Ruote.DisegnaAspetti != 0;
+    o.Aspetti = s_.Aspetti;
     o.LunaNeraVera = s_.LunaNeraVera;
     Ruota->MostraAscensionale(tema_, pos_, o);
 }
@@ -514,12 +507,12 @@ void frmOutDati::mnuAO_Click(bool acceso) {
 }
 
 void frmOutDati::mnuAspDC_Click(bool acceso) {
-    stato_.DisegnaAspetti = acceso ? -1 : 0;
+    s_.Ruote.DisegnaAspetti = acceso ? -1 : 0;
     Ridisegna();
 }
 
 void frmOutDati::Command4_Click() {
-    if (stato_.DisegnaAspetti) Ridisegna();
+    if (s_.Ruote.DisegnaAspetti) Ridisegna();
 }
 
 void frmOutDati::AggiornAspetti() {
@@ -543,7 +536,7 @@ void frmOutDati::mnuAspS_Click() {
     };
     if (RegistraSecondaria) RegistraSecondaria(Selezione);
     Selezione->show();
-    stato_.SelezioneDaPosizioni = -1;
+    s_.Ruote.SelezioneDaPosizioni = -1;
 }
 
 void frmOutDati::mnuDom_Click() {
@@ -563,10 +556,10 @@ void frmOutDati::comboNodi_Click(int indice) {
     if (indice >= 25) {
         messaggi_.Mostra("Lyx - Info Nodi", "Calcolo dei Nodi di Plutone inattivo", Pulsanti::Ok,
                          Icona::Informazione);
-        comboNodi->setCurrentIndex(static_cast<int>(stato_.NodiScelti));
+        comboNodi->setCurrentIndex(static_cast<int>(s_.Ruote.NodiScelti));
         return;
     }
-    stato_.NodiScelti = indice;
+    s_.Ruote.NodiScelti = indice;
     Ridisegna();
 }
 
@@ -588,7 +581,7 @@ void frmOutDati::Command2_MouseDown() {
 void frmOutDati::closeEvent(QCloseEvent* e) {
     Timer1->stop();
     Timer2->stop();
-    if (transito_) stato_.TransitoPosizioni = 0;
+    if (transito_) s_.Ruote.TransitoPosizioni = 0;
     e->accept();
 }
 

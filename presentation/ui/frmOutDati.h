@@ -119,6 +119,14 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
+    // The construction's steps: the menus, the transit's toolbar, the table with the arcs below
+    // it, the wheel with its date, nodes and buttons, the layout, the events.
+    void CreaMenu();
+    void CreaBarra();
+    void CreaTabella();
+    void CreaRuota();
+    void Disponi();
+    void Collega();
     void Form_Load();
     void RiempiTabella();
     void MostraQuando();
@@ -128,8 +136,6 @@ private:
     void Gira(QTimer* timer, float verso);
 
     Sessione& s_;
-    TabellaAspetti& aspetti_;
-    StatoRuote& stato_;
     std::string fileDB_;
     // The boxes raised here stand over this window.
     MessaggiDellaFinestra propri_;

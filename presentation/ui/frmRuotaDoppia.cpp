@@ -20,6 +20,7 @@
 
 #include "chart/ui/frmSelAspetti.h"
 #include "core/NumeroDigitato.h"
+#include "core/ui/Controlli.h"
 #include "presentation/ui/WidgetMappa.h"
 #include "presentation/ui/frmOutDati.h"
 
@@ -49,6 +50,60 @@ QListWidget* ListaComparati(const char* nome, QWidget* genitore) {
     return l;
 }
 
+// A toggled entry: a menu's, or a toolbar's button.
+QAction* Interruttore(QAction* a) {
+    a->setCheckable(true);
+    return a;
+}
+
+// A submenu whose entry in `menu` carries its name too.
+QMenu* Sottomenu(QMenu* menu, const char* nome, const char* testo) {
+    QMenu* m = Nome(menu->addMenu(QString::fromUtf8(testo)), nome);
+    Nome(m->menuAction(), nome);
+    return m;
+}
+
+// A button of the toolbar: its face and its tooltip.
+QAction* Tasto(QToolBar* barra, const char* nome, const char* faccia, const char* suggerimento) {
+    QAction* a = Azione(barra, nome, faccia);
+    a->setToolTip(QString::fromUtf8(suggerimento));
+    barra->addAction(a);
+    return a;
+}
+
+// The entries of the double zodiac, by house 1 to 12.
+const std::array<std::pair<const char*, const char*>, 12> Zodiacali{{
+    {"MnuRCoinAsc", "A&scendenti"},
+    {"mnFilZCasaII", "Casa II"},
+    {"mnFilZCasaIII", "Casa III"},
+    {"mnFilZCasaIV", "Casa IV"},
+    {"mnFilZCasaV", "Casa V"},
+    {"mnFilZCasaVI", "Casa VI"},
+    {"mnFilZCasaVII", "Casa VII"},
+    {"mnFilZCasaVIII", "CasaVIII"},
+    {"mnFilZCasaIX", "Casa IX"},
+    {"mnFilZMC", "MC"},
+    {"mnFilZCasaXI", "Casa XI"},
+    {"mnFilZCasaXII", "Casa XII"},
+}};
+
+// The transit's time steps on the toolbar.
+struct Passo {
+    QAction* frmRuotaDoppia::*azione;
+    const char* chiave;
+    const char* faccia;
+    const char* suggerimento;
+    UnitaTempo unita;
+};
+const Passo PassiTransito[] = {
+    {&frmRuotaDoppia::UnSec, "UnSec", "Sec", " Secondi ", UnitaTempo::Secondi},
+    {&frmRuotaDoppia::UnMin, "UnMin", "Min", " Minuti ", UnitaTempo::Minuti},
+    {&frmRuotaDoppia::UnOra, "UnOra", "Ore", " Ore ", UnitaTempo::Ore},
+    {&frmRuotaDoppia::UnDay, "UnDay", "Gg", " Days ", UnitaTempo::Giorni},
+    {&frmRuotaDoppia::UnMese, "UnMese", "Mesi", " Mesi ", UnitaTempo::Mesi},
+    {&frmRuotaDoppia::UnYear, "UnYear", "Anni", " Years ", UnitaTempo::Anni},
+};
+
 SelezioneComparati LeggiLista(const QListWidget* l) {
     SelezioneComparati sel{};
     for (int i = 0; i < l->count() && i < static_cast<int>(sel.size()); ++i)
@@ -74,214 +129,148 @@ QString DidascaliaDoppia(Esterno esterno) {
 
 frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, Messaggi& messaggi, Esterno esterno,
                                QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(sessione.Aspetti), stato_(sessione.Ruote),
-      propri_(messaggi, this), messaggi_(propri_), esterno_(esterno) {
+    : QMainWindow(genitore), s_(sessione), propri_(messaggi, this), messaggi_(propri_),
+      esterno_(esterno) {
     setObjectName("frmRuotaDoppia");
     setWindowTitle(QStringLiteral("Lyx - Ruota Doppia") + DidascaliaDoppia(esterno));
-    const bool transito = esterno == Esterno::Transito;
-    CaseEsterne = !transito;
+    CaseEsterne = esterno != Esterno::Transito;
 
-    // Menus.
-    auto voce = [this](QMenu* menu, const char* nome, const char* testo, bool spunta = false) {
-        auto* a = menu->addAction(QString::fromUtf8(testo));
-        a->setObjectName(nome);
-        a->setCheckable(spunta);
-        return a;
-    };
-    auto sottomenu = [](QMenu* menu, const char* nome, const char* testo) {
-        QMenu* m = menu->addMenu(QString::fromUtf8(testo));
-        m->setObjectName(nome);
-        m->menuAction()->setObjectName(nome);
-        return m;
-    };
-    mnuAsp = menuBar()->addMenu(QStringLiteral("&File"));
-    mnuAsp->setObjectName("mnuAsp");
-    mnuRasc = sottomenu(mnuAsp, "mnuRasc", "RuotAscensionale");
-    mnuRascAR = voce(mnuRasc, "mnuRascAR", "A. Rette  ON / OFF", true);
-    mnuRascAO = voce(mnuRasc, "mnuRascAO", "A. Oblique  ON / OFF", true);
-    mnuAspSelezione = voce(mnuAsp, "mnuAspSelezione", "&Selezione  Aspetti e Orbita");
-    mnuAspDisegna = sottomenu(mnuAsp, "mnuAspDisegna", "&Disegna / Cancella aspetti");
-    mnuAspDisegnaInt = voce(mnuAspDisegna, "mnuAspDisegnaInt", "&Interni", true);
-    mnuAspDisegnaEst = voce(mnuAspDisegna, "mnuAspDisegnaEst", "&Esterni", true);
-    mnuAspDisegnaCmp = voce(mnuAspDisegna, "mnuAspDisegnaCmp", "&Comparati", true);
-    mnuAspMirate = voce(mnuAsp, "mnuAspMirate", "Rivoluzioni &Rilocate On / Off");
+    CreaMenu();
+    CreaBarra();
+    CreaCentro();
+    Collega();
+
+    Interruttori();
+    MostraQuando();
+    resize(1000, 720);
+    Ridisegna();
+}
+
+void frmRuotaDoppia::CreaMenu() {
+    mnuAsp = Nome(menuBar()->addMenu(QStringLiteral("&File")), "mnuAsp");
+    mnuRasc = Sottomenu(mnuAsp, "mnuRasc", "RuotAscensionale");
+    mnuRascAR = Interruttore(Voce(mnuRasc, "mnuRascAR", "A. Rette  ON / OFF"));
+    mnuRascAO = Interruttore(Voce(mnuRasc, "mnuRascAO", "A. Oblique  ON / OFF"));
+    mnuAspSelezione = Voce(mnuAsp, "mnuAspSelezione", "&Selezione  Aspetti e Orbita");
+    mnuAspDisegna = Sottomenu(mnuAsp, "mnuAspDisegna", "&Disegna / Cancella aspetti");
+    mnuAspDisegnaInt = Interruttore(Voce(mnuAspDisegna, "mnuAspDisegnaInt", "&Interni"));
+    mnuAspDisegnaEst = Interruttore(Voce(mnuAspDisegna, "mnuAspDisegnaEst", "&Esterni"));
+    mnuAspDisegnaCmp = Interruttore(Voce(mnuAspDisegna, "mnuAspDisegnaCmp", "&Comparati"));
+    mnuAspMirate = Voce(mnuAsp, "mnuAspMirate", "Rivoluzioni &Rilocate On / Off");
     mnuAsp->addSeparator();
-    mnuAspEsci = voce(mnuAsp, "mnuAspEsci", "&Esci");
+    mnuAspEsci = Voce(mnuAsp, "mnuAspEsci", "&Esci");
 
-    mnuRot = menuBar()->addMenu(QStringLiteral("&Rotazioni"));
-    mnuRot->setObjectName("mnuRot");
-    mnuRotArieteSx = voce(mnuRot, "mnuRotArieteSx", "Arie&te  a sinistra");
-    mnuRotAscSx = sottomenu(mnuRot, "mnuRotAscSx", "&Ascendente a sinistra");
-    mnuRotAscSxINT = voce(mnuRotAscSx, "mnuRotAscSxINT", "tema  &Interno");
-    mnuRotAscSxEST = voce(mnuRotAscSx, "mnuRotAscSxEST", "tema  &Esterno", true);
-    mnuRotQualsiasi = voce(mnuRot, "mnuRotQualsiasi", "Angolo  &Qualsiasi  (tema interno)");
-    mnuArco = voce(mnuRot, "mnuArco", "Arco &Solare");
-    mnFilZodiacali = sottomenu(mnuRot, "mnFilZodiacali", "Zodiacali");
-    static const std::array<std::pair<const char*, const char*>, 12> zodiacali{{
-        {"MnuRCoinAsc", "A&scendenti"},
-        {"mnFilZCasaII", "Casa II"},
-        {"mnFilZCasaIII", "Casa III"},
-        {"mnFilZCasaIV", "Casa IV"},
-        {"mnFilZCasaV", "Casa V"},
-        {"mnFilZCasaVI", "Casa VI"},
-        {"mnFilZCasaVII", "Casa VII"},
-        {"mnFilZCasaVIII", "CasaVIII"},
-        {"mnFilZCasaIX", "Casa IX"},
-        {"mnFilZMC", "MC"},
-        {"mnFilZCasaXI", "Casa XI"},
-        {"mnFilZCasaXII", "Casa XII"},
-    }};
-    for (int casa = 1; casa <= 12; ++casa) {
-        const auto& [nome, testo] = zodiacali[static_cast<std::size_t>(casa - 1)];
-        QAction* a = voce(mnFilZodiacali, nome, testo);
-        mnFilZ[static_cast<std::size_t>(casa)] = a;
-        connect(a, &QAction::triggered, this, [this, casa] { DisegnaDoppioZodiaco(casa); });
+    mnuRot = Nome(menuBar()->addMenu(QStringLiteral("&Rotazioni")), "mnuRot");
+    mnuRotArieteSx = Voce(mnuRot, "mnuRotArieteSx", "Arie&te  a sinistra");
+    mnuRotAscSx = Sottomenu(mnuRot, "mnuRotAscSx", "&Ascendente a sinistra");
+    mnuRotAscSxINT = Voce(mnuRotAscSx, "mnuRotAscSxINT", "tema  &Interno");
+    mnuRotAscSxEST = Interruttore(Voce(mnuRotAscSx, "mnuRotAscSxEST", "tema  &Esterno"));
+    mnuRotQualsiasi = Voce(mnuRot, "mnuRotQualsiasi", "Angolo  &Qualsiasi  (tema interno)");
+    mnuArco = Voce(mnuRot, "mnuArco", "Arco &Solare");
+    mnFilZodiacali = Sottomenu(mnuRot, "mnFilZodiacali", "Zodiacali");
+    for (std::size_t casa = 1; casa <= 12; ++casa) {
+        const auto& [nome, testo] = Zodiacali[casa - 1];
+        mnFilZ[casa] = Voce(mnFilZodiacali, nome, testo);
     }
+}
 
-    // Toolbar.
-    Toolbar1 = addToolBar(QStringLiteral("Toolbar1"));
-    Toolbar1->setObjectName("Toolbar1");
+void frmRuotaDoppia::CreaBarra() {
+    Toolbar1 = Nome(addToolBar(QStringLiteral("Toolbar1")), "Toolbar1");
     Toolbar1->setMovable(false);
-    auto pulsante = [this](const char* chiave, const QString& faccia, const char* suggerimento,
-                           bool interruttore = false) {
-        QAction* a = Toolbar1->addAction(faccia);
-        a->setObjectName(chiave);
-        a->setToolTip(QString::fromUtf8(suggerimento));
-        a->setCheckable(interruttore);
-        return a;
-    };
-    Ripristina = pulsante("Ripristina", QString::fromUtf8("\u2692"), " Aggiorna e Ripristina ");
+    Ripristina = Tasto(Toolbar1, "Ripristina", "\u2692", " Aggiorna e Ripristina ");
     Ripristina->setStatusTip(QStringLiteral("Ripristina i Temi scelti"));
     Toolbar1->addSeparator();
-    Interni = pulsante("Interni", QString::fromUtf8("\u25cf"), " Aspetti Interni ", true);
-    Esterni = pulsante("Esterni", QString::fromUtf8("\u25cb"), " Aspetti Esterni ", true);
-    Comparati = pulsante("Comparati", QString::fromUtf8("\u263d"), " Aspetti Comparati ", true);
+    Interni = Interruttore(Tasto(Toolbar1, "Interni", "\u25cf", " Aspetti Interni "));
+    Esterni = Interruttore(Tasto(Toolbar1, "Esterni", "\u25cb", " Aspetti Esterni "));
+    Comparati = Interruttore(Tasto(Toolbar1, "Comparati", "\u263d", " Aspetti Comparati "));
     CaseTra = UnSec = UnMin = UnOra = UnDay = UnMese = UnYear = nullptr;
     txtTempi = nullptr;
     UpDown1 = nullptr;
     UpDown1Su = UpDown1Giu = nullptr;
-    lbQuando = new QLabel(Toolbar1);
-    lbQuando->setObjectName("lbQuando");
-    const bool rivoluzione = esterno == Esterno::Rivoluzione;
-    if (transito || rivoluzione) {
-        Toolbar1->addSeparator();
-        if (transito) {
-            CaseTra = pulsante("CaseTra", QStringLiteral("Cancella / Disegna  Case Transito"),
-                               "Disegna o Cancella le Case del Transito!");
-        } else {
-            // On a revolution wheel the button chooses the unit of the step.
-            CaseTra = pulsante("CaseTra", QStringLiteral("Gradi"),
-                               "Gradi o Primi. Variazione Coordinate Geografiche");
-            CaseTra->setProperty("Tag", QStringLiteral("UnG"));
-        }
-        Toolbar1->addSeparator();
-        txtTempi = new QLineEdit(QStringLiteral("1"), Toolbar1);
-        txtTempi->setObjectName("txtTempi");
-        txtTempi->setToolTip(QStringLiteral("Selezionare e premere uno dei pulsanti a dx "));
-        txtTempi->setFixedWidth(48);
-        txtTempi->setAlignment(Qt::AlignRight);
-        UpDown1 = new QWidget(Toolbar1);
-        UpDown1->setObjectName("UpDown1");
-        UpDown1Su = new QToolButton(UpDown1);
-        UpDown1Su->setObjectName("UpDown1Su");
-        UpDown1Su->setArrowType(Qt::UpArrow);
-        UpDown1Giu = new QToolButton(UpDown1);
-        UpDown1Giu->setObjectName("UpDown1Giu");
-        UpDown1Giu->setArrowType(Qt::DownArrow);
-        auto* lu = new QVBoxLayout(UpDown1);
-        lu->setContentsMargins(0, 0, 0, 0);
-        lu->setSpacing(0);
-        for (QToolButton* b : {UpDown1Su, UpDown1Giu}) {
-            b->setFixedSize(18, 11);
-            lu->addWidget(b);
-        }
-        Toolbar1->addWidget(txtTempi);
-        Toolbar1->addWidget(UpDown1);
-        struct Passo {
-            QAction** azione;
-            const char* chiave;
-            const char* faccia;
-            const char* suggerimento;
-            UnitaTempo unita;
-        };
-        const Passo passi[] = {
-            {&UnSec, "UnSec", "Sec", " Secondi ", UnitaTempo::Secondi},
-            {&UnMin, "UnMin", "Min", " Minuti ", UnitaTempo::Minuti},
-            {&UnOra, "UnOra", "Ore", " Ore ", UnitaTempo::Ore},
-            {&UnDay, "UnDay", "Gg", " Days ", UnitaTempo::Giorni},
-            {&UnMese, "UnMese", "Mesi", " Mesi ", UnitaTempo::Mesi},
-            {&UnYear, "UnYear", "Anni", " Years ", UnitaTempo::Anni},
-        };
-        if (transito) {
-            for (const Passo& p : passi) {
-                *p.azione = pulsante(p.chiave, QString::fromUtf8(p.faccia), p.suggerimento);
-                const UnitaTempo unita = p.unita;
-                connect(*p.azione, &QAction::triggered, this,
-                        [this, unita] { Toolbar1_ButtonClick(unita); });
-            }
-        } else {
-            UnSec = pulsante("UnSec", QString::fromUtf8("Est/Ovest"),
-                             "Positivi: Ovest     Negativi: Est");
-            UnMin = pulsante("UnMin", QString::fromUtf8("Nord/Sud"),
-                             "Positivi: Nord     Negativi: Sud");
-            connect(UnSec, &QAction::triggered, this,
-                    [this] { Rilocazione(AsseRilocazione::EstOvest); });
-            connect(UnMin, &QAction::triggered, this,
-                    [this] { Rilocazione(AsseRilocazione::NordSud); });
-        }
-        connect(CaseTra, &QAction::triggered, this, &frmRuotaDoppia::CaseTra_Click);
-        connect(UpDown1Su, &QToolButton::clicked, this, [this] { UpDown1_Change(1); });
-        connect(UpDown1Giu, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
-    }
+    lbQuando = Etichetta(Toolbar1, "", "lbQuando");
+    if (esterno_ == Esterno::Transito || esterno_ == Esterno::Rivoluzione) CreaPassi();
 
     // The date and time of the outer chart closes the toolbar; on a revolution wheel the
     // coordinates of the outer chart follow.
     Toolbar1->addSeparator();
     Toolbar1->addWidget(lbQuando);
-    lbCoord = new QLabel(this);
-    lbCoord->setObjectName("lbCoord");
-    if (rivoluzione) {
+    lbCoord = Etichetta(this, "", "lbCoord");
+    if (esterno_ == Esterno::Rivoluzione) {
         Toolbar1->addSeparator();
         Toolbar1->addWidget(lbCoord);
     } else {
         lbCoord->hide();
     }
-    lbNeoIndici = new QLabel(QStringLiteral("Costruzione Nuovi Indici. Attendere..."), this);
-    lbNeoIndici->setObjectName("lbNeoIndici");
+    lbNeoIndici = Etichetta(this, "Costruzione Nuovi Indici. Attendere...", "lbNeoIndici");
     lbNeoIndici->hide();
     statusBar()->addWidget(lbNeoIndici);
+}
 
+void frmRuotaDoppia::CreaPassi() {
+    const bool transito = esterno_ == Esterno::Transito;
+    Toolbar1->addSeparator();
+    if (transito) {
+        CaseTra = Tasto(Toolbar1, "CaseTra", "Cancella / Disegna  Case Transito",
+                        "Disegna o Cancella le Case del Transito!");
+    } else {
+        // On a revolution wheel the button chooses the unit of the step.
+        CaseTra =
+            Tasto(Toolbar1, "CaseTra", "Gradi", "Gradi o Primi. Variazione Coordinate Geografiche");
+        CaseTra->setProperty("Tag", QStringLiteral("UnG"));
+    }
+    Toolbar1->addSeparator();
+    txtTempi = Casella(Toolbar1, "txtTempi", 0, "Selezionare e premere uno dei pulsanti a dx ");
+    txtTempi->setText(QStringLiteral("1"));
+    txtTempi->setFixedWidth(48);
+    txtTempi->setAlignment(Qt::AlignRight);
+    UpDown1 = Nome(new QWidget(Toolbar1), "UpDown1");
+    UpDown1Su = Nome(new QToolButton(UpDown1), "UpDown1Su");
+    UpDown1Su->setArrowType(Qt::UpArrow);
+    UpDown1Giu = Nome(new QToolButton(UpDown1), "UpDown1Giu");
+    UpDown1Giu->setArrowType(Qt::DownArrow);
+    auto* lu = new QVBoxLayout(UpDown1);
+    lu->setContentsMargins(0, 0, 0, 0);
+    lu->setSpacing(0);
+    for (QToolButton* b : {UpDown1Su, UpDown1Giu}) {
+        b->setFixedSize(18, 11);
+        lu->addWidget(b);
+    }
+    Toolbar1->addWidget(txtTempi);
+    Toolbar1->addWidget(UpDown1);
+    if (transito) {
+        for (const Passo& p : PassiTransito)
+            this->*p.azione = Tasto(Toolbar1, p.chiave, p.faccia, p.suggerimento);
+    } else {
+        UnSec = Tasto(Toolbar1, "UnSec", "Est/Ovest", "Positivi: Ovest     Negativi: Est");
+        UnMin = Tasto(Toolbar1, "UnMin", "Nord/Sud", "Positivi: Nord     Negativi: Sud");
+    }
+}
+
+void frmRuotaDoppia::CreaCentro() {
     // The wheel, and the filters of the lines between the charts at its right.
     auto* centro = new QWidget(this);
     auto* h = new QHBoxLayout(centro);
     h->setContentsMargins(0, 0, 3, 0);
     // The map of the time zones and the nearest towns, beside the wheel while relocating.
     auto* colonnaMappa = new QVBoxLayout;
-    picFusi = new WidgetMappa(centro);
-    picFusi->setObjectName("picFusi");
-    cmdMirateOFF = new QPushButton(QStringLiteral("Rilocate OFF"), centro);
-    cmdMirateOFF->setObjectName("cmdMirateOFF");
-    lstCityVicine = new QListWidget(centro);
-    lstCityVicine->setObjectName("lstCityVicine");
+    picFusi = Nome(new WidgetMappa(centro), "picFusi");
+    cmdMirateOFF = Pulsante(centro, "cmdMirateOFF", "Rilocate OFF");
+    lstCityVicine = Nome(new QListWidget(centro), "lstCityVicine");
     lstCityVicine->setFixedWidth(LarghezzaMappaPixel);
     colonnaMappa->addWidget(picFusi);
     colonnaMappa->addWidget(cmdMirateOFF, 0, Qt::AlignLeft);
     colonnaMappa->addWidget(lstCityVicine, 1);
     h->addLayout(colonnaMappa);
     MostraMappa(false);
-    Ruota = new WidgetRuota(centro);
-    Ruota->setObjectName("Ruota");
+    Ruota = Nome(new WidgetRuota(centro), "Ruota");
     h->addWidget(Ruota, 1);
-    Frame1 = new QGroupBox(QStringLiteral(" Comparati "), centro);
-    Frame1->setObjectName("Frame1");
+    Frame1 = Riquadro(centro, "Frame1", " Comparati ");
     auto* v = new QVBoxLayout(Frame1);
-    Label1 = new QLabel(QStringLiteral("Pianeti Interni"), Frame1);
-    Label1->setObjectName("Label1");
+    Label1 = Etichetta(Frame1, "Pianeti Interni", "Label1");
     List1 = ListaComparati("List1", Frame1);
-    Label2 = new QLabel(QStringLiteral("Pianeti Esterni"), Frame1);
-    Label2->setObjectName("Label2");
+    Label2 = Etichetta(Frame1, "Pianeti Esterni", "Label2");
     List2 = ListaComparati("List2", Frame1);
-    List2->setProperty("Tag", QString::number(static_cast<int>(esterno)));
+    List2->setProperty("Tag", QString::number(static_cast<int>(esterno_)));
     for (QListWidget* l : {List1, List2}) {
         l->setFixedWidth(110);
         l->viewport()->installEventFilter(this);
@@ -292,7 +281,27 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, Messaggi& messaggi, Esterno e
     v->addWidget(List2, 1);
     h->addWidget(Frame1, 0, Qt::AlignTop);
     setCentralWidget(centro);
+}
 
+void frmRuotaDoppia::Collega() {
+    for (std::size_t casa = 1; casa <= 12; ++casa)
+        connect(mnFilZ[casa], &QAction::triggered, this,
+                [this, casa] { DisegnaDoppioZodiaco(static_cast<int>(casa)); });
+    if (esterno_ == Esterno::Transito) {
+        for (const Passo& p : PassiTransito)
+            connect(this->*p.azione, &QAction::triggered, this,
+                    [this, unita = p.unita] { Toolbar1_ButtonClick(unita); });
+    } else if (esterno_ == Esterno::Rivoluzione) {
+        connect(UnSec, &QAction::triggered, this,
+                [this] { Rilocazione(AsseRilocazione::EstOvest); });
+        connect(UnMin, &QAction::triggered, this,
+                [this] { Rilocazione(AsseRilocazione::NordSud); });
+    }
+    if (CaseTra) {
+        connect(CaseTra, &QAction::triggered, this, &frmRuotaDoppia::CaseTra_Click);
+        connect(UpDown1Su, &QToolButton::clicked, this, [this] { UpDown1_Change(1); });
+        connect(UpDown1Giu, &QToolButton::clicked, this, [this] { UpDown1_Change(-1); });
+    }
     connect(mnuAspSelezione, &QAction::triggered, this, &frmRuotaDoppia::mnuAspSelezione_Click);
     connect(mnuAspDisegnaInt, &QAction::triggered, this, &frmRuotaDoppia::mnuAspDisegnaInt_Click);
     connect(mnuAspDisegnaEst, &QAction::triggered, this, &frmRuotaDoppia::mnuAspDisegnaEst_Click);
@@ -311,11 +320,6 @@ frmRuotaDoppia::frmRuotaDoppia(Sessione& sessione, Messaggi& messaggi, Esterno e
     connect(mnuArco, &QAction::triggered, this, &frmRuotaDoppia::mnuArco_Click);
     connect(mnuAspMirate, &QAction::triggered, this, &frmRuotaDoppia::mnuAspMirate_Click);
     connect(cmdMirateOFF, &QPushButton::clicked, this, &frmRuotaDoppia::cmdMirateOFF_Click);
-
-    Interruttori();
-    MostraQuando();
-    resize(1000, 720);
-    Ridisegna();
 }
 
 SelezioneComparati frmRuotaDoppia::Selezione1() const {
@@ -327,8 +331,8 @@ SelezioneComparati frmRuotaDoppia::Selezione2() const {
 }
 
 void frmRuotaDoppia::Interruttori() {
-    const bool in = Acceso(stato_.DisegnaAspetti), est = Acceso(stato_.DisegnaAspettiEst),
-               cmp = Acceso(stato_.DisegnaAspettiCmp);
+    const bool in = Acceso(s_.Ruote.DisegnaAspetti), est = Acceso(s_.Ruote.DisegnaAspettiEst),
+               cmp = Acceso(s_.Ruote.DisegnaAspettiCmp);
     mnuAspDisegnaInt->setChecked(in);
     mnuAspDisegnaEst->setChecked(est);
     mnuAspDisegnaCmp->setChecked(cmp);
@@ -343,10 +347,10 @@ OpzioniDoppia frmRuotaDoppia::Opzioni() const {
     o.AngoloRuota = AngoloRuota;
     o.CaseEsterne = CaseEsterne;
     o.Transito = esterno_ == Esterno::Transito;
-    o.DisegnaAspetti = Acceso(stato_.DisegnaAspetti);
-    o.DisegnaAspettiEst = Acceso(stato_.DisegnaAspettiEst);
-    o.DisegnaAspettiCmp = Acceso(stato_.DisegnaAspettiCmp);
-    o.Aspetti = aspetti_;
+    o.DisegnaAspetti = Acceso(s_.Ruote.DisegnaAspetti);
+    o.DisegnaAspettiEst = Acceso(s_.Ruote.DisegnaAspettiEst);
+    o.DisegnaAspettiCmp = Acceso(s_.Ruote.DisegnaAspettiCmp);
+    o.Aspetti = s_.Aspetti;
     o.LunaNeraVera = s_.LunaNeraVera;
     o.List1 = Selezione1();
     o.List2 = Selezione2();
@@ -379,8 +383,8 @@ void frmRuotaDoppia::DisegnaDoppiaAscensionale() {
     o.ModoAscens = ModoAscens;
     o.AngoloRuota = AngoloRuota;
     o.AngoloAscens = AngoloAscens;
-    o.DisegnaAspetti = Acceso(stato_.DisegnaAspetti);
-    o.Aspetti = aspetti_;
+    o.DisegnaAspetti = Acceso(s_.Ruote.DisegnaAspetti);
+    o.Aspetti = s_.Aspetti;
     o.LunaNeraVera = s_.LunaNeraVera;
     Ruota->MostraDoppiaAscensionale(s_.TemaX, s_.PosX, s_.TemaZ, s_.PosZ, o);
 }
@@ -417,7 +421,7 @@ void frmRuotaDoppia::mnuRascAO_Click(bool acceso) {
 
 void frmRuotaDoppia::mnuArco_Click() {
     const std::string titolo = "Lyx - Arco Solare";
-    std::string predefinito = TestoSingolo(aspetti_.ArcoSolare);
+    std::string predefinito = TestoSingolo(s_.Aspetti.ArcoSolare);
     if (predefinito.empty()) predefinito = "0";
     std::string testo =
         messaggi_
@@ -445,7 +449,7 @@ void frmRuotaDoppia::mnuArco_Click() {
         return;
     }
     // Years are degrees: the whole outer chart turns, nothing is cast again.
-    aspetti_.ArcoSolare = static_cast<float>(*anni);
+    s_.Aspetti.ArcoSolare = static_cast<float>(*anni);
     Ridisegna();
 }
 
@@ -578,36 +582,36 @@ void frmRuotaDoppia::mnuRotQualsiasi_Click() {
 }
 
 void frmRuotaDoppia::mnuAspDisegnaInt_Click() {
-    Inverti(stato_.DisegnaAspetti);
+    Inverti(s_.Ruote.DisegnaAspetti);
     Interruttori();
     Ridisegna();
 }
 
 void frmRuotaDoppia::mnuAspDisegnaEst_Click() {
-    Inverti(stato_.DisegnaAspettiEst);
+    Inverti(s_.Ruote.DisegnaAspettiEst);
     Interruttori();
     Ridisegna();
 }
 
 void frmRuotaDoppia::mnuAspDisegnaCmp_Click() {
-    Inverti(stato_.DisegnaAspettiCmp);
+    Inverti(s_.Ruote.DisegnaAspettiCmp);
     Interruttori();
     Ridisegna();
 }
 
 void frmRuotaDoppia::mnuAspSelezione_Click() {
-    const int accesi = (Acceso(stato_.DisegnaAspetti) ? 1 : 0) +
-                       (Acceso(stato_.DisegnaAspettiEst) ? 1 : 0) +
-                       (Acceso(stato_.DisegnaAspettiCmp) ? 1 : 0);
+    const int accesi = (Acceso(s_.Ruote.DisegnaAspetti) ? 1 : 0) +
+                       (Acceso(s_.Ruote.DisegnaAspettiEst) ? 1 : 0) +
+                       (Acceso(s_.Ruote.DisegnaAspettiCmp) ? 1 : 0);
     if (accesi != 1) {
         messaggi_.Mostra(TitoloOrbita, accesi == 0 ? NessunTipo : TroppiTipi, Pulsanti::Ok,
                          Icona::Esclamativo);
         return;
     }
-    if (Acceso(stato_.DisegnaAspetti)) {
+    if (Acceso(s_.Ruote.DisegnaAspetti)) {
         s_.TemaX = s_.TemaY = s_.TemaNat;
         s_.PosX = s_.PosY = s_.PosNat;
-    } else if (Acceso(stato_.DisegnaAspettiEst)) {
+    } else if (Acceso(s_.Ruote.DisegnaAspettiEst)) {
         s_.TemaX = s_.TemaY = s_.TemaZ;
         s_.PosX = s_.PosY = s_.PosZ;
     } else {
@@ -615,7 +619,7 @@ void frmRuotaDoppia::mnuAspSelezione_Click() {
         s_.PosX = s_.PosNat;
         s_.TemaY = s_.TemaZ;
         s_.PosY = s_.PosZ;
-        stato_.AspettiComparati = -1;
+        s_.Ruote.AspettiComparati = -1;
     }
     if (Selezione) {
         Selezione->close();

@@ -133,6 +133,13 @@ protected:
     bool eventFilter(QObject* o, QEvent* e) override;
 
 private:
+    // The construction's steps: the menus, the toolbar (with the time or place steps of a
+    // transit or revolution wheel), the wheel with the map and the filters, the events.
+    void CreaMenu();
+    void CreaBarra();
+    void CreaPassi();
+    void CreaCentro();
+    void Collega();
     void Interruttori();
     void MostraQuando();
     void Rilascio(QListWidget* lista);
@@ -142,8 +149,6 @@ private:
     void CercaVicine();
 
     Sessione& s_;
-    TabellaAspetti& aspetti_;
-    StatoRuote& stato_;
     // The boxes raised here stand over this window.
     MessaggiDellaFinestra propri_;
     Messaggi& messaggi_;

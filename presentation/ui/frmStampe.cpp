@@ -18,10 +18,17 @@
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Testo.h"
 #include "core/qt/Schermo.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
 namespace {
+
+// The entries of "&Che Stampa", by slot.
+const std::pair<const char*, const char*> VociChe[4] = {{"mnuFileStampeCheTN", "&Tema Natale"},
+                                                        {"mnuFileStampeCheT", "Tra&nstito"},
+                                                        {"mnuFileStampeCheR", "&Rivoluzione"},
+                                                        {"mnuFileStampeCheD", "Dire&zione"}};
 
 QString QS(const std::string& s) {
     return QString::fromStdString(s);
@@ -83,6 +90,14 @@ frmStampe::frmStampe(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
     setWindowFlag(Qt::Window);
     setWindowTitle(QStringLiteral("Lyx - Stampe"));
     CartellaTemp = QDir::tempPath();
+    DialoghiPredefiniti();
+    CreaPagina();
+    CreaMenu();
+    Collega();
+    resize(DimensioneVoluta(this, {640, 940}));
+}
+
+void frmStampe::DialoghiPredefiniti() {
     ScegliStampante = [this](QPrinter& stampante) {
         QPrintDialog d(&stampante, this);
         return d.exec() == QDialog::Accepted;
@@ -100,52 +115,49 @@ frmStampe::frmStampe(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
         f.exec();
         return f.CheStampa;
     };
+}
 
+void frmStampe::CreaPagina() {
     auto* centro = new QWidget(this);
     auto* l = new QVBoxLayout(centro);
     l->setContentsMargins(4, 4, 4, 4);
-    lbInCorso = new QLabel(QStringLiteral("Disegno in corso ..."), centro);
-    lbInCorso->setObjectName("lbInCorso");
+    lbInCorso = Etichetta(centro, "Disegno in corso ...", "lbInCorso");
     lbInCorso->hide();
     pagina = new WidgetPagina(centro);
     l->addWidget(lbInCorso);
     l->addWidget(pagina, 1);
     setCentralWidget(centro);
+}
 
-    auto voce = [](QMenu* m, const char* nome, const char* testo) {
-        QAction* a = m->addAction(QString::fromUtf8(testo));
-        a->setObjectName(nome);
-        return a;
-    };
+void frmStampe::CreaMenu() {
     QMenu* opzioni = menuBar()->addMenu(QStringLiteral("&Opzioni"));
-    mnuFileStampeOpzioni = opzioni->menuAction();
-    mnuFileStampeOpzioni->setObjectName("mnuFileStampeOpzioni");
+    mnuFileStampeOpzioni = Nome(opzioni->menuAction(), "mnuFileStampeOpzioni");
     QMenu* che = opzioni->addMenu(QStringLiteral("&Che Stampa"));
-    che->menuAction()->setObjectName("mnuFileStampeChe");
-    const char* nomiChe[4] = {"mnuFileStampeCheTN", "mnuFileStampeCheT", "mnuFileStampeCheR",
-                              "mnuFileStampeCheD"};
-    const char* testiChe[4] = {"&Tema Natale", "Tra&nstito", "&Rivoluzione", "Dire&zione"};
-    for (int i = 0; i < 4; ++i) {
-        QAction* a = voce(che, nomiChe[i], testiChe[i]);
-        a->setCheckable(true);
-        mnuFileStampeChe[static_cast<std::size_t>(i)] = a;
-        connect(a, &QAction::triggered, this, [this, i] { Componi(i + 1); });
+    Nome(che->menuAction(), "mnuFileStampeChe");
+    for (std::size_t i = 0; i < 4; ++i) {
+        mnuFileStampeChe[i] = Voce(che, VociChe[i].first, VociChe[i].second);
+        mnuFileStampeChe[i]->setCheckable(true);
     }
     mnuFileStampeSelAspetti =
-        voce(opzioni, "mnuFileStampeSelAspetti", "&Selezione Aspetti e Orbita");
-    mnuFileStampeDisegna = voce(opzioni, "mnuFileStampeDisegna", "&Disegna / Cancella Aspetti");
+        Voce(opzioni, "mnuFileStampeSelAspetti", "&Selezione Aspetti e Orbita");
+    mnuFileStampeDisegna = Voce(opzioni, "mnuFileStampeDisegna", "&Disegna / Cancella Aspetti");
     QMenu* colori = opzioni->addMenu(QStringLiteral("Sta&mpa Colori / BN"));
-    colori->menuAction()->setObjectName("mnuFileStampeColBN");
-    mnuFileStampeColBN_Col = voce(colori, "mnuFileStampeColBN_Col", "C&olori");
-    mnuFileStampeColBN_BN = voce(colori, "mnuFileStampeColBN_BN", "&Bianco e Nero");
+    Nome(colori->menuAction(), "mnuFileStampeColBN");
+    mnuFileStampeColBN_Col = Voce(colori, "mnuFileStampeColBN_Col", "C&olori");
+    mnuFileStampeColBN_BN = Voce(colori, "mnuFileStampeColBN_BN", "&Bianco e Nero");
     mnuFileStampeColBN_BN->setCheckable(true);
     opzioni->addSeparator();
-    mnuFuleStampeStampo = voce(opzioni, "mnuFuleStampeStampo", "Stam&po ...");
-    mnuFileStampeBmp = voce(opzioni, "mnuFileStampeBmp", "Prepara 2 file *.bmp");
-    mnuFileStampePdf = voce(opzioni, "mnuFileStampePdf", "Salva PDF...");
+    mnuFuleStampeStampo = Voce(opzioni, "mnuFuleStampeStampo", "Stam&po ...");
+    mnuFileStampeBmp = Voce(opzioni, "mnuFileStampeBmp", "Prepara 2 file *.bmp");
+    mnuFileStampePdf = Voce(opzioni, "mnuFileStampePdf", "Salva PDF...");
     opzioni->addSeparator();
-    nmuFileStampEsci = voce(opzioni, "nmuFileStampEsci", "&Esci");
+    nmuFileStampEsci = Voce(opzioni, "nmuFileStampEsci", "&Esci");
+}
 
+void frmStampe::Collega() {
+    for (int i = 0; i < 4; ++i)
+        connect(mnuFileStampeChe[static_cast<std::size_t>(i)], &QAction::triggered, this,
+                [this, i] { Componi(i + 1); });
     connect(mnuFileStampeSelAspetti, &QAction::triggered, this,
             &frmStampe::mnuFileStampeSelAspetti_Click);
     connect(mnuFileStampeDisegna, &QAction::triggered, this,
@@ -159,7 +171,6 @@ frmStampe::frmStampe(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
     connect(mnuFileStampeBmp, &QAction::triggered, this, &frmStampe::mnuFileStampeBmp_Click);
     connect(mnuFileStampePdf, &QAction::triggered, this, &frmStampe::mnuFileStampePdf_Click);
     connect(nmuFileStampEsci, &QAction::triggered, this, &QWidget::close);
-    resize(DimensioneVoluta(this, {640, 940}));
 }
 
 frmStampe::~frmStampe() = default;

@@ -121,6 +121,11 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
+    // The construction's steps: the platform's dialogs, the page, the menu, the events.
+    void DialoghiPredefiniti();
+    void CreaPagina();
+    void CreaMenu();
+    void Collega();
     // The session's slot of the entry checked: the form counts its entries from 1, the session
     // its slots from 0.
     int SlotScelto() const { return CheStampa - 1; }

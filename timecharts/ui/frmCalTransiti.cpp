@@ -32,6 +32,7 @@
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 #include "presentation/PaginaStampa.h"
 #include "presentation/qt/StampaPagina.h"
 #include "timecharts/Istanti.h"
@@ -96,6 +97,19 @@ frmCalTransiti::frmCalTransiti(Sessione& sessione, const std::string& fileDB, Me
     setWindowFlag(Qt::Window);
     setWindowTitle(QString::fromUtf8(DidascaliaCalTransiti));
     Oggi = DataOdierna;
+    DialoghiPredefiniti();
+
+    auto* l = new QVBoxLayout(this);
+    CreaPeriodo(l);
+    CreaScelte(l);
+    CreaPulsanti(l);
+    CreaTabella(l);
+    Collega();
+    Mostra();
+    resize(900, 640);
+}
+
+void frmCalTransiti::DialoghiPredefiniti() {
     ScegliStampante = [this](QPrinter& stampante) {
         QPrintDialog d(&stampante, this);
         return d.exec() == QDialog::Accepted;
@@ -115,60 +129,54 @@ frmCalTransiti::frmCalTransiti(Sessione& sessione, const std::string& fileDB, Me
                                             nomeFile(QStringLiteral("csv")),
                                             QStringLiteral("CSV (*.csv);;Testo (*.txt)"));
     };
+}
 
-    auto* l = new QVBoxLayout(this);
-    lblTema = new QLabel(this);
-    lblTema->setObjectName("lblTema");
-    lblLuogo = new QLabel(this);
-    lblLuogo->setObjectName("lblLuogo");
+void frmCalTransiti::CreaPeriodo(QVBoxLayout* l) {
+    lblTema = Etichetta(this, "", "lblTema");
+    lblLuogo = Etichetta(this, "", "lblLuogo");
     l->addWidget(lblTema);
     l->addWidget(lblLuogo);
 
     // The period and the orb.
     auto* riga = new QHBoxLayout;
-    auto casella = [this](const char* nome, const QString& testo, int larghezza) {
-        auto* e = new QLineEdit(testo, this);
-        e->setObjectName(nome);
-        e->setMaximumWidth(larghezza);
-        return e;
-    };
     const int anno = QDate::currentDate().year();
-    txtDa = casella("txtDa", QStringLiteral("01/01/%1").arg(anno), 110);
-    txtA = casella("txtA", QStringLiteral("31/12/%1").arg(anno), 110);
-    txtOrbita = casella("txtOrbita", QS(Orbita(sessione.Aspetti.Orbita)), 60);
-    txtOrbita->setToolTip(QStringLiteral("Separatore decimale:  virgola"));
-    riga->addWidget(new QLabel(QStringLiteral("Dal"), this));
+    txtDa = Casella(this, "txtDa", 110);
+    txtDa->setText(QStringLiteral("01/01/%1").arg(anno));
+    txtA = Casella(this, "txtA", 110);
+    txtA->setText(QStringLiteral("31/12/%1").arg(anno));
+    txtOrbita = Casella(this, "txtOrbita", 60, "Separatore decimale:  virgola");
+    txtOrbita->setText(QS(Orbita(s_.Aspetti.Orbita)));
+    riga->addWidget(Etichetta(this, "Dal"));
     riga->addWidget(txtDa);
-    riga->addWidget(new QLabel(QStringLiteral("al"), this));
+    riga->addWidget(Etichetta(this, "al"));
     riga->addWidget(txtA);
     riga->addSpacing(20);
-    riga->addWidget(new QLabel(QStringLiteral("Orbita"), this));
+    riga->addWidget(Etichetta(this, "Orbita"));
     riga->addWidget(txtOrbita);
     riga->addStretch(1);
     l->addLayout(riga);
+}
 
+void frmCalTransiti::CreaScelte(QVBoxLayout* l) {
     // The transiting bodies and the natal points.
     auto* scelte = new QHBoxLayout;
-    auto* grpPianeti = new QGroupBox(QStringLiteral("Pianeti in transito"), this);
-    grpPianeti->setObjectName("grpPianeti");
+    auto* grpPianeti = Riquadro(this, "grpPianeti", "Pianeti in transito");
     auto* gp = new QGridLayout(grpPianeti);
     const auto predefiniti = CorpiTransitoPredefiniti();
     for (int c = 0; c < NumeroCorpiTransito; ++c) {
-        auto* k = new QCheckBox(QString::fromUtf8(DidascalieCorpi[c]), grpPianeti);
-        k->setObjectName(QStringLiteral("chkPianeta%1").arg(c));
+        auto* k =
+            Spunta(grpPianeti, ("chkPianeta" + std::to_string(c)).c_str(), DidascalieCorpi[c]);
         k->setChecked(std::find(predefiniti.begin(), predefiniti.end(), c) != predefiniti.end());
         gp->addWidget(k, c % 6, c / 6);
         chkPianeta[static_cast<std::size_t>(c)] = k;
     }
-    auto* grpPunti = new QGroupBox(QStringLiteral("Punti natali"), this);
-    grpPunti->setObjectName("grpPunti");
+    auto* grpPunti = Riquadro(this, "grpPunti", "Punti natali");
     auto* gq = new QGridLayout(grpPunti);
     const char* luneNere[2] = {"LilithMedia", "LilithVera"};
     for (std::size_t p = 0; p < PuntiCalTransiti.size(); ++p) {
-        auto* k = new QCheckBox(QString::fromUtf8(DidascaliePunti[p]), grpPunti);
-        k->setObjectName(QStringLiteral("chkPunto%1").arg(PuntiCalTransiti[p]));
-        // The 14 points of the wheel: one Black Moon, the session's.
         const std::string nome = PuntiCalTransiti[p];
+        auto* k = Spunta(grpPunti, ("chkPunto" + nome).c_str(), DidascaliePunti[p]);
+        // The 14 points of the wheel: one Black Moon, the session's.
         const bool lunaNera = nome == luneNere[0] || nome == luneNere[1];
         k->setChecked(!lunaNera || nome == luneNere[s_.LunaNeraVera == 0 ? 0 : 1]);
         gq->addWidget(k, static_cast<int>(p % 5), static_cast<int>(p / 5));
@@ -178,38 +186,37 @@ frmCalTransiti::frmCalTransiti(Sessione& sessione, const std::string& fileDB, Me
     scelte->addWidget(grpPunti, 1);
     l->addLayout(scelte);
 
-    lblAspetti = new QLabel(this);
-    lblAspetti->setObjectName("lblAspetti");
+    lblAspetti = Etichetta(this, "", "lblAspetti");
     lblAspetti->setWordWrap(true);
     l->addWidget(lblAspetti);
+}
 
-    auto* pulsanti = new QHBoxLayout;
-    auto pulsante = [this, pulsanti](const char* nome, const char* testo) {
-        auto* b = new QPushButton(QString::fromUtf8(testo), this);
-        b->setObjectName(nome);
-        pulsanti->addWidget(b);
-        return b;
-    };
-    cmdCerca = pulsante("cmdCerca", "&Cerca");
-    cmdFerma = pulsante("cmdFerma", "&Ferma");
-    cmdStampa = pulsante("cmdStampa", "Stam&pa ...");
-    cmdPdf = pulsante("cmdPdf", "Salva P&DF ...");
-    cmdTesto = pulsante("cmdTesto", "Salva &Testo / CSV ...");
-    pulsanti->addStretch(1);
-    cmdEsci = pulsante("cmdEsci", "&Esci");
+void frmCalTransiti::CreaPulsanti(QVBoxLayout* l) {
+    cmdCerca = Pulsante(this, "cmdCerca", "&Cerca");
+    cmdFerma = Pulsante(this, "cmdFerma", "&Ferma");
+    cmdStampa = Pulsante(this, "cmdStampa", "Stam&pa ...");
+    cmdPdf = Pulsante(this, "cmdPdf", "Salva P&DF ...");
+    cmdTesto = Pulsante(this, "cmdTesto", "Salva &Testo / CSV ...");
+    cmdEsci = Pulsante(this, "cmdEsci", "&Esci");
     cmdFerma->setEnabled(false);
+    auto* pulsanti = new QHBoxLayout;
+    for (QPushButton* b : {cmdCerca, cmdFerma, cmdStampa, cmdPdf, cmdTesto})
+        pulsanti->addWidget(b);
+    pulsanti->addStretch(1);
+    pulsanti->addWidget(cmdEsci);
     l->addLayout(pulsanti);
 
-    barAvanzamento = new QProgressBar(this);
-    barAvanzamento->setObjectName("barAvanzamento");
+    barAvanzamento = Nome(new QProgressBar(this), "barAvanzamento");
     barAvanzamento->setRange(0, 1000);
     barAvanzamento->setValue(0);
     barAvanzamento->setTextVisible(false);
     barAvanzamento->setMaximumHeight(10);
     l->addWidget(barAvanzamento);
+}
 
-    grdTransiti = new QTableWidget(0, static_cast<int>(TesteColonneTransiti.size()), this);
-    grdTransiti->setObjectName("grdTransiti");
+void frmCalTransiti::CreaTabella(QVBoxLayout* l) {
+    grdTransiti = Nome(new QTableWidget(0, static_cast<int>(TesteColonneTransiti.size()), this),
+                       "grdTransiti");
     QStringList teste;
     for (const std::string& t : TesteColonneTransiti)
         teste << QS(t);
@@ -222,10 +229,11 @@ frmCalTransiti::frmCalTransiti(Sessione& sessione, const std::string& fileDB, Me
     grdTransiti->setToolTip(QStringLiteral("Doppio clic: il momento nello slot Transito"));
     l->addWidget(grdTransiti, 1);
 
-    lblEsito = new QLabel(this);
-    lblEsito->setObjectName("lblEsito");
+    lblEsito = Etichetta(this, "", "lblEsito");
     l->addWidget(lblEsito);
+}
 
+void frmCalTransiti::Collega() {
     connect(cmdCerca, &QPushButton::clicked, this, &frmCalTransiti::cmdCerca_Click);
     connect(cmdFerma, &QPushButton::clicked, this, &frmCalTransiti::cmdFerma_Click);
     connect(cmdStampa, &QPushButton::clicked, this, &frmCalTransiti::cmdStampa_Click);
@@ -234,8 +242,6 @@ frmCalTransiti::frmCalTransiti(Sessione& sessione, const std::string& fileDB, Me
     connect(cmdEsci, &QPushButton::clicked, this, &QWidget::close);
     connect(grdTransiti, &QTableWidget::cellDoubleClicked, this,
             [this](int r, int) { grdTransiti_DblClick(r); });
-    Mostra();
-    resize(900, 640);
 }
 
 const Tema& frmCalTransiti::TemaDelLuogo() const {

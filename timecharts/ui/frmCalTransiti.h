@@ -24,6 +24,7 @@ class QPrinter;
 class QProgressBar;
 class QPushButton;
 class QTableWidget;
+class QVBoxLayout;
 
 namespace vesmo {
 
@@ -78,6 +79,14 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
+    // The construction's steps: the platform's dialogs, the chart with the period and the orb,
+    // the bodies and points chosen, the buttons with the progress bar, the list, the events.
+    void DialoghiPredefiniti();
+    void CreaPeriodo(QVBoxLayout* l);
+    void CreaScelte(QVBoxLayout* l);
+    void CreaPulsanti(QVBoxLayout* l);
+    void CreaTabella(QVBoxLayout* l);
+    void Collega();
     bool Errore(const std::string& testo);
     void Mostra();
     void Disegna(QPrinter& stampante);

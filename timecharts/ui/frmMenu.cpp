@@ -26,6 +26,7 @@
 #include "core/Aritmetica.h"
 #include "core/qt/MessaggiQt.h"
 #include "core/qt/Schermo.h"
+#include "core/ui/Controlli.h"
 #include "ephemeris/TestoDatiTema.h"
 #include "presentation/ui/frmOutDati.h"
 #include "timecharts/Direzioni.h"
@@ -52,6 +53,29 @@ const char* const Titoli[4] = {"Natale", "Transito", "Rivoluzione", "Direzione"}
 const char* const Teste[3] = {"   il                             alle         Estiva",
                               "  longitudine        latitudine          fuso",
                               "  TSL                             JD"};
+const char* const NomiFrame[4] = {"Frame1", "Frame2", "Frame3", "Frame4"};
+// The labels of each frame, numbered as the slots' labels are: name, town, date, coordinates,
+// sidereal time and JD, zone, and the three heads.
+const int NumeriEtichette[4][9] = {{1, 2, 3, 4, 5, 10, 6, 7, 8},
+                                   {9, 12, 13, 14, 16, 15, 29, 32, 35},
+                                   {17, 18, 19, 20, 22, 21, 30, 33, 36},
+                                   {23, 24, 25, 26, 28, 27, 31, 34, 37}};
+const char* const PulsantiAstrolog[4] = {nullptr, "cmdAA_Tra", "cmdAA_Riv", "cmdAA_Dir"};
+const std::pair<const char*, const char*> VociSalvo[4] = {{"mnuFileSalvoTN", "&Tema Natale"},
+                                                          {"mnuFileSalvoT", "T&ransito"},
+                                                          {"mnuFileSalvoR", "&Rivoluzione"},
+                                                          {"mnuFileSalvoD", "&Direzione"}};
+struct VoceCalcolatrice {
+    const char* nome;
+    const char* testo;
+    Calcolatrice quale;
+};
+const VoceCalcolatrice VociCalcolatrici[] = {
+    {"mnuVarEclEqu", "Eclittiche <---> E&quatoriali", Calcolatrice::EclEqu},
+    {"mnuVarEqT", "&Equazione del Tempo", Calcolatrice::EqT},
+    {"mnuVarJD", "&Giorni Giuliani  (JD)", Calcolatrice::JD},
+    {"mnuVarConv", "&Formati Numerici Coordinate", Calcolatrice::Formati},
+    {"mnuVarET", "&TE, TU", Calcolatrice::TETU}};
 const char* const ParoleMemo[4] = {"Tema N.", "Transito", "Rivoluzione", "Direzione"};
 const char* const DidascalieMemo[4] = {"[Tema Natale] - ", "[Transito] - ", "[Rivoluzione] - ",
                                        "[Direzione] - "};
@@ -70,7 +94,7 @@ bool PortaDavanti(QWidget* w) {
     return true;
 }
 
-QLabel* Etichetta(QWidget* g, const QString& nome, const QFont& f) {
+QLabel* EtichettaFissa(QWidget* g, const QString& nome, const QFont& f) {
     auto* l = new QLabel(g);
     l->setObjectName(nome);
     l->setFont(f);
@@ -87,71 +111,32 @@ frmMenu::frmMenu(Sessione& sessione, const PercorsiVesmo& percorsi, Messaggi& me
     setObjectName("frmMenu");
     setWindowTitle(
         QStringLiteral("Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria."));
-    QFont fisso = QFontDatabase::systemFont(QFontDatabase::FixedFont);
 
-    // The labels of each frame, numbered as the slots' labels are.
-    const int numeri[4][10] = {{1, 2, 3, 4, 5, 10, 6, 7, 8, 0},
-                               {9, 12, 13, 14, 16, 15, 29, 32, 35, 0},
-                               {17, 18, 19, 20, 22, 21, 30, 33, 36, 0},
-                               {23, 24, 25, 26, 28, 27, 31, 34, 37, 0}};
-    const char* astrolog[4] = {nullptr, "cmdAA_Tra", "cmdAA_Riv", "cmdAA_Dir"};
+    CreaCentro();
+    CreaMenuFile();
+    CreaMenuTemi();
+    CreaMenuUtility();
+    Collega();
+    resize(1000, 560);
+    CollegaMenuTempo(*this, s_, messaggi_);
+    CollegaMenuRuote(*this, s_, messaggi_);
+    CollegaMenuImporta(*this, s_, percorsi_.FileDB, messaggi_);
+    CollegaMenuStampe(*this, s_, messaggi_);
+    CollegaMenuCalTransiti(*this, s_, messaggi_);
+}
+
+void frmMenu::CreaCentro() {
     auto* centro = new QWidget(this);
     auto* griglia = new QGridLayout(centro);
     for (int i = 0; i < 4; ++i) {
-        Riquadro& r = riquadri[static_cast<std::size_t>(i)];
-        r.titolo = QString::fromUtf8(Titoli[i]);
-        r.frame = new QGroupBox(r.titolo, centro);
-        r.frame->setObjectName(QStringLiteral("Frame%1").arg(i + 1));
-        auto lab = [&](int k) { return QStringLiteral("Label%1").arg(numeri[i][k]); };
-        r.nome = Etichetta(r.frame, lab(0), fisso);
-        r.city = Etichetta(r.frame, lab(1), fisso);
-        r.data = Etichetta(r.frame, lab(2), fisso);
-        r.coordinate = Etichetta(r.frame, lab(3), fisso);
-        r.tslJd = Etichetta(r.frame, lab(4), fisso);
-        r.fuso = Etichetta(r.frame, lab(5), fisso);
-        for (int k = 0; k < 3; ++k) {
-            r.teste[static_cast<std::size_t>(k)] = Etichetta(r.frame, lab(6 + k), fisso);
-            r.teste[static_cast<std::size_t>(k)]->setText(QString::fromUtf8(Teste[k]));
-            r.teste[static_cast<std::size_t>(k)]->setStyleSheet("color: #555;");
-        }
-        auto* v = new QVBoxLayout(r.frame);
-        auto* testa = new QHBoxLayout;
-        testa->addWidget(r.nome, 1);
-        testa->addWidget(r.city, 1);
-        v->addLayout(testa);
-        v->addWidget(r.teste[0]);
-        v->addWidget(r.data);
-        v->addWidget(r.teste[1]);
-        auto* coord = new QHBoxLayout;
-        coord->addWidget(r.coordinate);
-        coord->addWidget(r.fuso);
-        coord->addStretch(1);
-        v->addLayout(coord);
-        v->addWidget(r.teste[2]);
-        v->addWidget(r.tslJd);
-        r.astrolog = nullptr;
-        if (astrolog[i]) {
-            r.astrolog = new QPushButton(QStringLiteral("A&vvia  Astrolog"), r.frame);
-            r.astrolog->setObjectName(astrolog[i]);
-            r.astrolog->hide();
-            v->addWidget(r.astrolog, 0, Qt::AlignRight);
-            connect(r.astrolog, &QPushButton::clicked, this, [this, i] {
-                s_.TemaSalva = s_.TemaDelSlot(i);
-                AvviaAstrolog(s_.TemaSalva, percorsi_, messaggi_, AvviaDistaccato);
-            });
-        }
-        griglia->addWidget(r.frame, i / 2, i % 2);
+        CreaRiquadro(i, centro);
+        griglia->addWidget(riquadri[static_cast<std::size_t>(i)].frame, i / 2, i % 2);
     }
-    Label11 = new QLabel(centro);
-    Label11->setObjectName("Label11");
-    Label38 = new QLabel(centro);
-    Label38->setObjectName("Label38");
-    Label39 = new QLabel(centro);
-    Label39->setObjectName("Label39");
-    Command1 = new QPushButton(QStringLiteral("Ve&smo"), centro);
-    Command1->setObjectName("Command1");
-    Command2 = new QPushButton(QStringLiteral("A&ggiorna"), centro);
-    Command2->setObjectName("Command2");
+    Label11 = Etichetta(centro, "", "Label11");
+    Label38 = Etichetta(centro, "", "Label38");
+    Label39 = Etichetta(centro, "", "Label39");
+    Command1 = Pulsante(centro, "Command1", "Ve&smo");
+    Command2 = Pulsante(centro, "Command2", "A&ggiorna");
     auto* lato = new QVBoxLayout;
     lato->addWidget(Label11);
     lato->addWidget(Label38);
@@ -161,28 +146,130 @@ frmMenu::frmMenu(Sessione& sessione, const PercorsiVesmo& percorsi, Messaggi& me
     lato->addWidget(Command1);
     griglia->addLayout(lato, 0, 2, 2, 1);
     setCentralWidget(centro);
+}
 
-    auto voce = [this](QMenu* m, const char* nome, const char* testo) {
-        QAction* a = m->addAction(QString::fromUtf8(testo));
-        a->setObjectName(nome);
-        return a;
+void frmMenu::CreaRiquadro(int i, QWidget* centro) {
+    const auto slot = static_cast<std::size_t>(i);
+    const QFont fisso = QFontDatabase::systemFont(QFontDatabase::FixedFont);
+    Riquadro& r = riquadri[slot];
+    r.titolo = QString::fromUtf8(Titoli[slot]);
+    r.frame = vesmo::Riquadro(centro, NomiFrame[slot], Titoli[slot]);
+    auto lab = [&](std::size_t k) {
+        return EtichettaFissa(r.frame, QStringLiteral("Label%1").arg(NumeriEtichette[slot][k]),
+                              fisso);
     };
+    r.nome = lab(0);
+    r.city = lab(1);
+    r.data = lab(2);
+    r.coordinate = lab(3);
+    r.tslJd = lab(4);
+    r.fuso = lab(5);
+    for (std::size_t k = 0; k < 3; ++k) {
+        r.teste[k] = lab(6 + k);
+        r.teste[k]->setText(QString::fromUtf8(Teste[k]));
+        r.teste[k]->setStyleSheet("color: #555;");
+    }
+    auto* v = new QVBoxLayout(r.frame);
+    auto* testa = new QHBoxLayout;
+    testa->addWidget(r.nome, 1);
+    testa->addWidget(r.city, 1);
+    v->addLayout(testa);
+    v->addWidget(r.teste[0]);
+    v->addWidget(r.data);
+    v->addWidget(r.teste[1]);
+    auto* coord = new QHBoxLayout;
+    coord->addWidget(r.coordinate);
+    coord->addWidget(r.fuso);
+    coord->addStretch(1);
+    v->addLayout(coord);
+    v->addWidget(r.teste[2]);
+    v->addWidget(r.tslJd);
+    r.astrolog = nullptr;
+    if (PulsantiAstrolog[slot]) {
+        r.astrolog = Pulsante(r.frame, PulsantiAstrolog[slot], "A&vvia  Astrolog");
+        r.astrolog->hide();
+        v->addWidget(r.astrolog, 0, Qt::AlignRight);
+    }
+}
+
+void frmMenu::CreaMenuFile() {
     mnuFile = menuBar()->addMenu(QStringLiteral("&File"));
     QMenu* luna = mnuFile->addMenu(QStringLiteral("&Luna"));
-    mnuFileLunaGeo = voce(luna, "mnuFileLunaGeo", "&Geocentrica");
-    mnuFileLunaTopo = voce(luna, "mnuFileLunaTopo", "&Topocentrica ");
+    mnuFileLunaGeo = Voce(luna, "mnuFileLunaGeo", "&Geocentrica");
+    mnuFileLunaTopo = Voce(luna, "mnuFileLunaTopo", "&Topocentrica ");
     QMenu* lunaNera = mnuFile->addMenu(QStringLiteral("Luna Nera"));
-    mnuFileLunaNMedia = voce(lunaNera, "mnuFileLunaNMedia", "Media ");
-    mnuFileLunaNVera = voce(lunaNera, "mnuFileLunaNVera", "Vera");
-    connect(voce(mnuFile, "mnuFileColori", "Im&posta Colori Ruota"), &QAction::triggered, this,
+    mnuFileLunaNMedia = Voce(lunaNera, "mnuFileLunaNMedia", "Media ");
+    mnuFileLunaNVera = Voce(lunaNera, "mnuFileLunaNVera", "Vera");
+    connect(Voce(mnuFile, "mnuFileColori", "Im&posta Colori Ruota"), &QAction::triggered, this,
             [this] { MostraColoriRuota(stato, this); });
     QMenu* salvo = mnuFile->addMenu(QStringLiteral("S&alvo"));
-    const char* nomiSalvo[4] = {"mnuFileSalvoTN", "mnuFileSalvoT", "mnuFileSalvoR",
-                                "mnuFileSalvoD"};
-    const char* testiSalvo[4] = {"&Tema Natale", "T&ransito", "&Rivoluzione", "&Direzione"};
+    for (std::size_t i = 0; i < 4; ++i) {
+        mnuFileSalvo[i] = Voce(salvo, VociSalvo[i].first, VociSalvo[i].second);
+        mnuFileSalvo[i]->setCheckable(true);
+    }
+    mnuFile->addSeparator();
+    mnuFileEsci = Voce(mnuFile, "mnuFileEsci", "&Esci. Ritorna ad Vesmo");
+}
+
+void frmMenu::CreaMenuTemi() {
+    mnUnCielo = menuBar()->addMenu(QStringLiteral("&Tema Natale"));
+    mnUnCieloNuovo = Voce(mnUnCielo, "mnUnCieloNuovo", "Calcolo &Tema Nuovo");
+    connect(Voce(mnUnCielo, "mnUnCieloPosizione", "&Posizioni"), &QAction::triggered, this,
+            [this] { ApriPosizioni(0); });
+    connect(Voce(mnUnCielo, "mnUnCieloDomi", "&Domiciliazioni"), &QAction::triggered, this,
+            [this] { ApriDomicili(0); });
+    connect(Voce(mnUnCielo, "mnUnCieloAO", "&Selezione Aspetti e Orbita"), &QAction::triggered,
+            this, &frmMenu::ApriSelezioneAspetti);
+    connect(Voce(mnUnCielo, "mnUnCieloMemo", "C&mto"), &QAction::triggered, this,
+            [this] { ApriMemo(0); });
+    mnuTransiti = menuBar()->addMenu(QStringLiteral("Tr&ansiti"));
+    mnuTransitInput = Voce(mnuTransiti, "mnuTransitInput", "Calcolo Trans&ito Nuovo");
+    VociSlot(mnuTransiti, 1, "mnuTransitiP", "&Posizioni ", "mnuTransitiD", "mnuTransitiMemo");
+    mnuRiv = menuBar()->addMenu(QStringLiteral("&Rivoluzioni"));
+    VociSlot(mnuRiv, 2, "mnuRivPos", "&Posizioni", "mnuRivDom", "mnuRivMemo");
+    mnuDir = menuBar()->addMenu(QStringLiteral("&Direzioni"));
+    VociSlot(mnuDir, 3, "mnuDirPos", "&Posizioni ", "mnuDirDom", "mnuDirMemo");
+}
+
+void frmMenu::VociSlot(QMenu* menu, int slot, const char* posizioni, const char* testoPosizioni,
+                       const char* domicili, const char* memo) {
+    connect(Voce(menu, posizioni, testoPosizioni), &QAction::triggered, this,
+            [this, slot] { ApriPosizioni(slot); });
+    connect(Voce(menu, domicili, "&Domiciliazioni"), &QAction::triggered, this,
+            [this, slot] { ApriDomicili(slot); });
+    connect(Voce(menu, memo, "C&mto"), &QAction::triggered, this, [this, slot] { ApriMemo(slot); });
+}
+
+void frmMenu::CreaMenuUtility() {
+    mnuVar = menuBar()->addMenu(QStringLiteral("&Utility"));
+    for (const VoceCalcolatrice& v : VociCalcolatrici) {
+        const Calcolatrice quale = v.quale;
+        connect(Voce(mnuVar, v.nome, v.testo), &QAction::triggered, this,
+                [this, quale] { MostraCalcolatrice(quale, s_, messaggi_, this); });
+    }
+    munVarSca = Voce(mnuVar, "munVarSca", "&Pulizia form");
+    mnuHefrMenu = menuBar()->addMenu(QStringLiteral("&?"));
+    connect(Voce(mnuHefrMenu, "mnuHeDecimali", "&Decimali"), &QAction::triggered, this, [this] {
+        Aiuto(QStringLiteral("Lyx - Aiuto Lyx "), QString::fromUtf8(AiutoDecimali));
+    });
+    connect(Voce(mnuHefrMenu, "mnuHeMirate", "Rivoluzioni &Mirate"), &QAction::triggered, this,
+            [this] {
+                Aiuto(QStringLiteral("Lyx - Aiuto Rivoluzioni Rilocate"),
+                      QString::fromUtf8(AiutoRivoluzioniMirate));
+            });
+    connect(Voce(mnuHefrMenu, "mnuHeDirFrAnno", "Dir. &Frazione d' anno"), &QAction::triggered,
+            this,
+            [this] { Aiuto(QString::fromUtf8(TitoloAiutoFrazione), QS(TestoAiutoFrazione())); });
+}
+
+void frmMenu::Collega() {
+    for (int i = 1; i < 4; ++i)
+        connect(riquadri[static_cast<std::size_t>(i)].astrolog, &QPushButton::clicked, this,
+                [this, i] {
+                    s_.TemaSalva = s_.TemaDelSlot(i);
+                    AvviaAstrolog(s_.TemaSalva, percorsi_, messaggi_, AvviaDistaccato);
+                });
     for (int i = 0; i < 4; ++i) {
-        mnuFileSalvo[static_cast<std::size_t>(i)] = voce(salvo, nomiSalvo[i], testiSalvo[i]);
-        mnuFileSalvo[static_cast<std::size_t>(i)]->setCheckable(true);
         // The entry's mark tells whether the slot was saved: a click does not toggle it.
         connect(mnuFileSalvo[static_cast<std::size_t>(i)], &QAction::triggered, this,
                 [this, i](bool segnata) {
@@ -190,71 +277,6 @@ frmMenu::frmMenu(Sessione& sessione, const PercorsiVesmo& percorsi, Messaggi& me
                     Salvo(i);
                 });
     }
-    mnuFile->addSeparator();
-    mnuFileEsci = voce(mnuFile, "mnuFileEsci", "&Esci. Ritorna ad Vesmo");
-
-    mnUnCielo = menuBar()->addMenu(QStringLiteral("&Tema Natale"));
-    mnUnCieloNuovo = voce(mnUnCielo, "mnUnCieloNuovo", "Calcolo &Tema Nuovo");
-    connect(voce(mnUnCielo, "mnUnCieloPosizione", "&Posizioni"), &QAction::triggered, this,
-            [this] { ApriPosizioni(0); });
-    connect(voce(mnUnCielo, "mnUnCieloDomi", "&Domiciliazioni"), &QAction::triggered, this,
-            [this] { ApriDomicili(0); });
-    connect(voce(mnUnCielo, "mnUnCieloAO", "&Selezione Aspetti e Orbita"), &QAction::triggered,
-            this, &frmMenu::ApriSelezioneAspetti);
-    connect(voce(mnUnCielo, "mnUnCieloMemo", "C&mto"), &QAction::triggered, this,
-            [this] { ApriMemo(0); });
-    mnuTransiti = menuBar()->addMenu(QStringLiteral("Tr&ansiti"));
-    mnuTransitInput = voce(mnuTransiti, "mnuTransitInput", "Calcolo Trans&ito Nuovo");
-    connect(voce(mnuTransiti, "mnuTransitiP", "&Posizioni "), &QAction::triggered, this,
-            [this] { ApriPosizioni(1); });
-    connect(voce(mnuTransiti, "mnuTransitiD", "&Domiciliazioni"), &QAction::triggered, this,
-            [this] { ApriDomicili(1); });
-    connect(voce(mnuTransiti, "mnuTransitiMemo", "C&mto"), &QAction::triggered, this,
-            [this] { ApriMemo(1); });
-    mnuRiv = menuBar()->addMenu(QStringLiteral("&Rivoluzioni"));
-    connect(voce(mnuRiv, "mnuRivPos", "&Posizioni"), &QAction::triggered, this,
-            [this] { ApriPosizioni(2); });
-    connect(voce(mnuRiv, "mnuRivDom", "&Domiciliazioni"), &QAction::triggered, this,
-            [this] { ApriDomicili(2); });
-    connect(voce(mnuRiv, "mnuRivMemo", "C&mto"), &QAction::triggered, this,
-            [this] { ApriMemo(2); });
-    mnuDir = menuBar()->addMenu(QStringLiteral("&Direzioni"));
-    connect(voce(mnuDir, "mnuDirPos", "&Posizioni "), &QAction::triggered, this,
-            [this] { ApriPosizioni(3); });
-    connect(voce(mnuDir, "mnuDirDom", "&Domiciliazioni"), &QAction::triggered, this,
-            [this] { ApriDomicili(3); });
-    connect(voce(mnuDir, "mnuDirMemo", "C&mto"), &QAction::triggered, this,
-            [this] { ApriMemo(3); });
-    mnuVar = menuBar()->addMenu(QStringLiteral("&Utility"));
-    struct VoceCalcolatrice {
-        const char* nome;
-        const char* testo;
-        Calcolatrice quale;
-    };
-    for (const VoceCalcolatrice& v :
-         {VoceCalcolatrice{"mnuVarEclEqu", "Eclittiche <---> E&quatoriali", Calcolatrice::EclEqu},
-          VoceCalcolatrice{"mnuVarEqT", "&Equazione del Tempo", Calcolatrice::EqT},
-          VoceCalcolatrice{"mnuVarJD", "&Giorni Giuliani  (JD)", Calcolatrice::JD},
-          VoceCalcolatrice{"mnuVarConv", "&Formati Numerici Coordinate", Calcolatrice::Formati},
-          VoceCalcolatrice{"mnuVarET", "&TE, TU", Calcolatrice::TETU}}) {
-        const Calcolatrice quale = v.quale;
-        connect(voce(mnuVar, v.nome, v.testo), &QAction::triggered, this,
-                [this, quale] { MostraCalcolatrice(quale, s_, messaggi_, this); });
-    }
-    munVarSca = voce(mnuVar, "munVarSca", "&Pulizia form");
-    mnuHefrMenu = menuBar()->addMenu(QStringLiteral("&?"));
-    connect(voce(mnuHefrMenu, "mnuHeDecimali", "&Decimali"), &QAction::triggered, this, [this] {
-        Aiuto(QStringLiteral("Lyx - Aiuto Lyx "), QString::fromUtf8(AiutoDecimali));
-    });
-    connect(voce(mnuHefrMenu, "mnuHeMirate", "Rivoluzioni &Mirate"), &QAction::triggered, this,
-            [this] {
-                Aiuto(QStringLiteral("Lyx - Aiuto Rivoluzioni Rilocate"),
-                      QString::fromUtf8(AiutoRivoluzioniMirate));
-            });
-    connect(voce(mnuHefrMenu, "mnuHeDirFrAnno", "Dir. &Frazione d' anno"), &QAction::triggered,
-            this,
-            [this] { Aiuto(QString::fromUtf8(TitoloAiutoFrazione), QS(TestoAiutoFrazione())); });
-
     connect(mnuFileLunaGeo, &QAction::triggered, this, [this] { CambiaLuna(1); });
     connect(mnuFileLunaTopo, &QAction::triggered, this, [this] { CambiaLuna(0); });
     connect(mnuFileLunaNMedia, &QAction::triggered, this, [this] { CambiaLunaNera(0); });
@@ -265,12 +287,6 @@ frmMenu::frmMenu(Sessione& sessione, const PercorsiVesmo& percorsi, Messaggi& me
     connect(mnUnCieloNuovo, &QAction::triggered, this, &frmMenu::mnUnCieloNuovo_Click);
     connect(mnuTransitInput, &QAction::triggered, this, &frmMenu::mnuTransitInput_Click);
     connect(munVarSca, &QAction::triggered, this, &frmMenu::PulisciSlot);
-    resize(1000, 560);
-    CollegaMenuTempo(*this, s_, messaggi_);
-    CollegaMenuRuote(*this, s_, messaggi_);
-    CollegaMenuImporta(*this, s_, percorsi_.FileDB, messaggi_);
-    CollegaMenuStampe(*this, s_, messaggi_);
-    CollegaMenuCalTransiti(*this, s_, messaggi_);
 }
 
 frmMenu::~frmMenu() {

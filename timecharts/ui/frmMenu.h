@@ -104,6 +104,17 @@ protected:
     void closeEvent(QCloseEvent* e) override;
 
 private:
+    // The construction's steps: the four slots' frames with the side column, one slot's frame,
+    // the File menu, the menus of the four charts, the utilities and help, the events.
+    void CreaCentro();
+    void CreaRiquadro(int slot, QWidget* centro);
+    void CreaMenuFile();
+    void CreaMenuTemi();
+    // The positions, dignities and comment entries of `slot`'s menu.
+    void VociSlot(QMenu* menu, int slot, const char* posizioni, const char* testoPosizioni,
+                  const char* domicili, const char* memo);
+    void CreaMenuUtility();
+    void Collega();
     void Rinfresca(int slot);
     void Didascalia(int slot, bool dopoSalvo);
     void MostraEtichette(int slot, bool visibili);
