@@ -84,8 +84,7 @@ void WidgetPagina::paintEvent(QPaintEvent*) {
 }
 
 frmStampe::frmStampe(Sessione& sessione, Messaggi& messaggi, QWidget* genitore)
-    : QMainWindow(genitore), s_(sessione), aspetti_(sessione.Aspetti), stato_(sessione.Ruote),
-      messaggi_(messaggi) {
+    : QMainWindow(genitore), s_(sessione), messaggi_(messaggi) {
     setObjectName("frmStampe");
     setWindowFlag(Qt::Window);
     setWindowTitle(QStringLiteral("Lyx - Stampe"));
@@ -179,8 +178,8 @@ OpzioniPagina frmStampe::Opzioni(bool sulModulo) const {
     OpzioniPagina o;
     o.CheStampa = CheStampa;
     o.DataStampa = Oggi ? Oggi() : std::string();
-    o.DisegnaAspetti = stato_.DisegnaAspetti != 0;
-    o.Aspetti = aspetti_;
+    o.DisegnaAspetti = s_.Ruote.DisegnaAspetti != 0;
+    o.Aspetti = s_.Aspetti;
     o.LunaGeo = s_.LunaGeo;
     o.LunaNeraVera = s_.LunaNeraVera;
     o.SpessoreGlifi = SpessoreGlifi;
@@ -243,11 +242,11 @@ void frmStampe::mnuFileStampeSelAspetti_Click() {
     };
     if (RegistraSecondaria) RegistraSecondaria(Selezione);
     Selezione->show();
-    stato_.SelezioneDaStampe = -1;
+    s_.Ruote.SelezioneDaStampe = -1;
 }
 
 void frmStampe::mnuFileStampeDisegna_Click() {
-    stato_.DisegnaAspetti = stato_.DisegnaAspetti ? 0 : -1;
+    s_.Ruote.DisegnaAspetti = s_.Ruote.DisegnaAspetti ? 0 : -1;
     Componi(CheStampa);
 }
 

@@ -133,8 +133,6 @@ private:
     void ErroreDiEsecuzione(const std::string& routine, const std::string& testo);
 
     Sessione& s_;
-    TabellaAspetti& aspetti_;
-    StatoRuote& stato_;
     Messaggi& messaggi_;
     Tema tema_;
     Posizioni pos_;
