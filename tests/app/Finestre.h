@@ -89,6 +89,11 @@ public:
             s.FlagDelSlot(slot) = -1;
         }
         menu->hide();
+        RimettiCoppie();
+    }
+    // The working pairs as the chart menu leaves them before opening a chart's window: a window
+    // shown earlier (the data entry, an import's preview) may have used them for its own chart.
+    void RimettiCoppie() {
         s.TemaX = s.TemaDelSlot(0);
         s.PosX = s.PosDelSlot(0);
         s.TemaZ = s.TemaDelSlot(1);
@@ -142,11 +147,21 @@ public:
              }},
             {"frmMenu", [] { return std::unique_ptr<QWidget>(); }},
             {"frmMemo", [this] { return std::make_unique<frmMemo>(s, *menu, m, 0); }},
-            {"frmOutDati", [this] { return std::make_unique<frmOutDati>(s, fileDB, m); }},
+            {"frmOutDati",
+             [this] {
+                 RimettiCoppie();
+                 return std::make_unique<frmOutDati>(s, fileDB, m);
+             }},
             {"frmRuotaDoppia transito",
-             [this] { return std::make_unique<frmRuotaDoppia>(s, m, Esterno::Transito); }},
+             [this] {
+                 RimettiCoppie();
+                 return std::make_unique<frmRuotaDoppia>(s, m, Esterno::Transito);
+             }},
             {"frmRuotaDoppia rivoluzione",
-             [this] { return std::make_unique<frmRuotaDoppia>(s, m, Esterno::Rivoluzione); }},
+             [this] {
+                 RimettiCoppie();
+                 return std::make_unique<frmRuotaDoppia>(s, m, Esterno::Rivoluzione);
+             }},
             {"frmCheStampe", [] { return std::make_unique<frmCheStampe>(); }},
             {"frmStampe",
              [this] {
