@@ -226,10 +226,6 @@ Connessione::Connessione(const std::filesystem::path& file, bool crea, bool sola
     }
     sqlite3_extended_result_codes(db_, 1);
     sqlite3_busy_timeout(db_, attesaBloccoMs_);
-    // A place table with its indexes is a few tens of megabytes: keep it mapped and cached so
-    // that a seek reads no file.
-    sqlite3_exec(db_, "PRAGMA mmap_size = 268435456; PRAGMA cache_size = -16384", nullptr, nullptr,
-                 nullptr);
     sqlite3_create_collation_v2(db_, NomeCollazione, SQLITE_UTF8, nullptr, Collazione, nullptr);
     sqlite3_create_function_v2(db_, NomeFunzioneChiave, -1,
                                SQLITE_UTF8 | SQLITE_DETERMINISTIC | SQLITE_INNOCUOUS, nullptr,
@@ -245,6 +241,11 @@ Connessione::Connessione(const std::filesystem::path& file, bool crea, bool sola
         db_ = nullptr;
         throw;
     }
+    // A place table with its indexes is a few tens of megabytes: keep it mapped and cached so
+    // that a seek reads no file. The cache's size reads the schema: set after the check above, a
+    // file held by another program is waited for once, not twice.
+    sqlite3_exec(db_, "PRAGMA mmap_size = 268435456; PRAGMA cache_size = -16384", nullptr, nullptr,
+                 nullptr);
 }
 
 void Connessione::ImpostaAttesaBlocco(int ms) {
