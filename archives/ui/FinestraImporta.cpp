@@ -17,6 +17,7 @@
 #include "archives/Sicurezza.h"
 #include "archives/ui/ModelloArchivio.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
@@ -32,10 +33,20 @@ FinestraImporta::FinestraImporta(Sessione& sessione, const std::string& fileDB, 
                                  const char* prefisso, QWidget* genitore)
     : QDialog(genitore), s_(sessione), fileDB_(fileDB), messaggi_(messaggi), prefisso_(prefisso) {
     setModal(true);
-    lstArchivi = new QListWidget(this);
-    lstArchivi->setObjectName("lstArchivi");
-    DBGrid1 = new QTableView(this);
-    DBGrid1->setObjectName("DBGrid1");
+    lstArchivi = Nome(new QListWidget(this), "lstArchivi");
+    CreaGriglia();
+    Text1 = Casella(this, "Text1");
+    Command1 = Pulsante(this, "Command1", GrigliaOffIniziale);
+    cmdImporta = Pulsante(this, "cmdImporta", "&Importa");
+    cmdImporta->setDefault(true);
+    cmdElimina = Pulsante(this, "cmdElimina", "&Elimina Tema");
+    Command3 = Pulsante(this, "Command3", "E&sci");
+    CreaBarraCerca();
+    ConnettiComuni();
+}
+
+void FinestraImporta::CreaGriglia() {
+    DBGrid1 = Nome(new QTableView(this), "DBGrid1");
     DBGrid1->setSelectionBehavior(QAbstractItemView::SelectRows);
     // Several rows may be chosen, to delete or move them at once.
     DBGrid1->setSelectionMode(QAbstractItemView::ExtendedSelection);
@@ -48,38 +59,28 @@ FinestraImporta::FinestraImporta(Sessione& sessione, const std::string& fileDB, 
     DBGrid1->horizontalHeader()->setSortIndicator(-1, Qt::AscendingOrder);
     DBGrid1->setSortingEnabled(true);
     DBGrid1->horizontalHeader()->setStretchLastSection(true);
-    DidascaliaGriglia = new QLabel(this);
-    DidascaliaGriglia->setObjectName("DidascaliaGriglia");
+    DidascaliaGriglia = Etichetta(this, "", "DidascaliaGriglia");
     DidascaliaGriglia->setAlignment(Qt::AlignCenter);
     DidascaliaGriglia->setFrameShape(QFrame::Panel);
-    Text1 = new QLineEdit(this);
-    Text1->setObjectName("Text1");
-    Command1 = new QPushButton(QString::fromUtf8(GrigliaOffIniziale), this);
-    Command1->setObjectName("Command1");
-    cmdImporta = new QPushButton(QStringLiteral("&Importa"), this);
-    cmdImporta->setObjectName("cmdImporta");
-    cmdImporta->setDefault(true);
-    cmdElimina = new QPushButton(QStringLiteral("&Elimina Tema"), this);
-    cmdElimina->setObjectName("cmdElimina");
-    Command3 = new QPushButton(QStringLiteral("E&sci"), this);
-    Command3->setObjectName("Command3");
-    BarraCerca = new QWidget(this);
-    BarraCerca->setObjectName("BarraCerca");
-    auto* etichetta = new QLabel(QStringLiteral("Cerca per campi:"), BarraCerca);
-    txtCerca = new QLineEdit(BarraCerca);
-    txtCerca->setObjectName("txtCerca");
+}
+
+void FinestraImporta::CreaBarraCerca() {
+    BarraCerca = Nome(new QWidget(this), "BarraCerca");
+    auto* etichetta = Etichetta(BarraCerca, "Cerca per campi:");
+    txtCerca = Casella(BarraCerca, "txtCerca");
     txtCerca->setPlaceholderText(
         QStringLiteral("nome  dal:GG/MM/AAAA  al:GG/MM/AAAA  luogo:...  commento:..."));
     txtCerca->setClearButtonEnabled(true);
-    lbCerca = new QLabel(BarraCerca);
-    lbCerca->setObjectName("lbCerca");
+    lbCerca = Etichetta(BarraCerca, "", "lbCerca");
     auto* lc = new QHBoxLayout(BarraCerca);
     lc->setContentsMargins(0, 0, 0, 0);
     lc->addWidget(etichetta);
     lc->addWidget(txtCerca, 1);
     lc->addWidget(lbCerca);
-    connect(txtCerca, &QLineEdit::textChanged, this, &FinestraImporta::txtCerca_Change);
+}
 
+void FinestraImporta::ConnettiComuni() {
+    connect(txtCerca, &QLineEdit::textChanged, this, &FinestraImporta::txtCerca_Change);
     connect(lstArchivi, &QListWidget::itemClicked, this, &FinestraImporta::lstArchivi_Click);
     connect(Text1, &QLineEdit::textChanged, this, &FinestraImporta::Text1_Change);
     connect(Command1, &QPushButton::clicked, this, &FinestraImporta::Command1_Click);

@@ -100,6 +100,12 @@ protected:
     bool allineando_ = false;
 
 private:
+    // The constructor's steps: the grid with its caption, the search bar by fields, and the
+    // slots of the controls every import window shares.
+    void CreaGriglia();
+    void CreaBarraCerca();
+    void ConnettiComuni();
+
     void RigaGriglia(int riga);
 };
 

@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "archives/Archivi.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
@@ -19,12 +20,10 @@ frmImpTVesmo::frmImpTVesmo(Sessione& sessione, const std::string& fileDB, Messag
     setObjectName("frmImpTVesmo");
     setWindowTitle(QStringLiteral("Vesmo - Importa Temi da Archivio"));
 
-    Frame1 = new QGroupBox(QStringLiteral("Archivi  Disponibili"), this);
-    Frame1->setObjectName("Frame1");
+    Frame1 = Riquadro(this, "Frame1", "Archivi  Disponibili");
     auto* l1 = new QVBoxLayout(Frame1);
     l1->addWidget(lstArchivi);
-    Frame3 = new QGroupBox(QStringLiteral("Cerca >>"), this);
-    Frame3->setObjectName("Frame3");
+    Frame3 = Riquadro(this, "Frame3", "Cerca >>");
     auto* l3 = new QHBoxLayout(Frame3);
     l3->addWidget(Text1);
 

@@ -20,6 +20,7 @@
 #include "archives/ui/ModelloArchivio.h"
 #include "archives/ui/WidgetAnteprima.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
@@ -29,41 +30,43 @@ frmImpTnLyx::frmImpTnLyx(Sessione& sessione, const std::string& fileDB, Messaggi
     setObjectName("frmImpTnLyx");
     setWindowTitle(QStringLiteral("Lyx - Importa Temi da Archivio"));
 
-    Frame1 = new QGroupBox(QStringLiteral("Archivi  Disponibili"), this);
-    Frame1->setObjectName("Frame1");
+    CreaRiquadri();
+    CreaControlli();
+    Disponi();
+    Connetti();
+    Carica();
+}
+
+void frmImpTnLyx::CreaRiquadri() {
+    Frame1 = Riquadro(this, "Frame1", "Archivi  Disponibili");
     auto* l1 = new QVBoxLayout(Frame1);
     l1->addWidget(lstArchivi);
 
-    Frame2 = new QGroupBox(QStringLiteral("Options "), this);
-    Frame2->setObjectName("Frame2");
+    Frame2 = Riquadro(this, "Frame2", "Options ");
     auto* l2 = new QVBoxLayout(Frame2);
     const char* nomi[4] = {"Option1", "Option2", "Option3", "Option4"};
     const char* testi[4] = {"Tema Natale", "Transito", "Rivoluzione", "Direzione"};
     QRadioButton** opzioni[4] = {&Option1, &Option2, &Option3, &Option4};
     for (int i = 0; i < 4; ++i) {
-        *opzioni[i] = new QRadioButton(QString::fromUtf8(testi[i]), Frame2);
-        (*opzioni[i])->setObjectName(nomi[i]);
+        *opzioni[i] = Nome(new QRadioButton(QString::fromUtf8(testi[i]), Frame2), nomi[i]);
         (*opzioni[i])->installEventFilter(this);
         l2->addWidget(*opzioni[i]);
     }
+}
 
-    Label1 = new QLabel(QStringLiteral("Cerca >>"), this);
-    Label1->setObjectName("Label1");
-    cdAvanzata = new QPushButton(QStringLiteral("Es&tesa"), this);
-    cdAvanzata->setObjectName("cdAvanzata");
-    cbEstesa = new QComboBox(this);
-    cbEstesa->setObjectName("cbEstesa");
+void frmImpTnLyx::CreaControlli() {
+    Label1 = Etichetta(this, "Cerca >>", "Label1");
+    cdAvanzata = Pulsante(this, "cdAvanzata", "Es&tesa");
+    cbEstesa = Lista(this, "cbEstesa");
     cbEstesa->setMinimumContentsLength(24);
-    cmdCambiaA = new QPushButton(QStringLiteral("S&posta Tema"), this);
-    cmdCambiaA->setObjectName("cmdCambiaA");
-    cmbCambiaA = new QComboBox(this);
-    cmbCambiaA->setObjectName("cmbCambiaA");
-    txtCmto = new QPlainTextEdit(this);
-    txtCmto->setObjectName("txtCmto");
+    cmdCambiaA = Pulsante(this, "cmdCambiaA", "S&posta Tema");
+    cmbCambiaA = Lista(this, "cmbCambiaA");
+    txtCmto = Nome(new QPlainTextEdit(this), "txtCmto");
     txtCmto->setMaximumHeight(90);
-    Anteprima = new WidgetAnteprima(this);
-    Anteprima->setObjectName("Anteprima");
+    Anteprima = Nome(new WidgetAnteprima(this), "Anteprima");
+}
 
+void frmImpTnLyx::Disponi() {
     // Left: the archives, the options and the buttons; middle: the grid and the searches;
     // right: the preview and the comment.
     auto* sinistra = new QVBoxLayout;
@@ -100,14 +103,14 @@ frmImpTnLyx::frmImpTnLyx(Sessione& sessione, const std::string& fileDB, Messaggi
     tutto->addLayout(centro, 3);
     tutto->addLayout(destra, 2);
     resize(1180, 560);
+}
 
+void frmImpTnLyx::Connetti() {
     connect(cdAvanzata, &QPushButton::clicked, this, &frmImpTnLyx::cdAvanzata_Click);
     connect(cbEstesa, &QComboBox::activated, this, &frmImpTnLyx::cbEstesa_Click);
     connect(cmdImporta, &QPushButton::clicked, this, &frmImpTnLyx::cmdImporta_Click);
     connect(cmdCambiaA, &QPushButton::clicked, this, &frmImpTnLyx::cmdCambiaA_Click);
     connect(DBGrid1, &QTableView::doubleClicked, this, &frmImpTnLyx::DBGrid1_DblClick);
-
-    Carica();
 }
 
 void frmImpTnLyx::ArchiviElencati(const std::vector<std::string>& archivi) {

@@ -50,6 +50,13 @@ protected:
     bool eventFilter(QObject* o, QEvent* e) override;
 
 private:
+    // The constructor's steps: the archives' and the options' frames, the other controls (in
+    // tab order), the layout, the slots.
+    void CreaRiquadri();
+    void CreaControlli();
+    void Disponi();
+    void Connetti();
+
     // The option set, 0..3, or -1.
     int OpzioneScelta() const;
 };

@@ -8,6 +8,7 @@
 
 #include "archives/Archivi.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
@@ -18,16 +19,12 @@ frmSalvoLyx::frmSalvoLyx(Sessione& sessione, const std::string& fileDB, Messaggi
     setWindowTitle(QStringLiteral("Lyx - Salvo"));
     setModal(true);
 
-    auto* frame = new QGroupBox(QStringLiteral("Archivi  Disponibili"), this);
-    frame->setObjectName("Frame1");
-    lstArchivi = new QListWidget(frame);
-    lstArchivi->setObjectName("lstArchivi");
+    auto* frame = Riquadro(this, "Frame1", "Archivi  Disponibili");
+    lstArchivi = Nome(new QListWidget(frame), "lstArchivi");
     auto* lf = new QVBoxLayout(frame);
     lf->addWidget(lstArchivi);
-    cmdSalva = new QPushButton(QStringLiteral("&Salva  Tema"), this);
-    cmdSalva->setObjectName("cmdSalva");
-    Command4 = new QPushButton(QStringLiteral("Esc&i"), this);
-    Command4->setObjectName("Command4");
+    cmdSalva = Pulsante(this, "cmdSalva", "&Salva  Tema");
+    Command4 = Pulsante(this, "Command4", "Esc&i");
     auto* pulsanti = new QHBoxLayout;
     pulsanti->addWidget(cmdSalva);
     pulsanti->addStretch(1);

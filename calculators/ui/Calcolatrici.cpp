@@ -376,6 +376,21 @@ void frmEqT_Lyx::CommandOK_Click() {
 frmEclEqu_Lyx::frmEclEqu_Lyx(Messaggi& messaggi, QWidget* genitore)
     : QDialog(genitore), messaggi_(messaggi) {
     Prepara(this, "frmEclEqu_Lyx", "Lyx -  Eclittiche <---> Equatoriali");
+    QGroupBox* data = RiquadroData();
+    QGroupBox* ecl = RiquadroEclittiche();
+    QGroupBox* equ = RiquadroEquatoriali();
+    cmdEsci = PulsanteNonPredefinito(this, "cmdEsci", "&Esci");
+    auto* v = new QVBoxLayout(this);
+    v->addWidget(data);
+    v->addWidget(ecl);
+    v->addWidget(equ);
+    v->addWidget(cmdEsci, 0, Qt::AlignRight);
+    connect(cmdCal_Equ, &QPushButton::clicked, this, &frmEclEqu_Lyx::cmdCal_Equ_Click);
+    connect(cmdCal_Ecl, &QPushButton::clicked, this, &frmEclEqu_Lyx::cmdCal_Ecl_Click);
+    connect(cmdEsci, &QPushButton::clicked, this, &QDialog::close);
+}
+
+QGroupBox* frmEclEqu_Lyx::RiquadroData() {
     QGroupBox* data = Riquadro(this, "Frame3", "Data per il Calcolo");
     txDay = Casella(data, "txDay", 40);
     txMese = Casella(data, "txMese", 40);
@@ -396,10 +411,12 @@ frmEclEqu_Lyx::frmEclEqu_Lyx(Messaggi& messaggi, QWidget* genitore)
         riga->addWidget(e);
     riga->addStretch(1);
     gd->addLayout(riga, 1, 1);
+    return data;
+}
 
+QGroupBox* frmEclEqu_Lyx::RiquadroEclittiche() {
     QGroupBox* ecl = Riquadro(this, "Frame1", "Eclittiche ---> Equatoriali ");
-    cbSegni = new QComboBox(ecl);
-    cbSegni->setObjectName("cbSegni");
+    cbSegni = Lista(ecl, "cbSegni");
     for (const char* s : SegniCalcolatrice)
         cbSegni->addItem(QString::fromUtf8(s));
     cbSegni->setCurrentIndex(0);
@@ -423,7 +440,10 @@ frmEclEqu_Lyx::frmEclEqu_Lyx(Messaggi& messaggi, QWidget* genitore)
     ge->addWidget(txLat_Gradi, 3, 1);
     ge->addWidget(txLat_Primi, 3, 2);
     ge->addWidget(cmdCal_Equ, 4, 0, 1, 4, Qt::AlignRight);
+    return ecl;
+}
 
+QGroupBox* frmEclEqu_Lyx::RiquadroEquatoriali() {
     QGroupBox* equ = Riquadro(this, "Frame2", "Equatoriali ---> Eclittiche ");
     txAR_h = Casella(equ, "txAR_h", 50);
     txAR_m = Casella(equ, "txAR_m", 50);
@@ -443,16 +463,7 @@ frmEclEqu_Lyx::frmEclEqu_Lyx(Messaggi& messaggi, QWidget* genitore)
     gq->addWidget(txDec_Gradi, 3, 1);
     gq->addWidget(txDec_Primi, 3, 2);
     gq->addWidget(cmdCal_Ecl, 4, 0, 1, 4, Qt::AlignRight);
-
-    cmdEsci = PulsanteNonPredefinito(this, "cmdEsci", "&Esci");
-    auto* v = new QVBoxLayout(this);
-    v->addWidget(data);
-    v->addWidget(ecl);
-    v->addWidget(equ);
-    v->addWidget(cmdEsci, 0, Qt::AlignRight);
-    connect(cmdCal_Equ, &QPushButton::clicked, this, &frmEclEqu_Lyx::cmdCal_Equ_Click);
-    connect(cmdCal_Ecl, &QPushButton::clicked, this, &frmEclEqu_Lyx::cmdCal_Ecl_Click);
-    connect(cmdEsci, &QPushButton::clicked, this, &QDialog::close);
+    return equ;
 }
 
 std::optional<double> frmEclEqu_Lyx::JDDelFrame() {

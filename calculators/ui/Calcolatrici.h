@@ -88,6 +88,11 @@ public:
     void cmdCal_Ecl_Click();
 
 private:
+    // The constructor's steps, in tab order: the date, the ecliptic coordinates with their
+    // button, the equatorial ones with theirs; each frame is laid out inside.
+    QGroupBox* RiquadroData();
+    QGroupBox* RiquadroEclittiche();
+    QGroupBox* RiquadroEquatoriali();
     // The Julian day of the date frame, or none after the message that asks for it.
     std::optional<double> JDDelFrame();
     Messaggi& messaggi_;

@@ -8,6 +8,7 @@
 #include <QLineEdit>
 #include <QMenu>
 #include <QPushButton>
+#include <QToolBar>
 
 namespace vesmo {
 
@@ -63,6 +64,24 @@ QAction* Voce(QMenu* menu, const char* nome, const char* testo) {
 
 QAction* Azione(QObject* genitore, const char* nome, const char* testo) {
     return Nome(new QAction(Testo(testo), genitore), nome);
+}
+
+QAction* Interruttore(QAction* a) {
+    a->setCheckable(true);
+    return a;
+}
+
+QMenu* Sottomenu(QMenu* menu, const char* nome, const char* testo) {
+    QMenu* m = Nome(menu->addMenu(Testo(testo)), nome);
+    Nome(m->menuAction(), nome);
+    return m;
+}
+
+QAction* Tasto(QToolBar* barra, const char* nome, const char* faccia, const char* suggerimento) {
+    QAction* a = Azione(barra, nome, faccia);
+    a->setToolTip(Testo(suggerimento));
+    barra->addAction(a);
+    return a;
 }
 
 } // namespace vesmo

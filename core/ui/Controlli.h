@@ -14,6 +14,7 @@ class QLineEdit;
 class QMenu;
 class QObject;
 class QPushButton;
+class QToolBar;
 class QWidget;
 
 namespace vesmo {
@@ -41,5 +42,11 @@ QComboBox* Lista(QWidget* genitore, const char* nome, std::initializer_list<cons
 QAction* Voce(QMenu* menu, const char* nome, const char* testo);
 // An entry owned by `genitore`, to be put in a menu later.
 QAction* Azione(QObject* genitore, const char* nome, const char* testo);
+// Makes `a` (a menu's entry or a toolbar's button) a toggle and hands it back.
+QAction* Interruttore(QAction* a);
+// A submenu appended to `menu`; its entry in `menu` carries the same name.
+QMenu* Sottomenu(QMenu* menu, const char* nome, const char* testo);
+// A button appended to the toolbar: its face and its tooltip.
+QAction* Tasto(QToolBar* barra, const char* nome, const char* faccia, const char* suggerimento);
 
 } // namespace vesmo

@@ -11,6 +11,7 @@
 #include <QVBoxLayout>
 
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 
 namespace vesmo {
 
@@ -18,53 +19,53 @@ frmInputIni::frmInputIni(PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* g
     : QDialog(genitore), percorsi_(percorsi), messaggi_(messaggi) {
     setObjectName("frmInputIni");
     setWindowTitle(QStringLiteral("Vesmo - Confgurazione prima volta/First time"));
+    CreaControlli();
+    Disponi();
+    ScegliFile = [this](const QString& titolo, const QString& filtro) -> std::optional<QString> {
+        QString f = QFileDialog::getOpenFileName(this, titolo, QString(), filtro);
+        if (f.isEmpty()) return std::nullopt;
+        return f;
+    };
+    Collega();
+}
 
-    auto nuovoTesto = [this](const char* nome) {
-        auto* t = new QLineEdit(this);
-        t->setObjectName(nome);
-        return t;
-    };
-    auto nuovoPulsante = [this](const char* nome, const char* testo) {
-        auto* b = new QPushButton(QString::fromUtf8(testo), this);
-        b->setObjectName(nome);
-        return b;
-    };
-    TextDB = nuovoTesto("TextDB");
-    TextExe = nuovoTesto("TextExe");
-    TextNaz = nuovoTesto("TextNaz");
-    TextCity = nuovoTesto("TextCity");
+void frmInputIni::CreaControlli() {
+    TextDB = Casella(this, "TextDB");
+    TextExe = Casella(this, "TextExe");
+    TextNaz = Casella(this, "TextNaz");
+    TextCity = Casella(this, "TextCity");
     TextDB->setReadOnly(true);
     TextExe->setReadOnly(true);
     TextDB->setMinimumWidth(420);
-    CmdDB = nuovoPulsante("CmdDB", "&Sfoglia/Search");
-    CmdExe = nuovoPulsante("CmdExe", "S&foglia/Search");
-    CmdOk = nuovoPulsante("CmdOk", "&Ok");
+    CmdDB = Pulsante(this, "CmdDB", "&Sfoglia/Search");
+    CmdExe = Pulsante(this, "CmdExe", "S&foglia/Search");
+    CmdOk = Pulsante(this, "CmdOk", "&Ok");
     CmdOk->setDefault(true);
-    cmdEsci = nuovoPulsante("cmdEsci", "&Esci");
-    OptNazioni = new QRadioButton(QStringLiteral("per Nazioni"), this);
-    OptNazioni->setObjectName("OptNazioni");
-    OptCity = new QRadioButton(QStringLiteral("per City"), this);
-    OptCity->setObjectName("OptCity");
+    cmdEsci = Pulsante(this, "cmdEsci", "&Esci");
+    OptNazioni = Nome(new QRadioButton(QStringLiteral("per Nazioni"), this), "OptNazioni");
+    OptCity = Nome(new QRadioButton(QStringLiteral("per City"), this), "OptCity");
+}
 
-    auto* percorsiBox = new QGroupBox(QStringLiteral("Percorsi / Path"), this);
+void frmInputIni::Disponi() {
+    auto* percorsiBox = Riquadro(this, "", "Percorsi / Path");
     auto* gp = new QGridLayout(percorsiBox);
-    gp->addWidget(new QLabel(QStringLiteral(" Database "), percorsiBox), 0, 0);
+    gp->addWidget(Etichetta(percorsiBox, " Database "), 0, 0);
     gp->addWidget(TextDB, 0, 1);
     gp->addWidget(CmdDB, 0, 2);
-    gp->addWidget(new QLabel(QStringLiteral(" Astrolog.Exe"), percorsiBox), 1, 0);
+    gp->addWidget(Etichetta(percorsiBox, " Astrolog.Exe"), 1, 0);
     gp->addWidget(TextExe, 1, 1);
     gp->addWidget(CmdExe, 1, 2);
 
-    auto* ordBox = new QGroupBox(QStringLiteral("Ordinamento Database"), this);
+    auto* ordBox = Riquadro(this, "", "Ordinamento Database");
     auto* lo = new QVBoxLayout(ordBox);
     lo->addWidget(OptNazioni);
     lo->addWidget(OptCity);
 
-    auto* locBox = new QGroupBox(QStringLiteral("Località Default "), this);
+    auto* locBox = Riquadro(this, "", "Località Default ");
     auto* gl = new QGridLayout(locBox);
-    gl->addWidget(new QLabel(QStringLiteral("Nazione  "), locBox), 0, 0);
+    gl->addWidget(Etichetta(locBox, "Nazione  "), 0, 0);
     gl->addWidget(TextNaz, 0, 1);
-    gl->addWidget(new QLabel(QStringLiteral("City     "), locBox), 1, 0);
+    gl->addWidget(Etichetta(locBox, "City     "), 1, 0);
     gl->addWidget(TextCity, 1, 1);
 
     auto* centro = new QHBoxLayout;
@@ -78,13 +79,9 @@ frmInputIni::frmInputIni(PercorsiVesmo& percorsi, Messaggi& messaggi, QWidget* g
     tutto->addWidget(percorsiBox);
     tutto->addLayout(centro);
     tutto->addLayout(pulsanti);
+}
 
-    ScegliFile = [this](const QString& titolo, const QString& filtro) -> std::optional<QString> {
-        QString f = QFileDialog::getOpenFileName(this, titolo, QString(), filtro);
-        if (f.isEmpty()) return std::nullopt;
-        return f;
-    };
-
+void frmInputIni::Collega() {
     connect(CmdDB, &QPushButton::clicked, this, &frmInputIni::CmdDB_Click);
     connect(CmdExe, &QPushButton::clicked, this, &frmInputIni::CmdExe_Click);
     connect(CmdOk, &QPushButton::clicked, this, &frmInputIni::CmdOk_Click);

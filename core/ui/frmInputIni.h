@@ -45,6 +45,11 @@ public slots:
     void cmdEsci_Click();
 
 private:
+    // The constructor's steps: the controls (in tab order), their frames, the buttons' slots.
+    void CreaControlli();
+    void Disponi();
+    void Collega();
+
     PercorsiVesmo& percorsi_;
     Messaggi& messaggi_;
 };

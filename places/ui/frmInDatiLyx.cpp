@@ -7,6 +7,7 @@
 
 #include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 #include "places/ModelloLuoghi.h"
 #include "places/ui/PannelloDati.h"
 
@@ -19,11 +20,9 @@ frmInDatiLyx::frmInDatiLyx(Sessione& sessione, const std::string& fileDB, char o
     setObjectName("frmInDatiLyx");
     setWindowTitle(QStringLiteral("Lyx - Input Dati"));
     Dati = new PannelloDati(s_.TemaX, messaggi_, FormIngresso::InDatiLyx, this);
-    cmdCalcola = new QPushButton(QStringLiteral("Ca&lcola"), this);
-    cmdCalcola->setObjectName("cmdCalcola");
+    cmdCalcola = Pulsante(this, "cmdCalcola", "Ca&lcola");
     cmdCalcola->setDefault(true);
-    Command2 = new QPushButton(QStringLiteral("&Annulla"), this);
-    Command2->setObjectName("Command2");
+    Command2 = Pulsante(this, "Command2", "&Annulla");
     auto* pulsanti = new QHBoxLayout;
     pulsanti->addStretch(1);
     pulsanti->addWidget(cmdCalcola);

@@ -68,20 +68,6 @@ const char* const RigheNodi[28] = {" NESSUN Nodo Planetario",
                                    "    Plutone  NodoNord",
                                    "    Plutone  NodoSud"};
 
-// A toggled menu entry.
-QAction* Interruttore(QAction* a) {
-    a->setCheckable(true);
-    return a;
-}
-
-// A button of the toolbar: its face and its tooltip.
-QAction* Tasto(QToolBar* barra, const char* nome, const char* faccia, const char* suggerimento) {
-    QAction* a = Azione(barra, nome, faccia);
-    a->setToolTip(QString::fromUtf8(suggerimento));
-    barra->addAction(a);
-    return a;
-}
-
 // The transit's time steps on the toolbar.
 struct Passo {
     QAction* frmOutDati::*azione;

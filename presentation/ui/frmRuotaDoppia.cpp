@@ -50,27 +50,6 @@ QListWidget* ListaComparati(const char* nome, QWidget* genitore) {
     return l;
 }
 
-// A toggled entry: a menu's, or a toolbar's button.
-QAction* Interruttore(QAction* a) {
-    a->setCheckable(true);
-    return a;
-}
-
-// A submenu whose entry in `menu` carries its name too.
-QMenu* Sottomenu(QMenu* menu, const char* nome, const char* testo) {
-    QMenu* m = Nome(menu->addMenu(QString::fromUtf8(testo)), nome);
-    Nome(m->menuAction(), nome);
-    return m;
-}
-
-// A button of the toolbar: its face and its tooltip.
-QAction* Tasto(QToolBar* barra, const char* nome, const char* faccia, const char* suggerimento) {
-    QAction* a = Azione(barra, nome, faccia);
-    a->setToolTip(QString::fromUtf8(suggerimento));
-    barra->addAction(a);
-    return a;
-}
-
 // The entries of the double zodiac, by house 1 to 12.
 const std::array<std::pair<const char*, const char*>, 12> Zodiacali{{
     {"MnuRCoinAsc", "A&scendenti"},

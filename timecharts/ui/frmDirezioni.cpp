@@ -10,6 +10,7 @@
 #include <QVBoxLayout>
 
 #include "core/qt/MessaggiQt.h"
+#include "core/ui/Controlli.h"
 #include "timecharts/Direzioni.h"
 #include "timecharts/Istanti.h"
 
@@ -20,23 +21,16 @@ frmDirezioni::frmDirezioni(Sessione& sessione, Messaggi& messaggi, InputHook inp
     : QDialog(genitore), s_(sessione), messaggi_(messaggi), inputDati_(std::move(inputDati)) {
     setObjectName("frmDirezioni");
     setWindowTitle(QString::fromUtf8(DidascaliaDirezioni));
-    Option1 = new QRadioButton(QString::fromUtf8(CaptionOption1Dir), this);
-    Option1->setObjectName("Option1");
-    Option2 = new QRadioButton(QString::fromUtf8(CaptionOption2Dir), this);
-    Option2->setObjectName("Option2");
-    Text1 = new QLineEdit(QStringLiteral("0"), this);
-    Text1->setObjectName("Text1");
-    Text1->setToolTip(QStringLiteral("Separatore decimale:  virgola"));
-    Text1->setMaximumWidth(100);
-    Check1 = new QCheckBox(QString::fromUtf8(CaptionCheck1Dir), this);
-    Check1->setObjectName("Check1");
-    Command1 = new QPushButton(QString::fromUtf8(CaptionInputDir), this);
-    Command1->setObjectName("Command1");
+    Option1 = Nome(new QRadioButton(QString::fromUtf8(CaptionOption1Dir), this), "Option1");
+    Option2 = Nome(new QRadioButton(QString::fromUtf8(CaptionOption2Dir), this), "Option2");
+    Text1 = Casella(this, "Text1", 100, "Separatore decimale:  virgola");
+    Text1->setText(QStringLiteral("0"));
+    Check1 = Spunta(this, "Check1", CaptionCheck1Dir);
+    Command1 = Pulsante(this, "Command1", CaptionInputDir);
     Command1->setDefault(true);
-    Command2 = new QPushButton(QStringLiteral("&Annulla"), this);
-    Command2->setObjectName("Command2");
+    Command2 = Pulsante(this, "Command2", "&Annulla");
 
-    auto* scelta = new QGroupBox(this);
+    auto* scelta = Riquadro(this, "");
     auto* g = new QVBoxLayout(scelta);
     auto* anni = new QHBoxLayout;
     anni->addWidget(Option1);
