@@ -95,19 +95,23 @@ inline std::string ScriviTzif(const std::vector<TipoOra>& tipi,
     return s;
 }
 
+// One nation more, with no places.
+inline void AggiungiNazione(Database& db, int codice, const char* nome) {
+    Cursore n(db, "Nazioni");
+    n.AddNew();
+    n.Imposta("cNaz", codice);
+    n.Imposta("Nazione", nome);
+    n.Imposta("Spec", " ");
+    n.Update();
+}
+
 // A new database with the place tables and two nations (380 Italy, 124 Canada).
 inline Database DatabaseLuoghi(const std::filesystem::path& file) {
     Database db;
     db.Crea(file);
     CreaSchemaLuoghi(db);
-    Cursore n(db, "Nazioni");
-    for (auto [codice, nome] : {std::pair{380, "Italy"}, std::pair{124, "Canada"}}) {
-        n.AddNew();
-        n.Imposta("cNaz", codice);
-        n.Imposta("Nazione", nome);
-        n.Imposta("Spec", " ");
-        n.Update();
-    }
+    AggiungiNazione(db, 380, "Italy");
+    AggiungiNazione(db, 124, "Canada");
     return db;
 }
 

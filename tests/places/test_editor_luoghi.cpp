@@ -179,7 +179,7 @@ TEST_F(Editor, DeletingAPlaceAsksItsQuestions) {
 
 TEST_F(Editor, DeletingAPlaceOfAnotherNationIsRefused) {
     // A nation without places: the place cursor cannot follow it.
-    Cursore::Sql(db, "insert into Nazioni (cNaz, Nazione, Spec) values (250, 'France', ' ')");
+    test::AggiungiNazione(db, 250, "France");
     ModelloDbEdit& e = Su("Italy", "Padova");
     e.campi.Text29 = "France";
     e.Text29_Change();

@@ -37,7 +37,7 @@ protected:
     void SetUp() override {
         db = test::DatabaseLuoghi(file);
         CreaTabellaNomiAlternativi(db);
-        Cursore::Sql(db, "insert into Nazioni (cNaz, Nazione, Spec) values (250, 'France', ' ')");
+        test::AggiungiNazione(db, 250, "France");
         struct Luogo {
             int cNaz;
             const char* city;

