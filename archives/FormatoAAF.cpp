@@ -240,19 +240,7 @@ std::string LeggiB93(const BloccoAAF& r, double day, DatiB93& d) {
 
 std::string CompletaDaLuoghi(const DatiB93& d, const CompletaLuogo& completa, VoceScambio& v) {
     if (d.lat && d.lon && (d.zona || d.jd || d.lmt)) return {};
-    if (!completa) return "luogo senza coordinate o fuso, e nessun database dei luoghi";
-    Tema& t = v.tema;
-    try {
-        completa(t);
-    } catch (const std::exception& e) {
-        return std::string("luogo non trovato nel database dei luoghi: ") + e.what();
-    }
-    v.completare = true;
-    v.nota = "completato dal database dei luoghi: " + SenzaSpazi(t.City.str()) + ", " +
-             SenzaSpazi(t.Stato.str()) + ", " + TestoCoordinata(t.Lon, 1, 0, false) + " " +
-             TestoCoordinata(t.Lat, 0, 1, false) + ", fuso " + TestoNumero(t.Fuso) + ", estiva " +
-             TestoNumero(t.Estiva);
-    return {};
+    return CompletaVoce(completa, v);
 }
 
 std::string ApplicaB93(const BloccoAAF& r, const DatiB93& d, VoceScambio& v) {

@@ -260,17 +260,7 @@ std::string LeggiLuogo(const ColonneCSV& c, const Riga& r, bool virgola,
     if (estT && !((estiva = Numero(*estT, virgola)) && std::fabs(*estiva) <= 3))
         return "Estiva non valida: " + *estT;
     if (!lon || !lat || !fuso) {
-        if (!completa) return "luogo senza coordinate o fuso, e nessun database dei luoghi";
-        try {
-            completa(t);
-        } catch (const std::exception& e) {
-            return std::string("luogo non trovato nel database dei luoghi: ") + e.what();
-        }
-        v.completare = true;
-        v.nota = "completato dal database dei luoghi: " + SenzaSpazi(t.City.str()) + ", " +
-                 SenzaSpazi(t.Stato.str()) + ", " + TestoCoordinata(t.Lon, 1, 0, false) + " " +
-                 TestoCoordinata(t.Lat, 0, 1, false) + ", fuso " + TestoNumero(t.Fuso) +
-                 ", estiva " + TestoNumero(t.Estiva);
+        if (std::string errore = CompletaVoce(completa, v); !errore.empty()) return errore;
     }
     if (lon) t.Lon = *lon;
     if (lat) t.Lat = *lat;

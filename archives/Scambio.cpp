@@ -19,6 +19,22 @@
 
 namespace vesmo {
 
+std::string CompletaVoce(const CompletaLuogo& completa, VoceScambio& v) {
+    if (!completa) return "luogo senza coordinate o fuso, e nessun database dei luoghi";
+    Tema& t = v.tema;
+    try {
+        completa(t);
+    } catch (const std::exception& e) {
+        return std::string("luogo non trovato nel database dei luoghi: ") + e.what();
+    }
+    v.completare = true;
+    v.nota = "completato dal database dei luoghi: " + SenzaSpazi(t.City.str()) + ", " +
+             SenzaSpazi(t.Stato.str()) + ", " + TestoCoordinata(t.Lon, 1, 0, false) + " " +
+             TestoCoordinata(t.Lat, 0, 1, false) + ", fuso " + TestoNumero(t.Fuso) + ", estiva " +
+             TestoNumero(t.Estiva);
+    return {};
+}
+
 namespace {
 
 // A file bigger than this is not a file of charts.

@@ -38,6 +38,11 @@ struct VoceScambio {
 // std::runtime_error with the reason when the place is not found.
 using CompletaLuogo = std::function<void(Tema& tema)>;
 
+// A record whose place lacks coordinates or zone, given to `completa`: the record is marked to
+// complete and its note says what the places database gave; or the reason it is refused (no
+// places database, or the place not found).
+std::string CompletaVoce(const CompletaLuogo& completa, VoceScambio& v);
+
 struct OpzioniImportScambio {
     bool doppi = false;     // charts already in the archive are imported again
     CompletaLuogo completa; // may be empty: records to complete are then refused
