@@ -26,15 +26,7 @@ namespace {
 class LanciatoreComposto : public ::testing::Test {
 protected:
     void SetUp() override {
-        {
-            Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-            db.IniziaTransazione();
-            test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-            test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
-            test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-            test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
-            db.ConfermaTransazione();
-        }
+        test::DatabasePadovaERoma(cartella / "Vesmodat.Mdb");
         percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
         percorsi.FileIni = (cartella / "Vesmodat.ini").string();
         cfg.NazioneDefault = "Italy";

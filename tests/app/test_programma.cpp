@@ -32,15 +32,7 @@ namespace {
 class ProgrammaTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        {
-            Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-            db.IniziaTransazione();
-            test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-            test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
-            test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-            test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
-            db.ConfermaTransazione();
-        }
+        test::DatabasePadovaERoma(cartella / "Vesmodat.Mdb");
         ConfigIni cfg;
         cfg.PathDB = (cartella / "Vesmodat.Mdb").string();
         cfg.NazioneDefault = "Italy";

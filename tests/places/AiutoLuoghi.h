@@ -202,4 +202,16 @@ inline Database DatabasePadova(const std::filesystem::path& file) {
     return db;
 }
 
+// Padova and Roma in one zone an hour east, with no summer time: the launcher's default place
+// and one other.
+inline void DatabasePadovaERoma(const std::filesystem::path& file) {
+    Database db = DatabaseLuoghi(file);
+    db.IniziaTransazione();
+    AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
+    AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
+    AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
+    AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
+    db.ConfermaTransazione();
+}
+
 } // namespace vesmo::test
