@@ -3,6 +3,7 @@
 // for the zone (to the half minute, as the tables hold minutes).
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cmath>
 #include <cstdlib>
 #include <ctime>
@@ -22,6 +23,8 @@
 namespace vesmo {
 namespace {
 
+constexpr double TolleranzaOre = 1e-9; // hours
+
 // The C library's offset (seconds east) at an instant, for the zone set in TZ.
 long OffsetLibreriaC(std::int64_t t, std::tm* locale = nullptr) {
     std::time_t tt = static_cast<std::time_t>(t);
@@ -34,6 +37,36 @@ long OffsetLibreriaC(std::int64_t t, std::tm* locale = nullptr) {
 void ImpostaZona(const std::string& zona) {
     setenv("TZ", zona.c_str(), 1);
     tzset();
+}
+
+// The record of the place under the cursors for a date and time typed in the form.
+Tema Risolvi(ModelloLuoghi& m, const std::string& g, const std::string& mese,
+             const std::string& anno, const std::string& h, const std::string& min) {
+    m.campi.Text3 = g;
+    m.campi.Text4 = mese;
+    m.campi.Text5 = anno;
+    m.campi.Text6 = h;
+    m.campi.Text7 = min;
+    m.campi.TagChkSolare.clear();
+    Tema tema;
+    m.ImportaCity(tema);
+    return tema;
+}
+
+// A database of the places named after the zones, each zone's lists built from its system file.
+Database DatabaseDiZone(const std::filesystem::path& file, const std::vector<std::string>& zone,
+                        int fino) {
+    Database db = test::DatabaseLuoghi(file);
+    db.IniziaTransazione();
+    for (std::size_t i = 0; i < zone.size(); ++i) {
+        const auto codice = static_cast<std::int32_t>(i + 1);
+        const std::string tzif = "/usr/share/zoneinfo/" + zone[i];
+        if (!std::filesystem::exists(tzif)) continue;
+        ScriviStoria(db, StoriaDaPeriodi(LeggiFileTzif(tzif, fino).periodi, codice));
+        test::AggiungiCity(db, 380, zone[i], 0, 0, codice, codice);
+    }
+    db.ConfermaTransazione();
+    return db;
 }
 
 struct Conteggio {
@@ -49,14 +82,9 @@ void Confronta(ModelloLuoghi& m, const std::string& zona, std::int64_t t, Conteg
     if (OffsetLibreriaC(t - 2 * 86400) != offset || OffsetLibreriaC(t + 2 * 86400) != offset)
         return;
     if (tm.tm_year + 1900 < 1900) return;
-    m.campi.Text3 = std::to_string(tm.tm_mday);
-    m.campi.Text4 = std::to_string(tm.tm_mon + 1);
-    m.campi.Text5 = std::to_string(tm.tm_year + 1900);
-    m.campi.Text6 = std::to_string(tm.tm_hour);
-    m.campi.Text7 = std::to_string(tm.tm_min);
-    m.campi.TagChkSolare.clear();
-    Tema tema;
-    m.ImportaCity(tema);
+    const Tema tema = Risolvi(m, std::to_string(tm.tm_mday), std::to_string(tm.tm_mon + 1),
+                              std::to_string(tm.tm_year + 1900), std::to_string(tm.tm_hour),
+                              std::to_string(tm.tm_min));
     ++c.casi;
     const double nostro = (tema.Fuso - tema.Estiva) * 3600;
     // Where the database says "LMT" the place keeps its own local mean time.
@@ -67,8 +95,7 @@ void Confronta(ModelloLuoghi& m, const std::string& zona, std::int64_t t, Conteg
     } else if (c.diversi.size() < 10) {
         c.diversi.push_back(zona + " " + m.campi.Text3 + "/" + m.campi.Text4 + "/" + m.campi.Text5 +
                             " " + m.campi.Text6 + ":" + m.campi.Text7 + ": Fuso " +
-                            std::to_string(tema.Fuso) + " Estiva " + std::to_string(tema.Estiva) +
-                            " offset " + std::to_string(offset));
+                            std::to_string(tema.Fuso) + " offset " + std::to_string(offset));
     }
 }
 
@@ -95,15 +122,7 @@ TEST(ConfrontoIana, ZonesBuiltHereAgreeWithTheCLibrary) {
         "Australia/Lord_Howe", "America/Sao_Paulo", "Asia/Kathmandu",   "Pacific/Chatham",
         "Europe/Moscow",       "Africa/Windhoek",   "America/Nuuk",     "Europe/London"};
     test::CartellaLuoghi cartella;
-    Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-    db.IniziaTransazione();
-    for (std::size_t i = 0; i < zone.size(); ++i) {
-        const auto codice = static_cast<std::int32_t>(i + 1);
-        const ZonaTzif z = LeggiFileTzif("/usr/share/zoneinfo/" + zone[i], 2100);
-        ScriviStoria(db, StoriaDaPeriodi(z.periodi, codice));
-        test::AggiungiCity(db, 380, zone[i], 0, 0, codice, codice);
-    }
-    db.ConfermaTransazione();
+    Database db = DatabaseDiZone(cartella / "Vesmodat.Mdb", zone, 2100);
     MessaggiRegistrati msg;
     ModelloLuoghi m(db, msg, 'C');
     std::mt19937_64 rng(19000101);
@@ -182,7 +201,7 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
         long offset = 0;
     };
     std::vector<Caso> casi;
-    std::map<std::string, std::int32_t> codici;
+    std::vector<std::string> zone;
     for (std::string riga; std::getline(f, riga);) {
         std::istringstream r(riga);
         Caso c;
@@ -193,20 +212,12 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
         std::getline(r, offset, '\t');
         std::getline(r, c.abbr, '\t');
         c.offset = std::stol(offset);
-        codici.emplace(c.zona, static_cast<std::int32_t>(codici.size() + 1));
+        if (std::find(zone.begin(), zone.end(), c.zona) == zone.end()) zone.push_back(c.zona);
         casi.push_back(c);
     }
     ASSERT_GT(casi.size(), 500u);
     test::CartellaLuoghi cartella;
-    Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-    db.IniziaTransazione();
-    for (const auto& [zona, codice] : codici) {
-        if (!std::filesystem::exists("/usr/share/zoneinfo/" + zona)) continue;
-        ScriviStoria(db, StoriaDaPeriodi(LeggiFileTzif("/usr/share/zoneinfo/" + zona, 2030).periodi,
-                                         codice));
-        test::AggiungiCity(db, 380, zona, 0, 0, codice, codice);
-    }
-    db.ConfermaTransazione();
+    Database db = DatabaseDiZone(cartella / "Vesmodat.Mdb", zone, 2030);
     MessaggiRegistrati msg;
     ModelloLuoghi m(db, msg, 'C');
     int uguali = 0, provati = 0;
@@ -215,14 +226,8 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
         m.Data1.Seek("=", c.zona);
         if (m.Data1.NoMatch()) continue; // a zone this system's database lacks
         m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        m.campi.Text3 = c.data.substr(0, 2);
-        m.campi.Text4 = c.data.substr(3, 2);
-        m.campi.Text5 = c.data.substr(6);
-        m.campi.Text6 = c.ora.substr(0, 2);
-        m.campi.Text7 = c.ora.substr(3, 2);
-        m.campi.TagChkSolare.clear();
-        Tema tema;
-        m.ImportaCity(tema);
+        const Tema tema = Risolvi(m, c.data.substr(0, 2), c.data.substr(3, 2), c.data.substr(6),
+                                  c.ora.substr(0, 2), c.ora.substr(3, 2));
         ++provati;
         nomi.insert(c.abbr);
         // The tables hold minutes: to the half minute.
@@ -247,44 +252,27 @@ TEST(ConfrontoIana, RomesMeanTimeHoldsAtBothEndsOfItaly) {
     // Greenwich, not their own mean time (0:29:17 and 1:13:26); before and after, their own
     // mean time and Central European Time.
     test::CartellaLuoghi cartella;
-    Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-    db.IniziaTransazione();
-    ScriviStoria(
-        db, StoriaDaPeriodi(LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2030).periodi, 1));
-    test::AggiungiCity(db, 380, "Aosta", -7.3202 / 15, 45.7370, 1, 1);
-    test::AggiungiCity(db, 380, "Leuca", -18.3578 / 15, 39.7961, 1, 1);
-    db.ConfermaTransazione();
+    Database db = DatabaseDiZone(cartella / "Vesmodat.Mdb", {"Europe/Rome"}, 2030);
+    test::Aggiungi(db, {{380, "Aosta", -7.3202 / 15, 45.7370, 1, 1},
+                        {380, "Leuca", -18.3578 / 15, 39.7961, 1, 1}});
     MessaggiRegistrati msg;
     msg.risposte.assign(8, Risposta::No);
     ModelloLuoghi m(db, msg, 'C');
     struct Caso {
-        const char* city;
-        const char* giorno;
-        const char* mese;
-        const char* anno;
+        const char *city, *giorno, *mese, *anno;
         double fuso; // hours, west positive
         bool lmt;
     };
-    const Caso casi[] = {
-        {"Aosta", "11", "12", "1866", -7.3202 / 15, true},
-        {"Aosta", "12", "12", "1866", -50.0 / 60, false},
-        {"Aosta", "15", "06", "1887", -50.0 / 60, false},
-        {"Leuca", "31", "10", "1893", -50.0 / 60, false},
-        {"Leuca", "01", "11", "1893", -1, false},
-        {"Leuca", "01", "01", "1860", -18.3578 / 15, true},
-    };
-    for (const Caso& c : casi) {
+    for (const Caso& c : {Caso{"Aosta", "11", "12", "1866", -7.3202 / 15, true},
+                          Caso{"Aosta", "12", "12", "1866", -50.0 / 60, false},
+                          Caso{"Aosta", "15", "06", "1887", -50.0 / 60, false},
+                          Caso{"Leuca", "31", "10", "1893", -50.0 / 60, false},
+                          Caso{"Leuca", "01", "11", "1893", -1, false},
+                          Caso{"Leuca", "01", "01", "1860", -18.3578 / 15, true}}) {
         m.Data1.Seek("=", c.city);
         m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        m.campi.Text3 = c.giorno;
-        m.campi.Text4 = c.mese;
-        m.campi.Text5 = c.anno;
-        m.campi.Text6 = "12";
-        m.campi.Text7 = "00";
-        m.campi.TagChkSolare.clear();
-        Tema tema;
-        m.ImportaCity(tema);
-        EXPECT_NEAR(tema.Fuso, c.fuso, 1e-9) << c.city << " " << c.anno;
+        const Tema tema = Risolvi(m, c.giorno, c.mese, c.anno, "12", "00");
+        EXPECT_NEAR(tema.Fuso, c.fuso, TolleranzaOre) << c.city << " " << c.anno;
         EXPECT_EQ(m.campi.TagChkSolare == "Ok", c.lmt) << c.city << " " << c.anno;
     }
 }

@@ -12,6 +12,7 @@
 
 #include "places/CostruzioneLuoghi.h"
 #include "places/IndiceNomi.h"
+#include "places/ModelloLuoghi.h"
 #include "places/PiegaNomi.h"
 #include "places/RicercaLuoghi.h"
 #include "tests/places/AiutoCli.h"
@@ -238,6 +239,26 @@ TEST_F(RegistriLuoghi, TownAndProvinceFormerNamesAndHomonyms) {
     }
     // Within a nation: the Parigi of Indonesia.
     EXPECT_EQ(r.RisolviNome(Indonesia, "Parigi").candidati.at(0).City, "Parigi");
+}
+
+// The city box of the entry forms: the status bar says which name matched, or that the name is
+// ambiguous, and the province letters choose.
+TEST_F(RegistriLuoghi, TypingARegistryNameInTheCityBox) {
+    MessaggiRegistrati messaggi;
+    ModelloLuoghi m(db, messaggi, 'C');
+    struct Caso {
+        const char *testo, *stato, *city;
+    };
+    for (const Caso& c :
+         {Caso{"GIRGENTI", "Girgenti → Agrigento", "Agrigento"},
+          Caso{"Altavilla (VI)", "Altavilla → Altavilla Vicentina", "Altavilla Vicentina"}}) {
+        EXPECT_EQ(m.DigitaCity(c.testo), c.stato);
+        EXPECT_EQ(m.Data1.Campo("City").Testo(), c.city);
+    }
+    EXPECT_EQ(m.DigitaCity("Altavilla"), "Altavilla: nome ambiguo, 2 luoghi: Altavilla → "
+                                         "Altavilla Vicentina (VI), Altavilla → Altavilla "
+                                         "Silentina (SA)");
+    EXPECT_TRUE(messaggi.registro.empty());
 }
 
 TEST_F(RegistriLuoghi, TheCommandLineListsTheCandidates) {

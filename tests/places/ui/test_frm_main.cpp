@@ -1,13 +1,11 @@
 // The launcher and the chart half's input form driven as a user would: the default place
-// imported, the typing in the city and nation boxes, names as registries write them, a new date,
+// imported, the typing in the city and nation boxes and another name of a place, a new date,
 // the sort order, the settings, and what the user is told when something is wrong.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QCheckBox>
-#include <QComboBox>
 #include <QFocusEvent>
-#include <QGroupBox>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -81,6 +79,12 @@ protected:
 } // namespace
 
 TEST_F(Lanciatore, SiApreSulLuogoPredefinitoImportaESegueLaDigitazione) {
+    {
+        Database db(percorsi.FileDB);
+        CreaTabellaNomiAlternativi(db);
+        Cursore::Sql(db, "insert into " + std::string(TabellaNomiAlternativi) +
+                             " (cCity, NomeAlt, City, Rango) values (380, 'Padua', 'Padova', 0)");
+    }
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     PannelloDati* d = f.Dati;
@@ -113,6 +117,13 @@ TEST_F(Lanciatore, SiApreSulLuogoPredefinitoImportaESegueLaDigitazione) {
     d->Command4->click();
     EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padula");
     EXPECT_NEAR(sessione.TemaCorrente.Lat, 40.3, TolleranzaGradi);
+    // Another name of a place: the grid goes there and the status bar says which name matched;
+    // one letter more makes it no name and the status text goes.
+    test::Scrivi(d, {{"Text2", "padua"}});
+    EXPECT_EQ(CityDellaGriglia(d), "Padova");
+    test::Testi(d, {{"Pannello2", "Padua → Padova"}});
+    QTest::keyClicks(d->Text2, "x");
+    test::Testi(d, {{"Pannello2", ""}});
     // Another nation from its box: the places follow, Canada's marks on the status bar.
     test::Scrivi(d, {{"Text19", "Can"}});
     EXPECT_EQ(d->DBGrid2->currentIndex().data().toString(), "Canada");
@@ -120,85 +131,6 @@ TEST_F(Lanciatore, SiApreSulLuogoPredefinitoImportaESegueLaDigitazione) {
     d->Command4->click();
     EXPECT_EQ(sessione.TemaCorrente.Fuso, 8);
     test::Testi(d, {{"Pannello2", "(BC) = British Columbia "}});
-}
-
-// Names as registries write them, in the city box of both forms: a former name goes to today's
-// comune and the status bar says which name matched; a name of several comuni stays where the
-// seek put the grid and the status bar says it is ambiguous.
-TEST_F(Lanciatore, NomiDeiRegistriNelCampoCitta) {
-    {
-        Database db(percorsi.FileDB);
-        CreaTabelleIndiceNomi(db);
-        test::Aggiungi(db, {{380, "Agrigento", -13.58 / 15, 37.31, 1, 1},
-                            {380, "Altavilla Silentina", -15.13 / 15, 40.53, 1, 1},
-                            {380, "Altavilla Vicentina", -11.47 / 15, 45.51, 1, 1}});
-        struct Chiave {
-            const char *chiave, *city, *nome, *sigla;
-            TipoNome tipo;
-            double lon, lat;
-        };
-        const Chiave chiavi[] = {
-            {"agrigento", "Agrigento", "Agrigento", "AG", TipoNome::Ufficiale, -13.58, 37.31},
-            {"girgenti", "Agrigento", "Girgenti", "AG", TipoNome::Precedente, -13.58, 37.31},
-            {"altavilla", "Altavilla Silentina", "Altavilla", "SA", TipoNome::Precedente, -15.13,
-             40.53},
-            {"altavilla", "Altavilla Vicentina", "Altavilla", "VI", TipoNome::Precedente, -11.47,
-             45.51},
-        };
-        Cursore c(db, TabellaChiaviLuoghi);
-        for (const Chiave& k : chiavi) {
-            c.AddNew();
-            c.Imposta("Chiave", k.chiave);
-            c.Imposta("Tipo", static_cast<int>(k.tipo));
-            c.Imposta("cCity", 380);
-            c.Imposta("City", k.city);
-            c.Imposta("Nome", k.nome);
-            c.Imposta("Sigla", k.sigla);
-            c.Imposta("Abitanti", 1000);
-            c.Imposta("Lon", k.lon / 15);
-            c.Imposta("Lat", k.lat);
-            c.Update();
-        }
-        // The boxes of the two provinces, in degrees.
-        const std::tuple<const char*, const char*, double, double, double, double> province[] = {
-            {"vi", "VI", 45.3, 45.8, 11.2, 11.8}, {"sa", "SA", 40.2, 40.9, 14.8, 15.6}};
-        Cursore p(db, TabellaProvinceLuoghi);
-        for (const auto& [chiave, sigla, latMin, latMax, lonMin, lonMax] : province) {
-            p.AddNew();
-            p.Imposta("Chiave", chiave);
-            p.Imposta("Sigla", sigla);
-            p.Imposta("Nome", chiave);
-            p.Imposta("LatMin", latMin);
-            p.Imposta("LatMax", latMax);
-            p.Imposta("LonMin", lonMin);
-            p.Imposta("LonMax", lonMax);
-            p.Update();
-        }
-    }
-    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
-    f.Form_Load();
-    sessione.TemaX = sessione.TemaCorrente;
-    frmInDatiLyx g(sessione, percorsi.FileDB, 'C', messaggi);
-    g.Form_Load();
-    for (PannelloDati* d : {f.Dati, g.Dati}) {
-        test::Scrivi(d, {{"Text2", "GIRGENTI"}});
-        EXPECT_EQ(CityDellaGriglia(d), "Agrigento");
-        test::Testi(d, {{"Pannello2", "Girgenti → Agrigento"}});
-        // One letter more makes it no name: the status text goes.
-        QTest::keyClicks(d->Text2, "x");
-        test::Testi(d, {{"Pannello2", ""}});
-        test::Scrivi(d, {{"Text2", "Altavilla"}});
-        test::Testi(d, {{"Pannello2", "Altavilla: nome ambiguo, 2 luoghi: Altavilla → Altavilla "
-                                      "Silentina (SA), Altavilla → Altavilla Vicentina (VI)"}});
-        // The province letters choose.
-        QTest::keyClicks(d->Text2, " (VI)");
-        EXPECT_EQ(CityDellaGriglia(d), "Altavilla Vicentina");
-        test::Testi(d, {{"Pannello2", "Altavilla → Altavilla Vicentina"}});
-        d->Command4->click();
-    }
-    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Altavilla Vicentina");
-    EXPECT_EQ(sessione.TemaX.City.Valore(), "Altavilla Vicentina");
-    EXPECT_TRUE(messaggi.registro.empty());
 }
 
 TEST_F(Lanciatore, OrdinePerCityEGiornoNulloAllUscita) {
