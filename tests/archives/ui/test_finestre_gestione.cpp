@@ -2,18 +2,14 @@
 // forms.
 #include <gtest/gtest.h>
 
-#include <QAction>
 #include <QGroupBox>
 #include <QLabel>
 #include <QListWidget>
-#include <QMenu>
 #include <QPushButton>
 
 #include "archives/Archivi.h"
 #include "archives/Gestione.h"
 #include "archives/ui/frmGesArchivi.h"
-#include "core/Aritmetica.h"
-#include "core/Testo.h"
 #include "core/qt/MessaggiQt.h"
 #include "tests/archives/AiutoArchivi.h"
 #include "tests/core/ui/Controlli.h"
