@@ -1,7 +1,6 @@
 // Whole archives and the charts inside them: the transport (by value, from an empty archive),
-// deleting an archive, DupeTableName and the birthdays import with its numbered names, the wider
-// search with quotes and wildcards in the text, deleting a chart, and a picked chart put into
-// each slot.
+// the birthdays import with its numbered names, the wider search with quotes and wildcards in the
+// text, deleting a chart, and a picked chart put into each slot.
 #include <gtest/gtest.h>
 
 #include "archives/Archivi.h"
@@ -35,33 +34,6 @@ TEST_F(Gestione, TrasportoPerValoreEDaArchivioVuoto) {
     EXPECT_EQ(Nomi("Amici").size(), 2u);
 }
 
-TEST_F(Gestione, EliminaArchivioPerNomeEsatto) {
-    CreaArchivio(fileDB, "Famiglia");
-    EXPECT_FALSE(EliminaArchivio(fileDB, "famiglia"));
-    EXPECT_EQ(ElencoArchivi(fileDB), V{"Famiglia"});
-    EXPECT_TRUE(EliminaArchivio(fileDB, "Famiglia"));
-    EXPECT_TRUE(ElencoArchivi(fileDB).empty());
-}
-
-TEST_F(Gestione, DupeTableName) {
-    Riempi("Compleanni", {"Anna"});
-    Database db(fileDB);
-    EXPECT_EQ(DupeTableName(db, "Altro", messaggi), 0);
-    EXPECT_TRUE(messaggi.registro.empty());
-
-    messaggi.risposte = {Risposta::No};
-    EXPECT_EQ(DupeTableName(db, "COMPLEANNI", messaggi), -1);
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    const auto& domanda = messaggi.registro[0];
-    EXPECT_EQ(std::tuple(domanda.testo, domanda.pulsanti, domanda.icona),
-              std::tuple("La tabella esiste già. Eliminarla?", Pulsanti::SiNo, Icona::Domanda));
-    EXPECT_TRUE(db.EsisteTabella("Compleanni"));
-
-    messaggi.risposte = {Risposta::Si};
-    EXPECT_EQ(DupeTableName(db, "compleanni", messaggi), 0);
-    EXPECT_FALSE(db.EsisteTabella("Compleanni"));
-}
-
 TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
     // The side database: a table "Compleanni" of three charts with its index.
     const auto laterale = cartella / FileCompleanni;
@@ -80,11 +52,7 @@ TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
               std::tuple("Compleanni", 3, "3  Importati"));
     EXPECT_TRUE(messaggi.registro.empty());
     EXPECT_EQ(Nomi("Compleanni"), (V{"Ada", "Ugo", "Zeno"}));
-    {
-        Database db(fileDB);
-        EXPECT_EQ(db.Indici("Compleanni"),
-                  (std::vector<DefIndice>{{IndiceArchivio, {"Nome"}, false, false}}));
-    }
+    EXPECT_TRUE(Database(fileDB).EsisteIndice("Compleanni", IndiceArchivio));
 
     // Again, No: "Compleanni1", one question only; a third time, No twice: "Compleanni2"; Yes:
     // the first table is replaced.
@@ -101,6 +69,14 @@ TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
         EXPECT_EQ(std::tuple(e.tabella, messaggi.registro.size()),
                   std::tuple(p.tabella, p.domande));
     }
+    const auto& d = messaggi.registro[0];
+    EXPECT_EQ(std::tuple(d.testo, d.pulsanti, d.icona),
+              std::tuple("La tabella esiste già. Eliminarla?", Pulsanti::SiNo, Icona::Domanda));
+    // The question is asked whatever the letters of the name.
+    Database db(fileDB);
+    messaggi.risposte = {Risposta::No};
+    EXPECT_EQ(DupeTableName(db, "COMPLEANNI1", messaggi), -1);
+    EXPECT_EQ(messaggi.registro.size(), 5u);
     EXPECT_EQ(ElencoArchivi(fileDB), (V{"Compleanni", "Compleanni1", "Compleanni2"}));
     EXPECT_EQ(Nomi("Compleanni").size(), 3u);
 }

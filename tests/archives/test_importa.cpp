@@ -14,6 +14,7 @@
 #include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
 #include "tests/archives/AiutoArchivi.h"
+#include "tests/places/AiutoLuoghi.h"
 
 namespace vesmo::test {
 namespace {
@@ -158,19 +159,15 @@ TEST(TestoCampoSF, Utf8TenutoWindows1252ConvertitoControlliInSpazi) {
     EXPECT_EQ(TestoCampoSF("\xC0\xAF"), "À¯"); // an overlong form is not UTF-8
 }
 
-TEST(NomeArchivio, DalTitoloDelFile) {
+TEST(NomeArchivio, DalTitoloDelFileONomeDoppio) {
     EXPECT_EQ(NomeArchivioDaTitolo("foo.txt"), "footxt");
     EXPECT_EQ(NomeArchivioDaTitolo("a.b.txt"), "ab.txt");
     EXPECT_EQ(NomeArchivioDaTitolo("senzapunto"), "senzapunto");
-}
-
-TEST(NomeArchivio, NomeDoppioChiedeUnAltroNome) {
     MessaggiRegistrati m;
     m.input = {std::string("Secondo"), std::string("terzo")};
-    auto nome =
-        NomeArchivioImport("footxt", {"Altro", "FOOTXT", "secondo", "Ultimo"}, "/tmp/foo.txt", m);
-    ASSERT_TRUE(nome);
-    EXPECT_EQ(*nome, "terzo");
+    EXPECT_EQ(
+        NomeArchivioImport("footxt", {"Altro", "FOOTXT", "secondo", "Ultimo"}, "/tmp/foo.txt", m),
+        "terzo");
     ASSERT_EQ(m.registro.size(), 2u);
     EXPECT_EQ(m.registro[0].titolo, "Import File - Nome Doppio");
     EXPECT_EQ(m.registro[0].testo, "L'Archivio  footxt  Esiste già\n"
@@ -180,46 +177,51 @@ TEST(NomeArchivio, NomeDoppioChiedeUnAltroNome) {
     EXPECT_FALSE(NomeArchivioImport("a", {"A"}, "/tmp/a", m));
 }
 
+// A record of a Solar Fire text file, in Padova.
+std::string RigaSF(const std::string& nome, const std::string& data = "12 Mar 1960",
+                   const std::string& ora = "10:30", const std::string& fuso = "-01:00",
+                   const std::string& ampm = "AM") {
+    return "\"" + nome + "\",\"" + data + "\",\"" + ora + "\",\"" + ampm + "\",\"CET\",\"" + fuso +
+           "\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
+}
+
 using Importazione = ConArchivi;
 
 // The log of an earlier import of the same name is not the program's to remove: it stays as it
-// was, and a file with nothing refused adds nothing to it.
+// was, and a file with nothing refused adds nothing to it. A second import of the file asks for
+// another name; cancelled, it imports nothing.
 TEST_F(Importazione, FileSenzaErroriNonLasciaLogENonToccaQuelloVecchio) {
-    std::string file = File("temi.txt", "\"Rossi, Mario\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
-                                        "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\r\n"
-                                        "\"Bianchi\",\"2 Jun 1946\",\"07:00\",\"AM\",\"EST\","
-                                        "\"05:00\",\"New York\",\"USA\",\"40N42\",\"74W00\"\r\n");
-    std::string logGiusto = (cartella / "temitxt.log").string();
-    std::ofstream(logGiusto) << "vecchio\n";
-    auto esito = ImportaArchivioSF(fileDB, file, {"Altro"}, cartella.Percorso().string(), messaggi);
+    const std::string file =
+        File("temi.txt", RigaSF("Rossi, Mario") + RigaSF("Bianchi", "2 Jun 1946"));
+    const std::string logGiusto = File("temitxt.log", "vecchio\n");
+    const std::string dir = cartella.Percorso().string();
+    auto esito = ImportaArchivioSF(fileDB, file, {"Altro"}, dir, messaggi);
     ASSERT_TRUE(esito);
     EXPECT_EQ(std::tuple(esito->Archivio, esito->Importati, esito->Scartati, esito->Log),
               std::tuple("temitxt", 2, 0, ""));
     EXPECT_EQ(Leggi(logGiusto), "vecchio\n");
     EXPECT_TRUE(messaggi.registro.empty());
-    auto temi = Temi("temitxt");
-    ASSERT_EQ(temi.size(), 2u);
-    EXPECT_EQ(temi[0].Nome.Valore(), "Bianchi");
-    EXPECT_EQ(std::tuple(temi[1].Nome.Valore(), temi[1].Day, temi[1].Estiva, temi[1].Cmto),
-              std::tuple("Rossi  Mario", 2437005.5, 0.0, ""));
+    EXPECT_EQ(Nomi("temitxt"), (std::vector<std::string>{"Bianchi", "Rossi  Mario"}));
+    EXPECT_EQ(std::tuple(Temi("temitxt")[1].Day, Temi("temitxt")[1].Cmto),
+              std::tuple(2437005.5, ""));
+
+    messaggi.input = {std::nullopt};
+    EXPECT_FALSE(ImportaArchivioSF(fileDB, file, {"TEMITXT"}, dir, messaggi));
     EXPECT_EQ(ElencoArchivi(fileDB), (std::vector<std::string>{"temitxt"}));
+    EXPECT_EQ(Temi("temitxt").size(), 2u);
 }
 
 TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
-    std::string file = File("misti.txt",
-                            // over two lines
-                            "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
-                            "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                            "\"Due\",\"12 mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\","
-                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                            "\"Tre\",\"12 Mar 1960\",\"1030\",\"AM\",\"CET\",\"-01:00\","
-                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                            "\"Quattro\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-0100\","
-                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                            "\"Cinque\",\"12 Mar 1960\",\"10:30\",\"PM\",\"CET\",\"-01:00\","
-                            "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n"
-                            // the file ends inside a record
-                            "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
+    const std::string file =
+        File("misti.txt",
+             // over two lines
+             "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
+             "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n" +
+                 RigaSF("Due", "12 mar 1960") + RigaSF("Tre", "12 Mar 1960", "1030") +
+                 RigaSF("Quattro", "12 Mar 1960", "10:30", "-0100") +
+                 RigaSF("Cinque", "12 Mar 1960", "10:30", "-01:00", "PM") +
+                 // the file ends inside a record
+                 "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
     auto esito = ImportaArchivioSF(fileDB, file, {}, cartella.Percorso().string(), messaggi);
     ASSERT_TRUE(esito);
     const std::string log = (cartella / "mistitxt.log").string();
@@ -241,23 +243,12 @@ TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
     EXPECT_NEAR(temi[1].Fuso, -1, TolleranzaOreGradi);
 }
 
-TEST_F(Importazione, NomeDoppioAnnullatoNonImportaNulla) {
-    std::string file = File("a.txt", "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\","
-                                     "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n");
-    CreaArchivio(fileDB, "atxt");
-    messaggi.input = {std::nullopt};
-    EXPECT_FALSE(ImportaArchivioSF(fileDB, file, {"ATXT"}, cartella.Percorso().string(), messaggi));
-    EXPECT_TRUE(Temi("atxt").empty());
-}
-
 // A reader holding the file while the import commits: the engine refuses the commit, and the
 // import leaves nothing of the new archive behind.
 TEST_F(Importazione, ImportInterrottoDaUnErroreDelDatabaseNonLasciaRighe) {
     std::string testo;
     for (int i = 0; i < 50; ++i)
-        testo += "\"T" + std::to_string(i) +
-                 "\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-01:00\",\"Padova\",\"Italia\","
-                 "\"45N26\",\"12E30\"\n";
+        testo += RigaSF("T" + std::to_string(i));
     std::string file = File("lungo.txt", testo);
     Database lettore(fileDB);
     std::unique_ptr<LetturaUnica> lettura;
@@ -270,9 +261,8 @@ TEST_F(Importazione, ImportInterrottoDaUnErroreDelDatabaseNonLasciaRighe) {
                  ErroreDB);
     lettura.reset();
     EXPECT_GE(righe, 20);
-    Database db(fileDB);
-    EXPECT_FALSE(db.EsisteTabella("lungotxt"));
-    EXPECT_TRUE(ElencoArchivi(db).empty());
+    EXPECT_FALSE(Database(fileDB).EsisteTabella("lungotxt"));
+    EXPECT_TRUE(ElencoArchivi(fileDB).empty());
 }
 
 // Randomised files: cut records, stray quotes, huge fields, binary bytes, invalid UTF-8 and a
@@ -288,8 +278,7 @@ TEST_F(Importazione, FileCasualiNonRomponoNulla) {
         }
         return false;
     };
-    const std::string buono = "\"Nome\",\"12 Mar 1960\",\"10:30\",\"PM\",\"CET\",\"-01:00\","
-                              "\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n";
+    const std::string buono = RigaSF("Nome", "12 Mar 1960", "10:30", "-01:00", "PM");
     for (unsigned seme = 1; seme <= 12; ++seme) {
         std::mt19937 g(seme);
         std::string testo;
@@ -336,41 +325,6 @@ TEST_F(Importazione, FileCasualiNonRomponoNulla) {
         for (const std::string& riga : righe)
             EXPECT_TRUE(forma(riga)) << seme << ": " << riga.substr(0, 80);
     }
-}
-
-// Whole records damaged in one field each keep their count: every bad one is in the log.
-TEST_F(Importazione, OgniRecordErratoEUnaRigaDelLog) {
-    std::mt19937 g(7);
-    std::string testo;
-    int buoni = 0, cattivi = 0;
-    for (int k = 0; k < 400; ++k) {
-        std::string data = "12 Mar 1960", ora = "10:30", fuso = "-01:00", nome = "N";
-        switch (g() % 6) {
-        case 0:
-            data = "12 mar 1960";
-            break;
-        case 1:
-            ora = "1030";
-            break;
-        case 2:
-            fuso = std::string(5000, '9');
-            break;
-        case 3:
-            nome = "\xFF\xC3\x28\x01" + std::string(g() % 100000, 'x');
-            break;
-        default:
-            break;
-        }
-        bool cattivo = data != "12 Mar 1960" || ora != "10:30" || fuso != "-01:00";
-        (cattivo ? cattivi : buoni)++;
-        testo += "\"" + nome + "\",\"" + data + "\",\"" + ora + "\",\"AM\",\"CET\",\"" + fuso +
-                 "\",\"P\",\"I\",\"45N26\",\"12E30\"\n";
-    }
-    std::string file = File("contati.txt", testo);
-    auto esito = ImportaSF(fileDB, "contati", file, (cartella / "contati.log").string());
-    EXPECT_EQ(esito.Importati, buoni);
-    EXPECT_EQ(esito.Scartati, cattivi);
-    EXPECT_EQ(static_cast<int>(Temi("contati").size()), buoni);
 }
 
 // The export line, case by case.
@@ -436,51 +390,36 @@ TEST(RigaEsportazione, FusoConSecondi) {
     EXPECT_NEAR(std::fabs(*avviso), 58, 1e-6);
 }
 
+// An archive written out, with the warning of a zone with seconds; Cancel writes nothing, and an
+// empty archive gives an empty file.
 TEST_F(Importazione, EsportazioneDiUnArchivio) {
-    CreaArchivio(fileDB, "Mio");
-    {
-        Database db(fileDB);
-        Cursore rs(db, "Mio");
-        std::int16_t aggiungi = -1, modifica = 0;
-        const double fuso = -GradiDecimali(12, 29, 30) / 15;
-        ScriviTema(rs,
-                   TemaEsportato("Zeta", 1960, 3, 12, 10.25, -12.5 / 15, 45 + 26.0 / 60, -1, 0,
-                                 "Padova", "Italia"),
-                   aggiungi, modifica);
-        ScriviTema(rs, TemaEsportato("Alfa", 1900, 1, 1, 12, -0.8, 45, fuso, 0, "X", "Y"), aggiungi,
-                   modifica);
-    }
-    const std::string percorso = (cartella / "Mio.txt").string();
-    std::ofstream(percorso) << "vecchio contenuto che sparisce\n";
-    auto scritto = EsportaArchivio(fileDB, "Mio", cartella.Percorso().string(), messaggi);
-    ASSERT_TRUE(scritto);
-    EXPECT_EQ(*scritto, percorso);
+    const double fuso = -GradiDecimali(12, 29, 30) / 15;
+    RiempiTemi("Mio", {TemaEsportato("Zeta", 1960, 3, 12, 10.25, -12.5 / 15, 45 + 26.0 / 60, -1, 0,
+                                     "Padova", "Italia"),
+                       TemaEsportato("Alfa", 1900, 1, 1, 12, -0.8, 45, fuso, 0, "X", "Y")});
+    const std::string percorso = File("Mio.txt", "vecchio contenuto che sparisce\n");
+    const std::string dir = cartella.Percorso().string();
+    EXPECT_EQ(EsportaArchivio(fileDB, "Mio", dir, messaggi), percorso);
     std::string testo = Leggi(percorso);
     EXPECT_EQ(testo.substr(0, 9), "* Alfa, 0");
     EXPECT_NE(testo.find("\n* Zeta, 12/03/1960, 10:15,  , -01:00, Padova, Italia, 012E30 45N26, "
                          "17Gem42\n"),
               std::string::npos);
-    std::vector<std::pair<std::string, std::string>> mostrati;
-    for (const auto& v : messaggi.registro)
-        mostrati.emplace_back(v.titolo, v.testo);
-    EXPECT_EQ(mostrati,
-              (decltype(mostrati){
-                  {"Vesmo - Export Archivi", "Scrittura del file " + percorso},
+    EXPECT_EQ(
+        Mostrati(messaggi),
+        (Riquadri{{"Vesmo - Export Archivi", "Scrittura del file " + percorso},
                   {"AVVISO frmGesArchivi.mnFileTT",
                    "Errore TimeZone con secondi!!! Alfa" + std::string(26, ' ') + ", 58"},
                   {"Vesmo - Info File GesArchivi",
                    "Tabella  Mio\n\nScritta nel File  \n" + percorso + "\nNumero di Records: 2"}}));
     EXPECT_EQ(messaggi.registro[0].pulsanti, Pulsanti::OkAnnulla);
     EXPECT_EQ(messaggi.registro[1].icona, Icona::Critico);
-}
 
-TEST_F(Importazione, EsportazioneAnnullataOArchivioVuoto) {
     CreaArchivio(fileDB, "Vuoto");
     messaggi.risposte = {Risposta::Annulla};
-    EXPECT_FALSE(EsportaArchivio(fileDB, "Vuoto", cartella.Percorso().string(), messaggi));
+    EXPECT_FALSE(EsportaArchivio(fileDB, "Vuoto", dir, messaggi));
     EXPECT_FALSE(std::filesystem::exists(cartella / "Vuoto.txt"));
-    messaggi.registro.clear();
-    auto scritto = EsportaArchivio(fileDB, "Vuoto", cartella.Percorso().string(), messaggi);
+    auto scritto = EsportaArchivio(fileDB, "Vuoto", dir, messaggi);
     ASSERT_TRUE(scritto);
     EXPECT_EQ(Leggi(*scritto), "");
     EXPECT_EQ(messaggi.registro.back().testo,
