@@ -200,7 +200,8 @@ TEST_F(CalTransiti, RicercaFermata) {
     EXPECT_FALSE(f->cmdFerma->isEnabled());
 }
 
-TEST_F(CalTransiti, StampaPdfECsv) {
+// The list printed, saved as PDF, CSV and text; a double click puts a row in the Transito slot.
+TEST_F(CalTransiti, StampaFileEDoppioClic) {
     frmCalTransiti* f = Apri();
     ASSERT_NE(f, nullptr);
     Anno2026(f);
@@ -239,14 +240,8 @@ TEST_F(CalTransiti, StampaPdfECsv) {
     f->cmdTesto->click();
     EXPECT_EQ(Leggi(txt), TestoTransiti(f->Righe()));
     EXPECT_TRUE(m.registro.empty());
-}
 
-// A double click: the moment in the Transito slot, its frame refreshed, the slot cast at it.
-TEST_F(CalTransiti, DoppioClicNelloSlotTransito) {
-    frmCalTransiti* f = Apri();
-    ASSERT_NE(f, nullptr);
-    Anno2026(f);
-    f->cmdCerca->click();
+    // A double click: the moment in the Transito slot, its frame refreshed, the slot cast at it.
     ASSERT_GT(f->Righe().size(), 3u);
     const int riga = 3;
     const RigaTransito r = f->Righe()[riga];
