@@ -394,6 +394,8 @@ TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
     EXPECT_EQ(testo.substr(testo.find('\n') + 1, 77),
               "01/01/2026  19:00:00  Giove R  QUADRATURA  Sole          22/12/2025 07:00  -\n");
     const std::string csv = CsvTransiti(righe);
+    EXPECT_EQ(csv.substr(0, csv.find("\r\n")),
+              "Data;Ora;Pianeta;Aspetto;Punto natale;Ingresso;Uscita;JD;JDIngresso;JDUscita");
     const auto seconda = csv.find("\r\n") + 2;
     EXPECT_EQ(csv.substr(seconda, csv.find("\r\n", seconda) - seconda),
               "01/01/2026;19:00:00;Giove R;QUADRATURA;Sole;22/12/2025 07:00;-;2461042.250000;"

@@ -101,7 +101,7 @@ TEST(DirezioniFrazione, PrimaDelCompleannoEsempioDellAiuto) {
     EXPECT_EQ(s.DirezioneCalcolata, -1);
     EXPECT_EQ(s.TemaX, s.TemaDir);
 
-    // The other example of the explanation: 11/8/1997 to 8/3/1998 gives 0,57.
+    // The explanation's other example: 11/8/1997 to 8/3/1998 gives 0,57.
     s.TemaNat = Natale(1997, 8, 11, 12);
     s.TemaX = Input(s.TemaNat, 1998, 3, 8, 12);
     EXPECT_EQ(FormatoNumero(DirezioneFrazioneAnno(s, true, m), "#0.00"), "0,57");
@@ -117,11 +117,12 @@ TEST(DirezioniFrazione, DopoIlCompleannoEAvvisoApi) {
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 30);
     EXPECT_NEAR(s.TemaDir.OraL, 181.0 / 365 * 24 + 12, Tolleranza);
     ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - Avviso api > 1 ");
-    EXPECT_EQ(m.registro[0].testo,
-              "Attenzione! \r\nE' stata impostata una data che conduce \r\nla variabile  api "
-              "(anni progressi)  \r\nad un valore maggiore di 1. \r\n\r\napi = 30,50");
-    EXPECT_EQ(m.registro[0].icona, Icona::Informazione);
+    EXPECT_EQ(std::make_tuple(m.registro[0].titolo, m.registro[0].testo, m.registro[0].icona),
+              std::make_tuple("Lyx - Avviso api > 1 ",
+                              "Attenzione! \r\nE' stata impostata una data che conduce \r\nla "
+                              "variabile  api (anni progressi)  \r\nad un valore maggiore di 1. "
+                              "\r\n\r\napi = 30,50",
+                              Icona::Informazione));
     EXPECT_EQ(s.TemaDir.Nome.str(), "Mario Rossi          P. 30,50 ");
 
     // On the birthday at the natal hour: whole years, the hour unchanged, 1 is no warning.
@@ -131,16 +132,11 @@ TEST(DirezioniFrazione, DopoIlCompleannoEAvvisoApi) {
     EXPECT_EQ(std::make_pair(s.TemaDir.OraL, s.TemaDir.Day),
               std::make_pair(12.0, s.TemaNat.Day + 1));
     EXPECT_TRUE(m.registro.empty());
-}
 
-TEST(DirezioniFrazione, OraOltreLeVentiquattroEAnnoBisestile) {
-    Sessione s;
+    // A leap year of 366 days, 361 of them passed: the hour past 24 moves to the next day.
     s.TemaNat = Natale(1960, 1, 10, 20);
     s.TemaX = Input(s.TemaNat, 1961, 1, 5, 20);
-    MessaggiRegistrati m;
-    double api = DirezioneFrazioneAnno(s, true, m);
-    // From 10/1/1960 to 10/1/1961 are 366 days; 361 of them have passed.
-    EXPECT_NEAR(api, 361.0 / 366, Tolleranza);
+    EXPECT_NEAR(DirezioneFrazioneAnno(s, true, m), 361.0 / 366, Tolleranza);
     EXPECT_EQ(s.TemaDir.Day, s.TemaNat.Day + 1);
     EXPECT_NEAR(s.TemaDir.OraL, 361.0 / 366 * 24 + 20 - 24, Tolleranza);
 }
@@ -163,9 +159,9 @@ TEST(DirezioniFrazione, InputAnnullatoESpiegazione) {
     EXPECT_TRUE(ChiediFrazioneAnno(m));
     ASSERT_EQ(m.registro.size(), 2u);
     const auto& box = m.registro[0];
-    EXPECT_EQ(box.titolo, "Lyx - Direzioni Secondarie per Frazione di Anno");
-    EXPECT_EQ(box.pulsanti, Pulsanti::SiNo);
-    EXPECT_EQ(box.icona, Icona::Informazione);
+    EXPECT_EQ(std::make_tuple(box.titolo, box.pulsanti, box.icona),
+              std::make_tuple("Lyx - Direzioni Secondarie per Frazione di Anno", Pulsanti::SiNo,
+                              Icona::Informazione));
     EXPECT_EQ(box.testo.rfind("Calcolo sperimentale inteso a fornire un aiuto nella \r\n"
                               "datazione delle RS,                \r\n",
                               0),

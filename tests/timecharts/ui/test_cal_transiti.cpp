@@ -87,44 +87,30 @@ protected:
 
 } // namespace
 
-TEST_F(CalTransiti, VoceEFinestra) {
+// The entry opens one window; a year of the slow bodies listed in the local time of each date.
+TEST_F(CalTransiti, UnAnnoInOraLocale) {
     frmCalTransiti* f = Apri();
     ASSERT_NE(f, nullptr);
-    EXPECT_EQ(f->windowTitle(), "Lyx - Calendario Transiti");
-    // The entry again brings the same window forward.
     menu->findChild<QAction*>("mnuTransitiC")->trigger();
     EXPECT_EQ(menu->findChildren<frmCalTransiti*>().size(), 1);
-
+    EXPECT_EQ(f->windowTitle(), "Lyx - Calendario Transiti");
     test::Testi(f, {{"lblTema", "Tema natale:  Mario Rossi"},
                     {"lblLuogo", "Ora locale di  Padova"},
                     {"lblAspetti",
                      "Aspetti attivi:  CONGIUNZIONE, SESTILE, QUADRATURA, TRIGONO, OPPOSIZIONE"},
-                    {"cmdCerca", "&Cerca"},
-                    {"cmdFerma", "&Ferma"},
                     {"cmdStampa", "Stam&pa ..."},
                     {"cmdPdf", "Salva P&DF ..."},
                     {"cmdTesto", "Salva &Testo / CSV ..."},
-                    {"cmdEsci", "&Esci"},
                     {"txtOrbita", "2,50"}});
-    // The period is a whole year; the bodies and points are the defaults.
+    // The period is a whole year; the bodies are the defaults.
     EXPECT_TRUE(f->txtDa->text().startsWith("01/01/"));
     EXPECT_EQ(f->txtA->text(), "31/12/" + f->txtDa->text().mid(6));
-    QStringList pianeti, punti;
+    QStringList pianeti;
     for (QCheckBox* k : f->chkPianeta)
         if (k->isChecked()) pianeti << k->text();
-    for (QCheckBox* k : f->chkPunto)
-        if (k->isChecked()) punti << k->text();
     EXPECT_EQ(pianeti, (QStringList{"Giove", "Saturno", "Urano", "Nettuno", "Plutone"}));
-    EXPECT_EQ(punti.size(), 14);
-    EXPECT_TRUE(punti.contains("Lilith Vera"));
-    EXPECT_FALSE(punti.contains("Lilith Media"));
     EXPECT_FALSE(f->cmdStampa->isEnabled());
-}
 
-// A year of the slow bodies: the list of the search, in the local time of each date.
-TEST_F(CalTransiti, UnAnnoInOraLocale) {
-    frmCalTransiti* f = Apri();
-    ASSERT_NE(f, nullptr);
     Anno2026(f);
     f->cmdCerca->click();
     const auto& righe = f->Righe();
@@ -135,30 +121,28 @@ TEST_F(CalTransiti, UnAnnoInOraLocale) {
     EXPECT_TRUE(f->cmdStampa->isEnabled());
 
     // The same search on the chart's own points, from local midnight to local midnight.
-    RichiestaTransiti r;
-    r.jdDa = GiornoGiuliano(2026, 1, 1) - 1.0 / 24;
-    r.jdA = GiornoGiuliano(2027, 1, 1) - 1.0 / 24;
-    r.corpi = CorpiTransitoPredefiniti();
-    r.punti = PuntiNataliPredefiniti(s.PosNat, 1);
-    r.aspetti = {0, 1, 2, 3, 4};
-    r.orbita = 2.5;
+    const RichiestaTransiti r{.jdDa = GiornoGiuliano(2026, 1, 1) - 1.0 / 24,
+                              .jdA = GiornoGiuliano(2027, 1, 1) - 1.0 / 24,
+                              .corpi = CorpiTransitoPredefiniti(),
+                              .punti = PuntiNataliPredefiniti(s.PosNat, 1),
+                              .aspetti = {0, 1, 2, 3, 4},
+                              .orbita = 2.5};
     const auto attesi = CercaTransiti(r);
     ASSERT_EQ(attesi.size(), righe.size());
-
     const double inizioEstiva = GiornoGiuliano(2026, 3, 29) + 1.0 / 24;
     const double fineEstiva = GiornoGiuliano(2026, 10, 25) + 1.0 / 24;
-    int estive = 0, invernali = 0;
+    int estive = 0;
     for (std::size_t i = 0; i < righe.size(); ++i) {
         EXPECT_DOUBLE_EQ(righe[i].jd, attesi[i].jd);
         const bool estiva = righe[i].jd >= inizioEstiva && righe[i].jd < fineEstiva;
-        (estiva ? estive : invernali)++;
+        estive += estiva;
         const auto [data, ora] = Locale(righe[i].jd, estiva ? 2 : 1);
         const int r0 = static_cast<int>(i);
         EXPECT_EQ(f->grdTransiti->item(r0, 0)->text().toStdString(), data) << i;
         EXPECT_EQ(f->grdTransiti->item(r0, 1)->text().toStdString(), ora) << i;
     }
     EXPECT_GT(estive, 0);
-    EXPECT_GT(invernali, 0);
+    EXPECT_LT(estive, static_cast<int>(righe.size()));
 }
 
 TEST_F(CalTransiti, CaselleSbagliate) {
@@ -216,7 +200,8 @@ TEST_F(CalTransiti, RicercaFermata) {
     EXPECT_FALSE(f->cmdFerma->isEnabled());
 }
 
-TEST_F(CalTransiti, StampaPdfECsv) {
+// The list printed, saved as PDF, CSV and text; a double click puts a row in the Transito slot.
+TEST_F(CalTransiti, StampaFileEDoppioClic) {
     frmCalTransiti* f = Apri();
     ASSERT_NE(f, nullptr);
     Anno2026(f);
@@ -250,21 +235,13 @@ TEST_F(CalTransiti, StampaPdfECsv) {
     f->cmdTesto->click();
     const std::string testo = Leggi(csv);
     EXPECT_EQ(testo, CsvTransiti(f->Righe()));
-    EXPECT_EQ(testo.substr(0, testo.find("\r\n")),
-              "Data;Ora;Pianeta;Aspetto;Punto natale;Ingresso;Uscita;JD;JDIngresso;JDUscita");
     const auto txt = cartella / "lista.txt";
     f->ScegliFileTesto = [&] { return QString::fromStdString(txt.string()); };
     f->cmdTesto->click();
     EXPECT_EQ(Leggi(txt), TestoTransiti(f->Righe()));
     EXPECT_TRUE(m.registro.empty());
-}
 
-// A double click: the moment in the Transito slot, its frame refreshed, the slot cast at it.
-TEST_F(CalTransiti, DoppioClicNelloSlotTransito) {
-    frmCalTransiti* f = Apri();
-    ASSERT_NE(f, nullptr);
-    Anno2026(f);
-    f->cmdCerca->click();
+    // A double click: the moment in the Transito slot, its frame refreshed, the slot cast at it.
     ASSERT_GT(f->Righe().size(), 3u);
     const int riga = 3;
     const RigaTransito r = f->Righe()[riga];
@@ -274,21 +251,16 @@ TEST_F(CalTransiti, DoppioClicNelloSlotTransito) {
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     StatoMenuRuote* ruote = StatoRuoteDelMenu(*menu);
     ASSERT_TRUE(ruote && ruote->doppia);
-    EXPECT_TRUE(ruote->doppia->isVisible());
     EXPECT_EQ(menu->findChildren<frmRuotaDoppia*>().size(), 1);
-    EXPECT_EQ(s.TemaZ.Day, s.TemaTra.Day);
-    EXPECT_EQ(s.TemaZ.OraL, s.TemaTra.OraL);
-
+    EXPECT_EQ(std::make_pair(s.TemaZ.Day, s.TemaZ.OraL),
+              std::make_pair(s.TemaTra.Day, s.TemaTra.OraL));
     EXPECT_EQ(s.TransitoCalcolato, -1);
     const Tema& t = s.TemaTra;
     EXPECT_NEAR(t.Day + (t.OraL - t.Estiva + t.Fuso) / 24, r.jd, 1e-9);
     EXPECT_EQ(t.Nome.str().substr(24, 4), " Tra");
-    EXPECT_TRUE(menu->riquadri[1].frame->isEnabled());
-    EXPECT_TRUE(menu->riquadri[1].data->text().startsWith(QString::number(r.quando.giorno) + "/" +
-                                                          QString::number(r.quando.mese) + "/2026"))
-        << menu->riquadri[1].data->text().toStdString();
-    // The slot is cast at that moment.
-    Posizioni attese;
+    EXPECT_TRUE(menu->riquadri[1].data->text().startsWith(
+        QString::number(r.quando.giorno) + "/" + QString::number(r.quando.mese) + "/2026"));
+    Posizioni attese; // the slot cast at that moment
     Case c;
     CastaTema(t, c, attese, s.LunaGeo, m);
     EXPECT_EQ(s.PosTra, attese);

@@ -1,22 +1,26 @@
 // The chart menu driven as a user would: the natal slot installed at load, a transit from the
-// input form, the comment, the Moon modes, the refresh, saving a slot with its mark, the refusal
-// of the close button, and the way back.
+// input form, the comment, the Moon modes, the refresh, saving and importing a slot, the
+// printing entry, the windows of each slot, the refusal of the close button and the way back.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QGroupBox>
 #include <QLabel>
+#include <QLineEdit>
 #include <QListWidget>
 #include <QMenu>
 #include <QPlainTextEdit>
 #include <QPushButton>
+#include <QRadioButton>
+#include <QTest>
 #include <QToolBar>
 
 #include "archives/Archivi.h"
 #include "core/Aritmetica.h"
 #include "places/Schema.h"
 #include "presentation/ui/frmOutDati.h"
+#include "presentation/ui/frmStampe.h"
 #include "tests/core/store/Cartella.h"
 #include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/frmMenu.h"
@@ -27,14 +31,34 @@ using vesmo::test::Figlio;
 
 namespace {
 
-using Menu = vesmo::test::BancoMenu<>;
+class Menu : public vesmo::test::BancoMenu<> {
+protected:
+    // A places database with one empty archive, `nome`, the menu loaded on it.
+    void ConArchivio(const char* nome) {
+        percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
+        {
+            Database db;
+            db.Crea(percorsi.FileDB);
+            CreaSchemaLuoghi(db);
+        }
+        CreaArchivio(percorsi.FileDB, nome);
+    }
+    vesmo::test::Cartella cartella;
+};
 
+// The visible top-level windows named `nome`.
+int Aperte(const char* nome) {
+    int n = 0;
+    for (QWidget* w : QApplication::topLevelWidgets())
+        n += w->objectName() == nome && w->isVisible();
+    return n;
+}
 QWidget* Aperta(const char* nome) {
     for (QWidget* w : QApplication::topLevelWidgets())
         if (w->objectName() == nome && w->isVisible()) return w;
     return nullptr;
 }
-// The positions windows open, by the chart they show.
+// The positions windows open, and the one showing the chart named `nome`.
 std::vector<frmOutDati*> FinestrePosizioni() {
     std::vector<frmOutDati*> v;
     for (QWidget* w : QApplication::topLevelWidgets())
@@ -46,19 +70,18 @@ frmOutDati* PosizioniDi(const std::string& nome) {
         if (f->TemaMostrato().Nome.Valore() == nome) return f;
     return nullptr;
 }
-int Aperte(const char* nome) {
-    int n = 0;
-    for (QWidget* w : QApplication::topLevelWidgets())
-        if (w->objectName() == nome && w->isVisible()) ++n;
-    return n;
+QStringList VociMenu(QMenu* menu) {
+    QStringList v;
+    for (QAction* a : menu->actions())
+        v << (a->isSeparator() ? QStringLiteral("-") : a->text());
+    return v;
 }
 
 } // namespace
 
-TEST_F(Menu, IlTemaDiPartenzaDiventaNatale) {
+TEST_F(Menu, IlTemaDiPartenzaDiventaNataleEVoci) {
     EXPECT_EQ(f->windowTitle(), "Lyx - Menu. Tema, Transito, Rivoluzione, Direzione Secondaria.");
     EXPECT_EQ(s.MenuPronto, -1);
-    // The positions were cast: the Sun at 20° Aries.
     constexpr double TolleranzaSole = 0.01; // degrees, the figure's last digit
     EXPECT_NEAR(s.PosNat.Sole.Lo, 20.31, TolleranzaSole);
     auto& r = f->riquadri[0];
@@ -71,53 +94,34 @@ TEST_F(Menu, IlTemaDiPartenzaDiventaNatale) {
         EXPECT_TRUE(!f->riquadri[i].frame->isEnabled() && f->riquadri[i].nome->isHidden()) << i;
     EXPECT_TRUE(f->findChild<QPushButton*>("cmdAA_Tra")->isHidden());
     EXPECT_TRUE(m.registro.empty());
-}
 
-// The entries of the time menus, in their order, and where the File menu's additions stand.
-TEST_F(Menu, VociDeiMenu) {
-    auto voci = [](QMenu* menu, bool nomi = false) {
-        QStringList v;
-        for (QAction* a : menu->actions())
-            v << (a->isSeparator() ? QStringLiteral("-") : nomi ? a->objectName() : a->text());
-        return v;
-    };
-    const QStringList riv = voci(f->mnuRiv);
+    // The time menus' entries in their order; in File "&Importa" before "S&alvo", "&Stampe" last
+    // before the way out.
+    const QStringList riv = VociMenu(f->mnuRiv);
     EXPECT_EQ(riv.mid(0, 2), (QStringList{"&Solari", "&Lunari"}));
     EXPECT_EQ(riv.mid(riv.size() - 2), (QStringList{"C&mto", "&Ruota Doppia"}));
-    EXPECT_EQ(voci(f->mnuRiv, true).mid(riv.size() - 2), (QStringList{"mnuRivMemo", "mnuRivR"}));
-    auto* lun = f->findChild<QMenu*>("mnuRivLun");
-    ASSERT_NE(lun, nullptr);
-    EXPECT_EQ(voci(lun), (QStringList{"&Tropiche", "S&inodiche"}));
-    EXPECT_EQ(voci(f->mnuDir),
+    EXPECT_EQ(VociMenu(f->findChild<QMenu*>("mnuRivLun")),
+              (QStringList{"&Tropiche", "S&inodiche"}));
+    EXPECT_EQ(VociMenu(f->mnuDir),
               (QStringList{"&Secondarie", "&Frazione di anno (secondarie)", "&Posizioni ",
                            "&Domiciliazioni", "C&mto", "&Ruota Doppia"}));
-    EXPECT_EQ(voci(f->mnuDir, true).mid(4), (QStringList{"mnuDirMemo", "mnuDirRuotaDoppia"}));
     EXPECT_EQ(
-        voci(f->mnuTransiti),
+        VociMenu(f->mnuTransiti),
         (QStringList{"Calcolo Trans&ito Nuovo", "&Posizioni ", "&Domiciliazioni",
                      "Ingressi nei &Segni", "Calendario &Transiti...", "C&mto", "&Ruota doppia"}));
-    EXPECT_EQ(voci(f->mnuTransiti, true).mid(3),
-              (QStringList{"mnuTransitiI", "mnuTransitiC", "mnuTransitiMemo", "mnuTransitiR"}));
-    for (const char* n :
-         {"mnuRivSol", "mnuRivLunT", "mnuRivLunS", "mnuDirSec", "mnuDirFra", "mnuHeDirFrAnno"})
-        Voce(n);
-    // In the File menu "&Importa" stands before "S&alvo", "&Stampe" before the way out.
-    const QStringList file = voci(f->mnuFile), nomi = voci(f->mnuFile, true);
-    const auto importa = nomi.indexOf("mnuFileImporta");
+    const QStringList file = VociMenu(f->mnuFile);
+    const auto importa = file.indexOf("&Importa");
     ASSERT_GE(importa, 0);
-    EXPECT_EQ(file.mid(importa, 2), (QStringList{"&Importa", "S&alvo"}));
-    const auto stampe = nomi.indexOf("mnuFileStampe");
-    ASSERT_GT(stampe, 0);
-    EXPECT_EQ(nomi.mid(stampe), (QStringList{"mnuFileStampe", "-", "mnuFileEsci"}));
-    EXPECT_EQ(file[stampe], "&Stampe");
+    EXPECT_EQ(file[importa + 1], "S&alvo");
+    EXPECT_EQ(file.indexOf("&Stampe"), file.size() - 3);
+    EXPECT_EQ(file[file.size() - 2], "-");
 }
 
-TEST_F(Menu, TransitoDallInput) {
+TEST_F(Menu, TransitoDallInputELune) {
     Tema offerto;
     f->InputDati = [&](const RichiestaInputDati&) {
         offerto = s.TemaX;
-        // The user changes the date and presses Calcola.
-        s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
+        s.TemaX.Day = GiornoGiuliano(2000, 11, 8); // the user changes the date, then Calcola
         s.DatiOk = -1;
         return EsitoInputDati{true};
     };
@@ -127,18 +131,17 @@ TEST_F(Menu, TransitoDallInput) {
     EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
     EXPECT_TRUE(f->riquadri[1].frame->isEnabled());
     EXPECT_FALSE(f->findChild<QPushButton*>("cmdAA_Tra")->isHidden());
-    // A second transit starts from the first.
+    // A second transit starts from the first; cancelled, the slot stays.
     f->InputDati = [&](const RichiestaInputDati&) {
         offerto = s.TemaX;
         return EsitoInputDati{};
     };
     f->mnuTransitInput->trigger();
     EXPECT_EQ(offerto.Day, GiornoGiuliano(2000, 11, 8));
-    // Cancelled: the slot stays.
     EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
 
     // Topocentric Moon: the natal slot is recast and the others emptied.
-    double geo = s.PosNat.Luna.Lo;
+    const double geo = s.PosNat.Luna.Lo;
     f->mnuFileLunaTopo->trigger();
     EXPECT_NE(s.PosNat.Luna.Lo, geo);
     EXPECT_EQ(s.TemaTra, Tema{});
@@ -147,9 +150,22 @@ TEST_F(Menu, TransitoDallInput) {
     vesmo::test::Testi(f.get(), {{"Label38", "Luna TopoCentrica"}, {"Label39", "Luna Nera Media"}});
     f->mnuFileLunaNVera->trigger();
     vesmo::test::Testi(f.get(), {{"Label39", "Luna  Nera  Vera"}});
+
+    // " Tra" overwrites the 25th to 28th characters of a long name, the last two stay.
+    Tema lungo = vesmo::test::NataleDiProva();
+    lungo.Nome = "Anna Maria Bianchi in Ferraris";
+    Carica(lungo);
+    f->InputDati = [&](const RichiestaInputDati&) {
+        offerto = s.TemaX;
+        return EsitoInputDati{};
+    };
+    f->mnuTransitInput->trigger();
+    EXPECT_EQ(offerto.Nome.str(), "Anna Maria Bianchi in Fe Trais");
 }
 
-TEST_F(Menu, CommentoDelloSlot) {
+// The comment saved in its slot; the refresh redraws the first tagged frame only, clearing
+// every tag.
+TEST_F(Menu, CommentoEAggiorna) {
     f->ApriMemo(0);
     auto* w = qobject_cast<frmMemo*>(Aperta("frmMemo"));
     ASSERT_NE(w, nullptr);
@@ -162,43 +178,26 @@ TEST_F(Menu, CommentoDelloSlot) {
     ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Salvo Cmto",
                           "Ok! Salvato Cmto su  Tema N.\n\nPer avere una registrazione "
                           "PERMANENTE \nbisogna anche salvare Tema N.  sul disco\n"));
-    // A refresh of the natal frame now shows the comment's mark.
-    f->riquadri[0].tag = "oK";
-    f->Command2->click();
-    EXPECT_EQ(f->riquadri[0].frame->title(), "Natale  (Cmto)");
-}
 
-// The refresh redraws the first tagged frame only, and clears every tag.
-TEST_F(Menu, AggiornaConDueEtichette) {
     s.TemaRiv = s.TemaNat;
-    s.TemaRiv.Nome = "Rivoluzione 2001";
     s.TemaNat.Nome = "Luigi Verdi";
     f->riquadri[0].tag = "oK";
     f->riquadri[2].tag = "oK";
     f->Command2->click();
+    EXPECT_EQ(f->riquadri[0].frame->title(), "Natale  (Cmto)");
     EXPECT_EQ(f->riquadri[0].nome->text().trimmed(), "Luigi Verdi");
     EXPECT_TRUE(f->riquadri[2].nome->isHidden());
     for (const auto& r : f->riquadri)
         EXPECT_TRUE(r.tag.isEmpty());
 }
 
-// Saving a slot: the archive gets the chart, the entry its check mark, and a slot with a comment
-// shows it in its frame's caption; a save cancelled at "Tema Doppio" keeps the mark of the earlier
-// save.
+// Saving a slot marks its entry; a save cancelled at "Tema Doppio" keeps the earlier mark.
 TEST_F(Menu, SalvoSegnaLaVoce) {
-    vesmo::test::Cartella cartella;
-    percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
-    {
-        Database db;
-        db.Crea(percorsi.FileDB);
-        CreaSchemaLuoghi(db);
-    }
-    CreaArchivio(percorsi.FileDB, "Clienti");
+    ConArchivio("Clienti");
     Carica(vesmo::test::NataleDiProva());
     s.TemaNat.Cmto = "Ascendente in Bilancia";
     QAction* voce = Voce("mnuFileSalvoTN");
     ASSERT_NE(voce, nullptr);
-
     AlModale("frmSalvoLyx", [](QWidget* w) {
         auto* lista = Figlio<QListWidget>(w, "lstArchivi");
         ASSERT_EQ(lista->count(), 1);
@@ -217,9 +216,6 @@ TEST_F(Menu, SalvoSegnaLaVoce) {
         LeggiRecordTema(rs, letto);
         EXPECT_EQ(letto.Cmto, "Ascendente in Bilancia");
     }
-
-    // The same chart again: the user cancels at the duplicate's question. The slot was saved
-    // before, and its mark stays.
     m.risposte = {Risposta::Annulla};
     AlModale("frmSalvoLyx", [](QWidget* w) { Figlio<QPushButton>(w, "cmdSalva")->click(); });
     voce->trigger();
@@ -228,10 +224,88 @@ TEST_F(Menu, SalvoSegnaLaVoce) {
     EXPECT_EQ(m.registro.back().titolo, "Tema Doppio");
 }
 
+// A chart of an archive picked into each slot: frame, button, saved marks removed, and the
+// revolution's instant; leaving without a choice changes nothing, a double click imports.
+TEST_F(Menu, ImportaInOgniSlot) {
+    ConArchivio("Amici");
+    const char* nomi[4] = {"Anna", "Bruno", "Carla", "Dario"};
+    auto carta = [](const char* nome, int giorno) {
+        return vesmo::test::TemaPadova(nome, 1987, 4, giorno, 19.5, 1);
+    };
+    for (int i = 0; i < 4; ++i)
+        ASSERT_EQ(SalvaTema(percorsi.FileDB, "Amici", carta(nomi[i], 10 + i), m, "prova"),
+                  EsitoSalvataggio::Aggiunto);
+    Carica(carta("Natale di prova", 1));
+    QAction* voce = Voce("mnuFileImporta");
+    ASSERT_NE(voce, nullptr);
+    AlModale("frmImpTnLyx", [](QWidget* w) { Figlio<QPushButton>(w, "Command3")->click(); });
+    voce->trigger();
+    EXPECT_EQ(s.TemaNat, carta("Natale di prova", 1));
+
+    const char* pulsanti[4] = {nullptr, "cmdAA_Tra", "cmdAA_Riv", "cmdAA_Dir"};
+    for (int slot = 0; slot < 4; ++slot) {
+        SCOPED_TRACE(slot);
+        for (QAction* a : f->mnuFileSalvo)
+            a->setChecked(true);
+        AlModale("frmImpTnLyx", [&](QWidget* w) {
+            Figlio<QLineEdit>(w, "Text1")->setText(nomi[slot]);
+            const QString opzione = QString("Option%1").arg(slot + 1);
+            if (slot == 3) { // a double click on the option imports at once
+                QTest::mouseDClick(Figlio<QRadioButton>(w, qPrintable(opzione)), Qt::LeftButton);
+                return;
+            }
+            Figlio<QRadioButton>(w, qPrintable(opzione))->setChecked(true);
+            Figlio<QPushButton>(w, "cmdImporta")->click();
+        });
+        voce->trigger();
+        EXPECT_EQ(s.TemaDelSlot(slot), carta(nomi[slot], 10 + slot));
+        EXPECT_NEAR(s.PosDelSlot(slot).Sole.Lo, 22, 3); // cast: the Sun at 20-24 Aries
+        auto& r = f->riquadri[static_cast<std::size_t>(slot)];
+        EXPECT_EQ(r.nome->text().trimmed().toStdString(), nomi[slot]);
+        EXPECT_TRUE(r.frame->isEnabled());
+        if (pulsanti[slot]) {
+            EXPECT_FALSE(Figlio<QPushButton>(f.get(), pulsanti[slot])->isHidden());
+        }
+        for (QAction* a : f->mnuFileSalvo)
+            EXPECT_FALSE(a->isChecked());
+    }
+    EXPECT_EQ(s.RivoluzioneCalcolata, -1);
+    // Carla, 12 April 1987 (JD 2446897.5 at 0h), 19:30 with summer time 1 and zone -1: 17:30 TU.
+    EXPECT_NEAR(s.JDRivoluzione, 2446897.5 + 17.5 / 24, 1e-9);
+    EXPECT_TRUE(m.registro.empty());
+}
+
+// The slot chosen opens the printing form; open already, the entry brings it forward without
+// asking again; no slot chosen is passed over in silence.
+TEST_F(Menu, StampeDelloSlot) {
+    auto aperte = [&] {
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+        return f->findChildren<frmStampe*>();
+    };
+    AlModale("frmCheStampe", [](QWidget* w) { w->close(); });
+    Voce("mnuFileStampe")->trigger();
+    EXPECT_TRUE(aperte().isEmpty());
+    EXPECT_TRUE(m.registro.empty());
+
+    Installa(2, vesmo::test::TemaPadova("Rivoluzione", 2024, 4, 10, 19.5, 1));
+    AlModale("frmCheStampe", [](QWidget* w) { Figlio<QPushButton>(w, "cmdR")->click(); });
+    Voce("mnuFileStampe")->trigger();
+    ASSERT_EQ(aperte().size(), 1);
+    frmStampe* st = aperte()[0];
+    EXPECT_TRUE(st->isVisible() && !st->isModal());
+    EXPECT_EQ(st->OpzioniDellaPagina().CheStampa, 3);
+    EXPECT_EQ(s.TemaX.Nome, s.TemaRiv.Nome);
+    st->mnuFileStampeChe[0]->trigger();
+    Voce("mnuFileStampe")->trigger();
+    ASSERT_EQ(aperte(), QList<frmStampe*>{st});
+    EXPECT_EQ(st->OpzioniDellaPagina().CheStampa, 1);
+    EXPECT_EQ(QApplication::activeModalWidget(), nullptr);
+    EXPECT_TRUE(m.registro.empty());
+}
+
 TEST_F(Menu, ChiusuraRifiutataEUscita) {
     EXPECT_FALSE(f->close());
     ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - ControlBox", "Menu  File + Esci "));
-
     s.TemaRiv = s.TemaNat;
     s.RivoluzioneCalcolata = -1;
     s.JDRivoluzione = 2450000;
@@ -244,92 +318,51 @@ TEST_F(Menu, ChiusuraRifiutataEUscita) {
     EXPECT_EQ(s.JDRivoluzione, -1.0);
 }
 
+// One window a slot; the refresh closes the dignities and the aspect selection, a new chart
+// closes them all.
 TEST_F(Menu, FinestreDelloSlot) {
     Voce("mnUnCieloDomi")->trigger();
-    QWidget* d = Aperta("frmDomicili");
-    ASSERT_NE(d, nullptr);
-    EXPECT_EQ(d->windowTitle(),
+    EXPECT_EQ(Aperta("frmDomicili")->windowTitle(),
               "Lyx - Domiciliazioni di [tema natale] Mario Rossi                   ");
     EXPECT_EQ(s.PosDomi, s.PosNat);
-    Voce("mnUnCieloPosizione")->trigger();
-    ASSERT_NE(Aperta("frmOutDati"), nullptr);
-    EXPECT_EQ(s.TemaX, s.TemaNat);
-    Voce("mnUnCieloAO")->trigger();
-    ASSERT_NE(Aperta("frmSelAspetti"), nullptr);
-    EXPECT_EQ(s.TemaY, s.TemaNat);
-    // The refresh closes the dignities and the selection; a new chart closes them all.
-    f->Command2->click();
-    QApplication::processEvents();
-    EXPECT_EQ(Aperta("frmDomicili"), nullptr);
-    EXPECT_EQ(Aperta("frmSelAspetti"), nullptr);
-    EXPECT_NE(Aperta("frmOutDati"), nullptr);
-    f->ChiudiSecondarie();
-    QApplication::processEvents();
-    EXPECT_EQ(Aperta("frmOutDati"), nullptr);
-
-    // One window a slot: the dignities of two slots, one aspect selection; closed, they open anew.
     for (int volta = 0; volta < 2; ++volta) {
         Voce("mnUnCieloDomi")->trigger();
         Voce("mnuTransitiD")->trigger();
         Voce("mnUnCieloAO")->trigger();
+        Voce("mnUnCieloPosizione")->trigger();
     }
     EXPECT_EQ(Aperte("frmDomicili"), 2);
     EXPECT_EQ(Aperte("frmSelAspetti"), 1);
+    EXPECT_EQ(Aperte("frmOutDati"), 1);
+    EXPECT_EQ(s.TemaY, s.TemaNat);
+    f->Command2->click();
+    QApplication::processEvents();
+    EXPECT_EQ(Aperte("frmDomicili") + Aperte("frmSelAspetti"), 0);
+    EXPECT_EQ(Aperte("frmOutDati"), 1);
     f->ChiudiSecondarie();
     QApplication::processEvents();
-    Voce("mnUnCieloDomi")->trigger();
-    EXPECT_EQ(Aperte("frmDomicili"), 1);
-    f->ChiudiSecondarie();
-    QApplication::processEvents();
+    EXPECT_EQ(Aperte("frmOutDati"), 0);
 }
 
-// " Tra" overwrites the 25th to 28th characters of a long name.
-TEST_F(Menu, TraSuiCaratteriDa25A28) {
-    Tema natale = vesmo::test::NataleDiProva();
-    natale.Nome = "Anna Maria Bianchi in Ferraris";
-    Carica(natale);
-    Tema offerto;
-    f->InputDati = [&](const RichiestaInputDati&) {
-        offerto = s.TemaX;
-        return EsitoInputDati{};
-    };
-    f->mnuTransitInput->trigger();
-    EXPECT_EQ(offerto.Nome.str(), "Anna Maria Bianchi in Fe Trais");
-}
-
+// The time toolbar is on the transit's positions window only, and keeps working alone.
 TEST_F(Menu, BarraDelTempoSoloSulTransito) {
-    s.TemaX = s.TemaNat;
-    s.TemaX.Nome = "Transito di prova";
-    s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
-    f->InstallaTema(1);
-    s.TransitoCalcolato = -1;
+    Installa(1, vesmo::test::TemaPadova("Transito di prova", 2000, 11, 8, 19.5, 1));
     const Tema transito = s.TemaTra;
-
     Voce("mnuTransitiP")->trigger();
     Voce("mnUnCieloPosizione")->trigger();
     frmOutDati* tra = PosizioniDi("Transito di prova");
     frmOutDati* nat = PosizioniDi("Mario Rossi");
-    ASSERT_NE(tra, nullptr);
-    ASSERT_NE(nat, nullptr);
+    ASSERT_TRUE(tra && nat);
     EXPECT_FALSE(tra->Toolbar1->isHidden());
     EXPECT_TRUE(nat->Toolbar1->isHidden());
-    // "Days" of the natal window does not touch the transit.
     nat->UnDay->trigger();
     EXPECT_EQ(s.TemaTra, transito);
     EXPECT_EQ(nat->TemaMostrato().Nome.Valore(), "Mario Rossi");
-
-    // Opening again brings the open window forward: still one a slot.
-    Voce("mnuTransitiP")->trigger();
-    Voce("mnUnCieloPosizione")->trigger();
-    EXPECT_EQ(FinestrePosizioni().size(), 2u);
-
-    // Closing the natal window leaves the transit's toolbar working.
     nat->close();
     QApplication::processEvents();
     tra->UnDay->trigger();
     EXPECT_DOUBLE_EQ(s.TemaTra.Day, transito.Day + 1);
     EXPECT_EQ(s.Ruote.TransitoPosizioni, -1);
-    // And a natal window opened after it has no toolbar either.
     Voce("mnUnCieloPosizione")->trigger();
     ASSERT_NE(PosizioniDi("Mario Rossi"), nullptr);
     EXPECT_TRUE(PosizioniDi("Mario Rossi")->Toolbar1->isHidden());

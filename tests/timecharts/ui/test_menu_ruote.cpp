@@ -1,22 +1,27 @@
-// The double wheel opened from the chart menu's three entries, with the natal chart inside and
-// the slot's chart outside: captions, the toolbar of each kind of wheel, the aspect switches and
-// the refusals of the aspect selection, the filters between the charts, the double zodiac, and
-// the transit moved through time with the menu's frame refreshed.
+// The double wheel opened from the chart menu, natal chart inside and the slot's chart outside:
+// the toolbar of each kind of wheel, the refusals of the aspect selection, the double zodiac, the
+// transit moved through time; a revolution relocated over the map and the nearest towns of a
+// small places database, the ascensional wheels and the solar arc.
 #include <gtest/gtest.h>
 
 #include <QAction>
 #include <QApplication>
 #include <QGroupBox>
+#include <QImage>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
+#include <QPushButton>
 #include <QTest>
-#include <cmath>
+#include <functional>
 
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
+#include "presentation/ui/WidgetMappa.h"
 #include "presentation/ui/frmOutDati.h"
 #include "presentation/ui/frmRuotaDoppia.h"
+#include "tests/core/store/Cartella.h"
+#include "tests/places/AiutoLuoghi.h"
 #include "tests/timecharts/ui/BancoMenu.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/frmMenu.h"
@@ -25,36 +30,56 @@ using namespace vesmo;
 
 namespace {
 
-class MenuRuote : public vesmo::test::BancoMenu<> {
+// The boxes recorded, and every change of the busy pointer told to the test as it happens.
+class MessaggiOccupato : public MessaggiRegistrati {
+public:
+    std::function<void(bool)> Avviso;
+    void Occupato(bool acceso) override {
+        MessaggiRegistrati::Occupato(acceso);
+        if (Avviso) Avviso(acceso);
+    }
+};
+
+class Ruote : public test::BancoMenu<MessaggiOccupato> {
 protected:
     void SetUp() override {
-        Carica(vesmo::test::TemaPadova("Mario Rossi", 1987, 4, 10, 19.5));
+        // A places database of three towns, without the index iLonLat, and a plain map.
+        const auto file = cartella / "Vesmodat.Mdb";
+        {
+            Database db = test::DatabaseLuoghi(file);
+            test::AggiungiCity(db, 380, "Vicenza", -0.7695, 45.55, 1, 1);
+            test::AggiungiCity(db, 380, "Padova", -0.7925, 45.4, 1, 1);
+            test::AggiungiCity(db, 380, "Venezia", -0.8219, 45.44, 1, 1);
+        }
+        QImage mappa(LarghezzaMappaPixel, AltezzaMappaPixel, QImage::Format_RGB32);
+        mappa.fill(Qt::blue);
+        mappa.save(QString::fromStdString((cartella / "MappaFusi.png").string()));
+        percorsi.FileDB = file.string();
+        Carica(test::TemaPadova("Mario Rossi", 1987, 4, 10, 19.5));
         const char* nomi[] = {"", "Transito", "Rivoluzione", "Direzione"};
         const int anni[] = {0, 2024, 2023, 1988};
         for (int slot = 1; slot <= 3; ++slot)
-            Installa(slot, vesmo::test::TemaPadova(nomi[slot], anni[slot], 6, 1, 12));
+            Installa(slot, test::TemaPadova(nomi[slot], anni[slot], 6, 1, 12));
+        s.JDRivoluzione = s.TemaDelSlot(2).JD();
     }
     frmRuotaDoppia* Apri(const char* voce) {
-        QAction* a = Voce(voce);
-        if (!a) return nullptr;
-        a->trigger();
+        f->findChild<QAction*>(voce)->trigger();
         return StatoRuoteDelMenu(*f)->doppia;
     }
-    QAction* Voce(const char* nome) { return BancoMenu::Voce(nome); }
-    QAction* Voce(QWidget* w, const char* nome) {
+    using BancoMenu::Voce;
+    static QAction* Voce(QWidget* w, const char* nome) {
         auto* a = w->findChild<QAction*>(nome);
         EXPECT_NE(a, nullptr) << nome;
         return a;
     }
+    test::Cartella cartella;
 };
 
-// A left click on a row of a list, as the user makes it.
-void Clic(QListWidget* l, int riga) {
-    QRect r = l->visualItemRect(l->item(riga));
-    QTest::mouseClick(l->viewport(), Qt::LeftButton, {}, r.center());
-}
-
-std::vector<int> Scelte(QListWidget* l) {
+// The rows chosen in a list, after a left click on each of `clic` as the user makes it.
+std::vector<int> Scelte(QListWidget* l, std::initializer_list<int> clic = {}) {
+    for (int riga : clic)
+        QTest::mouseClick(l->viewport(), Qt::LeftButton, {},
+                          l->visualItemRect(l->item(riga)).center());
     std::vector<int> v;
     for (int i = 0; i < l->count(); ++i)
         if (l->item(i)->isSelected()) v.push_back(i);
@@ -63,76 +88,57 @@ std::vector<int> Scelte(QListWidget* l) {
 
 } // namespace
 
-TEST_F(MenuRuote, OgniVoceApreLaSuaRuota) {
-    struct Caso {
-        const char* voce;
-        const char* didascalia;
-        const char* tag;
-        int slot;
-        bool transito;
-    } casi[] = {
-        {"mnuTransitiR", ": Interno [Tema Natale],  Esterno [Transito]", "1", 1, true},
-        {"mnuRivR", ": Interno [Tema Natale],  Esterno [Rivoluzione]", "2", 2, false},
-        {"mnuDirRuotaDoppia", ": Interno [Tema Natale],  Esterno [Direzione]", "3", 3, false},
+TEST_F(Ruote, OgniVoceApreLaSuaRuota) {
+    const std::tuple<const char*, const char*, int> casi[] = {
+        {"mnuTransitiR", ": Interno [Tema Natale],  Esterno [Transito]", 1},
+        {"mnuRivR", ": Interno [Tema Natale],  Esterno [Rivoluzione]", 2},
+        {"mnuDirRuotaDoppia", ": Interno [Tema Natale],  Esterno [Direzione]", 3},
     };
     QPointer<frmRuotaDoppia> prima;
-    for (const Caso& c : casi) {
-        SCOPED_TRACE(c.voce);
-        frmRuotaDoppia* w = Apri(c.voce);
+    for (const auto& [voce, didascalia, slot] : casi) {
+        SCOPED_TRACE(voce);
+        frmRuotaDoppia* w = Apri(voce);
         ASSERT_NE(w, nullptr);
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
-        // A new opening loads the window afresh.
-        EXPECT_TRUE(prima.isNull());
+        EXPECT_TRUE(prima.isNull()); // a new opening loads the window afresh
         prima = w;
-        EXPECT_TRUE(w->windowTitle().endsWith(QString::fromUtf8(c.didascalia)))
-            << w->windowTitle().toStdString();
+        EXPECT_TRUE(w->windowTitle().endsWith(QString::fromUtf8(didascalia)));
         EXPECT_TRUE(w->isVisible());
-        EXPECT_EQ(w->List2->property("Tag").toString(), c.tag);
-        EXPECT_EQ(s.TemaZ.Day, s.TemaDelSlot(c.slot).Day);
-        // The transit starts without its houses and with the time buttons; the revolution
-        // with the buttons that move its place; the direction with neither.
-        const bool rivoluzione = c.slot == 2;
-        EXPECT_EQ(w->Ruota->OpzioniDellaDoppia().CaseEsterne, !c.transito);
+        EXPECT_EQ(w->List2->property("Tag").toString(), QString::number(slot));
+        EXPECT_EQ(s.TemaZ.Day, s.TemaDelSlot(slot).Day);
+        // The transit starts without its houses and with the time buttons; the revolution with
+        // the buttons that move its place; the direction with neither.
+        EXPECT_EQ(w->Ruota->OpzioniDellaDoppia().CaseEsterne, slot != 1);
         for (const char* chiave : {"CaseTra", "UnSec", "UnMin"})
-            EXPECT_EQ(w->findChild<QAction*>(chiave) != nullptr, c.transito || rivoluzione)
-                << chiave;
+            EXPECT_EQ(w->findChild<QAction*>(chiave) != nullptr, slot != 3) << chiave;
         for (const char* chiave : {"UnOra", "UnDay", "UnMese", "UnYear"})
-            EXPECT_EQ(w->findChild<QAction*>(chiave) != nullptr, c.transito) << chiave;
-        EXPECT_EQ(w->findChild<QLineEdit*>("txtTempi") != nullptr, c.transito || rivoluzione);
-        // Every wheel tells when its outer chart stands.
+            EXPECT_EQ(w->findChild<QAction*>(chiave) != nullptr, slot == 1) << chiave;
         const std::optional<Quando> q = QuandoDelTema(s.TemaZ);
         ASSERT_TRUE(q);
         EXPECT_EQ(w->lbQuando->text(), TestoQuando(*q));
     }
 }
 
-TEST_F(MenuRuote, SelezioneAspettiVuoleUnSoloTipo) {
+TEST_F(Ruote, SelezioneAspettiVuoleUnSoloTipo) {
     frmRuotaDoppia* w = Apri("mnuTransitiR");
     ASSERT_NE(w, nullptr);
-    EXPECT_FALSE(w->Frame1->isVisible());
-
     Voce(w, "mnuAspSelezione")->trigger();
     ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Orbita Aspetti",
                           "Bisogna impostare  1  tipo di Aspetti tra quelli possibili "));
-    EXPECT_EQ(w->Selezione, nullptr);
-
     // The toolbar button and the menu entry are the same switch.
     Voce(w, "Interni")->trigger();
     EXPECT_TRUE(Voce(w, "mnuAspDisegnaInt")->isChecked());
     Voce(w, "mnuAspDisegnaEst")->trigger();
     EXPECT_TRUE(Voce(w, "Esterni")->isChecked());
     Voce(w, "mnuAspSelezione")->trigger();
-    ASSERT_EQ(m.registro.size(), 2u);
-    EXPECT_EQ(m.registro[1].testo,
-              "Impostare NON PIU' di  1  tipo di Aspetti tra quelli possibili ");
+    ASSERT_TRUE(test::Box(m, 2, 1, "Lyx - Orbita Aspetti",
+                          "Impostare NON PIU' di  1  tipo di Aspetti tra quelli possibili "));
     EXPECT_EQ(w->Selezione, nullptr);
-
     // Only the lines between the charts: natal in the rows, transit in the columns.
     Voce(w, "Interni")->trigger();
     Voce(w, "Esterni")->trigger();
     Voce(w, "Comparati")->trigger();
     EXPECT_TRUE(w->Frame1->isVisible());
-    EXPECT_EQ(StatoRuoteDelMenu(*f)->stato.DisegnaAspettiCmp, -1);
     Voce(w, "mnuAspSelezione")->trigger();
     EXPECT_EQ(m.registro.size(), 2u);
     ASSERT_NE(w->Selezione, nullptr);
@@ -140,44 +146,33 @@ TEST_F(MenuRuote, SelezioneAspettiVuoleUnSoloTipo) {
     w->Selezione->close();
 }
 
-TEST_F(MenuRuote, TuttiTogliLeAltreRighe) {
+// "Tutti" (row 0) and the other rows of a Comparati list exclude each other.
+TEST_F(Ruote, TuttiTogliLeAltreRighe) {
     frmRuotaDoppia* w = Apri("mnuRivR");
     ASSERT_NE(w, nullptr);
     Voce(w, "Comparati")->trigger();
     QApplication::processEvents();
     EXPECT_EQ(Scelte(w->List1), (std::vector<int>{0}));
-    Clic(w->List1, 0);
-    Clic(w->List1, 3);
-    EXPECT_EQ(Scelte(w->List1), (std::vector<int>{3}));
-    EXPECT_EQ(w->Ruota->OpzioniDellaDoppia().List1[3], true);
-    Clic(w->List1, 0);
-    EXPECT_EQ(Scelte(w->List1), (std::vector<int>{0}));
-    // The other list is not touched.
-    EXPECT_EQ(Scelte(w->List2), (std::vector<int>{0}));
+    EXPECT_EQ(Scelte(w->List1, {0, 3}), (std::vector<int>{3}));
+    EXPECT_TRUE(w->Ruota->OpzioniDellaDoppia().List1[3]);
+    EXPECT_EQ(Scelte(w->List1, {0}), (std::vector<int>{0}));
+    EXPECT_EQ(Scelte(w->List2), (std::vector<int>{0})); // the other list is not touched
 }
 
-TEST_F(MenuRuote, ZodiacoDoppioFinoAUnaRotazione) {
+TEST_F(Ruote, ZodiacoDoppioERotazioni) {
     frmRuotaDoppia* w = Apri("mnuTransitiR");
     ASSERT_NE(w, nullptr);
+    constexpr double TolleranzaGradi = 1e-3; // degrees
     Voce(w, "mnFilZCasaV")->trigger();
     EXPECT_EQ(w->Ruota->CasaCoincidente(), 5);
-    EXPECT_NEAR(w->AngoloRuota, 360 - s.PosNat.Asce.Lo, 1e-3);
     const Case ci = CaseDellaRuota(s.TemaX, s.PosX), ce = CaseDellaRuota(s.TemaZ, s.PosZ);
-    EXPECT_NEAR(w->AngoloEsterno, (ci[5].Lo - s.PosX.Asce.Lo) + (360 - ce[5].Lo), 1e-3);
-    // A redraw keeps it: here, the transit's houses switched on.
-    Voce(w, "CaseTra")->trigger();
-    EXPECT_TRUE(w->CaseEsterne);
+    EXPECT_NEAR(w->AngoloEsterno, (ci[5].Lo - s.PosX.Asce.Lo) + (360 - ce[5].Lo), TolleranzaGradi);
+    Voce(w, "CaseTra")->trigger(); // a redraw keeps it
     EXPECT_EQ(w->Ruota->CasaCoincidente(), 5);
     Voce(w, "mnuRotArieteSx")->trigger();
     EXPECT_EQ(w->Ruota->CasaCoincidente(), 0);
-    EXPECT_EQ(w->AngoloRuota, 0);
     Voce(w, "mnuRotAscSxEST")->trigger();
-    EXPECT_NEAR(w->AngoloRuota, 360 - s.PosZ.Asce.Lo, 1e-3);
-    EXPECT_TRUE(Voce(w, "mnuRotAscSxEST")->isChecked());
-    Voce(w, "mnuRotAscSxINT")->trigger();
-    EXPECT_FALSE(Voce(w, "mnuRotAscSxEST")->isChecked());
-    EXPECT_NEAR(w->Ruota->OpzioniDellaDoppia().AngoloRuota, 360 - s.PosX.Asce.Lo, 1e-3);
-
+    EXPECT_NEAR(w->AngoloRuota, 360 - s.PosZ.Asce.Lo, TolleranzaGradi);
     m.input.push_back("-12,5");
     Voce(w, "mnuRotQualsiasi")->trigger();
     ASSERT_EQ(m.registro.size(), 1u);
@@ -186,36 +181,203 @@ TEST_F(MenuRuote, ZodiacoDoppioFinoAUnaRotazione) {
     EXPECT_FLOAT_EQ(w->AngoloRuota, -12.5f);
 }
 
-TEST_F(MenuRuote, IlTransitoAvanzaEIlRiquadroSiAggiorna) {
+// Three days of the transit: the slot, its frame and its unsaved mark follow; a step in
+// letters is refused.
+TEST_F(Ruote, IlTransitoAvanzaEIlRiquadroSiAggiorna) {
     frmRuotaDoppia* w = Apri("mnuTransitiR");
     ASSERT_NE(w, nullptr);
-    const QString quando = w->lbQuando->text();
-    const QString data = f->riquadri[1].data->text();
-    EXPECT_TRUE(quando.contains("2024")) << quando.toStdString();
+    const QString quando = w->lbQuando->text(), data = f->riquadri[1].data->text();
     const double sole = s.PosZ.Sole.Lo, ora = s.TemaZ.OraL;
     f->mnuFileSalvo[1]->setCheckable(true);
     f->mnuFileSalvo[1]->setChecked(true);
-
     w->txtTempi->setText("3");
     Voce(w, "UnDay")->trigger();
     EXPECT_EQ(s.TemaZ.Day, GiornoGiuliano(2024, 6, 4));
     EXPECT_EQ(s.TemaDelSlot(1).Day, s.TemaZ.Day);
-    // Three days of the Sun: about three degrees.
-    EXPECT_NEAR(s.PosZ.Sole.Lo - sole, 2.9, 0.1);
+    EXPECT_NEAR(s.PosZ.Sole.Lo - sole, 2.9, 0.1); // three days of the Sun
     EXPECT_EQ(s.PosTra.Sole.Lo, s.PosZ.Sole.Lo);
     EXPECT_NE(w->lbQuando->text(), quando);
     EXPECT_NE(f->riquadri[1].data->text(), data);
     EXPECT_FALSE(f->mnuFileSalvo[1]->isChecked());
-
-    // Ripristina brings back the natal chart inside and the slot outside.
-    s.TemaX = s.TemaZ;
-    Voce(w, "Ripristina")->trigger();
-    EXPECT_EQ(s.TemaX.Day, s.TemaDelSlot(0).Day);
-    EXPECT_EQ(s.TemaZ.Day, GiornoGiuliano(2024, 6, 4));
-
     w->txtTempi->setText("mezzo");
     Voce(w, "UnOra")->trigger();
     ASSERT_EQ(m.registro.size(), 1u);
     EXPECT_EQ(m.registro[0].titolo, "Lyx - Passo del Transito");
     EXPECT_EQ(s.TemaZ.OraL, ora);
+}
+
+TEST_F(Ruote, RilocataSulPostoESpostata) {
+    frmRuotaDoppia* w = Apri("mnuRivR");
+    ASSERT_NE(w, nullptr);
+    EXPECT_EQ(Voce(w, "UnSec")->toolTip(), "Positivi: Ovest     Negativi: Est");
+    EXPECT_EQ(Voce(w, "UnMin")->toolTip(), "Positivi: Nord     Negativi: Sud");
+    EXPECT_EQ(Voce(w, "mnuAspMirate")->text(), "Rivoluzioni &Rilocate On / Off");
+    EXPECT_FALSE(w->picFusi->isVisibleTo(w) || w->lbNeoIndici->isVisibleTo(w));
+    test::Testi(w, {{"lbNeoIndici", "Costruzione Nuovi Indici. Attendere..."},
+                    {"cmdMirateOFF", "Rilocate OFF"}});
+    f->mnuFileSalvo[2]->setCheckable(true);
+    f->mnuFileSalvo[2]->setChecked(true);
+    const double jd = s.JDRivoluzione;
+    // While the index of the towns is built, the label shows with the busy pointer.
+    std::vector<std::pair<bool, bool>> avvisi; // pointer, label
+    m.Avviso = [&](bool acceso) { avvisi.emplace_back(acceso, w->lbNeoIndici->isVisibleTo(w)); };
+
+    // On: the chart cast again where it stands, on local mean time, with the map and the towns.
+    Voce(w, "mnuAspMirate")->trigger();
+    EXPECT_EQ(avvisi, (std::vector<std::pair<bool, bool>>{{true, true}, {false, false}}));
+    EXPECT_TRUE(m.registro.empty());
+    test::Testi(w, {{"txtTempi", "0"}, {"lbCoord", "11E53   45N24"}});
+    EXPECT_TRUE(w->picFusi->isVisibleTo(w));
+    EXPECT_EQ(s.TemaRiv.City.Valore(), "Jolly");
+    EXPECT_DOUBLE_EQ(s.TemaRiv.Fuso, s.TemaRiv.Lon);
+    EXPECT_NEAR(s.TemaRiv.JD(), jd, 1e-9);
+    EXPECT_TRUE(Database(percorsi.FileDB).EsisteIndice("AllCity", "iLonLat"));
+    ASSERT_GT(w->lstCityVicine->count(), 0);
+    EXPECT_EQ(w->lstCityVicine->currentItem()->text(), "Padova - Italy - 11E53   45N24");
+    EXPECT_FALSE(f->mnuFileSalvo[2]->isChecked());
+
+    // Thirty minutes of arc north: the index is there now, no label, no busy pointer.
+    EXPECT_EQ(w->CaseTra->property("Tag").toString(), "UnG");
+    w->CaseTra->trigger();
+    EXPECT_EQ(w->CaseTra->property("Tag").toString(), "UnP");
+    w->txtTempi->setText("30");
+    Voce(w, "UnMin")->trigger();
+    EXPECT_NEAR(s.TemaZ.Lat, 45.9, 1e-12);
+    EXPECT_EQ(w->lbCoord->text(), "11E53   45N54");
+    EXPECT_NEAR(s.TemaRiv.JD(), jd, 1e-9);
+    EXPECT_EQ(avvisi.size(), 2u);
+
+    // Far west the clock of the revolution's Greenwich day reads before 0 h: the time shown
+    // is that of the day before.
+    w->CaseTra->trigger();
+    w->txtTempi->setText("184"); // to 172 degrees west, 11.47 hours behind Greenwich
+    Voce(w, "UnSec")->trigger();
+    ASSERT_LT(s.TemaZ.OraL, 0);
+    Tema ieri = s.TemaZ;
+    ieri.Day -= 1;
+    ieri.OraL += 24;
+    const std::optional<Quando> q = QuandoDelTema(ieri);
+    ASSERT_TRUE(q);
+    EXPECT_EQ(w->lbQuando->text(), TestoQuando(*q));
+
+    // Off, by the button on the map, then on and off again by the menu.
+    w->cmdMirateOFF->click();
+    EXPECT_FALSE(w->lstCityVicine->isVisibleTo(w));
+    EXPECT_FALSE(w->Ruota->OpzioniDellaDoppia().MappaVisibile);
+    Voce(w, "mnuAspMirate")->trigger();
+    EXPECT_TRUE(w->picFusi->isVisibleTo(w));
+    Voce(w, "mnuAspMirate")->trigger();
+    EXPECT_FALSE(w->picFusi->isVisibleTo(w));
+    EXPECT_TRUE(m.registro.empty());
+}
+
+TEST_F(Ruote, RilocateRifiutate) {
+    struct Caso {
+        const char *perche, *voce, *azione; // the wheel opened, what is pressed
+        double lon, lat;                    // of the outer chart
+        bool rivoluzione, ascensionale;     // JDRivoluzione known; mnuRascAR checked first
+        const char *titolo, *messaggio;
+        Icona icona;
+    };
+    const Caso casi[] = {
+        {"longitudine", "mnuRivR", "UnSec", 11.99, 45, true, false, "Lyx - Info Rivoluzioni",
+         "Longitudine > 180°", Icona::Esclamativo},
+        {"latitudine", "mnuRivR", "UnMin", 0.5, 89.5, true, false, "Lyx - Info Rivoluzioni",
+         "Latitudine > 90°", Icona::Esclamativo},
+        {"passo senza rivoluzione", "mnuRivR", "UnMin", 0.5, 45, false, false,
+         "Lyx - Info Rilocate", "Necessaria Rivoluzione!", Icona::Informazione},
+        {"transito senza rivoluzione", "mnuTransitiR", "mnuAspMirate", 0.5, 45, false, false,
+         "Vesmo - Info Rilocate", "Necessaria Rivoluzione!", Icona::Informazione},
+        {"ruota ascensionale", "mnuRivR", "mnuAspMirate", 0.5, 45, true, true, "",
+         "Deseleziona Ruota Ascensionale!", Icona::Nessuna},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.perche);
+        s.JDRivoluzione = c.rivoluzione ? s.TemaDelSlot(2).JD() : -1.0;
+        frmRuotaDoppia* w = Apri(c.voce);
+        ASSERT_NE(w, nullptr);
+        if (c.ascensionale) Voce(w, "mnuRascAR")->trigger();
+        s.TemaZ.Lon = c.lon;
+        s.TemaZ.Lat = c.lat;
+        const Tema riv = s.TemaRiv, z = s.TemaZ;
+        m.registro.clear();
+        w->txtTempi->setText("1");
+        Voce(w, c.azione)->trigger();
+        ASSERT_TRUE(test::Box(m, 1, 0, c.titolo, c.messaggio));
+        EXPECT_EQ(m.registro[0].icona, c.icona);
+        EXPECT_EQ(s.TemaRiv, riv);
+        EXPECT_FALSE(w->picFusi->isVisibleTo(w));
+        if (c.rivoluzione) {
+            EXPECT_EQ(s.TemaZ, z);
+        }
+        w->close();
+        QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    }
+}
+
+// The ascensional switches draw their wheel at once, over a double zodiac too, in the double
+// wheel and in the positions window, where the turn buttons hide while one is on.
+TEST_F(Ruote, RuoteAscensionaliAcceseESpente) {
+    frmRuotaDoppia* w = Apri("mnuRivR");
+    ASSERT_NE(w, nullptr);
+    s.TemaX = s.TemaDelSlot(0);
+    s.PosX = s.PosDelSlot(0);
+    frmOutDati posizioni(s, percorsi.FileDB, m);
+    using T = WidgetRuota::Tipo;
+    const std::tuple<QWidget*, const char*, T, int, bool> passi[] = {
+        {w, "mnuRascAR", T::DoppiaAscensionale, 1, true},
+        {w, "mnuRascAO", T::DoppiaAscensionale, 2, false},
+        {w, "mnuRascAO", T::Doppia, 0, false},
+        {&posizioni, "mnuAR", T::Ascensionale, 1, true},
+        {&posizioni, "mnuAO", T::Ascensionale, 2, false},
+        {&posizioni, "mnuAO", T::Singola, 0, false},
+    };
+    for (const auto& [finestra, voce, tipo, modo, ar] : passi) {
+        SCOPED_TRACE(voce);
+        Voce(finestra, voce)->trigger();
+        if (finestra == w) {
+            EXPECT_EQ(w->Ruota->TipoMostrato(), tipo);
+            EXPECT_EQ(std::make_tuple(w->ModoAscens, w->mnuRascAR->isChecked(),
+                                      w->mnuRascAO->isChecked()),
+                      std::make_tuple(modo, ar, modo == 2));
+        } else {
+            EXPECT_EQ(posizioni.Ruota->TipoMostrato(), tipo);
+            EXPECT_EQ(posizioni.ModoAscens, modo);
+            EXPECT_EQ(posizioni.Ruota->OpzioniAscensioni().ModoAscens, modo ? modo : 2);
+            EXPECT_EQ(posizioni.mnuAR->isChecked(), ar);
+            EXPECT_EQ(posizioni.Command1->isVisibleTo(&posizioni), modo == 0);
+        }
+    }
+    Voce(w, "mnFilZCasaV")->trigger();
+    Voce(w, "mnuRascAR")->trigger();
+    EXPECT_EQ(w->Ruota->TipoMostrato(), T::DoppiaAscensionale);
+}
+
+TEST_F(Ruote, ArcoSolare) {
+    frmRuotaDoppia* w = Apri("mnuRivR");
+    ASSERT_NE(w, nullptr);
+    const std::tuple<std::optional<std::string>, float, std::size_t> casi[] = {
+        {"30", 30, 0}, {"2,5", 2.5f, 0}, {"", 0, 0}, {"anni", 0, 1}}; // answer, arc, boxes after
+    for (const auto& [risposta, arco, messaggi] : casi) {
+        m.registro.clear();
+        m.input.push_back(risposta);
+        Voce(w, "mnuArco")->trigger();
+        ASSERT_EQ(m.registro.size(), 1 + messaggi);
+        EXPECT_EQ(m.registro[0].titolo, "Lyx - Arco Solare");
+        EXPECT_EQ(m.registro[0].testo,
+                  "La progressione Arco Solare considera \n1 grado = 1 anno.\n\nQuindi ruota il "
+                  "Tema Esterno, rispetto a quello Interno, di tanti gradi quanti sono gli anni "
+                  "di input utente.\nRotazione nel verso AntiOrario.\n\nE' preferibile usare "
+                  "questa funzione dopo aver caricato 2 temi eguali, uno come Tema Natale ed un "
+                  "altro come Rivoluzione.\n\nNon inserire espressioni.\nIl separatore decimale "
+                  "è la  Virgola.\n\nInput  ANNI.");
+        EXPECT_FLOAT_EQ(aspetti.ArcoSolare, arco);
+        EXPECT_FLOAT_EQ(w->Ruota->OpzioniDellaDoppia().Aspetti.ArcoSolare, arco);
+    }
+    // The arc outlives the wheel.
+    m.input.push_back(std::optional<std::string>("12"));
+    Voce(w, "mnuArco")->trigger();
+    w->close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    EXPECT_FLOAT_EQ(aspetti.ArcoSolare, 12);
 }
