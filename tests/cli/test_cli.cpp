@@ -99,11 +99,9 @@ TEST(CliTema, TabellaEJson) {
     EXPECT_EQ(d.out.substr(d.out.find("\nSole")), e.out.substr(e.out.find("\nSole")));
 }
 
-namespace {
-const std::string AttesaLon = "' (attesa come 11E53, 11E53'30 o 11.8818E, al massimo 180 gradi)";
-} // namespace
-
 TEST(CliTema, ArgomentiSbagliati) {
+    const std::string AttesaLon =
+        "' (attesa come 11E53, 11E53'30 o 11.8818E, al massimo 180 gradi)";
     std::vector<std::string> base{"tema",  "--data", "21/12/2001", "--ora",  "12:00", "--lon",
                                   "11E53", "--lat",  "45N24",      "--fuso", "0"};
     struct Caso {
@@ -159,11 +157,10 @@ namespace {
 const std::vector<std::string> Greenwich{"--lon", "0E00", "--lat", "51N29", "--fuso", "0"};
 } // namespace
 
-// Numbers, times and coordinates of any length are read or refused in one line, never by a
-// crash of the reader.
-TEST(CliArgomenti, TestiLunghissimi) {
-    const std::string cifre(30000, '9'), zeri(30000, '0');
-    const std::vector<std::string> tema{"tema", "--data", "01/01/2000", "--ora", "12:00"};
+// Numbers, times and coordinates of any length that are valid are read as such (their refusals
+// are the hostile-input test's).
+TEST(CliArgomenti, TestiLunghissimiValidi) {
+    const std::string zeri(30000, '0');
     const std::pair<std::vector<std::string>, std::string> presi[] = {
         {{"data", "0." + zeri + "1"}, "01/01/-4712 12:00:00\n"},
         {{"data", "2451545." + zeri}, "01/01/2000 12:00:00\n"},
@@ -173,23 +170,9 @@ TEST(CliArgomenti, TestiLunghissimi) {
         const Esito e = Lancia(parole);
         EXPECT_EQ(std::tuple(e.stato, e.out, e.err), std::tuple(0, out, "")) << parole[0];
     }
-    const Esito lat =
-        Lancia(Con(tema, {"--lon", "0E00", "--lat", "45." + cifre + "N", "--fuso", "0"}));
+    const Esito lat = Lancia({"tema", "--data", "01/01/2000", "--ora", "12:00", "--lon", "0E00",
+                              "--lat", "45." + std::string(30000, '9') + "N", "--fuso", "0"});
     EXPECT_EQ(std::tuple(lat.stato, lat.err), std::tuple(0, ""));
-    const std::pair<std::vector<std::string>, std::string> rifiutati[] = {
-        {{"data", cifre}, "giorno giuliano non valido: '" + cifre + "'"},
-        {{"data", "1e" + cifre}, "giorno giuliano non valido: '1e" + cifre + "'"},
-        {{"jd", "1/1/" + cifre}, "data non valida: '1/1/" + cifre + "' (atteso GG/MM/AAAA)"},
-        {{"jd", "01/01/2000", cifre + ":00"},
-         "ora non valida: '" + cifre + ":00' (atteso HH:MM[:SS])"},
-        {{"effemeridi", "--jd", "-" + cifre}, "giorno giuliano non valido: '-" + cifre + "'"},
-        {Con(tema, {"--lon", "11E53'" + cifre, "--lat", "45N24", "--fuso", "0"}),
-         "longitudine non valida: '11E53'" + cifre + AttesaLon},
-        {Con(tema, {"--lon", "0E00", "--lat", "45N24", "--fuso", cifre}),
-         "fuso non valido: '" + cifre + "'"},
-    };
-    for (const auto& [parole, messaggio] : rifiutati)
-        Rifiuta(parole, messaggio);
 }
 
 // The calendar runs from 1 January -4712 to 31 December 9999; anything outside, and numbers that
@@ -205,11 +188,7 @@ TEST(CliArgomenti, LimitiDelCalendario) {
         {{"jd", "1/1/10000"}, "data non valida: '1/1/10000' (anno fuori da -4712..9999)"},
         {{"jd", "15/5/-4998"}, "data non valida: '15/5/-4998' (anno fuori da -4712..9999)"},
         {{"data", "-0.5"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: -0.5"},
-        {{"data", "-1e9"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: -1e9"},
         {{"data", "5373484.5"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: 5373484.5"},
-        {{"data", "nan"}, "giorno giuliano non valido: 'nan'"},
-        {{"data", "inf"}, "giorno giuliano non valido: 'inf'"},
-        {{"data", "1e400"}, "giorno giuliano non valido: '1e400'"},
         {{"effemeridi", "--jd", "5373485"},
          "giorno giuliano fuori dall'intervallo 0-5373484.5: 5373485"},
         {natale(Con(tropica, {"--mese", "13"})), "mese fuori da 1..12: 13"},
