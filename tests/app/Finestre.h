@@ -57,6 +57,13 @@ inline Tema PadovaAlle(const char* nome, int anno, int mese, int giorno, double 
     return t;
 }
 
+// A window made with `argomenti` and loaded as its menu loads it.
+template <class F, class... A> std::unique_ptr<QWidget> Caricata(A&&... argomenti) {
+    auto f = std::make_unique<F>(std::forward<A>(argomenti)...);
+    f->Form_Load();
+    return f;
+}
+
 class BancoFinestre {
 public:
     using Fabbrica = std::function<std::unique_ptr<QWidget>()>;
@@ -100,6 +107,11 @@ public:
         s.PosZ = s.PosDelSlot(1);
         s.PosDomi = s.PosX;
     }
+    // A chart's window, opened on the working pairs as the chart menu leaves them.
+    template <class F, class... A> std::unique_ptr<QWidget> DelTema(A&&... argomenti) {
+        RimettiCoppie();
+        return std::make_unique<F>(std::forward<A>(argomenti)...);
+    }
     ~BancoFinestre() {
         menu.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
@@ -120,18 +132,8 @@ public:
                  return f;
              }},
             {"frmHelp", [] { return std::make_unique<frmHelp>(); }},
-            {"frmInDatiLyx",
-             [this] {
-                 auto f = std::make_unique<frmInDatiLyx>(s, fileDB, 'N', m);
-                 f->Form_Load();
-                 return f;
-             }},
-            {"frmDbEdit",
-             [this] {
-                 auto f = std::make_unique<frmDbEdit>(fileDB, m);
-                 f->Form_Load();
-                 return f;
-             }},
+            {"frmInDatiLyx", [this] { return Caricata<frmInDatiLyx>(s, fileDB, 'N', m); }},
+            {"frmDbEdit", [this] { return Caricata<frmDbEdit>(fileDB, m); }},
             {"frmPulizia 1", [this] { return std::make_unique<frmPulizia>(fileDB, 1, m); }},
             {"frmPulizia 3", [this] { return std::make_unique<frmPulizia>(fileDB, 3, m); }},
             {"frmZoomN", [this] { return std::make_unique<frmZoomN>(fileDB, 380, m); }},
@@ -147,21 +149,11 @@ public:
              }},
             {"frmMenu", [] { return std::unique_ptr<QWidget>(); }},
             {"frmMemo", [this] { return std::make_unique<frmMemo>(s, *menu, m, 0); }},
-            {"frmOutDati",
-             [this] {
-                 RimettiCoppie();
-                 return std::make_unique<frmOutDati>(s, fileDB, m);
-             }},
+            {"frmOutDati", [this] { return DelTema<frmOutDati>(s, fileDB, m); }},
             {"frmRuotaDoppia transito",
-             [this] {
-                 RimettiCoppie();
-                 return std::make_unique<frmRuotaDoppia>(s, m, Esterno::Transito);
-             }},
+             [this] { return DelTema<frmRuotaDoppia>(s, m, Esterno::Transito); }},
             {"frmRuotaDoppia rivoluzione",
-             [this] {
-                 RimettiCoppie();
-                 return std::make_unique<frmRuotaDoppia>(s, m, Esterno::Rivoluzione);
-             }},
+             [this] { return DelTema<frmRuotaDoppia>(s, m, Esterno::Rivoluzione); }},
             {"frmCheStampe", [] { return std::make_unique<frmCheStampe>(); }},
             {"frmStampe",
              [this] {

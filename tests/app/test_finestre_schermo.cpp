@@ -34,6 +34,18 @@ QSize ConCornice(const QWidget* w, QSize s) {
     return {s.width() + c.left() + c.right(), s.height() + c.top() + c.bottom()};
 }
 
+// The window with its frame, where it stands.
+QRect Cornice(const QWidget* w) {
+    return {w->pos(), ConCornice(w, w->size())};
+}
+
+// Shows the window and lets it settle.
+void Mostra(QWidget* w) {
+    w->show();
+    QCoreApplication::processEvents();
+    QCoreApplication::processEvents();
+}
+
 QRect Schermo(const char* nome) {
     for (QScreen* s : QGuiApplication::screens())
         if (s->name() == QLatin1String(nome)) return s->availableGeometry();
@@ -72,14 +84,10 @@ TEST_F(FinestreSulloSchermo, OgniFinestraStaNelloSchermoEdECambiaMisura) {
         SCOPED_TRACE(nome);
         std::unique_ptr<QWidget> proprio = crea();
         QWidget* w = proprio ? proprio.get() : banco.menu.get();
-        w->show();
-        QCoreApplication::processEvents();
-        QCoreApplication::processEvents();
-        const QSize conCornice = ConCornice(w, w->size());
-        EXPECT_LE(conCornice.width(), schermo.width());
-        EXPECT_LE(conCornice.height(), schermo.height());
-        const QRect cornice(w->pos(), conCornice);
-        EXPECT_TRUE(schermo.contains(cornice)) << cornice.x() << "," << cornice.y();
+        Mostra(w);
+        const QRect cornice = Cornice(w);
+        EXPECT_TRUE(schermo.contains(cornice)) << cornice.x() << "," << cornice.y() << " "
+                                               << cornice.width() << "x" << cornice.height();
         const auto catena = CatenaTab(w);
         for (std::size_t i = 1; i < catena.size(); ++i) {
             const QRect a(catena[i - 1]->mapTo(w, QPoint(0, 0)), catena[i - 1]->size());
@@ -112,9 +120,7 @@ TEST_F(FinestreSulloSchermo, OgniFinestraStaNelloSchermoEdECambiaMisura) {
 // bar, the wheel stands beside it, and the wheel grows with the window.
 TEST_F(FinestreSulloSchermo, PosizioniTabellaInteraERuotaCheCresce) {
     frmOutDati f(banco.s, banco.fileDB, banco.m);
-    f.show();
-    QCoreApplication::processEvents();
-    QCoreApplication::processEvents();
+    Mostra(&f);
     auto* tabella = f.findChild<QTableWidget*>("MSFlexGrid1");
     auto* ruota = f.findChild<WidgetRuota*>("Ruota");
     ASSERT_TRUE(tabella && ruota);
@@ -143,32 +149,26 @@ TEST_F(FinestreSulloSchermo, FinestreRimostrateEDialoghiDentroLoSchermo) {
     const QRect grande = Schermo("Grande");
 
     frmMainVesmo f(banco.s, banco.cfg, banco.percorsi, banco.m);
-    f.show();
-    QCoreApplication::processEvents();
+    Mostra(&f);
     f.hide();
     f.move(portatile.left() + 200, portatile.bottom() - 150);
-    f.show();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(portatile.contains(QRect(f.pos(), ConCornice(&f, f.size()))))
-        << f.x() << "," << f.y();
+    Mostra(&f);
+    EXPECT_TRUE(portatile.contains(Cornice(&f))) << f.x() << "," << f.y();
 
     // The launcher at the right edge of the large screen: the archives' dialog stays there.
     f.move(grande.right() - f.frameGeometry().width() / 2, grande.top() + 100);
     QCoreApplication::processEvents();
     frmGesArchivi g(banco.s, banco.fileDB, banco.m, &f);
-    g.show();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(grande.contains(QRect(g.pos(), ConCornice(&g, g.size())))) << g.x() << "," << g.y();
+    Mostra(&g);
+    EXPECT_TRUE(grande.contains(Cornice(&g))) << g.x() << "," << g.y();
     g.close();
 
     // The same dialog with its parent on the laptop's screen opens on that screen.
     f.move(portatile.topLeft());
     QCoreApplication::processEvents();
     frmGesArchivi h(banco.s, banco.fileDB, banco.m, &f);
-    h.show();
-    QCoreApplication::processEvents();
-    EXPECT_TRUE(portatile.contains(QRect(h.pos(), ConCornice(&h, h.size()))))
-        << h.x() << "," << h.y();
+    Mostra(&h);
+    EXPECT_TRUE(portatile.contains(Cornice(&h))) << h.x() << "," << h.y();
 }
 
 int main(int argc, char** argv) {

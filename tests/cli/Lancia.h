@@ -31,6 +31,11 @@ inline void Rifiutato(const std::vector<std::string>& parole, const std::string&
     EXPECT_EQ(std::tuple(e.stato, e.out, e.err), std::tuple(2, "", err));
 }
 
+// A bad argument of the command `parole[0]`: its one line says `messaggio`.
+inline void Rifiuta(const std::vector<std::string>& parole, const std::string& messaggio) {
+    Rifiutato(parole, "vesmo-cli " + parole[0] + ": " + messaggio + "\n");
+}
+
 // The words of `a` followed by those of `b`.
 inline std::vector<std::string> Con(std::vector<std::string> a, const std::vector<std::string>& b) {
     a.insert(a.end(), b.begin(), b.end());

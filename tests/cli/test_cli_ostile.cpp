@@ -1,14 +1,14 @@
-// Every subcommand of vesmo-cli fed hostile values in every option it takes. The subcommands are
-// those the program lists itself (vesmo-cli --comandi), the options those that a subcommand does
-// not call unknown, and the other options a run needs are the ones its own messages ask for; so
-// a subcommand added later is covered as it is. Each run must end with status 0, 1 or 2, never a
-// signal or a sanitizer report; a refusal is one line on stderr and nothing on stdout; and a value
-// that no option can take is a bad argument (status 2) wherever a typed value is checked.
+// Every subcommand of vesmo-cli, as `vesmo-cli --comandi` lists them, fed hostile values in every
+// option it does not call unknown; the other options a run needs are those its own messages ask
+// for, so a subcommand added later is covered as it is. Each run ends with status 0, 1 or 2; a
+// refusal is one line on stderr and nothing on stdout; a value no option can take is refused
+// wherever a typed value is checked, and not found wherever a name is looked up.
 #include <gtest/gtest.h>
 
 #include <algorithm>
 #include <filesystem>
 #include <fstream>
+#include <functional>
 #include <iostream>
 #include <iterator>
 #include <map>
@@ -18,7 +18,6 @@
 
 #include "archives/Archivi.h"
 #include "archives/Query.h"
-#include "cli/Comandi.h"
 #include "cli/FileArchivi.h"
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
@@ -29,52 +28,52 @@ using namespace vesmo;
 
 namespace {
 
+namespace fs = std::filesystem;
 using test::Con;
 using test::Esito;
 using test::Lancia;
+using Parole = std::vector<std::string>;
+using Opzioni = std::vector<std::pair<std::string, std::string>>;
+
+const std::string Nove(30000, '9');
 
 // Values that no option may take: not numbers, dates, times, coordinates or names of anything.
-std::vector<std::string> Inaccettabili() {
-    const std::vector<std::string> v{
-        // numbers that are none
-        "", "nan", "NaN", "-nan", "inf", "-inf", "1e400", "-1e400", std::string(30000, '9'),
-        "-" + std::string(30000, '9'), "1e" + std::string(30000, '9'),
-        // bytes and texts
-        "\xff\xfe", "\xc3\x28", std::string("a\xff") + "b", "'; DROP TABLE AllCity; --",
-        "\" OR 1=1 --", "%", "_%", "[;database=/etc/passwd].x", "1/1/-99999", "99/99/99999",
-        "\x01\x02\x7f", "a\nb"};
-    return v;
-}
+const Parole Inaccettabili = {
+    // numbers that are none
+    "", "nan", "NaN", "-nan", "inf", "-inf", "1e400", "-1e400", Nove, "-" + Nove, "1e" + Nove,
+    // bytes and texts
+    "\xff\xfe", "\xc3\x28", std::string("a\xff") + "b", "'; DROP TABLE AllCity; --", "\" OR 1=1 --",
+    "%", "_%", "[;database=/etc/passwd].x", "1/1/-99999", "99/99/99999", "\x01\x02\x7f", "a\nb"};
 
 // Values that may or may not be taken, at the edges of what options accept.
-std::vector<std::string> AiMargini() {
-    std::vector<std::string> v{
-        " ", "\t", "-", "--", "---x", ".", "+", "e", "E5", "1e30", "-1e30", "1e308", "1e-400",
-        "0x1p3", "0", "-0", "00", "1,5", "1.5.5", "\xef\xbc\x91\xef\xbc\x92", "\xd9\xa3",
-        "2147483648", "-2147483649", "9223372036854775808", "18446744073709551616",
-        "0." + std::string(30000, '0') + "1", std::string(30000, 'x'), std::string(100000, 'a'),
-        "'", "\"", "\\", "[", "]", "select * from AllCity", "\xed\xa0\x80", "\xf4\x90\x80\x80",
-        "\xc0\xaf", "\n", "\r\n", "\xc3\xa9", "Citt\xc3\xa0", "\xf0\x9f\x9c\x82",
-        // dates
-        "00/00/0000", "0/0/0", "31/12/-4713", "1/1/-4712", "01/01/-4712", "31/12/9999", "1/1/10000",
-        "29/02/1900", "29/02/2000", "5/10/1582", "15/10/1582", "4/10/1582", "31/04/2000",
-        "1/1/" + std::string(30000, '9'), "01/01/2000 ", " 01/01/2000", "1/1/2026 12:00",
-        "1/1/2026 ", "1/1/2026\t", "01-01-2000", "2000/01/01", "1/1/-0",
-        // times
-        "24:00", "23:59:60", "23:59:59.9999999", "00:00", "-1:00", "12:60", "1:2:3.",
-        "12:00:00." + std::string(30000, '0'), "99:99:99", "12:00:00:00",
-        // coordinates
-        "181E00", "180E00", "180W00", "90N00", "91S00", "0E00", "11E53'30", "11E53 30.5",
-        "11E53'99", "11E5", "11.E", "11.8818E", "999.9E", "11e53", "1E" + std::string(30000, '0'),
-        "11X53", "45N24'60", "45N24'" + std::string(30000, '5'), "0.0000001S",
-        // numbers at the limits
-        "-15", "15", "15.0001", "-3", "3", "3.0001", "-360", "360", "361", "1", "12", "13", "31",
-        "32", "22", "23", "0.5", "-0.5", "5373484.5", "5373484.6", "-1", "2451545",
-        "2451545.9999999999", "1e-320", "4.9e-324",
-        // names
-        "Padova", "padova", "PADOVA", "Padova ", " Padova", "Pad", "Xyzzy Nowhere", "Italy",
-        "Zzzzzz", "solare", "sinodica", "natale", "Marte", "Nodo", "geo", "topo", "x.png", "x.svg",
-        "/nonexistent/x.pdf"};
+Parole AiMargini() {
+    const std::string zeri(30000, '0');
+    Parole v{" ", "\t", "-", "--", "---x", ".", "+", "e", "E5", "1e30", "-1e30", "1e308", "1e-400",
+             "0x1p3", "0", "-0", "00", "1,5", "1.5.5", "\xef\xbc\x91\xef\xbc\x92", "\xd9\xa3",
+             "2147483648", "-2147483649", "9223372036854775808", "18446744073709551616",
+             "0." + zeri + "1", std::string(30000, 'x'), std::string(100000, 'a'), "'", "\"", "\\",
+             "[", "]", "select * from AllCity", "\xed\xa0\x80", "\xf4\x90\x80\x80", "\xc0\xaf",
+             "\n", "\r\n", "\xc3\xa9", "Citt\xc3\xa0", "\xf0\x9f\x9c\x82",
+             // dates
+             "00/00/0000", "0/0/0", "31/12/-4713", "1/1/-4712", "01/01/-4712", "31/12/9999",
+             "1/1/10000", "29/02/1900", "29/02/2000", "5/10/1582", "15/10/1582", "4/10/1582",
+             "31/04/2000", "1/1/" + Nove, "01/01/2000 ", " 01/01/2000", "1/1/2026 12:00",
+             "1/1/2026 ", "1/1/2026\t", "01-01-2000", "2000/01/01", "1/1/-0",
+             // times
+             "24:00", "23:59:60", "23:59:59.9999999", "00:00", "-1:00", "12:60", "1:2:3.",
+             "12:00:00." + zeri, "99:99:99", "12:00:00:00",
+             // coordinates
+             "181E00", "180E00", "180W00", "90N00", "91S00", "0E00", "11E53'30", "11E53 30.5",
+             "11E53'99", "11E5", "11.E", "11.8818E", "999.9E", "11e53", "1E" + zeri, "11X53",
+             "45N24'60", "45N24'" + std::string(30000, '5'), "0.0000001S",
+             // numbers at the limits
+             "-15", "15", "15.0001", "-3", "3", "3.0001", "-360", "360", "361", "1", "12", "13",
+             "31", "32", "22", "23", "0.5", "-0.5", "5373484.5", "5373484.6", "-1", "2451545",
+             "2451545.9999999999", "1e-320", "4.9e-324",
+             // names
+             "Padova", "padova", "PADOVA", "Padova ", " Padova", "Pad", "Xyzzy Nowhere", "Italy",
+             "Zzzzzz", "solare", "sinodica", "natale", "Marte", "Nodo", "geo", "topo", "x.png",
+             "x.svg", "/nonexistent/x.pdf"};
     // The same texts with blanks around them, and signs in front.
     const std::size_t n = v.size();
     for (std::size_t i = 0; i < n; i += 3) {
@@ -86,34 +85,9 @@ std::vector<std::string> AiMargini() {
     return v;
 }
 
-// Valid values by option name, to get a run past the options it needs.
-std::map<std::string, std::string> Validi(const std::string& db, const std::string& immagine) {
-    return {{"data", "10/04/1987"},
-            {"ora", "19:30"},
-            {"lon", "11E53"},
-            {"lat", "45N24"},
-            {"fuso", "-1"},
-            {"estiva", "1"},
-            {"tipo", "tropica"},
-            {"anno", "2000"},
-            {"pianeta", "Marte"},
-            {"bersaglio", "10"},
-            {"partenza", "2451545"},
-            {"anni", "30"},
-            {"jd", "2451545"},
-            {"city", "Padova"},
-            {"nazione", "Italy"},
-            {"con-data", "11/04/1987"},
-            {"con-ora", "12:00"},
-            {"out", immagine},
-            {"size", "16"},
-            {"transito", "1/1/2026 12:00"},
-            {"db", db}};
-}
-
 // The "--name" words of a text, in order.
-std::vector<std::string> OpzioniNominate(const std::string& testo) {
-    std::vector<std::string> r;
+Parole OpzioniNominate(const std::string& testo) {
+    Parole r;
     for (std::size_t p = testo.find("--"); p != std::string::npos; p = testo.find("--", p + 2)) {
         std::size_t i = p + 2;
         while (i < testo.size() && ((testo[i] >= 'a' && testo[i] <= 'z') || testo[i] == '-'))
@@ -124,6 +98,48 @@ std::vector<std::string> OpzioniNominate(const std::string& testo) {
     return r;
 }
 
+Parole Comandi() {
+    Parole r;
+    std::istringstream righe(Lancia({"--comandi"}).out);
+    for (std::string c; std::getline(righe, c);)
+        r.push_back(c);
+    return r;
+}
+
+Parole Riga(const std::string& comando, const Parole& posizionali, const Opzioni& opzioni) {
+    Parole r = Con({comando}, posizionali);
+    for (const auto& [o, v] : opzioni)
+        r = Con(r, {"--" + o, v});
+    return r;
+}
+
+// Each file of a folder with its size and time of last change.
+using Stato = std::map<std::string, std::pair<std::uintmax_t, fs::file_time_type>>;
+Stato Istantanea(const fs::path& cartella) {
+    Stato r;
+    std::error_code ec;
+    for (auto it = fs::recursive_directory_iterator(cartella, ec);
+         !ec && it != fs::recursive_directory_iterator(); it.increment(ec)) {
+        std::error_code e2;
+        if (it->is_regular_file(e2))
+            r[it->path().string()] = {it->file_size(e2), it->last_write_time(e2)};
+        else
+            r[it->path().string()] = {0, {}};
+    }
+    return r;
+}
+
+// The files changed or gone from `prima` to `dopo`, and the new ones `ammesso` does not take.
+std::string Cambiati(const Stato& prima, const Stato& dopo,
+                     const std::function<bool(const std::string&)>& ammesso) {
+    std::string r;
+    for (const auto& [f, s] : prima)
+        if (!dopo.count(f) || dopo.at(f) != s) r += "changed or gone: " + f + "\n";
+    for (const auto& [f, s] : dopo)
+        if (!prima.count(f) && !ammesso(f)) r += "new: " + f + "\n";
+    return r;
+}
+
 // How many runs that a command takes whole each command gets.
 constexpr int Preventivo = 60;
 
@@ -131,89 +147,88 @@ class CliOstile : public ::testing::Test {
 protected:
     test::CartellaLuoghi cartella;
     std::string db = (cartella / "Vesmodat.Mdb").string();
-    std::map<std::string, std::string> validi = Validi(db, (cartella / "ruota.png").string());
+    // Valid values by option name, to get a run past the options it needs.
+    std::map<std::string, std::string> validi;
     std::string fallimenti;
-    int numeroFallimenti = 0;
-    int esecuzioni = 0;
-    int riusciti = 0;
-    std::filesystem::path cartellaDiPrima;
+    int numeroFallimenti = 0, esecuzioni = 0, riusciti = 0;
+    fs::path cartellaDiPrima = fs::current_path();
 
     void SetUp() override {
         // The ingress search writes its scratch table to the temporary folder at every run: on
         // a memory file system the waits on the disk do not add up over hundreds of runs.
         std::error_code ec;
-        if (std::filesystem::is_directory("/dev/shm", ec)) ::setenv("TMPDIR", "/dev/shm", 1);
+        if (fs::is_directory("/dev/shm", ec)) ::setenv("TMPDIR", "/dev/shm", 1);
         // Images named by a relative path land in the test's own folder.
-        cartellaDiPrima = std::filesystem::current_path();
-        std::filesystem::current_path(cartella / ".");
+        fs::current_path(cartella / ".");
+        const Parole nomiEValori = {
+            // a chart
+            "data", "10/04/1987", "ora", "19:30", "lon", "11E53", "lat", "45N24", "fuso", "-1",
+            "estiva", "1", "city", "Padova", "nazione", "Italy", "db", db,
+            // the times and searches that start from it
+            "tipo", "tropica", "anno", "2000", "pianeta", "Marte", "bersaglio", "10", "partenza",
+            "2451545", "anni", "30", "jd", "2451545", "con-data", "11/04/1987", "con-ora", "12:00",
+            "transito", "1/1/2026 12:00",
+            // an image
+            "size", "16", "out", (cartella / "ruota.png").string()};
+        for (std::size_t i = 0; i + 1 < nomiEValori.size(); i += 2)
+            validi[nomiEValori[i]] = nomiEValori[i + 1];
         Database d = test::DatabasePadova(db);
         test::AggiungiCity(d, 380, "Vigonovo (VE)", -GradiDecimali(12, 3, 0) / 15, 45.38, 1, 1);
     }
+    void TearDown() override { fs::current_path(cartellaDiPrima); }
 
-    void TearDown() override { std::filesystem::current_path(cartellaDiPrima); }
-
-    void Fallisce(const std::vector<std::string>& parole, const Esito& e, const std::string& cosa) {
+    void Fallisce(const Parole& parole, const Esito& e, const std::string& cosa) {
         if (++numeroFallimenti > 25) return;
-        std::string riga;
+        fallimenti += cosa + " (status " + std::to_string(e.stato) + "):";
         for (const auto& p : parole)
-            riga += "[" + p.substr(0, 40) + "] ";
-        fallimenti += cosa + " (status " + std::to_string(e.stato) + "): " + riga +
-                      "\n  err: " + e.err.substr(0, 200) + "\n";
+            fallimenti += " [" + p.substr(0, 40) + "]";
+        fallimenti += "\n  err: " + e.err.substr(0, 200) + "\n";
     }
 
     // Runs one line and checks what every run must keep.
-    Esito Prova(const std::vector<std::string>& parole, bool deveRifiutare,
-                bool nonDeveTrovare = false) {
+    Esito Prova(const Parole& parole, bool deveRifiutare, bool nonDeveTrovare = false) {
         ++esecuzioni;
         Esito e = Lancia(parole);
-        if (e.stato == 0) ++riusciti;
-        const auto righe = std::count(e.err.begin(), e.err.end(), '\n');
+        riusciti += e.stato == 0;
+        const bool unaRiga =
+            std::count(e.err.begin(), e.err.end(), '\n') == 1 && e.err.rfind("vesmo-cli", 0) == 0;
         if (e.stato < 0 || e.stato > 2) Fallisce(parole, e, "status outside 0-2");
         if (e.stato != 0 && !e.out.empty()) Fallisce(parole, e, "output with a failure");
-        if (e.stato == 2 &&
-            (righe != 1 || e.err.back() != '\n' || e.err.rfind("vesmo-cli", 0) != 0))
+        if (e.stato == 2 && !(unaRiga && e.err.back() == '\n'))
             Fallisce(parole, e, "a refusal not in one line");
-        if (e.stato == 1 && (righe != 1 || e.err.rfind("vesmo-cli", 0) != 0))
-            Fallisce(parole, e, "a failed lookup not in one line");
+        if (e.stato == 1 && !unaRiga) Fallisce(parole, e, "a failed lookup not in one line");
         if (deveRifiutare && e.stato != 2) Fallisce(parole, e, "a value no option takes, taken");
         if (nonDeveTrovare && e.stato == 0) Fallisce(parole, e, "a lookup of no name, found");
         return e;
     }
 
-    std::set<std::string> Accettate(const std::string& comando,
-                                    const std::vector<std::string>& candidate) {
+    std::set<std::string> Accettate(const std::string& comando, const Parole& candidate) {
         std::set<std::string> r;
-        for (const auto& o : candidate) {
-            Esito e = Lancia({comando, "--" + o, "1"});
-            if (e.err.find("opzione sconosciuta: --" + o + "\n") == std::string::npos) r.insert(o);
-        }
+        for (const auto& o : candidate)
+            if (Lancia({comando, "--" + o, "1"}).err.find("opzione sconosciuta: --" + o + "\n") ==
+                std::string::npos)
+                r.insert(o);
         return r;
     }
 
     // Adds or removes the options that the command's message names, until the run gets past
     // them or nothing more can be done. `fisse` are never removed.
-    std::vector<std::pair<std::string, std::string>>
-    Completa(const std::string& comando, const std::vector<std::string>& posizionali,
-             std::vector<std::pair<std::string, std::string>> opzioni,
-             const std::set<std::string>& accettate, const std::set<std::string>& fisse) {
+    Opzioni Completa(const std::string& comando, const Parole& posizionali, Opzioni opzioni,
+                     const std::set<std::string>& accettate, const std::set<std::string>& fisse) {
         for (int giro = 0; giro < 12; ++giro) {
-            std::vector<std::string> parole = Con({comando}, posizionali);
-            for (const auto& [o, v] : opzioni)
-                parole = Con(parole, {"--" + o, v});
-            Esito e = Lancia(parole);
+            Esito e = Lancia(Riga(comando, posizionali, opzioni));
             if (e.stato != 2) break;
             bool cambiato = false;
             for (const auto& nome : OpzioniNominate(e.err)) {
                 if (fisse.count(nome)) continue;
                 auto presente = std::find_if(opzioni.begin(), opzioni.end(),
                                              [&](const auto& p) { return p.first == nome; });
-                if (presente != opzioni.end()) {
+                if (presente != opzioni.end())
                     opzioni.erase(presente);
-                } else if (accettate.count(nome) && validi.count(nome)) {
+                else if (accettate.count(nome) && validi.count(nome))
                     opzioni.emplace_back(nome, validi.at(nome));
-                } else {
+                else
                     continue;
-                }
                 cambiato = true;
                 break;
             }
@@ -224,98 +239,77 @@ protected:
 };
 
 TEST_F(CliOstile, OgniComandoOgniOpzione) {
-    Esito elenco = Lancia({"--comandi"});
-    ASSERT_EQ(elenco.stato, 0);
-    std::vector<std::string> comandi;
-    std::istringstream righe(elenco.out);
-    for (std::string c; std::getline(righe, c);)
-        comandi.push_back(c);
-    ASSERT_GE(comandi.size(), 10u) << elenco.out;
-    const std::string aiuto = Lancia({"--help"}).out;
-    std::vector<std::string> candidate = OpzioniNominate(aiuto);
+    const Parole comandi = Comandi();
+    ASSERT_GE(comandi.size(), 10u);
+    Parole candidate = OpzioniNominate(Lancia({"--help"}).out);
     candidate.insert(candidate.end(), {"json", "db"});
     std::sort(candidate.begin(), candidate.end());
     candidate.erase(std::unique(candidate.begin(), candidate.end()), candidate.end());
-    candidate.erase(std::remove(candidate.begin(), candidate.end(), "comandi"), candidate.end());
-
-    const auto inaccettabili = Inaccettabili();
-    std::vector<std::string> tutti = inaccettabili;
-    for (const auto& v : AiMargini())
-        tutti.push_back(v);
+    std::erase(candidate, "comandi");
+    Parole tutti = Con(Inaccettabili, AiMargini());
     ASSERT_GE(tutti.size(), 200u);
 
     // A word that is no command, and no word at all, are bad arguments.
-    for (const auto& v : inaccettabili)
+    for (const auto& v : Inaccettabili)
         Prova({v}, true);
 
     for (const auto& comando : comandi) {
         SCOPED_TRACE(comando);
         const auto accettate = Accettate(comando, candidate);
         // The positional words the command needs, if any: the first that a run takes.
-        std::vector<std::string> posizionali;
-        std::vector<std::pair<std::string, std::string>> base;
+        Parole posizionali;
+        Opzioni base;
         if (accettate.count("db")) base.emplace_back("db", db);
-        for (const char* p : {"01/01/2000", "2451545", "Pad"}) {
-            std::vector<std::string> prova{comando, p};
-            if (accettate.count("db")) prova = Con(prova, {"--db", db});
-            if (Lancia(prova).stato != 2) {
+        for (const char* p : {"01/01/2000", "2451545", "Pad"})
+            if (Lancia(Riga(comando, {p}, base)).stato != 2) {
                 posizionali.push_back(p);
                 break;
             }
-        }
         base = Completa(comando, posizionali, base, accettate, {"db"});
 
-        // Each option in turn takes every value, the others as the base needs them.
-        // A command that takes a value runs whole (a search, a page drawn): past a budget of
-        // such runs, only the values that must be refused go on.
+        // Each option in turn takes every value, the others as the base needs them. A command
+        // that takes a value runs whole (a search, a page drawn): past a budget of such runs,
+        // only the values that must be refused go on.
         int opzioniProvate = 0, presi = 0;
         for (const auto& o : accettate) {
-            auto senza = base;
-            std::erase_if(senza, [&](const auto& p) { return p.first == o; });
-            auto conValido = senza;
+            auto conValido = base;
+            std::erase_if(conValido, [&](const auto& p) { return p.first == o; });
             conValido.emplace_back(o, validi.count(o) ? validi.at(o) : "1");
             auto opzioni = Completa(comando, posizionali, conValido, accettate, {o, "db"});
             std::erase_if(opzioni, [&](const auto& p) { return p.first == o; });
-            std::vector<std::string> parole = Con({comando}, posizionali);
-            for (const auto& [nome, v] : opzioni)
-                parole = Con(parole, {"--" + nome, v});
+            const Parole parole = Riga(comando, posizionali, opzioni);
             // What the option is: checked (a stray word is refused, plain or not), looked up (a
-            // plain word is not found), or free text (a plain word is taken, as a file name). Every
-            // option takes all the values that none may take, which a checked option refuses and a
-            // lookup does not find; the others go round the options of the command, a share to each
-            // (a smaller one to free text and lookups, which run the whole command for most
-            // values).
+            // plain word is not found), or free text (a plain word is taken, as a file name).
+            // Every option takes all the values that none may take; the others go round the
+            // options of the command, a smaller share to free text and lookups, which run the
+            // whole command for most values.
             const int sbagliato = Lancia(Con(parole, {"--" + o, "zz\xc2\xa7"})).stato;
             const int parola = Lancia(Con(parole, {"--" + o, "zz"})).stato;
             const int tipo = sbagliato == 2 && parola == 2 ? 2 : (parola == 1 ? 1 : 0);
             const std::size_t quota = tipo == 2 ? 8 : 30;
             for (std::size_t i = 0; i < tutti.size(); ++i) {
-                const bool inaccettabile = i < inaccettabili.size();
+                const bool inaccettabile = i < Inaccettabili.size();
                 if (!inaccettabile && (i + static_cast<std::size_t>(opzioniProvate)) % quota != 0)
                     continue;
                 if (presi >= Preventivo && !(tipo == 2 && inaccettabile)) continue;
-                Esito e = Prova(Con(parole, {"--" + o, tutti[i]}), tipo == 2 && inaccettabile,
-                                tipo == 1 && inaccettabile);
-                presi += e.stato == 0;
+                presi += Prova(Con(parole, {"--" + o, tutti[i]}), tipo == 2 && inaccettabile,
+                               tipo == 1 && inaccettabile)
+                             .stato == 0;
             }
             ++opzioniProvate;
         }
         EXPECT_GT(opzioniProvate, 0);
 
         // Each positional word in turn, and a stray word where none is expected.
-        std::vector<std::string> resto;
-        for (const auto& [nome, v] : base)
-            resto = Con(resto, {"--" + nome, v});
-        for (std::size_t k = 0; k <= posizionali.size(); ++k) {
+        for (std::size_t k = 0; k <= posizionali.size(); ++k)
             for (std::size_t i = k % 4; i < tutti.size() && presi < Preventivo; i += 4) {
                 auto p = posizionali;
                 if (k < p.size())
                     p[k] = tutti[i];
                 else
                     p.push_back(tutti[i]);
-                presi += Prova(Con(Con({comando}, p), resto), false).stato == 0;
+                presi += Prova(Riga(comando, p, base), false).stato == 0;
             }
-        }
     }
     EXPECT_EQ(numeroFallimenti, 0) << fallimenti;
     EXPECT_GT(riusciti, 0);
@@ -323,37 +317,14 @@ TEST_F(CliOstile, OgniComandoOgniOpzione) {
               << " of them taken\n";
 }
 
-std::string Leggi(const std::filesystem::path& p) {
-    std::ifstream in(p, std::ios::binary);
-    return std::string(std::istreambuf_iterator<char>(in), {});
-}
-
-// What a folder holds: each file with its size and time of last change.
-std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>>
-Istantanea(const std::filesystem::path& cartella) {
-    std::map<std::string, std::pair<std::uintmax_t, std::filesystem::file_time_type>> r;
-    std::error_code ec;
-    for (auto it = std::filesystem::recursive_directory_iterator(cartella, ec);
-         it != std::filesystem::recursive_directory_iterator(); it.increment(ec)) {
-        if (ec) break;
-        const auto& f = *it;
-        std::error_code e2;
-        if (f.is_regular_file(e2))
-            r[f.path().string()] = {f.file_size(e2), f.last_write_time(e2)};
-        else
-            r[f.path().string()] = {0, {}};
-    }
-    return r;
-}
-
 // Names of archives that would be paths or break a file name, log paths that are not logs, and
 // every command's own help: refused in one line or taken, and no file that is not the program's
 // own is touched (the user's documents, the program's folder).
 TEST_F(CliOstile, NomiDArchivioPercorsiDiLogEAiuto) {
-    namespace fs = std::filesystem;
     const fs::path lavoro = cartella / "lavoro";
     fs::create_directories(lavoro / "vuota");
-    std::ofstream(lavoro / "tesi.odt") << "il mio lavoro";
+    const std::string tesi = (lavoro / "tesi.odt").string();
+    std::ofstream(tesi) << "il mio lavoro";
     std::ofstream(lavoro / "x") << "un file dell'utente";
     std::ofstream(lavoro / "x.txt") << "un altro";
     std::ofstream(lavoro / "x.log") << "e un altro";
@@ -364,52 +335,23 @@ TEST_F(CliOstile, NomiDArchivioPercorsiDiLogEAiuto) {
                           "\"USA\",\"40N42\",\"74W00\"\n";
     fs::current_path(lavoro / "vuota");
     const fs::path programma = cli::CartellaProgramma();
-    const auto primaLavoro = Istantanea(lavoro);
-    const auto primaProgramma = Istantanea(programma);
+    Stato primaLavoro = Istantanea(lavoro);
+    const Stato primaProgramma = Istantanea(programma);
 
-    std::vector<std::string> nomi = {"../../x",
-                                     "../x",
-                                     "..",
-                                     ".",
-                                     "/",
-                                     "/tmp/x",
-                                     "a/b",
-                                     "a\\b",
-                                     "..\\x",
-                                     "x/../../y",
-                                     "a\nb",
-                                     "a\rb",
-                                     "\t",
-                                     "\x01",
-                                     "a\x7f",
-                                     std::string(65, 'n'),
-                                     std::string(20000, 'n'),
-                                     "NomiAlternativi",
-                                     "nomialternativi",
-                                     "AllCity",
-                                     "ZoneOrarie",
-                                     "sqlite_master",
-                                     "MSysX",
-                                     "a\xff",
-                                     "a:b",
-                                     "a*b",
-                                     "a?b",
-                                     "a|b",
-                                     "<x>",
-                                     "a\"b",
-                                     "[x]",
-                                     "x.",
-                                     "x!",
-                                     "x`",
-                                     "Temi; DROP TABLE AllCity;--",
-                                     "Citt\xc3\xa0",
-                                     "O'Brien"};
+    Parole nomi = {// paths and the bytes of no file name
+                   "../../x", "../x", "..", ".", "/", "/tmp/x", "a/b", "a\\b", "..\\x", "x/../../y",
+                   "a\nb", "a\rb", "\t", "\x01", "a\x7f", "a\xff", "a:b", "a*b", "a?b", "a|b",
+                   "<x>", "a\"b", "[x]", "x.", "x!", "x`",
+                   // the places tables and the database's own
+                   "NomiAlternativi", "nomialternativi", "AllCity", "ZoneOrarie", "sqlite_master",
+                   "MSysX",
+                   // names a statement would break on
+                   "Temi; DROP TABLE AllCity;--", "Citt\xc3\xa0", "O'Brien"};
+    nomi.push_back(std::string(65, 'n'));
+    nomi.push_back(std::string(20000, 'n'));
     int rifiutiAttesi = 0, nomiPresi = 0;
     for (const std::string& nome : nomi) {
-        const bool valido = NomeArchivioValido(SenzaSpazi(nome));
-        // The query's table is the name with "Q_" in front.
-        const bool validoQuery = NomeArchivioValido(NomeRisultato(nome));
-        const std::vector<std::vector<std::string>> righe = {
+        const std::vector<Parole> righe = {
             {"salva", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
              "--fuso", "-1", "--nome", "Ugo", "--archivio", nome, "--db", db},
             {"importa", txt, "--archivio", nome, "--db", db},
@@ -418,80 +360,57 @@ TEST_F(CliOstile, NomiDArchivioPercorsiDiLogEAiuto) {
             {"esporta", nome, "--db", db},
             {"archivio", nome, "--db", db},
         };
+        // The three that name a new archive refuse every name the rule refuses; the query's
+        // table is the name with "Q_" in front.
+        const bool rifiuta[] = {!NomeArchivioValido(SenzaSpazi(nome)),
+                                !NomeArchivioValido(SenzaSpazi(nome)),
+                                !NomeArchivioValido(NomeRisultato(nome)), false, false};
         for (std::size_t k = 0; k < righe.size(); ++k) {
-            // The three that name a new archive refuse every name the rule refuses.
-            const bool deveRifiutare = k < 2 ? !valido : (k == 2 && !validoQuery);
-            Esito e = Prova(righe[k], deveRifiutare);
-            rifiutiAttesi += deveRifiutare;
+            const Esito e = Prova(righe[k], rifiuta[k]);
+            rifiutiAttesi += rifiuta[k];
             nomiPresi += k < 2 && e.stato == 0;
         }
     }
     // Logs that are not logs, and a document in the place of one.
     for (const std::string& log :
          {(lavoro / "vuota").string(), std::string("/dev/null"), std::string(""), std::string("/"),
-          (lavoro / "tesi.odt").string(), std::string("/dev/zero"), std::string("."),
-          std::string("..")}) {
-        const bool file = log == (lavoro / "tesi.odt").string();
-        Esito e = Prova({"importa", txt, "--archivio", "Log" + std::to_string(esecuzioni), "--log",
-                         log, "--db", db},
-                        !file);
-        rifiutiAttesi += !file;
+          tesi, std::string("/dev/zero"), std::string("."), std::string("..")}) {
+        Prova({"importa", txt, "--archivio", "Log" + std::to_string(esecuzioni), "--log", log,
+               "--db", db},
+              log != tesi);
+        rifiutiAttesi += log != tesi;
     }
-    // Each command's help.
-    Esito elenco = Lancia({"--comandi"});
-    std::istringstream righe(elenco.out);
-    for (std::string c; std::getline(righe, c);)
+    for (const std::string& c : Comandi())
         for (const char* aiuto : {"--help", "-h"}) {
-            Esito e = Prova({c, aiuto}, false);
+            const Esito e = Prova({c, aiuto}, false);
             if (e.stato != 0 || e.out.rfind("uso: vesmo-cli " + c, 0) != 0)
                 Fallisce({c, aiuto}, e, "no usage of its own");
         }
 
-    // What changed: only the database, and the one document appended to by the import that was
-    // told to log into it.
+    // What changed: only the database, the document the import was told to log into (appended
+    // to), and the program's own logs and exports named after valid archives in its folder (the
+    // current folder when the program has none).
     fs::current_path(cartella / ".");
-    int toccati = 0;
-    std::string quali;
-    const auto dopoLavoro = Istantanea(lavoro);
-    for (const auto& [f, stato] : primaLavoro) {
-        auto it = dopoLavoro.find(f);
-        if (f == (lavoro / "tesi.odt").string()) {
-            if (it == dopoLavoro.end() || Leggi(f).rfind("il mio lavoro", 0) != 0)
-                ++toccati, quali += f + "\n";
-            continue;
-        }
-        if (it == dopoLavoro.end() || it->second != stato) ++toccati, quali += f + "\n";
-    }
-    // The program's own logs and exports, named after valid archives, may appear in its folder
-    // (the current folder when the program has none).
+    std::ifstream in(tesi);
+    EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}).rfind("il mio lavoro", 0), 0u);
+    Stato dopoLavoro = Istantanea(lavoro);
+    primaLavoro.erase(tesi);
+    dopoLavoro.erase(tesi);
     auto proprio = [&](const std::string& f) {
         const std::string nome = fs::path(f).filename().string();
         const std::string coda = nome.size() > 4 ? nome.substr(nome.size() - 4) : "";
         return fs::path(f).parent_path() == programma && (coda == ".log" || coda == ".txt") &&
                NomeArchivioValido(nome.substr(0, nome.size() - 4));
     };
-    for (const auto& [f, stato] : dopoLavoro)
-        if (!primaLavoro.count(f) && !proprio(f)) ++toccati, quali += "new " + f + "\n";
-    const auto dopoProgramma = Istantanea(programma);
-    for (const auto& [f, stato] : dopoProgramma) {
-        auto it = primaProgramma.find(f);
-        if (it == primaProgramma.end() && proprio(f)) {
-            std::error_code ec;
-            fs::remove(f, ec);
-            continue;
-        }
-        if (it == primaProgramma.end() || it->second != stato)
-            ++toccati, quali += "program folder: " + f + "\n";
-    }
-    for (const auto& [f, stato] : primaProgramma)
-        if (!dopoProgramma.count(f))
-            ++toccati, quali += "gone from the program folder: " + f + "\n";
-    EXPECT_EQ(toccati, 0) << quali;
+    const Stato dopoProgramma = Istantanea(programma);
+    EXPECT_EQ(Cambiati(primaLavoro, dopoLavoro, proprio) +
+                  Cambiati(primaProgramma, dopoProgramma, proprio),
+              "");
+    for (const auto& [f, s] : dopoProgramma)
+        if (!primaProgramma.count(f) && proprio(f)) fs::remove(f);
     EXPECT_EQ(numeroFallimenti, 0) << fallimenti;
     EXPECT_GT(rifiutiAttesi, 100);
     EXPECT_GT(nomiPresi, 0);
-    std::cout << esecuzioni << " runs of archive names, logs and help; " << numeroFallimenti
-              << " wrong answers; " << toccati << " files touched outside the program's own\n";
 }
 
 } // namespace
