@@ -93,9 +93,7 @@ TEST(Case, CuspidiOpposteEAssi) {
         EXPECT_NEAR(Scarto(c[i].Lo, c[o].Lo), 180, TolleranzaGradi) << i;
         EXPECT_NEAR(c[i].De, -c[o].De, TolleranzaOreRadianti) << i;
     }
-    EXPECT_EQ(p.Asce, c[1]);
-    EXPECT_EQ(p.MC, c[10]);
-    EXPECT_EQ(p.CasaXII, c[12]);
+    EXPECT_TRUE(p.Asce == c[1] && p.MC == c[10] && p.CasaXII == c[12]);
     EXPECT_EQ(p.CaseNonDefinite, 0);
     // The Ascendant agrees with the direct formula.
     double tsl = c[10].AR.Numero();
@@ -117,27 +115,21 @@ TEST(Case, LatitudineEstremaSenzaSemiarco) {
     EXPECT_EQ(p.CaseNonDefinite, -1);
     EXPECT_EQ(PlacidoNonDefinito, 0);
     ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - Info Case");
-    EXPECT_EQ(m.registro[0].testo, "Latitudine estrema. Case di Placido non definite");
+    EXPECT_EQ(m.registro[0].titolo + " | " + m.registro[0].testo,
+              "Lyx - Info Case | Latitudine estrema. Case di Placido non definite");
     EXPECT_EQ(m.registro[0].icona, Icona::Informazione);
-    EXPECT_TRUE(p.Asce.AR.ETesto());
-    EXPECT_EQ(p.Asce.AR.Testo(), "NonDefinita");
-    EXPECT_EQ(p.Asce.AOb.Testo(), "Indefinita");
-    for (const Posizione* q : {&p.CasaII, &p.CasaIII, &p.CasaXI, &p.CasaXII}) {
-        EXPECT_EQ(q->Lo, p.MC.Lo);
-        EXPECT_EQ(q->AR.Numero(), p.MC.AR.Numero());
-    }
+    EXPECT_EQ(p.Asce.AR.Testo() + " " + p.Asce.AOb.Testo(), "NonDefinita Indefinita");
+    for (const Posizione* q : {&p.CasaII, &p.CasaIII, &p.CasaXI, &p.CasaXII})
+        EXPECT_TRUE(q->Lo == p.MC.Lo && q->AR.Numero() == p.MC.AR.Numero());
     // The Ascendant still comes from the direct formula.
     double lon, angolo;
     LonAsce(Radianti(Obliquita(t.JD())), Radianti(70), Radianti(90), lon, angolo);
     EXPECT_NEAR(p.Asce.Lo, lon, TolleranzaGradi);
 
     // A second casting at an ordinary place is clean again.
-    MessaggiRegistrati m2;
-    Tema padova = TemaDi(2001, 12, 21, 12, 11.88, 45.4);
-    CalcoloCase(padova, c, p, 1, m2);
+    CalcoloCase(TemaDi(2001, 12, 21, 12, 11.88, 45.4), c, p, 1, m);
     EXPECT_EQ(p.CaseNonDefinite, 0);
-    EXPECT_TRUE(m2.registro.empty());
+    EXPECT_EQ(m.registro.size(), 1u);
     EXPECT_FALSE(p.Asce.AR.ETesto());
 }
 
