@@ -114,8 +114,9 @@ TEST(RuotaAscensionale, CorpiRossiConAnelliASetteGradi) {
     // Sole and Luna 7.5 apart share a ring on the ascensions but not in the zodiac (8);
     // Mercurio 6 from Luna moves on; the Black Moon 3 across 0 from the node moves on.
     for (Caso c : {Caso{1, 1, 1}, Caso{2, 1, 2}, Caso{3, 2, 1}, Caso{11, 1, 1}, Caso{12, 2, 1}})
-        EXPECT_EQ(std::make_pair(r.ascensionali[c.corpo].Anello, r.zodiacali[c.corpo].Anello),
-                  std::make_pair(c.anelloAscensionale, c.anelloZodiacale))
+        EXPECT_EQ(
+            (std::pair<int, int>(r.ascensionali[c.corpo].Anello, r.zodiacali[c.corpo].Anello)),
+            std::make_pair(c.anelloAscensionale, c.anelloZodiacale))
             << c.corpo;
 
     // Glyphs of 300 centred on their rings, red inward from 3250, black inward from 1800; ticks
