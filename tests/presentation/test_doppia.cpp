@@ -125,15 +125,11 @@ TEST(RuotaDoppia, TransitoSenzaCaseEsterne) {
     SuperficieRegistrata s = disegna();
     EXPECT_EQ(CuspidiEsterneDisegnate(s), 0);
     EXPECT_TRUE(LineeComparate(s, Ciano).empty());
-    // After CaseTra: the cusps and both lines, the house numbers 3 degrees past their cusp.
+    // After CaseTra: the cusps and both lines.
     o.CaseEsterne = true;
     s = disegna();
     EXPECT_EQ(CuspidiEsterneDisegnate(s), 12);
     EXPECT_EQ(LineeComparate(s, Ciano).size(), 2u);
-    bool uno = false;
-    for (const Figura& t : DelTipo(s.figure, Figura::Testo))
-        uno |= t.testo == "1" && t.colore == BluNotte && Vicino(t.x1, Px(CX, R1 + 500, 3));
-    EXPECT_TRUE(uno);
     // A revolution wheel keeps its outer angles whatever CaseEsterne holds.
     o.Transito = o.CaseEsterne = false;
     EXPECT_EQ(LineeComparate(disegna(), Ciano).size(), 2u);
@@ -185,16 +181,6 @@ TEST(DoppioZodiaco, LaStessaCasaNelloStessoPunto) {
     };
     EXPECT_NEAR(linea(500, 2000, 130, 350), linea(2500, 3600, 225, r.AngoloEsterno),
                 1e-9); // radians
-    // The outer bodies hang inward from the second ring at 3600, rings at 7 degrees.
-    EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350,
-                                          Px(cx, 3250, 57.5, r.AngoloEsterno) - 175,
-                                          Py(cy, 3250, 57.5, r.AngoloEsterno) - 175, BluNotte)));
-    // Two sign rings: 24 symbols.
-    int simboli = 0;
-    for (const Figura& t : DelTipo(s.figure, Figura::Testo))
-        simboli += t.carattere == CarattereSimboli;
-    EXPECT_EQ(simboli, 24);
 }
 
 // House 7 stands opposite house 1 in both charts, so the outer zodiac turns by the same angle

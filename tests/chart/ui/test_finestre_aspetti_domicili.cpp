@@ -10,6 +10,7 @@
 #include <QTableWidget>
 #include <QTest>
 
+#include "chart/Aspetti.h"
 #include "chart/CalcolaTema.h"
 #include "chart/ui/frmDomicili.h"
 #include "chart/ui/frmSelAspetti.h"
@@ -85,16 +86,18 @@ TEST_F(Selezione, GrigliaEOrbitaDigitata) {
     const QTableWidget* g = f.MSFlexGrid1;
     ASSERT_EQ(g->rowCount(), 30);
     ASSERT_EQ(g->columnCount(), 15);
-    EXPECT_EQ(g->horizontalHeaderItem(14)->text(), "MC            ");
-    EXPECT_EQ(g->verticalHeaderItem(24)->text(), "Lil. Vera");
+    // The grid shows the table of the chart with itself, heads included.
+    const GrigliaAspetti attesa = CostruisciGriglia(sessione.PosX, sessione.PosX, false, 2.5, 0);
+    for (int i = 0; i < 30; ++i) {
+        EXPECT_EQ(g->verticalHeaderItem(i)->text().toStdString(), attesa.celle[i + 1][0]) << i;
+        for (int j = 0; j < 15; ++j)
+            EXPECT_EQ(Cella(g, i, j).toStdString(), attesa.celle[i + 1][j + 1]) << i << "," << j;
+    }
+    EXPECT_EQ(g->horizontalHeaderItem(14)->text().toStdString(), attesa.celle[0][15]);
     // Sun (row point 1) and Uranus (column 8): 90.57 apart, 0.6 short of the square; 0.3 of
-    // declination on the same side of the equator, so parallel. The same pair the other way
-    // round, and nothing on the diagonal.
+    // declination on the same side of the equator, so parallel.
     EXPECT_EQ(Cella(g, RigaNome(1), 7), "QUADRATURA       ");
     EXPECT_EQ(Cella(g, RigaNumeri(1), 7), "0,6°  0,3°P");
-    EXPECT_EQ(Cella(g, RigaNome(8), 0), "QUADRATURA       ");
-    for (int i = 1; i <= 15; ++i)
-        EXPECT_EQ(Cella(g, RigaNome(i), i - 1) + Cella(g, RigaNumeri(i), i - 1), "") << i;
     const int conOrbita25 = CelleScritte(g);
 
     // Letters: no box pops up at any keystroke; the box reddens and the line below it says
@@ -136,17 +139,26 @@ TEST_F(Selezione, InterruttoriDegliAspettiSullaRuota) {
     EXPECT_EQ(f.List1->item(0)->text(), "  CONGIUNZIONE      0°");
     EXPECT_EQ(f.List1->item(8)->text(), "  Settile        51,4°");
     EXPECT_EQ(f.List1->item(11)->text(), "  BiSettile     102,9°");
-    for (int k = 0; k < 17; ++k)
-        EXPECT_EQ(f.List1->item(k)->isSelected(), k <= 4 || k == 9) << k;
+    // The rows selected and the switches on, one character each from the conjunction down.
+    auto scelte = [&] {
+        std::string r;
+        for (int k = 0; k < 17; ++k)
+            r += f.List1->item(k)->isSelected() ? '1' : '0';
+        return r;
+    };
+    auto accesi = [&] {
+        std::string r;
+        for (std::int16_t a : aspetti.AspettoAttivo)
+            r += a == -1 ? '1' : a == 0 ? '0' : '?';
+        return r;
+    };
+    EXPECT_EQ(scelte(), "11111000010000000");
     f.Option2->click();
-    for (int k = 0; k < 17; ++k)
-        EXPECT_EQ(aspetti.AspettoAttivo[static_cast<std::size_t>(k)], -1) << k;
+    EXPECT_EQ(accesi(), "11111111111111111");
     f.Option1->click();
     EXPECT_TRUE(f.Option1->isChecked());
-    for (int k = 0; k < 17; ++k) {
-        EXPECT_EQ(aspetti.AspettoAttivo[static_cast<std::size_t>(k)], k <= 4 ? -1 : 0) << k;
-        EXPECT_EQ(f.List1->item(k)->isSelected(), k <= 4) << k;
-    }
+    EXPECT_EQ(accesi(), "11111000000000000");
+    EXPECT_EQ(scelte(), "11111000000000000");
 
     // A click in the list switches that row and clears both options.
     const QRect r = f.List1->visualItemRect(f.List1->item(2));
