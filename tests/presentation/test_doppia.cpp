@@ -125,11 +125,15 @@ TEST(RuotaDoppia, TransitoSenzaCaseEsterne) {
     SuperficieRegistrata s = disegna();
     EXPECT_EQ(CuspidiEsterneDisegnate(s), 0);
     EXPECT_TRUE(LineeComparate(s, Ciano).empty());
-    // After CaseTra: the cusps and both lines.
+    // After CaseTra: the cusps, both lines, the house numbers 3 degrees past their cusp.
     o.CaseEsterne = true;
     s = disegna();
     EXPECT_EQ(CuspidiEsterneDisegnate(s), 12);
     EXPECT_EQ(LineeComparate(s, Ciano).size(), 2u);
+    bool uno = false;
+    for (const Figura& t : DelTipo(s.figure, Figura::Testo))
+        uno |= t.testo == "1" && t.colore == BluNotte && Vicino(t.x1, Px(CX, R1 + 500, 3));
+    EXPECT_TRUE(uno);
     // A revolution wheel keeps its outer angles whatever CaseEsterne holds.
     o.Transito = o.CaseEsterne = false;
     EXPECT_EQ(LineeComparate(disegna(), Ciano).size(), 2u);

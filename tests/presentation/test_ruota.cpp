@@ -195,6 +195,25 @@ TEST(RuotaSingola, CuspidiFrecciaCaseESegni) {
     EXPECT_EQ(ariete, 1);
 }
 
+// The disc and the bevel of the outer circle (40 arcs and a white circle); reduced colours drop
+// the bevel.
+TEST(RuotaSingola, FondoEBiselli) {
+    for (bool ridotti : {false, true}) {
+        SCOPED_TRACE(ridotti);
+        OpzioniRuota o;
+        o.ColoriRidotti = ridotti;
+        const auto sup = Disegna(PosizioniDiProva(Affollati, CuspidiComuni), o, nullptr);
+        EXPECT_EQ(std::make_tuple(sup.figure.front().rx, sup.figure.front().coloreRiempimento),
+                  std::make_tuple(3700.0, FacciaPulsante));
+        int archi = 0, bianchi = 0;
+        for (const Figura& e : sup.figure) {
+            archi += e.tipo == Figura::Arco && e.rx == R1 && e.x1 > CX;
+            bianchi += e.tipo == Figura::Ellisse && e.rx == R1 && e.colore == Bianco;
+        }
+        EXPECT_EQ(std::make_pair(archi, bianchi), ridotti ? std::pair(0, 0) : std::pair(40, 1));
+    }
+}
+
 TEST(RuotaSingola, NodiPlanetariDaLNd) {
     Posizioni p = PosizioniDiProva(Affollati, CuspidiComuni);
     // Venere's node at 97: Sole (100) and Luna (104) within 8 degrees, so ring 3; its south
