@@ -1,4 +1,5 @@
-// Placidus houses against an independent ephemeris, at the equator and at extreme latitudes.
+// Placidus houses against an independent ephemeris from 59 south to 59 north, and at extreme
+// latitudes.
 #include <gtest/gtest.h>
 
 #include <swephexp.h>
@@ -64,24 +65,6 @@ TEST(Case, CuspidiControEffemeridiIndipendenti) {
     std::printf("[ case ] %d temi, scarto massimo delle cuspidi %.5f°\n", casi, peggiore);
 }
 
-TEST(Case, AllEquatoreOgniCuspideConvergeSubito) {
-    Tema t = TemaDi(1990, 3, 21, 7.25, 12, 0);
-    Case c;
-    Posizioni p;
-    MessaggiRegistrati m;
-    CalcoloCase(t, c, p, 1, m);
-    double ramc = c[10].AR.Numero() * 15;
-    // Cusps XI, XII, I, II, III 30 degrees of right ascension apart.
-    const int dopo[] = {11, 12, 1, 2, 3};
-    for (int k = 0; k < 5; ++k)
-        EXPECT_NEAR(c[dopo[k]].AR.Numero() * 15, std::fmod(ramc + 30 * (k + 1), 360),
-                    TolleranzaGradi)
-            << k;
-    // At the equator the oblique ascension is the right ascension.
-    for (int i = 1; i <= 12; ++i)
-        EXPECT_NEAR(c[i].AOb.Numero(), c[i].AR.Numero(), TolleranzaOreRadianti) << i;
-}
-
 TEST(Case, CuspidiOpposteEAssi) {
     Tema t = TemaDi(1975, 6, 14, 15.5, 11.88, 45.4);
     Case c;
@@ -93,9 +76,7 @@ TEST(Case, CuspidiOpposteEAssi) {
         EXPECT_NEAR(Scarto(c[i].Lo, c[o].Lo), 180, TolleranzaGradi) << i;
         EXPECT_NEAR(c[i].De, -c[o].De, TolleranzaOreRadianti) << i;
     }
-    EXPECT_EQ(p.Asce, c[1]);
-    EXPECT_EQ(p.MC, c[10]);
-    EXPECT_EQ(p.CasaXII, c[12]);
+    EXPECT_TRUE(p.Asce == c[1] && p.MC == c[10] && p.CasaXII == c[12]);
     EXPECT_EQ(p.CaseNonDefinite, 0);
     // The Ascendant agrees with the direct formula.
     double tsl = c[10].AR.Numero();
@@ -117,27 +98,21 @@ TEST(Case, LatitudineEstremaSenzaSemiarco) {
     EXPECT_EQ(p.CaseNonDefinite, -1);
     EXPECT_EQ(PlacidoNonDefinito, 0);
     ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Lyx - Info Case");
-    EXPECT_EQ(m.registro[0].testo, "Latitudine estrema. Case di Placido non definite");
+    EXPECT_EQ(m.registro[0].titolo + " | " + m.registro[0].testo,
+              "Lyx - Info Case | Latitudine estrema. Case di Placido non definite");
     EXPECT_EQ(m.registro[0].icona, Icona::Informazione);
-    EXPECT_TRUE(p.Asce.AR.ETesto());
-    EXPECT_EQ(p.Asce.AR.Testo(), "NonDefinita");
-    EXPECT_EQ(p.Asce.AOb.Testo(), "Indefinita");
-    for (const Posizione* q : {&p.CasaII, &p.CasaIII, &p.CasaXI, &p.CasaXII}) {
-        EXPECT_EQ(q->Lo, p.MC.Lo);
-        EXPECT_EQ(q->AR.Numero(), p.MC.AR.Numero());
-    }
+    EXPECT_EQ(p.Asce.AR.Testo() + " " + p.Asce.AOb.Testo(), "NonDefinita Indefinita");
+    for (const Posizione* q : {&p.CasaII, &p.CasaIII, &p.CasaXI, &p.CasaXII})
+        EXPECT_TRUE(q->Lo == p.MC.Lo && q->AR.Numero() == p.MC.AR.Numero());
     // The Ascendant still comes from the direct formula.
     double lon, angolo;
     LonAsce(Radianti(Obliquita(t.JD())), Radianti(70), Radianti(90), lon, angolo);
     EXPECT_NEAR(p.Asce.Lo, lon, TolleranzaGradi);
 
     // A second casting at an ordinary place is clean again.
-    MessaggiRegistrati m2;
-    Tema padova = TemaDi(2001, 12, 21, 12, 11.88, 45.4);
-    CalcoloCase(padova, c, p, 1, m2);
+    CalcoloCase(TemaDi(2001, 12, 21, 12, 11.88, 45.4), c, p, 1, m);
     EXPECT_EQ(p.CaseNonDefinite, 0);
-    EXPECT_TRUE(m2.registro.empty());
+    EXPECT_EQ(m.registro.size(), 1u);
     EXPECT_FALSE(p.Asce.AR.ETesto());
 }
 

@@ -1,4 +1,5 @@
-// Dignities: modalities, elements, qualified dignities by day or night, the Ascendant's rulers.
+// Dignities: the birth by day or night and the Ascendant's rulers (the window shows them; the
+// printed page checks the dignities and the counts).
 #include <gtest/gtest.h>
 
 #include <tuple>
@@ -20,53 +21,6 @@ Posizioni Tutti(double lo) {
 
 } // namespace
 
-TEST(Dignita, MercurioNotturnoEDiurno) {
-    Posizioni p = Tutti(100); // Cancro
-    p.Mercurio.Lo = 75;       // Gemelli
-    Domicili d = CalcolaDomicili(p);
-    EXPECT_NE(d.Dignita[0].find("  Mercurio(Notturno)"), std::string::npos);
-    p.Mercurio.Lo = 160; // Vergine
-    d = CalcolaDomicili(p);
-    EXPECT_NE(d.Dignita[0].find("  Mercurio(Diurno + Esaltazione)"), std::string::npos);
-    EXPECT_EQ(d.Dignita[2].find("Mercurio"), std::string::npos);
-    p.Mercurio.Lo = 345; // Pesci
-    d = CalcolaDomicili(p);
-    EXPECT_NE(d.Dignita[1].find("  Mercurio(Diurno + Caduta)"), std::string::npos);
-    EXPECT_EQ(d.Dignita[3].find("Mercurio"), std::string::npos);
-}
-
-TEST(Dignita, CasiDellaTabella) {
-    Posizioni p = Tutti(200); // Bilancia
-    p.Venere.Lo = 350;        // Pesci: exaltation, no qualifier
-    p.Plutone.Lo = 10;        // Ariete: the table shows it, nothing counts
-    Domicili d = CalcolaDomicili(p);
-    EXPECT_NE(d.Dignita[2].find("  Venere"), std::string::npos);
-    EXPECT_EQ(d.Dignita[2].find("  Venere("), std::string::npos);
-    for (const auto& testo : d.Dignita)
-        EXPECT_EQ(testo.find("Plutone"), std::string::npos);
-    // In Bilancia: Sun fall, Saturn exaltation, Mars exile by night, Venus domicile by day
-    // (but Venus was moved), Giove nothing.
-    EXPECT_NE(d.Dignita[3].find("  Sole"), std::string::npos);
-    EXPECT_NE(d.Dignita[2].find("  Saturno"), std::string::npos);
-    EXPECT_NE(d.Dignita[1].find("  Marte(Notturno)"), std::string::npos);
-    EXPECT_EQ(d.ContiDignita[0] + d.ContiDignita[1] + d.ContiDignita[2] + d.ContiDignita[3], 4);
-    EXPECT_EQ(d.Dignita[0], "");
-}
-
-TEST(Dignita, ModalitaEdElementiContanoAncheAsceEMC) {
-    Posizioni p = Tutti(15); // Ariete
-    p.Luna.Lo = 45;          // Toro
-    p.MC.Lo = 250;           // Sagittario
-    Domicili d = CalcolaDomicili(p);
-    EXPECT_EQ(std::make_tuple(d.ContiModalita[0], d.ContiModalita[1], d.ContiModalita[2]),
-              std::make_tuple(10, 1, 1));
-    EXPECT_EQ(d.Modalita[2], "  MC");
-    EXPECT_EQ(d.ContiElementi[0], 11);
-    EXPECT_EQ(d.Elementi[1], "  Luna");
-    EXPECT_EQ(d.Modalita[0].substr(0, 12), "  Sole  Merc");
-    EXPECT_NE(d.Modalita[0].find("  ASC"), std::string::npos);
-}
-
 TEST(Dignita, NascitaEReggenti) {
     Posizioni p = Tutti(15);
     Domicili d = CalcolaDomicili(p); // Sun on the Ascendant
@@ -81,4 +35,23 @@ TEST(Dignita, NascitaEReggenti) {
     p.Asce.Lo = 45; // Toro: no day ruler, Venus by night
     d = CalcolaDomicili(p);
     EXPECT_EQ(d.ReggenteDiurno + "|" + d.ReggenteNotturno, "|E");
+}
+
+// Mercury's dignity qualified by day or night, with its exaltation or fall in the same entry:
+// one box holds it.
+TEST(Dignita, MercurioQualificatoInUnaCasella) {
+    Posizioni p = Tutti(100); // Cancro
+    const std::tuple<double, std::size_t, const char*> casi[] = {
+        {75, 0, "  Mercurio(Notturno)"},              // Gemelli
+        {160, 0, "  Mercurio(Diurno + Esaltazione)"}, // Vergine
+        {345, 1, "  Mercurio(Diurno + Caduta)"}};     // Pesci
+    for (const auto& [lo, casella, testo] : casi) {
+        p.Mercurio.Lo = lo;
+        const Domicili d = CalcolaDomicili(p);
+        EXPECT_NE(d.Dignita[casella].find(testo), std::string::npos) << lo;
+        int caselle = 0;
+        for (const std::string& t : d.Dignita)
+            caselle += t.find("Mercurio") != std::string::npos;
+        EXPECT_EQ(caselle, 1) << lo;
+    }
 }

@@ -49,36 +49,32 @@ TEST(RuotaDoppia, AnelliInterniAOttoEsterniASette) {
     // Sole 50 and Luna 57.5: apart on the inner wheel, together on the outer.
     EXPECT_EQ(r.interni[2].Anello, 2);
     EXPECT_EQ(r.esterni[2].Anello, 1);
-    // Each glyph's box of 350 is centred on its ring's circle at the body's longitude.
-    EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350, Px(CX, R2 - 700, 57.5) - 175,
-                                          Py(CY, R2 - 700, 57.5) - 175, Nero)));
-    // Outer glyphs go outward from R1, in navy, with their ticks outward.
-    EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350, Px(CX, R1 + 350, 57.5) - 175,
-                                          Py(CY, R1 + 350, 57.5) - 175, BluNotte)));
+    // Each glyph's box of 350 centred on its ring's circle; outer glyphs outward from R1, navy.
+    auto glifo = [&](double raggio, Colore c) {
+        return Contiene(s.figure,
+                        FigureDelGlifo(GlifoCorpo(RuotaLuna), 350, Px(CX, raggio, 57.5) - 175,
+                                       Py(CY, raggio, 57.5) - 175, c));
+    };
+    EXPECT_TRUE(glifo(R2 - 700, Nero));
+    EXPECT_TRUE(glifo(R1 + 350, BluNotte));
     EXPECT_DOUBLE_EQ(r.esterni[2].X, Px(CX, R1, 57.5));
-    EXPECT_EQ(r.esterni[13].Nome, "Asc");
-    EXPECT_EQ(r.esterni[14].Nome, "MC");
-    // The surface is cleared first; the sign symbols stand in the middle of each sign.
+    EXPECT_EQ(r.esterni[13].Nome + r.esterni[14].Nome, "AscMC");
+    // The surface is cleared first; each sign symbol's box is centred at R2 + 200 in the middle
+    // of its sign, in the symbols' font, which is put back after.
     EXPECT_EQ(s.figure.front().tipo, Figura::Pulisci);
     auto testi = DelTipo(s.figure, Figura::Testo);
     ASSERT_GE(testi.size(), 12u);
-    EXPECT_EQ(testi[0].testo, "\u2648");
-    // Each symbol's box is centred at R2 + 200 in the middle of its sign.
+    EXPECT_EQ(testi[0].testo + testi[11].testo, "\u2648\u2653");
     EXPECT_DOUBLE_EQ(testi[0].x1 + testi[0].rx, Px(CX, R2 + 200, 15));
     EXPECT_DOUBLE_EQ(testi[0].y1 + testi[0].ry, Py(CY, R2 + 200, 15));
     EXPECT_EQ(testi[0].carattere, CarattereSimboli);
-    EXPECT_EQ(testi[11].testo, "\u2653");
-    // The font is put back.
     EXPECT_EQ(s.Carattere(), CarattereNormale);
 }
 
 TEST(RuotaDoppia, ComparatiSenzaCongiunzioniEConIFiltri) {
     Posizioni interno = PosizioniDiProva(Con(Sparsi, 1, 100.5), CuspidiComuni);
-    Posizioni esterno =
-        PosizioniDiProva(Con(Con(Sparsi, 5, 100), 6, 160), CuspidiComuni); // Marte, Giove
-    // Sole against Marte and Giove.
+    Posizioni esterno = PosizioniDiProva(Con(Con(Sparsi, 5, 100), 6, 160), CuspidiComuni);
+    // The inner Sole against the outer Marte and Giove.
     OpzioniDoppia o{.DisegnaAspettiCmp = true, .List1 = {false, true}, .List2 = {}};
     o.List2[5] = o.List2[6] = true;
     SuperficieRegistrata s;
@@ -112,117 +108,91 @@ TEST(RuotaDoppia, ComparatiSenzaCongiunzioniEConIFiltri) {
 
 TEST(RuotaDoppia, TransitoSenzaCaseEsterne) {
     // Inner Sole at 60 makes a sextile with the transit's Ascendant at 0 and a trine with its
-    // Midheaven at 300; outer bodies sextile each other and the outer Ascendant.
+    // Midheaven at 300.
     Posizioni interno = PosizioniDiProva(Con(Sparsi, 1, 60), CuspidiComuni);
-    std::array<double, 6> cuspidiEsterne{0, 30, 60, 300, 320, 340};
-    Posizioni esterno = PosizioniDiProva(Sparsi, cuspidiEsterne);
+    Posizioni esterno = PosizioniDiProva(Sparsi, {0, 30, 60, 300, 320, 340});
     OpzioniDoppia o{.CaseEsterne = false,
                     .Transito = true,
                     .DisegnaAspettiCmp = true,
                     .List1 = {false, true},
                     .List2 = {}};
     o.List2[13] = o.List2[14] = true;
-    SuperficieRegistrata s;
-    DisegnaDoppia(s, TemaDiProva(), interno, TemaDiProva(), esterno, o);
+    auto disegna = [&] {
+        SuperficieRegistrata s;
+        DisegnaDoppia(s, TemaDiProva(), interno, TemaDiProva(), esterno, o);
+        return s;
+    };
+    SuperficieRegistrata s = disegna();
     EXPECT_EQ(CuspidiEsterneDisegnate(s), 0);
     EXPECT_TRUE(LineeComparate(s, Ciano).empty());
-    // After CaseTra: the cusps and both lines.
+    // After CaseTra: the cusps, both lines, the house numbers 3 degrees past their cusp.
     o.CaseEsterne = true;
-    SuperficieRegistrata c;
-    DisegnaDoppia(c, TemaDiProva(), interno, TemaDiProva(), esterno, o);
-    EXPECT_EQ(CuspidiEsterneDisegnate(c), 12);
-    EXPECT_EQ(LineeComparate(c, Ciano).size(), 2u);
-    // Outer house numbers 3 degrees past their cusp, at R1 + 500.
+    s = disegna();
+    EXPECT_EQ(CuspidiEsterneDisegnate(s), 12);
+    EXPECT_EQ(LineeComparate(s, Ciano).size(), 2u);
     bool uno = false;
-    for (const Figura& t : DelTipo(c.figure, Figura::Testo))
+    for (const Figura& t : DelTipo(s.figure, Figura::Testo))
         uno |= t.testo == "1" && t.colore == BluNotte && Vicino(t.x1, Px(CX, R1 + 500, 3));
     EXPECT_TRUE(uno);
     // A revolution wheel keeps its outer angles whatever CaseEsterne holds.
-    o.Transito = false;
-    o.CaseEsterne = false;
-    SuperficieRegistrata rv;
-    DisegnaDoppia(rv, TemaDiProva(), interno, TemaDiProva(), esterno, o);
-    EXPECT_EQ(LineeComparate(rv, Ciano).size(), 2u);
+    o.Transito = o.CaseEsterne = false;
+    EXPECT_EQ(LineeComparate(disegna(), Ciano).size(), 2u);
 }
 
 TEST(RuotaDoppia, AspettiInterniGrigiEsterniBlu) {
-    // Sole 50 and Nettuno 290: a trine on both sides; the outer Sole also trines the outer
-    // Ascendant at 170 (a transit without its houses leaves that line out).
-    std::array<double, 6> cuspidi{170, 200, 230, 80, 110, 140};
-    Posizioni p = PosizioniDiProva(Sparsi, cuspidi);
+    // Trines only, among the 14 points at 50, 57.5, 100, 140, 170, 200, 230, 260, 290, 320, 350,
+    // 20, Asc 170, MC 80: Sole with Marte, Asc and Nettuno; Venere with Urano and Lilith;
+    // Marte-Nettuno, Nettuno-Asc, Giove with Plutone and MC, Saturno-Nodo, Urano-Lilith,
+    // Plutone-MC: 12, four of them ending on Asc or MC.
+    Posizioni p = PosizioniDiProva(Sparsi, {170, 200, 230, 80, 110, 140});
     OpzioniDoppia o;
     o.DisegnaAspetti = o.DisegnaAspettiEst = true;
     o.Aspetti.AspettoAttivo.fill(0);
     o.Aspetti.AspettoAttivo[3] = -1;
-    auto conta = [&](const OpzioniDoppia& oo, Colore c, double r) {
+    auto conta = [&](Colore c, double r) {
         SuperficieRegistrata s;
-        DisegnaDoppia(s, TemaDiProva(), p, TemaDiProva(), p, oo);
+        DisegnaDoppia(s, TemaDiProva(), p, TemaDiProva(), p, o);
         int n = 0;
         for (const Figura& f : DelTipo(s.figure, Figura::Linea))
             n += f.colore == c && SulCerchio(f.x1, f.y1, r) && SulCerchio(f.x2, f.y2, r) &&
                  !Vicino(f.x1, f.x2);
         return n;
     };
-    // Trines among the 14 points at 50, 57.5, 100, 140, 170, 200, 230, 260, 290, 320, 350,
-    // 20, Asc 170, MC 80: Sole with Marte, Asc and Nettuno; Venere with Urano and Lilith;
-    // Marte-Nettuno, Nettuno-Asc, Giove with Plutone and MC, Saturno-Nodo, Urano-Lilith,
-    // Plutone-MC: 12, four of them ending on Asc or MC.
-    int interni = conta(o, Grigio, R2);
-    int esterni = conta(o, Blu, R1);
-    EXPECT_EQ(interni, 12);
-    EXPECT_EQ(esterni, 12);
+    EXPECT_EQ(conta(Grigio, R2), 12);
+    EXPECT_EQ(conta(Blu, R1), 12);
+    // A transit without its houses leaves out the pairs ending on Asc and MC, outside only.
     o.Transito = true;
     o.CaseEsterne = false;
-    // Without the transit's houses, the pairs ending on Asc (170) and MC (80) go.
-    EXPECT_EQ(conta(o, Blu, R1), esterni - 4);
-    EXPECT_EQ(conta(o, Grigio, R2), interni);
+    EXPECT_EQ(conta(Blu, R1), 8);
+    EXPECT_EQ(conta(Grigio, R2), 12);
 }
 
 TEST(DoppioZodiaco, LaStessaCasaNelloStessoPunto) {
     Posizioni interno = PosizioniDiProva(Sparsi, CuspidiComuni);
-    std::array<double, 6> altre{100, 125, 150, 20, 45, 70};
-    Posizioni esterno = PosizioniDiProva(Sparsi, altre);
-    OpzioniDoppia o;
+    Posizioni esterno = PosizioniDiProva(Sparsi, {100, 125, 150, 20, 45, 70});
     SuperficieRegistrata s;
-    auto r = DisegnaDoppioZodiaco(s, TemaDiProva(), interno, TemaDiProva(), esterno, o, 5);
+    auto r = DisegnaDoppioZodiaco(s, TemaDiProva(), interno, TemaDiProva(), esterno, {}, 5);
     EXPECT_DOUBLE_EQ(r.AngoloRuota, 350);
     // Inner cusp 5 opposite XI (310): 130. Outer cusp 5 opposite 45: 225.
     EXPECT_DOUBLE_EQ(r.AngoloEsterno, (130 - 10) + (360 - 225));
     const double cx = 7800, cy = 4000;
-    auto angolo = [&](const Figura& f) { return std::atan2(f.y2 - cy, f.x2 - cx); };
-    Figura interna{}, esterna{};
-    for (const Figura& f : DelTipo(s.figure, Figura::Linea)) {
-        if (SulCerchio(f.x1, f.y1, 500, cx, cy) && SulCerchio(f.x2, f.y2, 2000, cx, cy) &&
-            Vicino(f.x2, Px(cx, 2000, 130, 350)) && Vicino(f.y2, Py(cy, 2000, 130, 350)))
-            interna = f;
-        if (f.colore == BluNotte && SulCerchio(f.x1, f.y1, 2500, cx, cy) &&
-            SulCerchio(f.x2, f.y2, 3600, cx, cy) &&
-            Vicino(f.x2, Px(cx, 3600, 225, r.AngoloEsterno)) &&
-            Vicino(f.y2, Py(cy, 3600, 225, r.AngoloEsterno)))
-            esterna = f;
-    }
-    ASSERT_NE(interna.x2, 0);
-    ASSERT_NE(esterna.x2, 0);
-    EXPECT_NEAR(angolo(interna), angolo(esterna), 1e-9); // radians
-    // The outer bodies hang inward from the second ring at 3600, rings at 7 degrees.
-    EXPECT_TRUE(
-        Contiene(s.figure, FigureDelGlifo(GlifoCorpo(RuotaLuna), 350,
-                                          Px(cx, 3250, 57.5, r.AngoloEsterno) - 175,
-                                          Py(cy, 3250, 57.5, r.AngoloEsterno) - 175, BluNotte)));
-    // Two sign rings: 24 symbols.
-    int simboli = 0;
-    for (const Figura& t : DelTipo(s.figure, Figura::Testo))
-        simboli += t.carattere == CarattereSimboli;
-    EXPECT_EQ(simboli, 24);
+    auto linea = [&](double da, double a, double L, double angolo) {
+        for (const Figura& f : DelTipo(s.figure, Figura::Linea))
+            if (SulCerchio(f.x1, f.y1, da, cx, cy) && Vicino(f.x2, Px(cx, a, L, angolo)) &&
+                Vicino(f.y2, Py(cy, a, L, angolo)))
+                return std::atan2(f.y2 - cy, f.x2 - cx);
+        return std::nan("");
+    };
+    EXPECT_NEAR(linea(500, 2000, 130, 350), linea(2500, 3600, 225, r.AngoloEsterno),
+                1e-9); // radians
 }
 
 // House 7 stands opposite house 1 in both charts, so the outer zodiac turns by the same angle
 // for both and they draw the same comparati lines, also when the turn passes a full circle
-// (outer cusp VII at 20: 180 + 360 - 20).
-TEST(DoppioZodiaco, Case1E7StesseLinee) {
+// (outer cusp VII at 20: 180 + 360 - 20). A square is red, a sextile cyan, a conjunction nothing.
+TEST(DoppioZodiaco, Case1E7StesseLineeEIColori) {
     Posizioni interno = PosizioniDiProva(Sparsi, CuspidiComuni);
-    Posizioni esterno =
-        PosizioniDiProva(Sparsi, std::array<double, 6>{200, 230, 260, 110, 140, 170});
+    Posizioni esterno = PosizioniDiProva(Sparsi, {200, 230, 260, 110, 140, 170});
     OpzioniDoppia o{.DisegnaAspettiCmp = true};
     o.List1[0] = o.List2[0] = true;
     auto linee = [&](int casa, double& angolo) {
@@ -235,45 +205,36 @@ TEST(DoppioZodiaco, Case1E7StesseLinee) {
         return r;
     };
     double angolo1 = 0, angolo7 = 0;
-    const std::vector<Figura> casa1 = linee(1, angolo1);
-    const std::vector<Figura> casa7 = linee(7, angolo7);
+    const std::vector<Figura> casa1 = linee(1, angolo1), casa7 = linee(7, angolo7);
     EXPECT_DOUBLE_EQ(angolo1, 160);
     EXPECT_NEAR(angolo7, 160, 1e-9); // degrees
     ASSERT_FALSE(casa1.empty());
     ASSERT_EQ(casa7.size(), casa1.size());
     for (std::size_t k = 0; k < casa1.size(); ++k)
         EXPECT_TRUE(Uguali(casa1[k], casa7[k])) << k;
-}
 
-TEST(DoppioZodiaco, QuadratureComparateInRosso) {
-    // Inner Sole at 60 turned by 350 stands at 50; outer Marte at 0 turned by the outer
-    // rotation stands 90 away from it.
-    Posizioni interno = PosizioniDiProva(Con(Sparsi, 1, 60), CuspidiComuni);
-    Posizioni esterno = PosizioniDiProva(Sparsi, CuspidiComuni);
-    OpzioniDoppia o{.DisegnaAspettiCmp = true, .List1 = {false, true}, .List2 = {}};
+    // Inner Sole at 60, outer Marte 90, 60 and 0 away after both turns of 350.
+    interno = PosizioniDiProva(Con(Sparsi, 1, 60), CuspidiComuni);
+    esterno = PosizioniDiProva(Sparsi, CuspidiComuni);
+    o.List1 = {false, true};
+    o.List2 = {};
     o.List2[5] = true;
-    // Outer rotation for house 1: 350, the same as the inner one.
-    auto trova = [&](double marte) {
-        Posizioni e = esterno;
-        e.Marte.Lo = marte;
-        SuperficieRegistrata s;
-        DisegnaDoppioZodiaco(s, TemaDiProva(), interno, TemaDiProva(), e, o, 1);
-        std::vector<Colore> colori;
-        for (const Figura& f : DelTipo(s.figure, Figura::Linea))
-            if (f.colore == Rosso || f.colore == Ciano) colori.push_back(f.colore);
-        return colori;
-    };
-    EXPECT_EQ(trova(150), std::vector<Colore>{Rosso}); // square
-    EXPECT_EQ(trova(120), std::vector<Colore>{Ciano}); // sextile
-    EXPECT_EQ(trova(60), std::vector<Colore>{});       // conjunction
+    for (auto [marte, colori] : {std::pair{150.0, std::vector<Colore>{Rosso}},
+                                 {120.0, std::vector<Colore>{Ciano}},
+                                 {60.0, std::vector<Colore>{}}}) {
+        esterno.Marte.Lo = marte;
+        std::vector<Colore> letti;
+        for (const Figura& f : linee(1, angolo1))
+            letti.push_back(f.colore);
+        EXPECT_EQ(letti, colori) << marte;
+    }
 }
 
 TEST(Anteprima, SimboliNumeriETesti) {
-    Posizioni p = PosizioniDiProva(Sparsi, CuspidiComuni);
     Tema t = TemaDiProva();
     t.Estiva = 1;
     SuperficieRegistrata s;
-    DisegnaAnteprima(s, t, p);
+    DisegnaAnteprima(s, t, PosizioniDiProva(Sparsi, CuspidiComuni));
     auto testi = DelTipo(s.figure, Figura::Testo);
     // 12 signs, 11 bodies, 12 house numbers, two lines of text.
     ASSERT_EQ(testi.size(), 37u);

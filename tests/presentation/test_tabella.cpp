@@ -66,33 +66,9 @@ TEST(TabellaPosizioni, TestateERighe) {
     EXPECT_EQ(t.celle[13][8].size() - t.celle[13][8].find(','), 7u);
 }
 
-TEST(TabellaPosizioni, TestiAlPostoDeiNumeri) {
-    // At 70° with no semi-arc the Ascendant's ascensions are texts, shown as they stand.
-    Tema t;
-    t.Day = GiornoGiuliano(2001, 12, 21);
-    t.OraL = 12;
-    t.Lat = 70;
-    t.Lon = 0.5 / 15;
-    Case c;
-    Posizioni p;
-    MessaggiRegistrati m;
-    CastaTema(t, c, p, 1, m, false);
-    ASSERT_EQ(p.CaseNonDefinite, -1);
-    TabellaPosizioni tab = RiempiTabella(c, p);
-    EXPECT_EQ(tab.celle[1][6], "NonDefinita");
-    EXPECT_EQ(tab.celle[1][7], "Indefinita");
-}
-
-TEST(TabellaPosizioni, StrConIlPostoDelSegno) {
-    EXPECT_EQ(Str(5), " 5");
-    EXPECT_EQ(Str(-5), "-5");
-    EXPECT_EQ(Str(0), " 0");
-    EXPECT_EQ(Str(12.5), " 12.5");
-}
-
 // A declination within a degree of the equator: no degrees to carry the sign, so the minutes and
 // the seconds carry it.
-TEST(TabellaPosizioni, DeclinazioneSottoUnGrado) {
+TEST(TabellaPosizioni, DeclinazioneSottoUnGradoETesti) {
     Calcolato k = Casta(45.4);
     struct Caso {
         double gradi;
@@ -105,4 +81,11 @@ TEST(TabellaPosizioni, DeclinazioneSottoUnGrado) {
         k.p.Sole.De = Radianti(c.gradi);
         EXPECT_EQ(RiempiTabella(k.c, k.p).celle[13][5], c.testo) << c.gradi;
     }
+    // At a polar latitude the Ascendant's ascensions are texts, shown as they stand.
+    k.c[1].AR = NonDefinita;
+    k.c[1].AOb = Indefinita;
+    const TabellaPosizioni t = RiempiTabella(k.c, k.p);
+    EXPECT_EQ(t.celle[1][6] + " " + t.celle[1][7], "NonDefinita Indefinita");
+    // Numbers carry a blank where a minus sign would stand.
+    EXPECT_EQ(Str(5) + Str(-5) + Str(0) + Str(12.5), " 5-5 0 12.5");
 }

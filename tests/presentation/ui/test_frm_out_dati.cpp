@@ -1,7 +1,6 @@
-// The positions window driven through its controls: the table and its heads, the arcs between
-// two clicked rows, the transit's steps in time with their carries and borrows, the browse of the
-// current archive with its messages, the rotation's input box, the node list, and the windows
-// opened from here. The time steps are also checked on their own.
+// The positions window driven through its controls: the table and the wheel, the arcs between
+// two clicked rows, the transit's steps, the browse of the current archive with its messages,
+// the rotation's input box, the node list and the windows opened from here.
 #include <gtest/gtest.h>
 
 #include <QComboBox>
@@ -21,8 +20,6 @@
 #include "chart/ui/frmDomicili.h"
 #include "chart/ui/frmSelAspetti.h"
 #include "core/Aritmetica.h"
-#include "core/qt/MessaggiQt.h"
-#include "presentation/PassiTema.h"
 #include "presentation/ui/WidgetRuota.h"
 #include "presentation/ui/frmOutDati.h"
 #include "tests/core/store/Cartella.h"
@@ -52,20 +49,6 @@ Tema Alle(const char* nome, int anno, int mese, int giorno, double ore, double m
     return t;
 }
 
-// Two bodies placed by hand, so that the arcs between them are known: the Sun at 10 degrees on
-// the ecliptic, declination +10; the Moon at 100.5, latitude 5, declination -12.
-Posizioni DueCorpi() {
-    Posizioni p;
-    p.Sole.Lo = 10;
-    p.Sole.De = Radianti(10);
-    p.Luna.Lo = 100.5;
-    p.Luna.LaEc = 5;
-    p.Luna.De = Radianti(-12);
-    p.Asce.Lo = 200;
-    p.MC.Lo = 110;
-    return p;
-}
-
 class Posizioni_ : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -73,7 +56,12 @@ protected:
         sessione.TemaX = Alle("Prova", 2000, 11, 8, 10, 20, 30);
         Case c;
         CastaTema(sessione.TemaX, c, sessione.PosX, 1, messaggi);
-        aspetti.EntraInLyx();
+        sessione.Aspetti.EntraInLyx();
+    }
+    std::unique_ptr<frmOutDati> Apri() {
+        auto f = std::make_unique<frmOutDati>(sessione, fileDB, messaggi);
+        f->ScorriArchivioCorrente = ScorriArchivio;
+        return f;
     }
     void Archivio(const std::vector<Tema>& temi) {
         Database db;
@@ -91,122 +79,59 @@ protected:
     test::Cartella cartella;
     std::string fileDB;
     Sessione sessione;
-    TabellaAspetti& aspetti = sessione.Aspetti;
     StatoRuote& stato = sessione.Ruote;
     MessaggiRegistrati messaggi;
 };
 
 } // namespace
 
-TEST(PassoTempo, RiportiEPrestiti) {
-    struct Caso {
-        UnitaTempo unita;
-        double quanti;
-        double oraPrima[3];
-        double oraDopo[3];
-        int giorniDopo; // days from the start date
-    };
-    const Caso casi[] = {
-        // 30 seconds and 45 more: 15 seconds and one more minute.
-        {UnitaTempo::Secondi, 45, {10, 20, 30}, {10, 21, 15}, 0},
-        {UnitaTempo::Secondi, -20, {10, 0, 10}, {9, 59, 50}, 0},
-        // 90 minutes back: one hour carried, then 30 minutes borrowed.
-        {UnitaTempo::Minuti, -90, {10, 0, 0}, {8, 30, 0}, 0},
-        {UnitaTempo::Ore, 1, {23, 30, 0}, {0, 30, 0}, 1},
-        {UnitaTempo::Ore, -11, {10, 0, 0}, {23, 0, 0}, -1},
-        {UnitaTempo::Ore, 1.5, {10, 0, 0}, {11, 30, 0}, 0},
-        {UnitaTempo::Giorni, -1, {10, 0, 0}, {10, 0, 0}, -1},
-        {UnitaTempo::Giorni, 30, {10, 0, 0}, {10, 0, 0}, 30},
-    };
-    for (const Caso& c : casi) {
-        Tema t = Alle("Prova", 2001, 2, 27, c.oraPrima[0], c.oraPrima[1], c.oraPrima[2]);
-        const double giorno = t.Day;
-        PassoTempo(t, c.unita, c.quanti);
-        double h, m, s;
-        GradiPrimiSecondi(t.OraL, h, m, s);
-        EXPECT_EQ(h, c.oraDopo[0]) << c.quanti;
-        EXPECT_EQ(m, c.oraDopo[1]) << c.quanti;
-        EXPECT_NEAR(s, c.oraDopo[2], 1e-6) << c.quanti;
-        EXPECT_EQ(t.Day, giorno + c.giorniDopo) << c.quanti;
-    }
-
-    // A month or a day out of range goes into the Julian day as it is: 31 January and one month
-    // is "31 February", that is 3 March of a common year.
-    Tema t = Alle("Prova", 2001, 1, 31, 12, 0, 0);
-    PassoTempo(t, UnitaTempo::Mesi, 1);
-    EXPECT_EQ(t.Day, GiornoGiuliano(2001, 3, 3));
-    PassoTempo(t, UnitaTempo::Anni, -1);
-    EXPECT_EQ(t.Day, GiornoGiuliano(2000, 3, 3));
-    EXPECT_EQ(t.OraL, 12);
-}
-
-TEST(PassoTempo, DataEOraDelRiquadro) {
-    const std::optional<Quando> q = QuandoDelTema(Alle("Prova", 2000, 11, 8, 9, 5, 7));
-    ASSERT_TRUE(q.has_value());
-    EXPECT_EQ(TestoQuando(*q), "08/11/2000 09:05:07");
-    EXPECT_EQ(TestoQuando(*QuandoDelTema(Alle("Prova", 1582, 10, 15, 0, 0, 0))),
-              "15/10/1582 00:00:00");
-    // A clock time beyond the day, or a year the box cannot show: nothing to show.
-    EXPECT_FALSE(QuandoDelTema(Alle("Prova", 2000, 11, 8, 25, 0, 0)).has_value());
-    EXPECT_FALSE(QuandoDelTema(Alle("Prova", 2000, 11, 8, -1, 0, 0)).has_value());
-    EXPECT_FALSE(QuandoDelTema(Alle("Prova", 50, 1, 1, 12, 0, 0)).has_value());
-}
-
-// The arrows beside the step: whole steps from -30 to 30, whatever was typed.
-TEST(PassoTempo, FrecceDelPasso) {
-    EXPECT_EQ(PassoConFrecce("1", 1), 2);
-    EXPECT_EQ(PassoConFrecce("2,6", -1), 2);
-    EXPECT_EQ(PassoConFrecce("30", 1), 30);
-    EXPECT_EQ(PassoConFrecce("-30", -1), -30);
-    EXPECT_EQ(PassoConFrecce("900", -1), 30);
-    EXPECT_EQ(PassoConFrecce("uno", 1), 1);
-    EXPECT_EQ(PassoConFrecce("1e300", 1), 1);
-}
-
 TEST_F(Posizioni_, TabellaETesteAlCaricamento) {
-    frmOutDati f(sessione, fileDB, messaggi);
-    f.ScorriArchivioCorrente = ScorriArchivio;
-    f.show();
-    EXPECT_EQ(f.windowTitle(), "Lyx - Posizioni di Prova                         ");
-    EXPECT_FALSE(f.Toolbar1->isVisible());
-    const QTableWidget* g = f.MSFlexGrid1;
+    auto f = Apri();
+    f->show();
+    EXPECT_EQ(f->windowTitle(), "Lyx - Posizioni di Prova                         ");
+    EXPECT_FALSE(f->Toolbar1->isVisible());
+    const QTableWidget* g = f->MSFlexGrid1;
     ASSERT_EQ(g->rowCount(), 25);
     ASSERT_EQ(g->columnCount(), 10);
-    const std::pair<int, const char*> colonne[] = {
-        {0, "Segno "}, {4, "Declinazione   "}, {9, " A.R. (Dec.)"}};
-    for (auto [i, testo] : colonne)
-        EXPECT_EQ(g->horizontalHeaderItem(i)->text(), testo);
-    const std::pair<int, const char*> righe[] = {
-        {0, "Asce."}, {3, "FC"}, {12, "Sole"}, {24, "Lil.Vera"}};
-    for (auto [i, testo] : righe)
-        EXPECT_EQ(g->verticalHeaderItem(i)->text(), testo);
-    // Cusps have no motion and no house; the Sun is in Scorpione; the mean Black Moon has no
-    // declination.
-    const std::tuple<int, int, const char*> celle[] = {
-        {1, 3, "***"}, {1, 4, "******"}, {13, 1, "Scorp"}, {24, 3, "**"}, {24, 5, "******"}};
-    for (auto [riga, colonna, testo] : celle)
-        EXPECT_EQ(Cella(f, riga, colonna), testo) << riga << "," << colonna;
-
-    vesmo::test::Testi(&f, {{"Label1", " Fare Click su un Pianeta o su una Casa\n della Tabella"},
-                            {"Label2", "archi di longitudine, Diff.Declinazione, Asp.Sferici"},
-                            {"txtQuando", "08/11/2000 10:20:30"}});
-    EXPECT_EQ(f.comboNodi->count(), 28);
-    EXPECT_EQ(f.comboNodi->itemText(1), " TUTTI  i  Nodi Planetari");
-    EXPECT_EQ(f.comboNodi->itemText(27), "    Plutone  NodoSud");
-    EXPECT_TRUE(f.Ruota->isVisible());
-
-    // A cusp whose Placidus position is undefined shows its text.
-    sessione.PosX.CasaXI.AR = NonDefinita;
-    frmOutDati nonDefinita(sessione, fileDB, messaggi);
-    EXPECT_EQ(Cella(nonDefinita, 11, 6), "NonDefinita");
+    // The table's first and last heads land on the grid's first and last columns and rows.
+    EXPECT_EQ(g->horizontalHeaderItem(0)->text(), "Segno ");
+    EXPECT_EQ(g->horizontalHeaderItem(9)->text(), " A.R. (Dec.)");
+    EXPECT_EQ(g->verticalHeaderItem(0)->text(), "Asce.");
+    EXPECT_EQ(g->verticalHeaderItem(24)->text(), "Lil.Vera");
+    // The Sun in Scorpione; the mean Black Moon has no declination.
+    EXPECT_EQ(Cella(*f, 13, 1), "Scorp");
+    EXPECT_EQ(Cella(*f, 24, 5), "******");
+    test::Testi(f.get(), {{"Label1", " Fare Click su un Pianeta o su una Casa\n della Tabella"},
+                          {"Label2", "archi di longitudine, Diff.Declinazione, Asp.Sferici"},
+                          {"txtQuando", "08/11/2000 10:20:30"}});
+    EXPECT_EQ(f->comboNodi->count(), 28);
+    EXPECT_EQ(f->comboNodi->itemText(1), " TUTTI  i  Nodi Planetari");
+    EXPECT_EQ(f->comboNodi->itemText(27), "    Plutone  NodoSud");
+    // The wheel beside it fills its image at any size: the button face in the corners, the
+    // lighter sign ring near the left edge, at the same fraction of the side.
+    ASSERT_EQ(f->Ruota->TipoMostrato(), WidgetRuota::Tipo::Singola);
+    for (int lato : {200, 640}) {
+        const QImage img = f->Ruota->Immagine(QSize(lato, lato));
+        const QColor angolo = img.pixelColor(2, 2);
+        EXPECT_EQ(angolo, img.pixelColor(lato - 3, lato - 3));
+        EXPECT_GT(img.pixelColor(lato * 15 / 100, lato * 46 / 100).lightness(), angolo.lightness());
+    }
 }
 
 TEST_F(Posizioni_, ArchiTraDueRighe) {
-    sessione.PosX = DueCorpi();
-    frmOutDati f(sessione, fileDB, messaggi);
-    f.ScorriArchivioCorrente = ScorriArchivio;
-    f.show();
-    QHeaderView* teste = f.MSFlexGrid1->verticalHeader();
+    // The Sun at 10 (declination +10) and the Moon at 100.5 (latitude 5, declination -12).
+    Posizioni p;
+    p.Sole.Lo = 10;
+    p.Sole.De = Radianti(10);
+    p.Luna.Lo = 100.5;
+    p.Luna.LaEc = 5;
+    p.Luna.De = Radianti(-12);
+    p.Asce.Lo = 200;
+    p.MC.Lo = 110;
+    sessione.PosX = p;
+    auto f = Apri();
+    f->show();
+    QHeaderView* teste = f->MSFlexGrid1->verticalHeader();
     auto clic = [&](int riga) {
         const int y = teste->sectionViewportPosition(riga - 1) + teste->sectionSize(riga - 1) / 2;
         QTest::mouseClick(teste->viewport(), Qt::LeftButton, {}, QPoint(teste->width() / 2, y));
@@ -214,85 +139,74 @@ TEST_F(Posizioni_, ArchiTraDueRighe) {
     // From the Sun (the row at load) to the Moon: 90.5 forward, 269.5 back; declinations 10
     // and -12 differ by 2 in absolute value; on the sphere the Moon's 5 of latitude count.
     clic(14);
-    EXPECT_EQ(f.Label1->text(), " Sole --> Luna   90,5°     2,0°     90,5°\n"
-                                "  Luna --> Sole   269,5°");
-    EXPECT_EQ(f.RigaPrecedente, 14);
+    EXPECT_EQ(f->Label1->text(), " Sole --> Luna   90,5°     2,0°     90,5°\n"
+                                 "  Luna --> Sole   269,5°");
+    EXPECT_EQ(f->RigaPrecedente, 14);
     clic(14);
-    EXPECT_EQ(f.Label1->text(), " Luna --> Luna   0,0°     0,0°     0,0°\n"
-                                "  Luna --> Luna   0,0°");
+    EXPECT_EQ(f->Label1->text(), " Luna --> Luna   0,0°     0,0°     0,0°\n"
+                                 "  Luna --> Luna   0,0°");
     // A cusp: the Ascendant at 200.
     clic(1);
-    EXPECT_EQ(f.Label1->text().section('\n', 0, 0).left(27), " Luna --> Asce.   99,5°    ");
-    EXPECT_EQ(f.Label1->text().section('\n', 1), "  Asce. --> Luna   260,5°");
+    EXPECT_EQ(f->Label1->text().section('\n', 0, 0).left(27), " Luna --> Asce.   99,5°    ");
+    EXPECT_EQ(f->Label1->text().section('\n', 1), "  Asce. --> Luna   260,5°");
 }
 
 TEST_F(Posizioni_, PassiDelTransito) {
     stato.TransitoPosizioni = -1;
     int aggiornamenti = 0;
-    frmOutDati f(sessione, fileDB, messaggi);
-    f.ScorriArchivioCorrente = ScorriArchivio;
-    f.AggiornaTransito = [&] { ++aggiornamenti; };
-    f.show();
-    ASSERT_TRUE(f.Toolbar1->isVisible());
-    EXPECT_EQ(f.txtTempi->text(), "1");
-    EXPECT_EQ(f.UnSec->toolTip(), "Secondi");
-    EXPECT_EQ(f.DbNext->toolTip(), "Tema Successivo - Next");
-    const QString lunaPrima = Cella(f, 14, 2);
+    auto f = Apri();
+    f->AggiornaTransito = [&] { ++aggiornamenti; };
+    f->show();
+    ASSERT_TRUE(f->Toolbar1->isVisible());
+    EXPECT_EQ(f->txtTempi->text(), "1");
 
-    f.txtTempi->setText("45");
-    f.UnSec->trigger();
+    f->txtTempi->setText("45");
+    f->UnSec->trigger();
     EXPECT_EQ(aggiornamenti, 1);
-    EXPECT_EQ(f.txtQuando->text(), "08/11/2000 10:21:15");
-    EXPECT_EQ(sessione.TemaTra, f.TemaMostrato());
+    EXPECT_EQ(f->txtQuando->text(), "08/11/2000 10:21:15");
+    EXPECT_EQ(sessione.TemaTra, f->TemaMostrato());
     // The slot is cast again at the new moment.
     Posizioni attese;
     Case c;
     CastaTema(sessione.TemaTra, c, attese, 1, messaggi);
     EXPECT_EQ(sessione.PosTra, attese);
-
-    f.txtTempi->setText("-1");
-    f.UnDay->trigger();
-    EXPECT_EQ(f.txtQuando->text(), "07/11/2000 10:21:15");
-    EXPECT_NE(Cella(f, 14, 2), lunaPrima); // the Moon a day back
-    f.txtTempi->setText("2");
-    f.UnYear->trigger();
-    EXPECT_EQ(f.txtQuando->text(), "07/11/2002 10:21:15");
-    EXPECT_EQ(aggiornamenti, 3);
+    f->txtTempi->setText("-1");
+    f->UnDay->trigger();
+    EXPECT_EQ(f->txtQuando->text(), "07/11/2000 10:21:15");
+    EXPECT_EQ(aggiornamenti, 2);
     EXPECT_TRUE(messaggi.registro.empty());
 
     // A step that is no number: told, nothing moves.
     const Tema prima = sessione.TemaTra;
-    f.txtTempi->setText("due");
-    f.UnOra->trigger();
+    f->txtTempi->setText("due");
+    f->UnOra->trigger();
     ASSERT_TRUE(
         test::Box(messaggi, 1, 0, "Lyx - Passo del Transito",
                   "Il passo deve essere un numero: due\nIl separatore decimale è la VIRGOLA.\n"
                   "------------------------------\nThe step must be a number.\n"));
     EXPECT_EQ(sessione.TemaTra, prima);
-    EXPECT_EQ(aggiornamenti, 3);
+    EXPECT_EQ(aggiornamenti, 2);
 
-    // The spin buttons: one a press, from -30 to 30.
-    f.txtTempi->setText("29");
-    f.UpDown1Su->click();
-    EXPECT_EQ(f.txtTempi->text(), "30");
-    f.UpDown1Su->click();
-    EXPECT_EQ(f.txtTempi->text(), "30");
-    f.txtTempi->setText("-29");
-    f.UpDown1Giu->click();
-    f.UpDown1Giu->click();
-    EXPECT_EQ(f.txtTempi->text(), "-30");
+    // The spin buttons: one a press, up to 30 and down to -30.
+    f->txtTempi->setText("29");
+    f->UpDown1Su->click();
+    f->UpDown1Su->click();
+    EXPECT_EQ(f->txtTempi->text(), "30");
+    f->txtTempi->setText("-29");
+    f->UpDown1Giu->click();
+    f->UpDown1Giu->click();
+    EXPECT_EQ(f->txtTempi->text(), "-30");
 
-    f.Command3->click();
+    f->Command3->click();
     EXPECT_EQ(stato.TransitoPosizioni, 0);
 }
 
 TEST_F(Posizioni_, ScorrereLArchivio) {
     // Without an archive set, nothing is opened.
     {
-        frmOutDati f(sessione, fileDB, messaggi);
-        f.ScorriArchivioCorrente = ScorriArchivio;
-        f.mnFilCPrecedente->trigger();
-        f.mnFilCSuccessivo->trigger();
+        auto f = Apri();
+        f->mnFilCPrecedente->trigger();
+        f->mnFilCSuccessivo->trigger();
         ASSERT_TRUE(
             test::Box(messaggi, 2, 0, "Lyx - Info TN Precedente", "Nessun Archivio impostato"));
         EXPECT_EQ(messaggi.registro[1].titolo, "Lyx - Info TN Successivo");
@@ -303,167 +217,133 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
               Alle("Bruno", 1965, 6, 15, 18, 30, 0)});
 
     sessione.TemaX = Alle("Bruno", 1965, 6, 15, 18, 30, 0);
-    frmOutDati f(sessione, fileDB, messaggi);
-    f.ScorriArchivioCorrente = ScorriArchivio;
-    f.show();
-    f.mnFilCPrecedente->trigger();
-    EXPECT_EQ(f.windowTitle(), "Lyx - Posizioni di Anna                          ");
-    EXPECT_EQ(f.txtQuando->text(), "01/01/1960 12:00:00");
-    EXPECT_FLOAT_EQ(f.AngoloRuota, static_cast<float>(360 - f.PosMostrate().Asce.Lo));
-    EXPECT_EQ(sessione.TemaX, f.TemaMostrato());
+    auto f = Apri();
+    f->show();
+    f->mnFilCPrecedente->trigger();
+    EXPECT_EQ(f->windowTitle(), "Lyx - Posizioni di Anna                          ");
+    EXPECT_EQ(f->txtQuando->text(), "01/01/1960 12:00:00");
+    EXPECT_FLOAT_EQ(f->AngoloRuota, static_cast<float>(360 - f->PosMostrate().Asce.Lo));
+    EXPECT_EQ(sessione.TemaX, f->TemaMostrato());
     EXPECT_TRUE(messaggi.registro.empty());
-
     // At the first row: told, and Anna stays.
-    f.mnFilCPrecedente->trigger();
+    f->mnFilCPrecedente->trigger();
     ASSERT_TRUE(test::Box(messaggi, 1, 0, "Lyx - Primo record", "Primo record di Amici"));
-    EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Anna");
-
-    f.mnFilCSuccessivo->trigger();
-    EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Bruno");
-    f.mnFilCSuccessivo->trigger();
-    EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Carla");
-    f.mnFilCSuccessivo->trigger();
+    EXPECT_EQ(f->TemaMostrato().Nome.Valore(), "Anna");
+    f->mnFilCSuccessivo->trigger();
+    EXPECT_EQ(f->TemaMostrato().Nome.Valore(), "Bruno");
+    f->mnFilCSuccessivo->trigger();
+    EXPECT_EQ(f->TemaMostrato().Nome.Valore(), "Carla");
+    f->mnFilCSuccessivo->trigger();
     ASSERT_TRUE(test::Box(messaggi, 2, 1, "Lyx - Ultimo record", "Ultimo record di Amici"));
-    EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Carla");
-}
+    EXPECT_EQ(f->TemaMostrato().Nome.Valore(), "Carla");
 
-TEST_F(Posizioni_, TemaFuoriArchivioEArchivioSparito) {
-    Archivio({Alle("Anna", 1960, 1, 1, 12, 0, 0), Alle("Bruno", 1965, 6, 15, 18, 30, 0)});
+    // A chart that is not in the archive: back to the last row, on to the first.
+    messaggi.registro.clear();
     sessione.TemaX = Alle("Zeta", 1990, 1, 1, 0, 0, 0);
-    {
-        frmOutDati f(sessione, fileDB, messaggi);
-        f.ScorriArchivioCorrente = ScorriArchivio;
-        f.mnFilCPrecedente->trigger();
-        EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Bruno");
-    }
+    Apri()->mnFilCPrecedente->trigger();
+    EXPECT_EQ(sessione.TemaX.Nome.Valore(), "Carla");
     sessione.TemaX = Alle("Zeta", 1990, 1, 1, 0, 0, 0);
-    frmOutDati f(sessione, fileDB, messaggi);
-    f.ScorriArchivioCorrente = ScorriArchivio;
-    f.DbNext->trigger(); // the toolbar's twin of the menu
-    EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Anna");
+    auto fuori = Apri();
+    fuori->DbNext->trigger(); // the toolbar's twin of the menu
+    EXPECT_EQ(fuori->TemaMostrato().Nome.Valore(), "Anna");
     EXPECT_TRUE(messaggi.registro.empty());
-
     // An archive no longer in the database: told, the chart stays.
     sessione.ArchivioCorrente = "Sparito";
-    f.mnFilCSuccessivo->trigger();
+    fuori->mnFilCSuccessivo->trigger();
     ASSERT_EQ(messaggi.registro.size(), 1u);
     EXPECT_NE(messaggi.registro[0].titolo.find("frmOutDati.mnFilCSuccessivo"), std::string::npos);
-    EXPECT_EQ(f.TemaMostrato().Nome.Valore(), "Anna");
+    EXPECT_EQ(fuori->TemaMostrato().Nome.Valore(), "Anna");
 }
 
 TEST_F(Posizioni_, RotazioniENodi) {
-    frmOutDati f(sessione, fileDB, messaggi);
-    f.ScorriArchivioCorrente = ScorriArchivio;
-    f.show();
+    auto f = Apri();
+    f->show();
     messaggi.input = {std::string("-45,5"), std::nullopt, std::string("mezzo")};
-    f.mnuRotQ->trigger();
+    f->mnuRotQ->trigger();
     ASSERT_TRUE(test::Box(messaggi, 1, 0, "Lyx - Angolo di rotazione della Ruota",
                           "Inserire l'angolo di rotazione voluto.\n\n"
                           "angoli  Negativi  ==> verso di rotazione  ORARIO\n"
                           "angoli   Positivi   ==> verso di rotazione  ANTIORARIO. \n\n"
                           "Il TextBox NON accetta espressioni.\n"
                           "Il separatore decimale é la VIRGOLA "));
-    EXPECT_FLOAT_EQ(f.AngoloRuota, -45.5f);
-    EXPECT_FLOAT_EQ(f.AngoloAscens, -45.5f);
-    f.mnuRotQ->trigger(); // cancelled: 0
-    EXPECT_EQ(f.AngoloRuota, 0.0f);
-    f.AngoloRuota = 12;
-    f.mnuRotQ->trigger(); // not a number: told, the angle stays
+    EXPECT_FLOAT_EQ(f->AngoloRuota, -45.5f);
+    EXPECT_FLOAT_EQ(f->AngoloAscens, -45.5f);
+    f->mnuRotQ->trigger(); // cancelled: 0
+    EXPECT_EQ(f->AngoloRuota, 0.0f);
+    f->AngoloRuota = 12;
+    f->mnuRotQ->trigger(); // not a number: told, the angle stays
     ASSERT_EQ(messaggi.registro.size(), 4u);
     EXPECT_EQ(messaggi.registro[3].testo,
               "L'angolo deve essere un numero: mezzo\nIl separatore decimale è la VIRGOLA.\n"
               "------------------------------\nThe angle must be a number.\n");
-    EXPECT_EQ(f.AngoloRuota, 12.0f);
-
-    f.mnuRotAsc->trigger();
-    EXPECT_FLOAT_EQ(f.AngoloRuota, static_cast<float>(360 - sessione.PosX.Asce.Lo));
-    EXPECT_FLOAT_EQ(f.AngoloAscens, static_cast<float>(360 - 15 * sessione.PosX.Asce.AR.Numero()));
-    f.mnuRotAri->trigger();
-    EXPECT_EQ(f.AngoloRuota, 0.0f);
-    EXPECT_EQ(f.AngoloAscens, 0.0f);
+    EXPECT_EQ(f->AngoloRuota, 12.0f);
+    f->mnuRotAsc->trigger();
+    EXPECT_FLOAT_EQ(static_cast<float>(f->Ruota->OpzioniSingola().AngoloRuota),
+                    static_cast<float>(360 - sessione.PosX.Asce.Lo));
+    EXPECT_FLOAT_EQ(f->AngoloAscens, static_cast<float>(360 - 15 * sessione.PosX.Asce.AR.Numero()));
+    f->mnuRotAri->trigger();
+    EXPECT_EQ(f->AngoloRuota, 0.0f);
+    EXPECT_EQ(f->AngoloAscens, 0.0f);
 
     // The two ascensional wheels exclude each other and hide the turn buttons.
-    f.mnuAR->trigger();
-    EXPECT_EQ(f.ModoAscens, 1);
-    EXPECT_FALSE(f.Command1->isVisible());
-    f.mnuAO->trigger();
-    EXPECT_EQ(f.ModoAscens, 2);
-    EXPECT_FALSE(f.mnuAR->isChecked());
-    f.mnuAO->trigger();
-    EXPECT_EQ(f.ModoAscens, 0);
-    EXPECT_TRUE(f.Command2->isVisible());
+    f->mnuAR->trigger();
+    EXPECT_EQ(f->ModoAscens, 1);
+    EXPECT_FALSE(f->Command1->isVisible());
+    f->mnuAO->trigger();
+    EXPECT_EQ(f->ModoAscens, 2);
+    EXPECT_FALSE(f->mnuAR->isChecked());
+    f->mnuAO->trigger();
+    EXPECT_EQ(f->ModoAscens, 0);
+    EXPECT_TRUE(f->Command2->isVisible());
 
     // Pluto's nodes are not computed: told, and the list goes back.
     messaggi.registro.clear();
-    f.comboNodi->setCurrentIndex(5);
-    emit f.comboNodi->activated(5);
+    f->comboNodi->setCurrentIndex(5);
+    emit f->comboNodi->activated(5);
     EXPECT_EQ(stato.NodiScelti, 5);
-    f.comboNodi->setCurrentIndex(26);
-    emit f.comboNodi->activated(26);
+    f->comboNodi->setCurrentIndex(26);
+    emit f->comboNodi->activated(26);
     ASSERT_TRUE(
         test::Box(messaggi, 1, 0, "Lyx - Info Nodi", "Calcolo dei Nodi di Plutone inattivo"));
-    EXPECT_EQ(f.comboNodi->currentIndex(), 5);
-    EXPECT_EQ(f.Ruota->OpzioniSingola().NodiScelti, 5);
+    EXPECT_EQ(f->comboNodi->currentIndex(), 5);
+    EXPECT_EQ(f->Ruota->OpzioniSingola().NodiScelti, 5);
 
     // A held turn button moves the wheel by one degree at the press.
-    QTest::mousePress(f.Command1, Qt::LeftButton);
-    EXPECT_EQ(f.AngoloRuota, -1.0f);
-    EXPECT_EQ(f.Ruota->OpzioniSingola().AngoloRuota, -1.0);
-    EXPECT_TRUE(f.Timer1->isActive());
-    QTest::mouseRelease(f.Command1, Qt::LeftButton);
-    EXPECT_FALSE(f.Timer1->isActive());
-}
-
-// The wheel beside the table is the chart shown, turned and switched as the window says; it fills
-// its place at any size.
-TEST_F(Posizioni_, LaRuotaSegueLaFinestra) {
-    frmOutDati f(sessione, fileDB, messaggi);
-    f.ScorriArchivioCorrente = ScorriArchivio;
-    ASSERT_EQ(f.Ruota->TipoMostrato(), WidgetRuota::Tipo::Singola);
-    EXPECT_FALSE(f.Ruota->OpzioniSingola().DisegnaAspetti);
-    f.mnuAspDC->trigger();
-    EXPECT_EQ(stato.DisegnaAspetti, -1);
-    EXPECT_TRUE(f.Ruota->OpzioniSingola().DisegnaAspetti);
-    f.mnuRotAsc->trigger();
-    EXPECT_FLOAT_EQ(static_cast<float>(f.Ruota->OpzioniSingola().AngoloRuota),
-                    static_cast<float>(360 - sessione.PosX.Asce.Lo));
-
-    // The wheel fills the image whatever its size: the button face in the corners, the lighter
-    // sign ring near the left edge, at the same fraction of the side.
-    for (int lato : {200, 640}) {
-        const QImage img = f.Ruota->Immagine(QSize(lato, lato));
-        const QColor angolo = img.pixelColor(2, 2);
-        EXPECT_EQ(angolo, img.pixelColor(lato - 3, lato - 3));
-        EXPECT_GT(img.pixelColor(lato * 15 / 100, lato * 46 / 100).lightness(), angolo.lightness());
-    }
+    QTest::mousePress(f->Command1, Qt::LeftButton);
+    EXPECT_EQ(f->Ruota->OpzioniSingola().AngoloRuota, -1.0);
+    EXPECT_TRUE(f->Timer1->isActive());
+    QTest::mouseRelease(f->Command1, Qt::LeftButton);
+    EXPECT_FALSE(f->Timer1->isActive());
 }
 
 TEST_F(Posizioni_, FinestreApertaDaQui) {
     stato.DisegnaAspetti = -1;
     QList<QWidget*> registrate;
-    frmOutDati f(sessione, fileDB, messaggi);
-    f.ScorriArchivioCorrente = ScorriArchivio;
-    f.RegistraSecondaria = [&](QWidget* w) { registrate << w; };
-    f.show();
-    EXPECT_TRUE(f.mnuAspDC->isChecked());
-    f.mnuAspDC->trigger();
+    auto f = Apri();
+    f->RegistraSecondaria = [&](QWidget* w) { registrate << w; };
+    f->show();
+    // The wheel draws its aspect lines as the menu says.
+    EXPECT_TRUE(f->mnuAspDC->isChecked());
+    EXPECT_TRUE(f->Ruota->OpzioniSingola().DisegnaAspetti);
+    f->mnuAspDC->trigger();
     EXPECT_EQ(stato.DisegnaAspetti, 0);
-    f.mnuAspDC->trigger();
+    EXPECT_FALSE(f->Ruota->OpzioniSingola().DisegnaAspetti);
+    f->mnuAspDC->trigger();
     EXPECT_EQ(stato.DisegnaAspetti, -1);
 
-    f.mnuAspS->trigger();
-    ASSERT_TRUE(f.Selezione);
-    EXPECT_TRUE(f.Selezione->isVisible());
+    f->mnuAspS->trigger();
+    ASSERT_TRUE(f->Selezione);
+    EXPECT_TRUE(f->Selezione->isVisible());
     EXPECT_EQ(stato.SelezioneDaPosizioni, -1);
-    EXPECT_EQ(sessione.TemaY, f.TemaMostrato());
-    EXPECT_EQ(sessione.PosY, f.PosMostrate());
-    f.Selezione->Command1->click();
+    EXPECT_EQ(sessione.TemaY, f->TemaMostrato());
+    EXPECT_EQ(sessione.PosY, f->PosMostrate());
+    f->Selezione->Command1->click();
     EXPECT_EQ(stato.SelezioneDaPosizioni, 0);
 
-    f.mnuDom->trigger();
-    ASSERT_TRUE(f.Domicili);
-    EXPECT_EQ(f.Domicili->windowTitle(), "Lyx - Domiciliazioni di Prova                         ");
-    EXPECT_EQ(sessione.PosDomi, f.PosMostrate());
+    f->mnuDom->trigger();
+    ASSERT_TRUE(f->Domicili);
+    EXPECT_EQ(f->Domicili->windowTitle(), "Lyx - Domiciliazioni di Prova                         ");
+    EXPECT_EQ(sessione.PosDomi, f->PosMostrate());
     EXPECT_EQ(registrate.size(), 2);
     EXPECT_EQ(registrate[1]->objectName(), "frmDomicili");
 }

@@ -86,9 +86,17 @@ protected:
 
 } // namespace
 
-TEST_F(Stampe, DidascalieDelMenu) {
+TEST_F(Stampe, CaricaLoSlotSceltoEDidascalie) {
+    slot = 2;
     f->Form_Load();
+    EXPECT_TRUE(f->isVisible());
     EXPECT_EQ(f->windowTitle(), "Lyx - Stampe");
+    EXPECT_EQ(Segni(), (std::vector<bool>{false, true, false, false}));
+    EXPECT_TRUE(f->mnuFileStampeColBN_BN->isChecked());
+    EXPECT_EQ(f->TemaPagina().Nome, s.TemaTra.Nome);
+    EXPECT_TRUE(f->DocumentoInAttesa());
+    EXPECT_FALSE(f->pagina->Vuota());
+    EXPECT_EQ(f->lbInCorso->text(), "Disegno in corso ...");
     const std::pair<const char*, const char*> voci[] = {
         {"mnuFileStampeOpzioni", "&Opzioni"},
         {"mnuFileStampeChe", "&Che Stampa"},
@@ -106,33 +114,10 @@ TEST_F(Stampe, DidascalieDelMenu) {
         {"mnuFileStampePdf", "Salva PDF..."},
         {"nmuFileStampEsci", "&Esci"},
     };
-    for (const auto& [nome, testo] : voci) {
-        QAction* a = Voce(nome);
-        if (a) {
+    for (const auto& [nome, testo] : voci)
+        if (QAction* a = Voce(nome)) {
             EXPECT_EQ(a->text().toStdString(), testo) << nome;
         }
-    }
-    auto* che = new frmCheStampe;
-    const std::pair<QPushButton*, int> pulsanti[] = {
-        {che->cmdTN, 1}, {che->cmdT, 2}, {che->cmdR, 3}, {che->cmdD, 4}};
-    for (const auto& [b, n] : pulsanti) {
-        che->CheStampa = 0;
-        b->click();
-        EXPECT_EQ(che->CheStampa, n) << b->objectName().toStdString();
-    }
-    delete che;
-}
-
-TEST_F(Stampe, CaricaLoSlotScelto) {
-    slot = 2;
-    f->Form_Load();
-    EXPECT_TRUE(f->isVisible());
-    EXPECT_EQ(Segni(), (std::vector<bool>{false, true, false, false}));
-    EXPECT_TRUE(f->mnuFileStampeColBN_BN->isChecked());
-    EXPECT_EQ(f->TemaPagina().Nome, s.TemaTra.Nome);
-    EXPECT_TRUE(f->DocumentoInAttesa());
-    EXPECT_FALSE(f->pagina->Vuota());
-    EXPECT_EQ(f->lbInCorso->text(), "Disegno in corso ...");
 
     // Another entry: it alone is checked and its slot is composed.
     f->mnuFileStampeChe[3]->trigger();
@@ -140,6 +125,15 @@ TEST_F(Stampe, CaricaLoSlotScelto) {
     EXPECT_EQ(f->OpzioniDellaPagina().CheStampa, 4);
     f->mnuFileStampeChe[0]->trigger();
     EXPECT_EQ(f->TemaPagina().Nome, s.TemaNat.Nome);
+    // The choice's own buttons, one slot each.
+    frmCheStampe che;
+    const std::pair<QPushButton*, int> pulsanti[] = {
+        {che.cmdTN, 1}, {che.cmdT, 2}, {che.cmdR, 3}, {che.cmdD, 4}};
+    for (const auto& [b, n] : pulsanti) {
+        che.CheStampa = 0;
+        b->click();
+        EXPECT_EQ(che.CheStampa, n) << n;
+    }
 }
 
 TEST_F(Stampe, SenzaSceltaSiScarica) {
@@ -155,7 +149,7 @@ TEST_F(Stampe, SenzaSceltaSiScarica) {
     EXPECT_TRUE(m.registro.empty());
 }
 
-TEST_F(Stampe, ColoriInattivoEAspettiDisegnati) {
+TEST_F(Stampe, ColoriInattivoAspettiESelezione) {
     f->Form_Load();
     f->mnuFileStampeColBN_Col->trigger();
     ASSERT_TRUE(test::Box(m, 1, 0, "Lyx - Stampa a Colori", "INATTIVA"));
@@ -167,14 +161,8 @@ TEST_F(Stampe, ColoriInattivoEAspettiDisegnati) {
     f->mnuFileStampeDisegna->trigger();
     EXPECT_EQ(stato.DisegnaAspetti, -1);
     EXPECT_TRUE(f->OpzioniDellaPagina().DisegnaAspetti);
-    f->mnuFileStampeDisegna->trigger();
-    EXPECT_EQ(stato.DisegnaAspetti, 0);
-    EXPECT_FALSE(f->OpzioniDellaPagina().DisegnaAspetti);
-}
 
-TEST_F(Stampe, SelezioneAspettiRicomponeLaPagina) {
-    stato.DisegnaAspetti = -1;
-    f->Form_Load();
+    // The selection of the aspects composes the page anew when it closes.
     f->mnuFileStampeSelAspetti->trigger();
     ASSERT_TRUE(f->Selezione);
     EXPECT_EQ(stato.SelezioneDaStampe, -1);
@@ -184,6 +172,9 @@ TEST_F(Stampe, SelezioneAspettiRicomponeLaPagina) {
     f->Selezione->Command1->click();
     EXPECT_EQ(stato.SelezioneDaStampe, 0);
     EXPECT_FLOAT_EQ(f->OpzioniDellaPagina().Aspetti.Orbita, 4.0f);
+    f->mnuFileStampeDisegna->trigger();
+    EXPECT_EQ(stato.DisegnaAspetti, 0);
+    EXPECT_FALSE(f->OpzioniDellaPagina().DisegnaAspetti);
 }
 
 TEST_F(Stampe, StampaSuStampanteEPdf) {
