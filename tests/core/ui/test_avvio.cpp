@@ -50,7 +50,7 @@ protected:
 
 } // namespace
 
-TEST_F(AvvioTest, PrimaVoltaBastaOk) {
+TEST_F(AvvioTest, PrimaVoltaSfogliaEOk) {
     bool aperto = false;
     EsitoAvvio e = Avvia(programma, sessione, messaggi, [&](frmInputIni& f) {
         aperto = true;
@@ -58,6 +58,17 @@ TEST_F(AvvioTest, PrimaVoltaBastaOk) {
         EXPECT_TRUE(f.PrimaVolta);
         test::Testi(&f, {{"TextDB", db}, {"TextNaz", "Italy"}, {"TextCity", "Padova"}});
         EXPECT_TRUE(f.OptNazioni->isChecked());
+        // The database chooser cancelled leaves the box; the program's chooser fills its own.
+        QStringList titoli;
+        f.ScegliFile = [&](const QString& titolo, const QString&) -> std::optional<QString> {
+            titoli << titolo;
+            if (titolo.contains("DataBase")) return std::nullopt;
+            return QString("/opt/astro/astrolog");
+        };
+        f.CmdDB->click();
+        f.CmdExe->click();
+        EXPECT_EQ(titoli, QStringList({"Vesmo - Cerca DataBase", "Vesmo - Cerca Astrolog.Exe"}));
+        f.OptCity->setChecked(true);
         f.CmdOk->click();
         return f.Salvato;
     });
@@ -67,7 +78,8 @@ TEST_F(AvvioTest, PrimaVoltaBastaOk) {
     ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Avvio",
                           "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n"));
     EXPECT_EQ(e.percorsi.FileDB, SS(db));
-    EXPECT_EQ(e.cfg.Ordinamento.str(), "N");
+    EXPECT_EQ(e.percorsi.CmdAstrolog, "/opt/astro/astrolog ");
+    EXPECT_EQ(e.cfg.Ordinamento.str(), "C");
     EXPECT_EQ(QFileInfo(QDir(programma).filePath("Vesmodat.ini")).size(), 325);
     EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Default Now");
     // The next start finds everything and asks nothing.
@@ -89,28 +101,6 @@ TEST_F(AvvioTest, EsciLasciaUnFileVuotoEIlDialogoTorna) {
     Avvia(programma, sessione, m2, [&](frmInputIni&) { return !(aperto = true); });
     EXPECT_TRUE(aperto);
     EXPECT_TRUE(m2.registro.empty());
-}
-
-TEST_F(AvvioTest, SfogliaCambiaIPercorsiEOrdinamentoPerCity) {
-    EsitoAvvio e = Avvia(programma, sessione, messaggi, [&](frmInputIni& f) {
-        QStringList titoli;
-        f.ScegliFile = [&](const QString& titolo, const QString&) -> std::optional<QString> {
-            titoli << titolo;
-            if (titolo.contains("DataBase")) return QString("/altrove/VESMODAT.MDB");
-            return QString("/opt/astro/astrolog");
-        };
-        f.CmdDB->click();
-        f.CmdExe->click();
-        EXPECT_EQ(titoli, QStringList({"Vesmo - Cerca DataBase", "Vesmo - Cerca Astrolog.Exe"}));
-        EXPECT_EQ(f.TextDB->text(), "/altrove/VESMODAT.MDB");
-        f.OptCity->setChecked(true);
-        f.CmdOk->click();
-        return f.Salvato;
-    });
-    ASSERT_TRUE(e.continua);
-    EXPECT_EQ(e.percorsi.FileDB, "/altrove/VESMODAT.MDB");
-    EXPECT_EQ(e.percorsi.CmdAstrolog, "/opt/astro/astrolog ");
-    EXPECT_EQ(e.cfg.Ordinamento.str(), "C");
 }
 
 TEST_F(AvvioTest, DialogoDalMenuEFileNonScrivibile) {
