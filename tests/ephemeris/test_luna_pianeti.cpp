@@ -2,6 +2,7 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <tuple>
 
 #include "core/Aritmetica.h"
 #include "core/Tema.h"
@@ -56,6 +57,11 @@ TEST(Pianeti, EsempioMeeusMercurio1978) {
     EXPECT_NEAR(Gradi(g.lat), Esempio("mercurio_1978_beta"), 0.001);
     EXPECT_NEAR(g.dist, Esempio("mercurio_1978_delta"), 0.00002);
     EXPECT_NEAR(Gradi(elong), 22.17, 0.01); // the book's elongation
+    // The Earth has no elements of its own: zeros, and no anomaly given.
+    M = 99;
+    ElementiPianeta(jd, NumTerra, 1, el, M);
+    EXPECT_EQ(std::make_tuple(el.L, el.a, el.e, el.i, el.w, el.O, M),
+              std::make_tuple(0.0, 0.0, 0.0, 0.0, 0.0, 0.0, 99.0));
 }
 
 TEST(Pianeti, SommeDellePerturbazioniDiUranoENettuno) {

@@ -182,6 +182,42 @@ TEST_F(File, EngineFailuresNameTheirCause) {
     EXPECT_EQ(testo.rfind("3027: Database di sola lettura. ", 0), 0u) << testo;
 }
 
+// A full disk in the middle of a transaction: the engine has rolled it back, the rollback that
+// follows raises nothing, and the file holds what it held before.
+TEST_F(File, FullDiskInATransactionTellsTheDiskAndKeepsTheFile) {
+    const auto pagine = std::filesystem::file_size(dir / "Vesmodat.Mdb") / 4096;
+    db.Esegui("PRAGMA max_page_count = " + std::to_string(pagine + 2));
+    db.IniziaTransazione();
+    const std::string testo = Testo(ErroreDB::DiscoPieno, [&] {
+        db.CreaTabella("Grande", {{"t", TipoCampo::Memo, 0, true}});
+        for (int i = 0; i < 1000; ++i)
+            db.Esegui("INSERT INTO Grande (t) VALUES ('" + std::string(1000, 'g') + "')");
+    });
+    EXPECT_EQ(testo.rfind("3026: Disco pieno. ", 0), 0u) << testo;
+    EXPECT_NO_THROW(db.AnnullaTransazione());
+    EXPECT_NO_THROW(db.AnnullaTransazione()); // nothing left to roll back is no error either
+    EXPECT_FALSE(db.EsisteTabella("Grande"));
+    EXPECT_EQ(Cursore(db, "Amici").RecordCount(), 3);
+}
+
+// The check before a write: a sound file passes, a damaged one is named and refused.
+TEST_F(File, DamagedFileIsRefusedBeforeWriting) {
+    EXPECT_NO_THROW(db.VerificaPrimaDiScrivere());
+    db.CreaTabella("Zavorra", {{"t", TipoCampo::Memo, 0, true}});
+    for (int i = 0; i < 100; ++i)
+        db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(500, 'z') + "')");
+    db.Chiudi();
+    test::DanneggiaUltimaPagina(dir / "Vesmodat.Mdb");
+    Database danneggiato(dir / "Vesmodat.Mdb");
+    const std::string testo =
+        Testo(ErroreDB::FormatoNonRiconosciuto, [&] { danneggiato.VerificaPrimaDiScrivere(); });
+    EXPECT_EQ(testo.rfind("3343: Il file " + (dir / "Vesmodat.Mdb").string() +
+                              " è danneggiato: nessuna scrittura",
+                          0),
+              0u)
+        << testo;
+}
+
 TEST_F(File, CompactionCopiesTablesAndIndexesOrKeepsTheSourceWhole) {
     db.Esegui("DELETE FROM Amici WHERE Nome = 'Anna'");
     db.Chiudi();
