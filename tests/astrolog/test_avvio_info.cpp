@@ -51,14 +51,11 @@ struct AvviatoreRegistrato {
     }
 };
 
-std::string Contenuto(const std::filesystem::path& f) {
-    std::ifstream in(f, std::ios::binary);
+// The lines of a file, each ending in CR LF.
+std::vector<std::string> Righe(const std::filesystem::path& f) {
     std::ostringstream s;
-    s << in.rdbuf();
-    return s.str();
-}
-
-std::vector<std::string> Righe(const std::string& testo) {
+    s << std::ifstream(f, std::ios::binary).rdbuf();
+    const std::string testo = s.str();
     std::vector<std::string> r;
     std::size_t da = 0, p;
     while ((p = testo.find("\r\n", da)) != std::string::npos) {
@@ -100,7 +97,13 @@ TEST_F(AvvioAstrolog, AvviaConLaRigaIntera) {
     EXPECT_EQ(p.programma, (cartella / "Astrolog Dir/Astrolog.exe").string());
     EXPECT_EQ(p.cartella, (cartella / "Astrolog Dir").string());
     EXPECT_EQ(p.argomenti, ArgomentiRiga(pannello));
-    EXPECT_EQ(p.argomenti[17], "Prova");
+    EXPECT_EQ(t, Prova());
+
+    // Another failure than a line too long shows nothing and is not tried again.
+    avviatore.esiti = {EsitoPartenza::Fallito};
+    EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
+    EXPECT_EQ(avviatore.partenze.size(), 2u);
+    EXPECT_TRUE(messaggi.registro.empty());
     EXPECT_EQ(t, Prova());
 }
 
@@ -111,25 +114,13 @@ TEST_F(AvvioAstrolog, RigaTroppoLungaRiprovaConIniziali) {
     // The second start is not looked at beyond its own result: no third try.
     EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
     ASSERT_EQ(avviatore.partenze.size(), 2u);
-    const auto& a1 = avviatore.partenze[0].argomenti;
-    const auto& a2 = avviatore.partenze[1].argomenti;
-    EXPECT_EQ(std::vector<std::string>(a1.end() - 2, a1.end()),
-              (std::vector<std::string>{"Bartolomeo", "Padova"}));
-    EXPECT_EQ(std::vector<std::string>(a2.end() - 2, a2.end()),
-              (std::vector<std::string>{"B.", "P."}));
-    EXPECT_EQ(t.Nome.Valore(), "B.");
-    EXPECT_EQ(t.City.Valore(), "P.");
+    EXPECT_EQ(avviatore.partenze[0].argomenti.back(), "Padova");
+    EXPECT_EQ(avviatore.partenze[0].argomenti.end()[-2], "Bartolomeo");
+    EXPECT_EQ(avviatore.partenze[1].argomenti.back(), "P.");
+    EXPECT_EQ(avviatore.partenze[1].argomenti.end()[-2], "B.");
+    EXPECT_EQ(t.Nome.Valore() + t.City.Valore(), "B.P.");
     EXPECT_NE(pannello.find("-zi \"B.\" \"P.\" "), std::string::npos);
     EXPECT_TRUE(messaggi.registro.empty());
-}
-
-TEST_F(AvvioAstrolog, AltroErroreNonMostraNienteENonRiprova) {
-    Tema t = Prova();
-    avviatore.esiti = {EsitoPartenza::Fallito};
-    EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
-    EXPECT_EQ(avviatore.partenze.size(), 1u);
-    EXPECT_TRUE(messaggi.registro.empty());
-    EXPECT_EQ(t, Prova());
 }
 
 TEST_F(AvvioAstrolog, SenzaProgrammaLoDice) {
@@ -137,7 +128,7 @@ TEST_F(AvvioAstrolog, SenzaProgrammaLoDice) {
     const std::string attesoNessuno = "Nessun programma Astrolog impostato.\n"
                                       "Indicarlo in  File -> Default  Vesmo\n" +
                                       std::string(30, '-') + "\nNo Astrolog program set.\n";
-    for (const char* cmd : {"", " ", "/usr/bin/vim "}) {
+    for (const char* cmd : {" ", "/usr/bin/vim "}) {
         SCOPED_TRACE(cmd);
         messaggi.registro.clear();
         percorsi.CmdAstrolog = cmd;
@@ -181,9 +172,8 @@ TEST(ChartInfo, FileDiEsempioRigaPerRiga) {
         Prova(), TestiProva(), {}, m, [&] { return file.string(); }, pannello));
     EXPECT_TRUE(m.registro.empty());
     EXPECT_EQ(pannello.substr(0, 3), "=X ");
-    const auto scritte = Righe(Contenuto(file));
-    const auto attese =
-        Righe(Contenuto(std::string(VESMO_DATI_TEST) + "/astrolog/Prova_Padova.dat"));
+    const auto scritte = Righe(file);
+    const auto attese = Righe(std::string(VESMO_DATI_TEST) + "/astrolog/Prova_Padova.dat");
     ASSERT_EQ(attese.size(), 3u);
     EXPECT_EQ(scritte, attese);
 
@@ -192,7 +182,7 @@ TEST(ChartInfo, FileDiEsempioRigaPerRiga) {
     t.Nome = "Niccolò";
     ASSERT_TRUE(SalvaInfo(
         t, TestiProva(), {}, m, [&] { return file.string(); }, pannello));
-    const auto righe = Righe(Contenuto(file));
+    const auto righe = Righe(file);
     ASSERT_EQ(righe.size(), 3u);
     EXPECT_EQ(righe[2], "/zi \"Niccol\xF2\" \"Padova\" ");
 }
@@ -230,22 +220,32 @@ TEST(ChartInfo, OraParolaEstivaEFuso) {
     }
 }
 
-TEST(ChartInfo, EstivaNonScrivibileEMeseFuoriScala) {
+// Refusals before the file dialog (a summer time Astrolog cannot write, a month out of range)
+// and after it (a file that cannot be written); a cancelled dialog says nothing.
+TEST(ChartInfo, RifiutiEAnnullato) {
     Cartella cartella;
-    const auto file = cartella / "no.dat";
-    const std::string testoEstiva = "Ora Estiva con minuti.\nOppure Ore Estive > 1\n"
-                                    "Salvataggio Info Impossibile\n" +
-                                    std::string(30, '-') +
-                                    "\nSorry: Not possible this Save Info :-(\n";
+    const std::string file = (cartella / "manca/info.dat").string(), trattini(30, '-');
+    const std::string estiva = "Ora Estiva con minuti.\nOppure Ore Estive > 1\n"
+                               "Salvataggio Info Impossibile\n" +
+                               trattini + "\nSorry: Not possible this Save Info :-(\n";
     struct Caso {
-        const char *ore, *minuti, *mese, *testo;
+        const char *ore, *minuti, *mese;
+        std::string testo;
+        bool chiesto;
     };
-    const std::string testoMese = "Mese non valido:  13\nSalvataggio Info Impossibile\n" +
-                                  std::string(30, '-') + "\nMonth out of range 1 - 12\n";
-    const Caso casi[] = {{"1", "30", "1", testoEstiva.c_str()},
-                         {"2", "0", "1", testoEstiva.c_str()},
-                         {"0", "0", "13", testoMese.c_str()}};
+    const Caso casi[] = {
+        {"1", "30", "1", estiva, false},
+        {"2", "0", "1", estiva, false},
+        {"0", "0", "13",
+         "Mese non valido:  13\nSalvataggio Info Impossibile\n" + trattini +
+             "\nMonth out of range 1 - 12\n",
+         false},
+        {"0", "0", "1",
+         "Impossibile scrivere il file\n" + file + "\n" + trattini + "\nCannot write the file.\n",
+         true},
+    };
     for (const Caso& c : casi) {
+        SCOPED_TRACE(c.testo);
         MessaggiRegistrati m;
         TestiInfo testi = TestiProva();
         testi.Text22 = c.ore;
@@ -253,34 +253,20 @@ TEST(ChartInfo, EstivaNonScrivibileEMeseFuoriScala) {
         testi.Text4 = c.mese;
         bool chiesto = false;
         std::string pannello;
-        EXPECT_FALSE(SalvaInfo(
-            Prova(), testi, {}, m,
-            [&]() -> std::optional<std::string> {
-                chiesto = true;
-                return file.string();
-            },
-            pannello));
-        EXPECT_FALSE(chiesto) << "the file dialog opened";
+        auto dialogo = [&]() -> std::optional<std::string> {
+            chiesto = true;
+            return file;
+        };
+        EXPECT_FALSE(SalvaInfo(Prova(), testi, {}, m, dialogo, pannello));
+        EXPECT_EQ(chiesto, c.chiesto);
         ASSERT_EQ(m.registro.size(), 1u);
         EXPECT_EQ(m.registro[0].titolo, "Vesmo - Salva Info");
         EXPECT_EQ(m.registro[0].testo, c.testo);
         EXPECT_FALSE(std::filesystem::exists(file));
     }
-}
-
-TEST(ChartInfo, AnnullatoOFileNonScrivibile) {
-    Cartella cartella;
     MessaggiRegistrati m;
     std::string pannello;
     EXPECT_FALSE(SalvaInfo(
         Prova(), TestiProva(), {}, m, [] { return std::nullopt; }, pannello));
     EXPECT_TRUE(m.registro.empty());
-
-    const std::string dentroUnaCartella = (cartella / "manca/info.dat").string();
-    EXPECT_FALSE(SalvaInfo(
-        Prova(), TestiProva(), {}, m, [&] { return dentroUnaCartella; }, pannello));
-    ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Vesmo - Salva Info");
-    EXPECT_EQ(m.registro[0].testo, "Impossibile scrivere il file\n" + dentroUnaCartella + "\n" +
-                                       std::string(30, '-') + "\nCannot write the file.\n");
 }

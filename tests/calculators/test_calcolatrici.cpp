@@ -1,5 +1,5 @@
-// The calculators' arithmetic: boxes, Julian days both ways, sums, Delta T text, equation of time
-// and coordinate conversions (Meeus' examples), and the five notations of an angle.
+// The calculators' arithmetic: boxes, Julian days both ways, sums, Delta T text, the equation of
+// time (Meeus' example), and the five notations of an angle.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -52,10 +52,9 @@ TEST(GiorniGiuliani, DallaDataAlJD) {
         JDDellaCornice(CorniceJD{"1", "1", "2000", "12", "0", "36,0", 0, "0", false, ""}, 0),
         2451545.0 + 0.01 / 24, 1e-9);
     // 99 stands for the working chart's longitude: a local mean time.
-    CorniceJD lmt = CorniceJD{"1", "1", "2000", "12", "0", "0", 0, "99", false, ""};
-    EXPECT_DOUBLE_EQ(FusoDellaCornice(lmt, -0.8), -0.8);
-    lmt.Est = true;
-    EXPECT_DOUBLE_EQ(FusoDellaCornice(lmt, -0.8), -0.8);
+    for (bool est : {false, true})
+        EXPECT_DOUBLE_EQ(
+            FusoDellaCornice(CorniceJD{"", "", "", "", "", "", 0, "99", est, ""}, -0.8), -0.8);
     EXPECT_DOUBLE_EQ(FusoDellaCornice(CorniceJD{"", "", "", "", "", "", 0, "3", true, ""}, 0), -3);
     EXPECT_THROW(JDDellaCornice(CorniceJD{"1", "x", "2000", "12", "0", "0", 0, "0", false, ""}, 0),
                  ErroreTipo);
@@ -114,24 +113,17 @@ TEST(GiorniGiuliani, TemaCaricatoNuovoESomma) {
     EXPECT_NEAR(*NumeroDiCasella(c.JD), 2446895.5 + 17.5 / 24, 1e-8);
 
     // A zone with a fraction is a local mean time, shown as 99.
-    Tema lmt = t;
-    lmt.Fuso = -0.7921;
-    lmt.Estiva = 0;
-    CorniceJD cl = CorniceDelTema(lmt);
-    EXPECT_EQ(cl.Fuso, "99");
-    EXPECT_TRUE(cl.Est);
-    EXPECT_DOUBLE_EQ(FusoDellaCornice(cl, lmt.Lon), -0.7921);
+    t.Fuso = -0.7921;
+    EXPECT_EQ(CorniceDelTema(t).Fuso, "99");
+    t.Fuso = -1;
 
     Tema n = NuovoDallaCornice(c, t);
-    EXPECT_EQ(n.Nome.Valore(), "Nuovo JD");
-    EXPECT_EQ(n.City.Valore(), "City di Nuovo");
-    EXPECT_EQ(std::make_tuple(n.Lon, n.Lat, n.Day, n.Estiva, n.Fuso),
-              std::make_tuple(t.Lon, t.Lat, t.Day, t.Estiva, t.Fuso));
-    EXPECT_DOUBLE_EQ(n.OraL, 19.5);
+    EXPECT_EQ(n.Nome.Valore() + "/" + n.City.Valore(), "Nuovo JD/City di Nuovo");
+    EXPECT_EQ(std::make_tuple(n.Lon, n.Lat, n.Day, n.Estiva, n.Fuso, n.OraL),
+              std::make_tuple(t.Lon, t.Lat, t.Day, t.Estiva, t.Fuso, t.OraL));
 
     // The sums: an empty or wrong sign gives nothing.
-    EXPECT_FALSE(SommaJD("2451545", "", "1").has_value());
-    EXPECT_FALSE(SommaJD("2451545", "*", "1").has_value());
+    EXPECT_FALSE(SommaJD("2451545", "", "1") || SommaJD("2451545", "*", "1"));
     EXPECT_DOUBLE_EQ(*SommaJD("2451545", "+", "1,5"), 2451546.5);
     EXPECT_DOUBLE_EQ(*SommaJD("2451545", "-", "365,25"), 2451179.75);
     EXPECT_DOUBLE_EQ(*SommaJD("2451545", "+", ""), 2451545);
@@ -140,22 +132,15 @@ TEST(GiorniGiuliani, TemaCaricatoNuovoESomma) {
     // 2:00 of the clock one hour east with summer time.
     Tema y = TemaAlJD(t, 2451546.5);
     EXPECT_EQ(y.Day, 2451546.5);
-    EXPECT_NEAR(y.OraL, 2.0, 1e-9);
-    EXPECT_EQ(y.Lon, t.Lon);
+    EXPECT_NEAR(y.OraL, 2.0, 1e-9); // hours
 }
 
 TEST(DeltaTTesto, SecondiMinutiOre) {
     // 1993: 59.12 seconds.
     EXPECT_EQ(TestoDeltaT(59.12 / 60), "DeltaT = 59,12s  = 0,9853m  = 0,0164h");
     const std::string aiuto = AiutoDeltaT();
-    EXPECT_EQ(aiuto.rfind("TE, tempo delle effemeridi, è un tempo uniforme basato sui moti "
-                          "planetari.\n",
-                          0),
-              0u);
-    EXPECT_NE(aiuto.find(" Anno   DeltaT   |  Anno   DeltaT       |   Anno   DeltaT\n"),
-              std::string::npos);
-    for (const char* voce :
-         {"1710   -0,2", "1971   +0,7", "1992     +0,9718", "1996   E +1,033", "1998   E +1,066"})
+    for (const char* voce : {" Anno   DeltaT   |  Anno   DeltaT       |   Anno   DeltaT\n",
+                             "1710   -0,2", "1992     +0,9718", "1998   E +1,066"})
         EXPECT_NE(aiuto.find(voce), std::string::npos) << voce;
     // 1990 and 1991 stand in the table of the calculation, not in the one shown.
     EXPECT_EQ(aiuto.find("1990"), std::string::npos);
@@ -168,24 +153,6 @@ TEST(EquazioneDelTempo, EsempioDiMeeus) {
     const double atteso = (13 * 60 + 42.7) / 86400.0 * 2 * PI;
     EXPECT_NEAR(EquazioneDelTempo(jd), atteso, 1.0 / 86400 * 2 * PI); // one second of time
     EXPECT_EQ(TestoEqT(-0.071234567891), "EqT = -0,0712346 radianti");
-}
-
-TEST(EclitticheEquatoriali, EsempioDiMeeus) {
-    // Meeus, example 13.a: Pollux, alpha 7h45m18.946s, delta +28d01'34.26", on the equinox
-    // J2000.0 with the mean obliquity 23.4392911: lambda 113.215630, beta 6.684170.
-    const double jd = 2451545.0;
-    // Cancro 23d12'56.27" is 113.215630; 6d41'03" goes in as 6d41', the box's whole minutes.
-    Equatoriali q = EclitticheAEquatoriali(jd, {3, 23, 12, 56.27, 6, 41});
-    // Three seconds of arc less in latitude move alpha by well under a second of time.
-    EXPECT_EQ(std::make_tuple(q.AR_h, q.AR_m, q.Dec_Gradi), std::make_tuple(7.0, 45.0, 28.0));
-    EXPECT_NEAR(q.AR_s, 18.946, 0.5);
-    EXPECT_NEAR(q.Dec_Primi, 1.5, 0.5); // about 28d01'31": minutes rounded on the seconds
-
-    Eclittiche e = EquatorialiAEclittiche(jd, {7, 45, 18.946, 28, 2}); // 26" north of Pollux
-    EXPECT_EQ(std::make_tuple(e.Segno, e.Lon_Gradi, e.Lat_Gradi), std::make_tuple(3, 23.0, 6.0));
-    // The longitude moves by a few seconds of arc and the latitude by about 24".
-    EXPECT_NEAR(e.Lon_Primi * 60 + e.Lon_Sec, 12 * 60 + 56.27, 15);
-    EXPECT_NEAR(e.Lat_Primi, 41, 1);
 }
 
 namespace {
@@ -224,7 +191,6 @@ TEST(FormatiNumerici, ContaSoloLUltimaCasellaENullaSenzaInput) {
     FormatiNumerici f;
     f.CommandOK();
     EXPECT_EQ(f.Testo, (std::array<std::string, 9>{}));
-
     f.Scrivi(0, "10");
     f.Scrivi(6, "30,5");
     f.CommandOK();

@@ -29,8 +29,7 @@ double ObliquitaMediaSwe(double jd) {
 }
 
 double DifferenzaAngolo(double a, double b) {
-    double d = std::fmod(std::fabs(a - b), 360.0);
-    return d > 180 ? 360 - d : d;
+    return std::fabs(std::remainder(a - b, 360.0));
 }
 
 } // namespace

@@ -8,6 +8,8 @@
 #include <iterator>
 #include <optional>
 #include <string>
+#include <unistd.h>
+#include <vector>
 
 #include "core/Cartelle.h"
 
@@ -26,95 +28,80 @@ void Scrivi(const fs::path& f, const std::string& testo) {
     std::ofstream(f, std::ios::binary) << testo;
 }
 
-// A temporary folder with HOME pointed inside it and the XDG variables unset; everything put
-// back at the end.
+// HOME inside a temporary folder, the XDG variables unset, and <radice>/usr/bin installed beside
+// <radice>/usr/share/vesmo/Vesmodat.Mdb; everything put back at the end.
 class CartelleTest : public ::testing::Test {
 protected:
     void SetUp() override {
-        radice =
-            fs::temp_directory_path() /
-            ("vesmo-cartelle-" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
-             "-" + ::testing::UnitTest::GetInstance()->current_test_info()->name());
         fs::remove_all(radice);
-        fs::create_directories(radice / "casa");
         for (const char* v : {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"}) {
             const char* prima = std::getenv(v);
             salvate.push_back({v, prima ? std::optional<std::string>(prima) : std::nullopt});
+            unsetenv(v);
         }
-        setenv("HOME", (radice / "casa").c_str(), 1);
-        unsetenv("XDG_CONFIG_HOME");
-        unsetenv("XDG_DATA_HOME");
+        setenv("HOME", casa.c_str(), 1);
+        fs::create_directories(programma);
+        Scrivi(consegnato, "consegnato");
     }
     void TearDown() override {
-        for (const auto& [nome, valore] : salvate) {
-            if (valore)
-                setenv(nome.c_str(), valore->c_str(), 1);
-            else
-                unsetenv(nome.c_str());
-        }
+        for (const auto& [nome, valore] : salvate)
+            valore ? setenv(nome.c_str(), valore->c_str(), 1) : unsetenv(nome.c_str());
         fs::remove_all(radice);
     }
-    // <radice>/usr/bin with <radice>/usr/share/vesmo/Vesmodat.Mdb holding `contenuto`.
-    fs::path Installa(const std::string& contenuto) {
-        fs::create_directories(radice / "usr" / "bin");
-        Scrivi(radice / "usr" / "share" / "vesmo" / "Vesmodat.Mdb", contenuto);
-        return radice / "usr" / "bin";
-    }
-    fs::path radice;
+    const fs::path radice = fs::temp_directory_path() /
+                            ("vesmo-cartelle-" + std::to_string(::getpid()) + "-" +
+                             ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    const fs::path casa = radice / "casa", programma = radice / "usr" / "bin";
+    const fs::path consegnato = radice / "usr" / "share" / "vesmo" / "Vesmodat.Mdb";
+    const fs::path dati = casa / ".local" / "share" / "vesmo";
     std::vector<std::pair<std::string, std::optional<std::string>>> salvate;
 };
 
 } // namespace
 
-TEST_F(CartelleTest, DalloAlberoDiCompilazioneTuttoAccantoAlProgramma) {
-    const fs::path programma = radice / "build" / "app";
-    fs::create_directories(programma);
-    EXPECT_FALSE(ProgrammaInstallato(programma));
-    EXPECT_EQ(CartellaImpostazioni(programma), programma);
-    EXPECT_TRUE(DatabaseConsegnato(programma).empty());
-    EXPECT_TRUE(CopiaUtenteDatabase(programma).empty());
-    EXPECT_FALSE(fs::exists(radice / "casa" / ".local"));
-}
+TEST_F(CartelleTest, AlberoDiCompilazioneOInstallatoConXdgAssolute) {
+    const fs::path build = radice / "build" / "app";
+    fs::create_directories(build);
+    EXPECT_FALSE(ProgrammaInstallato(build));
+    EXPECT_EQ(CartellaImpostazioni(build), build);
+    EXPECT_TRUE(DatabaseConsegnato(build).empty());
+    EXPECT_TRUE(CopiaUtenteDatabase(build).empty());
+    EXPECT_FALSE(fs::exists(casa / ".local"));
 
-TEST_F(CartelleTest, InstallatoUsaLeCartelleDellUtenteEXdgAssolute) {
-    const fs::path programma = Installa("consegnato");
     EXPECT_TRUE(ProgrammaInstallato(programma));
-    EXPECT_EQ(DatabaseConsegnato(programma), radice / "usr" / "share" / "vesmo" / "Vesmodat.Mdb");
-    EXPECT_EQ(CartellaImpostazioni(programma), radice / "casa" / ".config" / "vesmo");
-    EXPECT_EQ(CartellaDatiUtente(), radice / "casa" / ".local" / "share" / "vesmo");
+    EXPECT_EQ(DatabaseConsegnato(programma), consegnato);
+    EXPECT_EQ(CartellaImpostazioni(programma), casa / ".config" / "vesmo");
+    EXPECT_EQ(CartellaDatiUtente(), dati);
     setenv("XDG_CONFIG_HOME", (radice / "conf").c_str(), 1);
     setenv("XDG_DATA_HOME", (radice / "dati").c_str(), 1);
     EXPECT_EQ(CartellaConfigUtente(), radice / "conf" / "vesmo");
     EXPECT_EQ(CartellaDatiUtente(), radice / "dati" / "vesmo");
+    // A relative or empty XDG folder is ignored.
     setenv("XDG_CONFIG_HOME", "relativa/conf", 1);
     setenv("XDG_DATA_HOME", "", 1);
-    EXPECT_EQ(CartellaConfigUtente(), radice / "casa" / ".config" / "vesmo");
-    EXPECT_EQ(CartellaDatiUtente(), radice / "casa" / ".local" / "share" / "vesmo");
+    EXPECT_EQ(CartellaConfigUtente(), casa / ".config" / "vesmo");
+    EXPECT_EQ(CartellaDatiUtente(), dati);
 }
 
 TEST_F(CartelleTest, LaCopiaSiFaUnaVoltaENonSiSovrascrive) {
-    const fs::path programma = Installa("consegnato");
     std::string errore;
     const fs::path copia = CopiaUtenteDatabase(programma, &errore);
     EXPECT_EQ(errore, "");
-    ASSERT_EQ(copia, radice / "casa" / ".local" / "share" / "vesmo" / "Vesmodat.Mdb");
+    ASSERT_EQ(copia, dati / "Vesmodat.Mdb");
     EXPECT_EQ(Leggi(copia), "consegnato");
     // The user's archives are in the copy: a new delivery does not replace it.
     Scrivi(copia, "con gli archivi dell'utente");
-    Scrivi(radice / "usr" / "share" / "vesmo" / "Vesmodat.Mdb", "nuova consegna");
+    Scrivi(consegnato, "nuova consegna");
     EXPECT_EQ(CopiaUtenteDatabase(programma), copia);
     EXPECT_EQ(Leggi(copia), "con gli archivi dell'utente");
-    // No half-written file is left beside it.
-    EXPECT_FALSE(fs::exists(copia.parent_path() / "Vesmodat.Mdb.parziale"));
+    EXPECT_FALSE(fs::exists(dati / "Vesmodat.Mdb.parziale"));
 }
 
 TEST_F(CartelleTest, UnaCopiaImpossibileSiDiceENonLasciaNulla) {
-    const fs::path programma = Installa("consegnato");
-    // The data folder's place is taken by a file.
-    Scrivi(radice / "casa" / ".local" / "share" / "vesmo", "un file, non una cartella");
+    Scrivi(dati, "un file, non una cartella");
     std::string errore;
     EXPECT_TRUE(CopiaUtenteDatabase(programma, &errore).empty());
-    EXPECT_NE(errore.find("impossibile copiare "), std::string::npos) << errore;
+    EXPECT_EQ(errore.rfind("impossibile copiare ", 0), 0u) << errore;
     EXPECT_NE(errore.find("Vesmodat.Mdb"), std::string::npos) << errore;
-    EXPECT_EQ(Leggi(radice / "casa" / ".local" / "share" / "vesmo"), "un file, non una cartella");
+    EXPECT_EQ(Leggi(dati), "un file, non una cartella");
 }

@@ -8,6 +8,7 @@
 
 #include "core/Aritmetica.h"
 #include "core/Config.h"
+#include "tests/core/store/Cartella.h"
 
 using namespace vesmo;
 namespace fs = std::filesystem;
@@ -16,32 +17,18 @@ namespace {
 
 class ConfigTest : public ::testing::Test {
 protected:
-    void SetUp() override {
-        cartella =
-            fs::temp_directory_path() /
-            ("vesmo_config_" + std::to_string(::testing::UnitTest::GetInstance()->random_seed()) +
-             "_" + ::testing::UnitTest::GetInstance()->current_test_info()->name());
-        fs::remove_all(cartella);
-        fs::create_directories(cartella);
-        ini = (cartella / "Vesmodat.ini").string();
-    }
-    void TearDown() override {
-        fs::permissions(cartella, fs::perms::owner_all);
-        fs::remove_all(cartella);
-    }
     std::string Contenuto() {
-        std::ifstream in(ini, std::ios::binary);
         std::stringstream s;
-        s << in.rdbuf();
+        s << std::ifstream(ini, std::ios::binary).rdbuf();
         return s.str();
     }
-    fs::path cartella;
-    std::string ini;
+    test::Cartella cartella;
+    const std::string ini = (cartella / "Vesmodat.ini").string();
 };
 
 } // namespace
 
-TEST_F(ConfigTest, RecordDi325ByteConCampiAllineati) {
+TEST_F(ConfigTest, RecordDi325ByteConCampiAllineatiETagliati) {
     ConfigIni c;
     c.PathDB = "/home/astro/Vesmodat.Mdb";
     c.PathExe = "/usr/local/bin/astrolog";
@@ -49,27 +36,21 @@ TEST_F(ConfigTest, RecordDi325ByteConCampiAllineati) {
     c.CityDefault = "Città di Castello";
     c.Ordinamento = "C";
     ASSERT_TRUE(ScriviConfig(ini, c));
-    std::string b = Contenuto();
-    ASSERT_EQ(b.size(), 325u);
     // Fields of 128, 128, 38, 30 and 1 bytes padded with blanks; Latin-1 "à" is one byte.
-    EXPECT_EQ(b, "/home/astro/Vesmodat.Mdb" + std::string(104, ' ') + "/usr/local/bin/astrolog" +
-                     std::string(105, ' ') + "Italy" + std::string(33, ' ') +
-                     "Citt\xe0 di Castello" + std::string(13, ' ') + "C");
-
+    EXPECT_EQ(Contenuto(), "/home/astro/Vesmodat.Mdb" + std::string(104, ' ') +
+                               "/usr/local/bin/astrolog" + std::string(105, ' ') + "Italy" +
+                               std::string(33, ' ') + "Citt\xe0 di Castello" +
+                               std::string(13, ' ') + "C");
     ConfigIni r;
     ASSERT_TRUE(LeggiConfig(ini, r));
     EXPECT_EQ(r.CityDefault.Valore(), "Città di Castello");
     EXPECT_EQ(r.PathDB.Valore(), "/home/astro/Vesmodat.Mdb");
     EXPECT_EQ(r.Ordinamento.str(), "C");
-}
 
-TEST_F(ConfigTest, NomiLunghiTagliatiAllaLarghezza) {
-    ConfigIni c;
     c.NazioneDefault = "The United Kingdom of Great Britain and Northern Ireland";
     c.CityDefault = "Llanfairpwllgwyngyllgogerychwyrndrobwllllantysiliogogogoch";
     c.PathExe = "/" + std::string(120, 'a') + "/astrolog";
     ASSERT_TRUE(ScriviConfig(ini, c));
-    ConfigIni r;
     ASSERT_TRUE(LeggiConfig(ini, r));
     EXPECT_EQ(r.NazioneDefault.str(), "The United Kingdom of Great Britain an");
     EXPECT_EQ(r.CityDefault.str(), "Llanfairpwllgwyngyllgogerychwy");
@@ -79,52 +60,37 @@ TEST_F(ConfigTest, NomiLunghiTagliatiAllaLarghezza) {
 }
 
 TEST_F(ConfigTest, FileAssenteVuotoOCorto) {
-    ASSERT_FALSE(fs::exists(ini));
     ConfigIni c;
     ASSERT_TRUE(LeggiConfig(ini, c));
     // Opening created the file, of no bytes, and every field is blank.
-    EXPECT_TRUE(fs::exists(ini));
     EXPECT_EQ(fs::file_size(ini), 0u);
-    EXPECT_EQ(c.PathDB.Valore(), "");
-    EXPECT_EQ(c.Ordinamento.Valore(), "");
+    EXPECT_EQ(c.PathDB.Valore() + c.Ordinamento.Valore(), "");
     EXPECT_TRUE(ServePrimaConfigurazione(c));
-
     // A short file fills what it reaches.
-    {
-        std::ofstream out(ini, std::ios::binary | std::ios::trunc);
-        out << "/dati/VESMODAT.MDB";
-    }
+    std::ofstream(ini, std::ios::binary) << "/dati/VESMODAT.MDB";
     ASSERT_TRUE(LeggiConfig(ini, c));
     EXPECT_EQ(c.PathDB.Valore(), "/dati/VESMODAT.MDB");
     EXPECT_EQ(c.NazioneDefault.Valore(), "");
-    EXPECT_FALSE(ServePrimaConfigurazione(c));
+    EXPECT_FALSE(ServePrimaConfigurazione(c)); // only a missing database name asks again
 }
 
-TEST_F(ConfigTest, FileNonScrivibileDaUnMotivo) {
+TEST_F(ConfigTest, FileNonScrivibileEOrdinamentoSoloNellUltimoByte) {
     std::string errore;
-    // A folder where the file should be: it can be neither written nor read as a record.
     fs::create_directories(cartella / "cartella.ini");
-    ConfigIni c;
-    EXPECT_FALSE(ScriviConfig((cartella / "cartella.ini").string(), c, &errore));
-    EXPECT_NE(errore.find("cartella.ini"), std::string::npos);
+    EXPECT_FALSE(ScriviConfig((cartella / "cartella.ini").string(), ConfigIni{}, &errore));
+    EXPECT_NE(errore.find("cartella.ini"), std::string::npos) << errore;
     errore.clear();
-    EXPECT_FALSE(ScriviConfig((cartella / "manca" / "Vesmodat.ini").string(), c, &errore));
+    EXPECT_FALSE(ScriviConfig((cartella / "manca" / "Vesmodat.ini").string(), {}, &errore));
     EXPECT_FALSE(errore.empty());
-}
 
-TEST_F(ConfigTest, OrdinamentoCambiaSoloLUltimoByte) {
-    ConfigIni c = ConfigPredefinita("/opt/vesmo");
-    ASSERT_TRUE(ScriviConfig(ini, c));
-    std::string prima = Contenuto();
+    ASSERT_TRUE(ScriviConfig(ini, ConfigPredefinita("/opt/vesmo")));
+    const std::string prima = Contenuto();
     ASSERT_TRUE(ScriviOrdinamento(ini, 'C'));
-    std::string dopo = Contenuto();
-    ASSERT_EQ(dopo.size(), 325u);
-    EXPECT_EQ(prima.substr(0, 324), dopo.substr(0, 324));
+    EXPECT_EQ(Contenuto(), prima.substr(0, 324) + "C");
     EXPECT_EQ(prima[324], 'N');
-    EXPECT_EQ(dopo[324], 'C');
 }
 
-TEST(NomiConfig, ConfrontoSenzaMaiuscole) {
+TEST(NomiConfig, ConfrontoSenzaMaiuscoleEPercorsiDerivati) {
     for (const char* si :
          {"/home/a/Vesmodat.Mdb", "/home/a/vesmodat.mdb   ", "/home/a/VESMODAT.MDB.bak"})
         EXPECT_TRUE(NomeDBPresente(si)) << si;
@@ -133,14 +99,6 @@ TEST(NomiConfig, ConfrontoSenzaMaiuscole) {
     EXPECT_FALSE(NomeDBPresente("/home/a/Vesmo.db") || NomeDBPresente(""));
     EXPECT_FALSE(NomeAstrologPresente("/opt/astrolog/astro") || NomeAstrologPresente(""));
 
-    // Only a missing database name reopens the first-time dialog.
-    ConfigIni c;
-    c.PathDB = "/x/vesmodat.mdb";
-    c.PathExe = "";
-    EXPECT_FALSE(ServePrimaConfigurazione(c));
-}
-
-TEST(NomiConfig, PercorsiDerivati) {
     ConfigIni c;
     c.PathDB = "  /dati/Vesmodat.Mdb  ";
     c.PathExe = "/opt/astrolog/astrolog";
@@ -153,7 +111,7 @@ TEST(NomiConfig, PercorsiDerivati) {
     EXPECT_EQ(std::tie(p.CmdAstrolog, p.DirAstrolog), std::make_tuple(" ", ""));
 }
 
-TEST(AvvioVesmo, PresetDelTemaCorrente) {
+TEST(AvvioVesmo, PresetDelTemaCorrenteEAvvisoDelFileAssente) {
     Sessione s;
     s.LunaGeo = 0;
     s.JDRivoluzione = 2450000;
@@ -161,7 +119,6 @@ TEST(AvvioVesmo, PresetDelTemaCorrente) {
     EXPECT_EQ(c.PathDB.Valore() + "|" + c.NazioneDefault.Valore() + "|" + c.CityDefault.Valore() +
                   "|" + c.Ordinamento.str(),
               "/opt/vesmo/Vesmodat.Mdb|Italy|Padova|N");
-
     PresetTemaCorrente(s, c, 2026, 11, 23, 14, 30, 36);
     const Tema& t = s.TemaCorrente;
     EXPECT_EQ(t.Nome.Valore() + "/" + t.City.Valore() + "/" + t.Stato.Valore(),
@@ -171,14 +128,12 @@ TEST(AvvioVesmo, PresetDelTemaCorrente) {
     EXPECT_EQ(std::make_tuple(t.Lon, t.Lat, t.Fuso, t.Estiva), std::make_tuple(0.1, 0.0, 0.0, 0.0));
     // The session's switches go back to their start.
     EXPECT_EQ(std::make_tuple(s.LunaGeo, s.JDRivoluzione), std::make_tuple(std::int16_t{1}, -1.0));
-}
 
-TEST(AvvioVesmo, AvvisoDelFileAssente) {
     MessaggiRegistrati m;
     AvvisoIniAssente(m);
     ASSERT_EQ(m.registro.size(), 1u);
-    EXPECT_EQ(m.registro[0].titolo, "Vesmo - Avvio");
-    EXPECT_EQ(m.registro[0].testo,
-              "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n");
-    EXPECT_EQ(m.registro[0].icona, Icona::Informazione);
+    EXPECT_EQ(std::tie(m.registro[0].titolo, m.registro[0].testo, m.registro[0].icona),
+              std::make_tuple("Vesmo - Avvio",
+                              "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n",
+                              Icona::Informazione));
 }

@@ -1,4 +1,4 @@
-// The chart record: fixed-width texts, variants, deep copies, the chart instant, the session.
+// The chart record: fixed-width texts, the chart instant, the session's captions and slots.
 #include <gtest/gtest.h>
 
 #include "core/Sessione.h"
@@ -11,7 +11,6 @@ TEST(Tema, TestiFissiTagliatiEAllungatiACaratteri) {
     EXPECT_EQ(t.Nome.str(), std::string(30, ' '));
     t.Nome = "Mario Rossi";
     EXPECT_EQ(t.Nome.str(), "Mario Rossi" + std::string(19, ' '));
-    EXPECT_EQ(t.Nome.Valore(), "Mario Rossi");
     t.Nome = "Un nome lungo più di trenta caratteri davvero";
     EXPECT_EQ(t.Nome.str(), "Un nome lungo più di trenta ca");
     // Widths count characters, not bytes: "Città" is 5 characters in 6 bytes.
@@ -20,24 +19,7 @@ TEST(Tema, TestiFissiTagliatiEAllungatiACaratteri) {
     EXPECT_EQ(t.City.str().size(), 31u);
     t.ZonaSF = "EST+5:00";
     EXPECT_EQ(t.ZonaSF.str(), "EST+5:0");
-}
-
-TEST(Tema, CopiaProfondaEVariantiTesto) {
-    Sessione s;
-    s.TemaNat.Cmto = "commento lungo\ncon due righe";
-    s.PosNat.Asce.AR = NonDefinita;
-    s.TemaX = s.TemaNat;
-    s.PosX = s.PosNat;
-    s.TemaNat.Cmto += " cambiato";
-    s.PosNat.Asce.AR = 3.0;
-    EXPECT_EQ(s.TemaX.Cmto, "commento lungo\ncon due righe");
-    EXPECT_EQ(s.PosX.Asce.AR.Testo(), "NonDefinita");
-    EXPECT_EQ(s.PosX.Asce.AR.Numero(), 0.0); // a text reads as 0
-    // Assigning the blank pair clears a slot.
-    s.TemaNat = s.TemaVuoto;
-    s.PosNat = s.PosVuoto;
-    EXPECT_EQ(s.TemaNat, Tema{});
-    EXPECT_EQ(s.PosNat, Posizioni{});
+    EXPECT_EQ(Variante("NonDefinita").Numero(), 0.0); // a text in a numeric slot reads as 0
 }
 
 TEST(Tema, TempoUniversaleEIstante) {

@@ -16,14 +16,11 @@ inline const std::map<std::string, double>& EsempiMeeus() {
         std::map<std::string, double> v;
         std::ifstream in(std::string(VESMO_DATI_TEST) + "/ephemeris/esempi_meeus.txt");
         if (!in) throw std::runtime_error("esempi_meeus.txt not found");
-        std::string linea;
-        while (std::getline(in, linea)) {
-            if (linea.empty() || linea[0] == '#') continue;
-            std::istringstream s(linea);
-            std::string nome;
-            double x;
-            if (s >> nome >> x) v[nome] = x;
-        }
+        std::string nome;
+        double x;
+        for (std::string linea; std::getline(in, linea);)
+            if (!linea.empty() && linea[0] != '#' && std::istringstream(linea) >> nome >> x)
+                v[nome] = x;
         return v;
     }();
     return valori;

@@ -11,6 +11,7 @@
 #include <cmath>
 #include <cstdio>
 #include <string>
+#include <vector>
 
 #include "core/Aritmetica.h"
 #include "core/Messaggi.h"
@@ -28,35 +29,26 @@ constexpr double Inizio = 2415020.5; // 1900 January 1
 constexpr double Fine = 2470171.5;   // 2050 December 31
 constexpr double Passo = 37.3;       // days: every phase of the Moon and of the apogee
 
-struct Scarti {
-    double lon = 0, lat = 0, r = 0; // worst absolute errors: degrees, degrees, AU / AU
-    double jdLon = 0;
-
-    void Aggiungi(double jd, double dLon, double dLat, double dR) {
-        if (std::fabs(dLon) > lon) {
-            lon = std::fabs(dLon);
-            jdLon = jd;
-        }
-        lat = std::max(lat, std::fabs(dLat));
-        r = std::max(r, std::fabs(dR));
+// The worst error of one quantity over the grid, printed beside its goal, in its own unit.
+struct Peggiore {
+    std::string nome;
+    double obiettivo, valore = 0, jd = 0;
+    void Aggiungi(double jd_, double scarto) {
+        if (std::fabs(scarto) <= valore) return;
+        valore = std::fabs(scarto);
+        jd = jd_;
+    }
+    void Verifica() const {
+        std::printf("  %-26s %10.5f at JD %.1f  goal %.3f\n", nome.c_str(), valore, jd, obiettivo);
+        EXPECT_LE(valore, obiettivo) << nome;
     }
 };
 
-struct Riferimento {
-    double lon, lat, r;
-};
-
-Riferimento Swe(double jd, int corpo, int flag) {
+std::array<double, 3> Swe(double jd, int corpo, int flag) {
     double x[6];
     char errore[256];
-    int rc = swe_calc(jd, corpo, SEFLG_MOSEPH | flag, x, errore);
-    EXPECT_GE(rc, 0) << errore;
+    EXPECT_GE(swe_calc(jd, corpo, SEFLG_MOSEPH | flag, x, errore), 0) << errore;
     return {x[0], x[1], x[2]};
-}
-
-void Riga(const char* nome, const Scarti& s, double obiettivo) {
-    std::printf("  %-12s lon %9.5f  lat %9.5f  R(rel) %9.6f   at JD %.1f   goal %.2f\n", nome,
-                s.lon, s.lat, s.r, s.jdLon, obiettivo);
 }
 
 } // namespace
@@ -64,11 +56,10 @@ void Riga(const char* nome, const Scarti& s, double obiettivo) {
 TEST(Confronto, PosizioniDal1900Al2050) {
     struct Corpo {
         const char* nome;
-        int swe;
-        int flag;
+        int swe, flag;
         double obiettivo; // degrees
     };
-    const std::array<Corpo, 10> corpi{{
+    const Corpo corpi[] = {
         {"Sole", SE_SUN, 0, 0.01},
         {"Luna", SE_MOON, SEFLG_NONUT, 0.03},
         {"Mercurio", SE_MERCURY, 0, 0.05},
@@ -81,91 +72,74 @@ TEST(Confronto, PosizioniDal1900Al2050) {
         {"Nettuno", SE_NEPTUNE, 0, 0.1},
         // Pluto's series stay on the equinox of 1950.0: 0.7° early in 1900, 1.4° late in 2050.
         {"Plutone", SE_PLUTO, 0, 1.5},
-    }};
-    std::array<Scarti, 10> scarti{};
-    Scarti nodo, media, vera, siderale, obliquita;
-    MessaggiRegistrati msg;
-    int istanti = 0;
-    for (double jd = Inizio; jd <= Fine; jd += Passo) {
-        ++istanti;
-        Effemeridi e = CalcolaEffemeridi(jd, true, msg);
-        for (std::size_t i = 0; i < corpi.size(); ++i) {
-            Riferimento s = Swe(jd, corpi[i].swe, corpi[i].flag);
-            const CorpoEffemeride& c = e.corpi[i];
-            double dR = i == 1 ? 0 : (c.R - s.r) / s.r;
-            scarti[i].Aggiungi(jd, Scarto(c.Lo, s.lon), c.LaEc - s.lat, dR);
-        }
-        nodo.Aggiungi(jd, Scarto(e.NodoLuna, Swe(jd, SE_MEAN_NODE, SEFLG_NONUT).lon), 0, 0);
-        media.Aggiungi(jd, Scarto(e.LilithMedia, Swe(jd, SE_MEAN_APOG, SEFLG_NONUT).lon), 0, 0);
-        vera.Aggiungi(jd, Scarto(e.LilithVeraLo, Swe(jd, SE_INTP_APOG, SEFLG_NONUT).lon), 0, 0);
-        // Sidereal time in seconds of time, obliquity in seconds of arc.
-        siderale.Aggiungi(jd, std::remainder(e.TSL0 - swe_sidtime(jd), 24.0) * 3600, 0, 0);
-        Riferimento eps = Swe(jd, SE_ECL_NUT, 0); // true obliquity, mean obliquity, dPsi, dEps
-        obliquita.Aggiungi(jd, (e.Obliquita - eps.lat) * 3600, 0, 0);
+    };
+    std::vector<Peggiore> lon, lat, r;
+    for (const Corpo& c : corpi) {
+        lon.push_back({c.nome + std::string(" lon"), c.obiettivo});
+        lat.push_back({c.nome + std::string(" lat"), c.obiettivo});
+        r.push_back({c.nome + std::string(" R (relativo)"), 0.001}); // a thousandth of R
     }
-
-    std::printf("Worst errors against the Swiss Ephemeris, %d instants 1900-2050 (degrees):\n",
-                istanti);
-    for (std::size_t i = 0; i < corpi.size(); ++i)
-        Riga(corpi[i].nome, scarti[i], corpi[i].obiettivo);
-    Riga("NodoLuna", nodo, 0.01);
-    Riga("LilithMedia", media, 0.5);
-    Riga("LilithVera", vera, 3);
-    std::printf("  sidereal time %.3f s of time (at JD %.1f), mean obliquity %.3f\"\n",
-                siderale.lon, siderale.jdLon, obliquita.lon);
-
-    for (std::size_t i = 0; i < corpi.size(); ++i) {
-        EXPECT_LE(scarti[i].lon, corpi[i].obiettivo) << corpi[i].nome;
-        EXPECT_LE(scarti[i].lat, corpi[i].obiettivo) << corpi[i].nome;
-        if (i != 1) {
-            EXPECT_LE(scarti[i].r, 0.001) << corpi[i].nome; // a thousandth of R
-        }
-    }
-    EXPECT_LE(nodo.lon, 0.01);
-    EXPECT_LE(media.lon, 0.5);
+    Peggiore nodo{"NodoLuna", 0.01}, media{"LilithMedia", 0.5};
     // Ours interpolates the Moon's place at the two apogees around the instant: degrees apart.
-    EXPECT_LE(vera.lon, 3);
+    Peggiore vera{"LilithVera", 3};
+    // The 1900 polynomial drifts a second of time from today's at the range's ends.
+    Peggiore siderale{"tempo siderale (s)", 1.5}, obliquita{"obliquita media (\")", 1.0};
+    MessaggiRegistrati msg;
+    for (double jd = Inizio; jd <= Fine; jd += Passo) {
+        Effemeridi e = CalcolaEffemeridi(jd, true, msg);
+        for (std::size_t i = 0; i < std::size(corpi); ++i) {
+            auto s = Swe(jd, corpi[i].swe, corpi[i].flag);
+            const CorpoEffemeride& c = e.corpi[i];
+            lon[i].Aggiungi(jd, Scarto(c.Lo, s[0]));
+            lat[i].Aggiungi(jd, c.LaEc - s[1]);
+            if (i != 1) r[i].Aggiungi(jd, (c.R - s[2]) / s[2]); // the Moon has no distance
+        }
+        nodo.Aggiungi(jd, Scarto(e.NodoLuna, Swe(jd, SE_MEAN_NODE, SEFLG_NONUT)[0]));
+        media.Aggiungi(jd, Scarto(e.LilithMedia, Swe(jd, SE_MEAN_APOG, SEFLG_NONUT)[0]));
+        vera.Aggiungi(jd, Scarto(e.LilithVeraLo, Swe(jd, SE_INTP_APOG, SEFLG_NONUT)[0]));
+        siderale.Aggiungi(jd, std::remainder(e.TSL0 - swe_sidtime(jd), 24.0) * 3600);
+        // SE_ECL_NUT gives true obliquity, mean obliquity, dPsi, dEps.
+        obliquita.Aggiungi(jd, (e.Obliquita - Swe(jd, SE_ECL_NUT, 0)[1]) * 3600);
+    }
+    std::printf("Worst errors against the Swiss Ephemeris 1900-2050 (lon, lat: degrees):\n");
+    for (const auto* gruppo : {&lon, &lat, &r})
+        for (const Peggiore& p : *gruppo)
+            p.Verifica();
+    for (const Peggiore* p : {&nodo, &media, &vera, &siderale, &obliquita})
+        p->Verifica();
     EXPECT_TRUE(msg.registro.empty()) << "LilithVera showed " << msg.registro.size() << " boxes";
-    // Seconds of time: the 1900 polynomial drifts a second from today's at the range's ends.
-    EXPECT_LE(siderale.lon, 1.5);
-    EXPECT_LE(obliquita.lon, 1.0); // seconds of arc
 }
 
 TEST(Confronto, NutazioneEObliquitaVera) {
-    double peggiorePsi = 0, peggioreEps = 0;
+    // 13 and 9 terms of the series leave out terms of a few hundredths of a second.
+    Peggiore psi{"dPsi (\")", 0.5}, eps{"dEps (\")", 0.5};
     for (double jd = Inizio; jd <= Fine; jd += Passo) {
         double dPsi, dEps;
         Nutazione(jd, dPsi, dEps);
         double x[6];
         char errore[256];
         swe_calc(jd, SE_ECL_NUT, SEFLG_MOSEPH, x, errore);
-        peggiorePsi = std::max(peggiorePsi, std::fabs(dPsi - x[2] * 3600));
-        peggioreEps = std::max(peggioreEps, std::fabs(dEps - x[3] * 3600));
+        psi.Aggiungi(jd, dPsi - x[2] * 3600);
+        eps.Aggiungi(jd, dEps - x[3] * 3600);
     }
-    std::printf("Nutation: worst dPsi %.3f\", worst dEps %.3f\"\n", peggiorePsi, peggioreEps);
-    // 13 and 9 terms of the series leave out terms of a few hundredths of a second.
-    EXPECT_LE(peggiorePsi, 0.5);
-    EXPECT_LE(peggioreEps, 0.5);
+    psi.Verifica();
+    eps.Verifica();
 }
 
 TEST(Confronto, LunaTopocentrica) {
     // Rome, 12E30 41N54, sea level: the reference's topocentric Moon on the mean equinox.
-    const double lonEst = 12.5, lat = 41.9;
-    swe_set_topo(lonEst, lat, 0);
-    double peggiore = 0, peggioreLat = 0;
+    const double lonEst = 12.5, latRoma = 41.9;
+    swe_set_topo(lonEst, latRoma, 0);
+    Peggiore lon{"Luna topocentrica lon", 0.03}, lat{"Luna topocentrica lat", 0.03};
     for (double jd = Inizio; jd <= Fine; jd += Passo / 3) {
         double day = Int(jd - 0.5) + 0.5;
-        double tu = (jd - day) * 24;
-        double l, b, p;
+        double l, b, p, lt, bt;
         PosizioneLuna(jd, l, b, p);
-        double lt, bt;
-        LunaTopocentrica(day, tu, -lonEst / 15, lat, l, b, 0, p, lt, bt);
-        Riferimento s = Swe(jd, SE_MOON, SEFLG_NONUT | SEFLG_TOPOCTR);
-        peggiore = std::max(peggiore, std::fabs(Scarto(lt, s.lon)));
-        peggioreLat = std::max(peggioreLat, std::fabs(Gradi(bt) - s.lat));
+        LunaTopocentrica(day, (jd - day) * 24, -lonEst / 15, latRoma, l, b, 0, p, lt, bt);
+        auto s = Swe(jd, SE_MOON, SEFLG_NONUT | SEFLG_TOPOCTR);
+        lon.Aggiungi(jd, Scarto(lt, s[0]));
+        lat.Aggiungi(jd, Gradi(bt) - s[1]);
     }
-    std::printf("Topocentric Moon at Rome: worst longitude %.5f, latitude %.5f degrees\n", peggiore,
-                peggioreLat);
-    EXPECT_LE(peggiore, 0.03);
-    EXPECT_LE(peggioreLat, 0.03);
+    lon.Verifica();
+    lat.Verifica();
 }

@@ -20,36 +20,55 @@ using namespace vesmo;
 
 namespace {
 
+void Scrivi(const QString& file, const QByteArray& testo) {
+    QDir().mkpath(QFileInfo(file).path());
+    QFile f(file);
+    ASSERT_TRUE(f.open(QIODevice::WriteOnly));
+    f.write(testo);
+}
+
 class AvvioTest : public ::testing::Test {
 protected:
     void SetUp() override {
         ASSERT_TRUE(cartella.isValid());
-        programma = cartella.filePath("bin");
         QDir().mkpath(programma);
-        QDir().mkpath(cartella.filePath("data"));
-        db = cartella.filePath("data/Vesmodat.Mdb");
-        QFile f(db);
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("x");
+        Scrivi(db, "x");
+    }
+    // A start whose dialog must not open.
+    EsitoAvvio SenzaDialogo(const QString& dove, MessaggiRegistrati& m) {
+        return Avvia(dove, sessione, m, [&](frmInputIni&) {
+            ADD_FAILURE() << "the dialog opened again";
+            return false;
+        });
     }
     QTemporaryDir cartella;
-    QString programma, db;
+    const QString programma = cartella.filePath("bin");
+    const QString db = QFileInfo(cartella.filePath("data/Vesmodat.Mdb")).absoluteFilePath();
     Sessione sessione;
     MessaggiRegistrati messaggi;
 };
 
 } // namespace
 
-TEST_F(AvvioTest, PrimaVoltaBastaOk) {
+TEST_F(AvvioTest, PrimaVoltaSfogliaEOk) {
     bool aperto = false;
     EsitoAvvio e = Avvia(programma, sessione, messaggi, [&](frmInputIni& f) {
         aperto = true;
         EXPECT_EQ(f.windowTitle(), "Vesmo - Confgurazione prima volta/First time");
         EXPECT_TRUE(f.PrimaVolta);
-        test::Testi(&f, {{"TextDB", QFileInfo(db).absoluteFilePath()},
-                         {"TextNaz", "Italy"},
-                         {"TextCity", "Padova"}});
+        test::Testi(&f, {{"TextDB", db}, {"TextNaz", "Italy"}, {"TextCity", "Padova"}});
         EXPECT_TRUE(f.OptNazioni->isChecked());
+        // The database chooser cancelled leaves the box; the program's chooser fills its own.
+        QStringList titoli;
+        f.ScegliFile = [&](const QString& titolo, const QString&) -> std::optional<QString> {
+            titoli << titolo;
+            if (titolo.contains("DataBase")) return std::nullopt;
+            return QString("/opt/astro/astrolog");
+        };
+        f.CmdDB->click();
+        f.CmdExe->click();
+        EXPECT_EQ(titoli, QStringList({"Vesmo - Cerca DataBase", "Vesmo - Cerca Astrolog.Exe"}));
+        f.OptCity->setChecked(true);
         f.CmdOk->click();
         return f.Salvato;
     });
@@ -58,18 +77,14 @@ TEST_F(AvvioTest, PrimaVoltaBastaOk) {
     // The "Assente" box came first.
     ASSERT_TRUE(test::Box(messaggi, 1, 0, "Vesmo - Avvio",
                           "Assente il file Vesmodat.ini\n\nCreazione file  Vesmodat.ini\n"));
-    EXPECT_EQ(e.percorsi.FileDB, SS(QFileInfo(db).absoluteFilePath()));
-    EXPECT_EQ(e.cfg.Ordinamento.str(), "N");
+    EXPECT_EQ(e.percorsi.FileDB, SS(db));
+    EXPECT_EQ(e.percorsi.CmdAstrolog, "/opt/astro/astrolog ");
+    EXPECT_EQ(e.cfg.Ordinamento.str(), "C");
     EXPECT_EQ(QFileInfo(QDir(programma).filePath("Vesmodat.ini")).size(), 325);
     EXPECT_EQ(sessione.TemaCorrente.Nome.Valore(), "Default Now");
-
     // The next start finds everything and asks nothing.
     MessaggiRegistrati m2;
-    EsitoAvvio e2 = Avvia(programma, sessione, m2, [&](frmInputIni&) {
-        ADD_FAILURE() << "the dialog opened again";
-        return false;
-    });
-    EXPECT_TRUE(e2.continua);
+    EXPECT_TRUE(SenzaDialogo(programma, m2).continua);
     EXPECT_TRUE(m2.registro.empty());
 }
 
@@ -79,66 +94,21 @@ TEST_F(AvvioTest, EsciLasciaUnFileVuotoEIlDialogoTorna) {
         return f.Salvato;
     });
     EXPECT_FALSE(e.continua);
-    QString ini = QDir(programma).filePath("Vesmodat.ini");
-    ASSERT_TRUE(QFileInfo::exists(ini));
-    EXPECT_EQ(QFileInfo(ini).size(), 0);
+    EXPECT_EQ(QFileInfo(QDir(programma).filePath("Vesmodat.ini")).size(), 0);
     // Next start: no "Assente" box, but the dialog again.
     MessaggiRegistrati m2;
     bool aperto = false;
-    Avvia(programma, sessione, m2, [&](frmInputIni&) {
-        aperto = true;
-        return false;
-    });
+    Avvia(programma, sessione, m2, [&](frmInputIni&) { return !(aperto = true); });
     EXPECT_TRUE(aperto);
     EXPECT_TRUE(m2.registro.empty());
 }
 
-TEST_F(AvvioTest, SfogliaCambiaIPercorsiEOrdinamentoPerCity) {
-    EsitoAvvio e = Avvia(programma, sessione, messaggi, [&](frmInputIni& f) {
-        QStringList titoli;
-        f.ScegliFile = [&](const QString& titolo, const QString&) -> std::optional<QString> {
-            titoli << titolo;
-            if (titolo.contains("DataBase")) return QString("/altrove/VESMODAT.MDB");
-            return QString("/opt/astro/astrolog");
-        };
-        f.CmdDB->click();
-        f.CmdExe->click();
-        EXPECT_EQ(titoli, QStringList({"Vesmo - Cerca DataBase", "Vesmo - Cerca Astrolog.Exe"}));
-        EXPECT_EQ(f.TextDB->text(), "/altrove/VESMODAT.MDB");
-        f.OptCity->setChecked(true);
-        f.TextNaz->setText("The United Kingdom of Great Britain and Northern Ireland");
-        f.CmdOk->click();
-        return f.Salvato;
-    });
-    ASSERT_TRUE(e.continua);
-    EXPECT_EQ(e.percorsi.FileDB, "/altrove/VESMODAT.MDB");
-    EXPECT_EQ(e.percorsi.CmdAstrolog, "/opt/astro/astrolog ");
-    EXPECT_EQ(e.percorsi.DirAstrolog, "/opt/astro");
-    EXPECT_EQ(e.cfg.Ordinamento.str(), "C");
-    EXPECT_EQ(e.cfg.NazioneDefault.str(), "The United Kingdom of Great Britain an");
-}
-
-TEST_F(AvvioTest, FileNonScrivibileTieneApertoIlDialogo) {
+TEST_F(AvvioTest, DialogoDalMenuEFileNonScrivibile) {
     PercorsiVesmo p;
     p.FileIni = SS(cartella.filePath("manca/Vesmodat.ini"));
-    frmInputIni f(p, messaggi);
-    f.PresetPrimaVolta("/x/Vesmodat.Mdb", "");
-    f.CmdOk->click();
-    EXPECT_FALSE(f.Salvato);
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Configurazione");
-    EXPECT_EQ(
-        messaggi.registro[0].testo.rfind("Impossibile leggere il file delle impostazioni:\n", 0),
-        0u);
-}
-
-TEST_F(AvvioTest, DialogoDalMenuMostraIlRecord) {
-    PercorsiVesmo p;
-    p.FileIni = SS(cartella.filePath("Vesmodat.ini"));
     p.FileDB = "/dati/Vesmodat.Mdb";
     p.CmdAstrolog = "/usr/bin/astrolog ";
     ConfigIni c;
-    c.NazioneDefault = "Canada";
     c.CityDefault = "Toronto";
     c.Ordinamento = "C";
     frmInputIni f(p, messaggi);
@@ -150,69 +120,49 @@ TEST_F(AvvioTest, DialogoDalMenuMostraIlRecord) {
                      {"CmdOk", "&Ok"},
                      {"CmdDB", "&Sfoglia/Search"}});
     EXPECT_TRUE(f.OptCity->isChecked());
+    // The file cannot be written: the dialog stays open and says so.
+    f.CmdOk->click();
+    EXPECT_FALSE(f.Salvato);
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Configurazione");
+    EXPECT_EQ(
+        messaggi.registro[0].testo.rfind("Impossibile leggere il file delle impostazioni:\n", 0),
+        0u);
 }
 
 // Installed (<prefix>/bin beside <prefix>/share/vesmo), the first start keeps Vesmodat.ini in the
 // user's configuration folder, copies the delivered database into the user's data folder and
 // proposes that copy; nothing is written beside the program.
-TEST(AvvioInstallato, ImpostazioniECopiaNelleCartelleDellUtente) {
-    QTemporaryDir radice;
-    ASSERT_TRUE(radice.isValid());
-    const QString casa = radice.filePath("casa");
-    QDir().mkpath(casa);
-    QDir().mkpath(radice.filePath("usr/bin"));
-    QDir().mkpath(radice.filePath("usr/share/vesmo"));
-    {
-        QFile f(radice.filePath("usr/share/vesmo/Vesmodat.Mdb"));
-        ASSERT_TRUE(f.open(QIODevice::WriteOnly));
-        f.write("consegnato");
-    }
-    const QByteArray casaPrima = qgetenv("HOME");
-    const QByteArray confPrima = qgetenv("XDG_CONFIG_HOME");
-    const QByteArray datiPrima = qgetenv("XDG_DATA_HOME");
+TEST_F(AvvioTest, InstallatoImpostazioniECopiaNelleCartelleDellUtente) {
+    const QString casa = cartella.filePath("casa"), bin = cartella.filePath("usr/bin");
+    QDir().mkpath(bin);
+    Scrivi(cartella.filePath("usr/share/vesmo/Vesmodat.Mdb"), "consegnato");
+    const QByteArray prima[] = {qgetenv("HOME"), qgetenv("XDG_CONFIG_HOME"),
+                                qgetenv("XDG_DATA_HOME")};
     qputenv("HOME", casa.toUtf8());
     qunsetenv("XDG_CONFIG_HOME");
     qunsetenv("XDG_DATA_HOME");
-
     // The program's rule and Qt's agree on the user's folders.
     EXPECT_EQ(QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) + "/vesmo",
               QString::fromStdString(CartellaConfigUtente().string()));
     EXPECT_EQ(QStandardPaths::writableLocation(QStandardPaths::GenericDataLocation) + "/vesmo",
               QString::fromStdString(CartellaDatiUtente().string()));
 
-    Sessione sessione;
-    MessaggiRegistrati messaggi;
     const QString copia = casa + "/.local/share/vesmo/Vesmodat.Mdb";
-    EsitoAvvio e = Avvia(radice.filePath("usr/bin"), sessione, messaggi, [&](frmInputIni& f) {
+    EsitoAvvio e = Avvia(bin, sessione, messaggi, [&](frmInputIni& f) {
         EXPECT_EQ(f.TextDB->text(), copia);
         f.CmdOk->click();
         return f.Salvato;
     });
-    ASSERT_TRUE(e.continua);
-    EXPECT_EQ(e.percorsi.FileDB, SS(copia));
+    EXPECT_TRUE(e.continua);
     EXPECT_EQ(e.percorsi.FileIni, SS(casa + "/.config/vesmo/Vesmodat.ini"));
     EXPECT_EQ(QFileInfo(casa + "/.config/vesmo/Vesmodat.ini").size(), 325);
-    QFile f(copia);
-    ASSERT_TRUE(f.open(QIODevice::ReadOnly));
-    EXPECT_EQ(f.readAll(), QByteArray("consegnato"));
-    EXPECT_FALSE(QFileInfo::exists(radice.filePath("usr/bin/Vesmodat.ini")));
-
+    EXPECT_FALSE(QFileInfo::exists(bin + "/Vesmodat.ini"));
     // The next start reads the user's settings and asks nothing.
     MessaggiRegistrati m2;
-    EsitoAvvio e2 = Avvia(radice.filePath("usr/bin"), sessione, m2, [&](frmInputIni&) {
-        ADD_FAILURE() << "the dialog opened again";
-        return false;
-    });
-    EXPECT_TRUE(e2.continua);
-    EXPECT_EQ(e2.percorsi.FileDB, SS(copia));
+    EXPECT_EQ(SenzaDialogo(bin, m2).percorsi.FileDB, SS(copia));
 
-    qputenv("HOME", casaPrima);
-    if (confPrima.isNull())
-        qunsetenv("XDG_CONFIG_HOME");
-    else
-        qputenv("XDG_CONFIG_HOME", confPrima);
-    if (datiPrima.isNull())
-        qunsetenv("XDG_DATA_HOME");
-    else
-        qputenv("XDG_DATA_HOME", datiPrima);
+    const char* nomi[] = {"HOME", "XDG_CONFIG_HOME", "XDG_DATA_HOME"};
+    for (int i = 0; i < 3; ++i)
+        prima[i].isNull() ? qunsetenv(nomi[i]) : qputenv(nomi[i], prima[i]);
 }

@@ -8,6 +8,7 @@
 #include <QTest>
 #include <QTimer>
 #include <functional>
+#include <vector>
 
 #include "core/qt/MessaggiQt.h"
 
@@ -15,17 +16,7 @@ using namespace vesmo;
 
 namespace {
 
-// What the user does to the box once it stands.
-enum class Gesto { Pulsante, Invio, Esc, Chiusura };
-
-struct Caso {
-    Pulsanti pulsanti;
-    Gesto gesto;
-    QMessageBox::StandardButton tasto; // the button pressed, for Gesto::Pulsante
-    Risposta attesa;
-};
-
-// Waits for the modal box, then does `gesto` to it; what was seen goes to `visti`.
+// Waits for the modal box, then does `gesto` to it; the buttons seen go to `visti`.
 void AlComparire(std::function<void(QMessageBox*)> gesto, QStringList& visti) {
     auto* timer = new QTimer;
     timer->setInterval(10);
@@ -43,78 +34,60 @@ void AlComparire(std::function<void(QMessageBox*)> gesto, QStringList& visti) {
 }
 
 TEST(MessaggiQt, OgniPulsanteOgniTasto) {
-    // Return presses the first button of the set, Esc and the close button the one that cancels.
-    const Caso casi[] = {
-        {Pulsanti::Ok, Gesto::Pulsante, QMessageBox::Ok, Risposta::Ok},
-        {Pulsanti::Ok, Gesto::Invio, QMessageBox::NoButton, Risposta::Ok},
-        {Pulsanti::Ok, Gesto::Esc, QMessageBox::NoButton, Risposta::Ok},
-        {Pulsanti::Ok, Gesto::Chiusura, QMessageBox::NoButton, Risposta::Ok},
-        {Pulsanti::OkAnnulla, Gesto::Pulsante, QMessageBox::Ok, Risposta::Ok},
-        {Pulsanti::OkAnnulla, Gesto::Pulsante, QMessageBox::Cancel, Risposta::Annulla},
-        {Pulsanti::OkAnnulla, Gesto::Invio, QMessageBox::NoButton, Risposta::Ok},
-        {Pulsanti::OkAnnulla, Gesto::Esc, QMessageBox::NoButton, Risposta::Annulla},
-        {Pulsanti::OkAnnulla, Gesto::Chiusura, QMessageBox::NoButton, Risposta::Annulla},
-        {Pulsanti::InterrompiRiprovaIgnora, Gesto::Pulsante, QMessageBox::Abort,
+    // Each set with its buttons; Return presses the first, Esc and the close button answer
+    // `annulla`.
+    struct Insieme {
+        Pulsanti pulsanti;
+        std::vector<std::pair<QMessageBox::StandardButton, Risposta>> tasti;
+        Risposta annulla;
+    };
+    using B = QMessageBox;
+    const Insieme insiemi[] = {
+        {Pulsanti::Ok, {{B::Ok, Risposta::Ok}}, Risposta::Ok},
+        {Pulsanti::OkAnnulla,
+         {{B::Ok, Risposta::Ok}, {B::Cancel, Risposta::Annulla}},
+         Risposta::Annulla},
+        {Pulsanti::InterrompiRiprovaIgnora,
+         {{B::Abort, Risposta::Interrompi},
+          {B::Retry, Risposta::Riprova},
+          {B::Ignore, Risposta::Ignora}},
          Risposta::Interrompi},
-        {Pulsanti::InterrompiRiprovaIgnora, Gesto::Pulsante, QMessageBox::Retry, Risposta::Riprova},
-        {Pulsanti::InterrompiRiprovaIgnora, Gesto::Pulsante, QMessageBox::Ignore, Risposta::Ignora},
-        {Pulsanti::InterrompiRiprovaIgnora, Gesto::Invio, QMessageBox::NoButton,
-         Risposta::Interrompi},
-        {Pulsanti::InterrompiRiprovaIgnora, Gesto::Esc, QMessageBox::NoButton,
-         Risposta::Interrompi},
-        {Pulsanti::InterrompiRiprovaIgnora, Gesto::Chiusura, QMessageBox::NoButton,
-         Risposta::Interrompi},
-        {Pulsanti::SiNoAnnulla, Gesto::Pulsante, QMessageBox::Yes, Risposta::Si},
-        {Pulsanti::SiNoAnnulla, Gesto::Pulsante, QMessageBox::No, Risposta::No},
-        {Pulsanti::SiNoAnnulla, Gesto::Pulsante, QMessageBox::Cancel, Risposta::Annulla},
-        {Pulsanti::SiNoAnnulla, Gesto::Invio, QMessageBox::NoButton, Risposta::Si},
-        {Pulsanti::SiNoAnnulla, Gesto::Esc, QMessageBox::NoButton, Risposta::Annulla},
-        {Pulsanti::SiNoAnnulla, Gesto::Chiusura, QMessageBox::NoButton, Risposta::Annulla},
-        {Pulsanti::SiNo, Gesto::Pulsante, QMessageBox::Yes, Risposta::Si},
-        {Pulsanti::SiNo, Gesto::Pulsante, QMessageBox::No, Risposta::No},
-        {Pulsanti::SiNo, Gesto::Invio, QMessageBox::NoButton, Risposta::Si},
-        {Pulsanti::SiNo, Gesto::Esc, QMessageBox::NoButton, Risposta::No},
-        {Pulsanti::SiNo, Gesto::Chiusura, QMessageBox::NoButton, Risposta::No},
-        {Pulsanti::RiprovaAnnulla, Gesto::Pulsante, QMessageBox::Retry, Risposta::Riprova},
-        {Pulsanti::RiprovaAnnulla, Gesto::Pulsante, QMessageBox::Cancel, Risposta::Annulla},
-        {Pulsanti::RiprovaAnnulla, Gesto::Invio, QMessageBox::NoButton, Risposta::Riprova},
-        {Pulsanti::RiprovaAnnulla, Gesto::Esc, QMessageBox::NoButton, Risposta::Annulla},
-        {Pulsanti::RiprovaAnnulla, Gesto::Chiusura, QMessageBox::NoButton, Risposta::Annulla},
+        {Pulsanti::SiNoAnnulla,
+         {{B::Yes, Risposta::Si}, {B::No, Risposta::No}, {B::Cancel, Risposta::Annulla}},
+         Risposta::Annulla},
+        {Pulsanti::SiNo, {{B::Yes, Risposta::Si}, {B::No, Risposta::No}}, Risposta::No},
+        {Pulsanti::RiprovaAnnulla,
+         {{B::Retry, Risposta::Riprova}, {B::Cancel, Risposta::Annulla}},
+         Risposta::Annulla},
     };
     MessaggiQt messaggi;
-    for (std::size_t i = 0; i < std::size(casi); ++i) {
-        const Caso& c = casi[i];
-        SCOPED_TRACE(i);
-        QStringList visti;
-        bool premuto = false;
-        AlComparire(
-            [&](QMessageBox* box) {
-                switch (c.gesto) {
-                case Gesto::Pulsante:
-                    if (QAbstractButton* b = box->button(c.tasto)) {
+    for (const Insieme& s : insiemi) {
+        std::vector<std::tuple<std::string, std::function<void(QMessageBox*)>, Risposta>> gesti;
+        for (auto [tasto, risposta] : s.tasti)
+            gesti.emplace_back(
+                "pulsante " + std::to_string(tasto),
+                [tasto](QMessageBox* box) {
+                    QAbstractButton* b = box->button(tasto);
+                    EXPECT_NE(b, nullptr) << "no such button";
+                    if (b)
                         QTest::mouseClick(b, Qt::LeftButton);
-                        premuto = true;
-                    } else {
+                    else
                         box->close();
-                    }
-                    break;
-                case Gesto::Invio:
-                    QTest::keyClick(box, Qt::Key_Return);
-                    break;
-                case Gesto::Esc:
-                    QTest::keyClick(box, Qt::Key_Escape);
-                    break;
-                case Gesto::Chiusura:
-                    box->close();
-                    break;
-                }
-            },
-            visti);
-        const Risposta r = messaggi.Mostra("Titolo", "Testo", c.pulsanti, Icona::Domanda);
-        if (c.gesto == Gesto::Pulsante) {
-            EXPECT_TRUE(premuto) << "no such button among " << visti.join(", ").toStdString();
+                },
+                risposta);
+        gesti.emplace_back(
+            "Invio", [](QMessageBox* b) { QTest::keyClick(b, Qt::Key_Return); }, s.tasti[0].second);
+        gesti.emplace_back(
+            "Esc", [](QMessageBox* b) { QTest::keyClick(b, Qt::Key_Escape); }, s.annulla);
+        gesti.emplace_back(
+            "chiusura", [](QMessageBox* b) { b->close(); }, s.annulla);
+        for (const auto& [nome, gesto, attesa] : gesti) {
+            SCOPED_TRACE(std::to_string(int(s.pulsanti)) + " " + nome);
+            QStringList visti;
+            AlComparire(gesto, visti);
+            EXPECT_EQ(messaggi.Mostra("Titolo", "Testo", s.pulsanti, Icona::Domanda), attesa)
+                << visti.join(", ").toStdString();
         }
-        EXPECT_EQ(r, c.attesa) << visti.join(", ").toStdString();
     }
 }
 
