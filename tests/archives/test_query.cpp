@@ -327,11 +327,17 @@ TEST_F(QueryArchivio, FermataTieneIColpiTrovati) {
     for (int i = 0; i < 3000; ++i)
         temi.push_back(TemaCasuale(g, i));
     RiempiTemi("Grande", temi);
-    int chiamate = 0;
-    // The true Black Moon is the slowest point: the run is still going at the first call.
+    // The true Black Moon is the slowest point. The stop is asked at the first progress that
+    // still has a hundred charts to go, whenever the loaded machine lets that call come.
+    std::int64_t fattiAlloStop = -1;
     EsitoQuery e = EseguiQuery(
         fileDB, "Grande", "Q_Fermo", {Angolo(12, 0, 0, 180)}, 1, messaggi,
-        [&](std::int64_t, std::int64_t) { return ++chiamate < 2; }, 2);
+        [&](std::int64_t fatti, std::int64_t totale) {
+            if (fattiAlloStop < 0 && fatti < totale - 100) fattiAlloStop = fatti;
+            return fattiAlloStop < 0;
+        },
+        2);
+    ASSERT_GE(fattiAlloStop, 0) << "no progress came while the run was going";
     EXPECT_TRUE(e.Fermata);
     EXPECT_LT(e.Esaminati, 3000);
     EXPECT_EQ(e.Trovati, e.Esaminati); // every chart passes an orb of 180
