@@ -6,24 +6,14 @@
 
 #include "astrolog/Astrolog.h"
 #include "core/Aritmetica.h"
+#include "tests/astrolog/Prova.h"
 #include "tests/core/store/Cartella.h"
 
 using namespace vesmo;
 using vesmo::test::Cartella;
+using vesmo::test::Prova;
 
 namespace {
-
-Tema Prova() {
-    Tema t;
-    t.Nome = "Prova";
-    t.City = "Padova";
-    t.Day = GiornoGiuliano(1980, 1, 15);
-    t.OraL = GradiDecimali(15, 5, 0);
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = GradiDecimali(45, 24, 0);
-    t.Fuso = -1;
-    return t;
-}
 
 TestiInfo TestiProva() {
     return {"15", "1", "1980", "15", "5", "0", "0"};
@@ -235,7 +225,6 @@ TEST(ChartInfo, RifiutiEAnnullato) {
     };
     const Caso casi[] = {
         {"1", "30", "1", estiva, false},
-        {"2", "0", "1", estiva, false},
         {"0", "0", "13",
          "Mese non valido:  13\nSalvataggio Info Impossibile\n" + trattini +
              "\nMonth out of range 1 - 12\n",

@@ -3,27 +3,11 @@
 
 #include "astrolog/Astrolog.h"
 #include "core/Aritmetica.h"
+#include "tests/astrolog/Prova.h"
 
 using namespace vesmo;
 
-namespace {
-
-// Prova, Padova, 15 January 1980 at 15:05, zone one hour east, no summer time.
-Tema Prova() {
-    Tema t;
-    t.Nome = "Prova";
-    t.City = "Padova";
-    t.Stato = "Italy";
-    t.Day = GiornoGiuliano(1980, 1, 15);
-    t.OraL = GradiDecimali(15, 5, 0);
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = GradiDecimali(45, 24, 0);
-    t.Fuso = -1;
-    t.Estiva = 0;
-    return t;
-}
-
-} // namespace
+using vesmo::test::Prova;
 
 TEST(ComponiComando, FormeDeiNumeri) {
     struct Caso {
