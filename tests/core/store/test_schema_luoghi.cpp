@@ -1,5 +1,4 @@
-// The place tables as created, and the index iLonLat made on demand.
-#include "core/store/Cursore.h"
+// The place tables as created, all of them reserved from the archives.
 #include "core/store/TabelleLuoghi.h"
 #include "places/RicercaLuoghi.h"
 #include "places/Schema.h"
@@ -26,30 +25,6 @@ TEST_F(SchemaLuoghi, SecondaCreazioneRifiutataSenzaCambiare) {
     EXPECT_EQ(NumeroErrore([&] { CreaSchemaLuoghi(db); }), ErroreDB::TabellaEsistente);
     EXPECT_EQ(db.Tabelle(), (std::vector<std::string>{"AllCity", "Estive", "Fusi",
                                                       "FusiEstiveUniti", "Nazioni", "ZoneOrarie"}));
-}
-
-TEST_F(SchemaLuoghi, LonLatIndexMadeWhenMissing) {
-    Cursore c(db, "AllCity");
-    for (auto [lon, lat] : std::vector<std::pair<double, double>>{
-             {-0.8, 45.4}, {-0.8, 41.9}, {5.0, 40.7}, {-1.2, 52.5}}) {
-        c.AddNew();
-        c.Imposta("Lon", lon);
-        c.Imposta("Lat", lat);
-        c.Update();
-    }
-    EXPECT_EQ(NumeroErrore([&] { c.Index("iLonLat"); }), ErroreDB::IndiceNonValido);
-    c.Chiudi();
-    db.Chiudi();
-    CreaIndiceLonLat(dir / "Vesmodat.Mdb");
-    db.Apri(dir / "Vesmodat.Mdb");
-    Cursore d(db, "AllCity");
-    d.Index("iLonLat");
-    d.Seek(">=", -0.8, 42.0);
-    EXPECT_EQ(d.Campo("Lat").Numero(), 45.4);
-    d.Seek("<=", -0.8);
-    EXPECT_EQ(d.Campo("Lat").Numero(), 45.4);
-    d.MovePrevious();
-    EXPECT_EQ(d.Campo("Lat").Numero(), 41.9);
 }
 
 // Every table the places database holds is reserved from the archives: the tables of the schema,
