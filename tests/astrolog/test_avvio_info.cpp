@@ -141,18 +141,6 @@ TEST_F(AvvioAstrolog, SenzaProgrammaLoDice) {
     EXPECT_TRUE(avviatore.partenze.empty());
 }
 
-TEST_F(AvvioAstrolog, DallaMetaTemiSenzaSceltaEConRiprova) {
-    Tema t = Prova();
-    t.OraL = 24.25;
-    avviatore.esiti = {EsitoPartenza::RigaTroppoLunga};
-    EXPECT_TRUE(AvviaAstrolog(t, percorsi, messaggi, avviatore.Funzione()));
-    ASSERT_EQ(avviatore.partenze.size(), 2u);
-    EXPECT_EQ(avviatore.partenze[1].argomenti,
-              ArgomentiRiga("=X -z -1:00:00 -z0 0:00 -zl 11E53 45N24 -zt 0:15 -zd 16 -zm 1 "
-                            "-zy 1980 -zi \"P.\" \"P.\" "));
-    EXPECT_EQ(t.Day, GiornoGiuliano(1980, 1, 16));
-}
-
 TEST(ChartInfo, FileDiEsempioRigaPerRiga) {
     Cartella cartella;
     const auto file = cartella / "prova.dat";

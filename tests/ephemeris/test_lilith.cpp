@@ -4,6 +4,7 @@
 
 #include <cmath>
 #include <string>
+#include <tuple>
 
 #include "core/Aritmetica.h"
 #include "core/Messaggi.h"
@@ -123,11 +124,11 @@ TEST(LilithVera, ApogeiTuttiDaUnaParteErrore) {
         double lon = 123.5, lat = 0.25;
         LilithVera(jd, 100, 50, lon, lat, msg, ApogeoScritto);
         ASSERT_EQ(msg.registro.size(), 1u);
-        EXPECT_EQ(msg.registro[0].titolo, c.titolo);
-        EXPECT_EQ(msg.registro[0].testo,
-                  "Lilith Vera del\r\nGiul = 2451545,25\r\nNON è compresa nei giusti Apogei\r\n"
-                  "Impossibile Calcolo. Rivedere il sorgente.");
-        EXPECT_EQ(msg.registro[0].icona, Icona::Critico);
+        EXPECT_EQ(std::tie(msg.registro[0].titolo, msg.registro[0].testo, msg.registro[0].icona),
+                  std::make_tuple(c.titolo,
+                                  "Lilith Vera del\r\nGiul = 2451545,25\r\nNON è compresa nei "
+                                  "giusti Apogei\r\nImpossibile Calcolo. Rivedere il sorgente.",
+                                  Icona::Critico));
         EXPECT_EQ(chiamate, 20);
         EXPECT_EQ(std::make_pair(lon, lat), std::make_pair(123.5, 0.25));
     }

@@ -88,20 +88,16 @@ TEST_F(File, TablesFieldsAndIndexesByName) {
     EXPECT_EQ(db.Indici("Beta"),
               (std::vector<DefIndice>{{"Chiave", {"Codice"}, true, true}, {"indNome", {"Nome"}}}));
     EXPECT_TRUE(db.EsisteIndice("Amici", "INDNOME"));
+    const std::vector<DefCampo> uno{{"n", TipoCampo::Intero32}};
+    const std::vector<DefIndice> indiceSbagliato{{"i", {"manca"}}};
     const std::pair<int, std::function<void()>> rifiutati[] = {
-        {ErroreDB::TabellaEsistente,
-         [&] {
-             db.CreaTabella("ZETA", {{"y", TipoCampo::Doppio}});
-         }},
+        {ErroreDB::TabellaEsistente, [&] { db.CreaTabella("ZETA", uno); }},
         {ErroreDB::IndiceEsistente, [&] { db.CreaIndice("Beta", "INDNOME", {"City"}); }},
         {ErroreDB::ElementoNonTrovato, [&] { db.CreaIndice("Beta", "iX", {"Manca"}); }},
         {ErroreDB::ElementoNonTrovato, [&] { db.EliminaIndice("Amici", "manca"); }},
         {ErroreDB::TabellaNonTrovata, [&] { db.EliminaTabella("manca"); }},
         // A table with a failing index is not created at all.
-        {ErroreDB::ElementoNonTrovato,
-         [&] {
-             db.CreaTabella("Tripli", {{"n", TipoCampo::Intero32}}, {{"i", {"manca"}}});
-         }},
+        {ErroreDB::ElementoNonTrovato, [&] { db.CreaTabella("Tripli", uno, indiceSbagliato); }},
     };
     for (const auto& [numero, f] : rifiutati)
         EXPECT_EQ(NumeroErrore(f), numero);
