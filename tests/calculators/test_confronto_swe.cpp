@@ -13,6 +13,7 @@
 
 #include "calculators/Calcolatrici.h"
 #include "core/Aritmetica.h"
+#include "tests/ephemeris/Riferimenti.h"
 
 using namespace vesmo;
 
@@ -26,10 +27,6 @@ double ObliquitaMediaSwe(double jd) {
     char errore[256];
     swe_calc(jd, SE_ECL_NUT, 0, x, errore);
     return x[1];
-}
-
-double DifferenzaAngolo(double a, double b) {
-    return std::fabs(std::remainder(a - b, 360.0));
 }
 
 } // namespace
@@ -69,7 +66,7 @@ TEST(ConfrontoSwe, EclitticheEquatorialiEIndietro) {
                 Equatoriali q = EclitticheAEquatoriali(jd, ecl);
                 const double ar = (q.AR_h + q.AR_m / 60 + q.AR_s / 3600) * 15;
                 const double dec = GradiDecimali(q.Dec_Gradi, q.Dec_Primi, 0);
-                peggioreAR = std::max(peggioreAR, DifferenzaAngolo(ar, out[0]) * 3600);
+                peggioreAR = std::max(peggioreAR, std::fabs(test::Scarto(ar, out[0])) * 3600);
                 peggioreDec = std::max(peggioreDec, std::fabs(dec - out[1]) * 3600);
 
                 // And back, from the right ascension and declination of the boxes.
@@ -79,7 +76,8 @@ TEST(ConfrontoSwe, EclitticheEquatorialiEIndietro) {
                 const double lonR =
                     30 * e.Segno + GradiDecimali(e.Lon_Gradi, e.Lon_Primi, e.Lon_Sec);
                 const double latR = GradiDecimali(e.Lat_Gradi, e.Lat_Primi, 0);
-                peggioreLon = std::max(peggioreLon, DifferenzaAngolo(lonR, outEcl[0]) * 3600);
+                peggioreLon =
+                    std::max(peggioreLon, std::fabs(test::Scarto(lonR, outEcl[0])) * 3600);
                 peggioreLat = std::max(peggioreLat, std::fabs(latR - outEcl[1]) * 3600);
                 ++n;
             }
