@@ -49,32 +49,6 @@ TEST(Calendario, GiorniGiulianiDiRiferimento) {
         EXPECT_EQ(GiornoGiuliano(1582, 10, d), 2299155.5 + d) << d;
 }
 
-TEST(Calendario, OgniGiornoDaMenoQuattromilaAQuattromila) {
-    // Every day from -4712 to 2406: its date gives it back and follows the previous by one day.
-    float pa = 0, pm = 0, pg = 0;
-    int errori = 0;
-    for (double jd = 0.5; jd < 2600000.5 && errori < 5; jd += 1) {
-        float a, m, g;
-        DataDaGiuliano(jd, a, m, g);
-        if (GiornoGiuliano(a, m, g) != jd) {
-            ADD_FAILURE() << "JD " << jd << " -> " << a << "/" << m << "/" << g;
-            ++errori;
-        }
-        if (jd > 0.5) {
-            bool stessoMese = a == pa && m == pm && g == pg + 1;
-            bool nuovoMese =
-                g == 1 && ((a == pa && m == pm + 1) || (a == pa + 1 && m == 1 && pm == 12));
-            bool riforma = jd == 2299160.5 && g == 15;
-            if (!(stessoMese || nuovoMese || riforma)) {
-                ADD_FAILURE() << "salto dopo " << pa << "/" << pm << "/" << pg;
-                ++errori;
-            }
-        }
-        pa = a, pm = m, pg = g;
-    }
-    EXPECT_EQ(pa, 2406.f); // the walk reached the year 2406
-}
-
 TEST(Angoli, Norma360) {
     const std::pair<double, double> gradi[] = {
         {-0.25, 359.75},
