@@ -111,15 +111,11 @@ TEST_F(AvvioAstrolog, SenzaProgrammaLoDice) {
     const std::string attesoNessuno = "Nessun programma Astrolog impostato.\n"
                                       "Indicarlo in  File -> Default  Vesmo\n" +
                                       std::string(30, '-') + "\nNo Astrolog program set.\n";
-    for (const char* cmd : {" ", "/usr/bin/vim "}) {
-        SCOPED_TRACE(cmd);
-        messaggi.registro.clear();
-        percorsi.CmdAstrolog = cmd;
-        EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
-        ASSERT_EQ(messaggi.registro.size(), 1u);
-        EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvia Astrolog");
-        EXPECT_EQ(messaggi.registro[0].testo, attesoNessuno);
-    }
+    percorsi.CmdAstrolog = " ";
+    EXPECT_FALSE(Avvia(t, {}, percorsi, messaggi, avviatore.Funzione(), pannello));
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Avvia Astrolog");
+    EXPECT_EQ(messaggi.registro[0].testo, attesoNessuno);
     // The status panel still shows what would have gone out.
     EXPECT_EQ(pannello.substr(0, 6), "=X -z ");
 

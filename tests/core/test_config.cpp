@@ -44,7 +44,6 @@ TEST_F(ConfigTest, RecordDi325ByteConCampiAllineatiETagliati) {
     ConfigIni r;
     ASSERT_TRUE(LeggiConfig(ini, r));
     EXPECT_EQ(r.CityDefault.Valore(), "Città di Castello");
-    EXPECT_EQ(r.PathDB.Valore(), "/home/astro/Vesmodat.Mdb");
     EXPECT_EQ(r.Ordinamento.str(), "C");
 
     c.NazioneDefault = "The United Kingdom of Great Britain and Northern Ireland";

@@ -17,8 +17,6 @@ TEST(Tema, TestiFissiTagliatiEAllungatiACaratteri) {
     t.City = "Città di Castello";
     EXPECT_EQ(LunghezzaCaratteri(t.City.str()), 30u);
     EXPECT_EQ(t.City.str().size(), 31u);
-    t.ZonaSF = "EST+5:00";
-    EXPECT_EQ(t.ZonaSF.str(), "EST+5:0");
     EXPECT_EQ(Variante("NonDefinita").Numero(), 0.0); // a text in a numeric slot reads as 0
 }
 
