@@ -127,13 +127,6 @@ Posizioni Carta() {
     return p;
 }
 
-std::vector<double> Rotazioni() {
-    std::vector<double> r;
-    for (double a = 0; a < 360; a += 7.5)
-        r.push_back(a);
-    return r;
-}
-
 } // namespace
 
 TEST(FasceDeiGlifi, RuotaSingolaEStampata) {
@@ -141,7 +134,7 @@ TEST(FasceDeiGlifi, RuotaSingolaEStampata) {
     piccola.RaggioEsterno = 2600;
     piccola.RaggioInterno = 2000;
     for (const GeometriaRuota& g : {GeometriaRuota{}, piccola}) {
-        for (double angolo : Rotazioni()) {
+        for (double angolo = 0; angolo < 360; angolo += 7.5) {
             SCOPED_TRACE(std::to_string(g.RaggioEsterno) + " a " + std::to_string(angolo));
             // Both nodes of Mercurio to Nettuno.
             const OpzioniRuota o{.AngoloRuota = angolo, .NodiScelti = 1, .Geometria = g};
@@ -160,7 +153,7 @@ TEST(FasceDeiGlifi, RuotaSingolaEStampata) {
 TEST(FasceDeiGlifi, RuotaDoppiaConESenzaMappaEDoppioZodiaco) {
     for (bool mappa : {false, true}) {
         const GeometriaDoppia g = GeometriaDellaDoppia(mappa);
-        for (double angolo : Rotazioni()) {
+        for (double angolo = 0; angolo < 360; angolo += 7.5) {
             SCOPED_TRACE(std::string(mappa ? "con mappa a " : "senza mappa a ") +
                          std::to_string(angolo));
             const OpzioniDoppia o{.AngoloRuota = angolo, .MappaVisibile = mappa};
@@ -189,7 +182,7 @@ TEST(FasceDeiGlifi, RuoteAscensionaliSingolaEDoppia) {
     const Ruota ruota{
         g.CentroX, g.CentroY, {g.RaggioZodiaco, g.RaggioZodiacoFine, g.RaggioAscensioni}};
     for (int modo : {1, 2}) {
-        for (double angolo : Rotazioni()) {
+        for (double angolo = 0; angolo < 360; angolo += 7.5) {
             SCOPED_TRACE(std::to_string(modo) + " a " + std::to_string(angolo));
             const OpzioniAscensionale o{
                 .ModoAscens = modo, .AngoloRuota = angolo, .AngoloAscens = 360 - angolo};

@@ -121,11 +121,14 @@ TEST(PaginaStampa, TestiDelleDignita) {
     }
 }
 
-TEST(PaginaStampa, RetrogradiELunaNera) {
+TEST(PaginaStampa, RetrogradiLongitudiniECuspidi) {
     auto p = PosizioniDiProva(Dignitosi, CuspidiComuni);
     // The Sun, the Moon and the node never show the letter, even with the flag set.
     for (Posizione* x : {&p.Sole, &p.Luna, &p.Mercurio, &p.Saturno, &p.Plutone, &p.NodoLuna})
         x->Mv = -1;
+    p.Sole.Lo = 130 + 5.0 / 60 + 9.5 / 3600; // 10°05'09.5'' Leone: whole seconds
+    p.Asce.Lo = 10 + 3.0 / 60 + 31.0 / 3600; // 10°03'31'': to the nearest minute
+    p.MC.Lo = 280 + 59.0 / 60 + 45.0 / 3600; // 10°59'45'' Capricorno
     auto sup = Componi(p);
     auto riga = [&](int i) { return TestiDellaRiga(sup, Y0 + H * i, X0 + 1300, X0 + 1650); };
     const std::map<int, std::vector<std::string>> attese{
@@ -133,14 +136,6 @@ TEST(PaginaStampa, RetrogradiELunaNera) {
         {10, {"R"}}, {11, {}}, {12, {"-"}}, {13, {}}, {14, {}}};
     for (const auto& [i, testi] : attese)
         EXPECT_EQ(riga(i), testi) << "riga " << i;
-}
-
-TEST(PaginaStampa, LongitudiniNelSegnoECuspidi) {
-    auto p = PosizioniDiProva(Dignitosi, CuspidiComuni);
-    p.Sole.Lo = 130 + 5.0 / 60 + 9.5 / 3600; // 10°05'09.5'' Leone: whole seconds
-    p.Asce.Lo = 10 + 3.0 / 60 + 31.0 / 3600; // 10°03'31'': to the nearest minute
-    p.MC.Lo = 280 + 59.0 / 60 + 45.0 / 3600; // 10°59'45'' Capricorno
-    auto sup = Componi(p);
     EXPECT_EQ(Cella(sup, 1, 350), "10°05'09''");
     EXPECT_EQ(Cella(sup, 13, 0), "Asc");
     EXPECT_EQ(Cella(sup, 13, 350), "10°04'");
