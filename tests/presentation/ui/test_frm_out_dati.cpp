@@ -243,7 +243,8 @@ TEST_F(Posizioni_, RotazioniENodi) {
     EXPECT_EQ(f->AngoloRuota, 0.0f);
     f->AngoloRuota = 12;
     f->mnuRotQ->trigger(); // not a number: told, the angle stays
-    EXPECT_EQ(messaggi.registro.back().testo,
+    ASSERT_EQ(messaggi.registro.size(), 4u);
+    EXPECT_EQ(messaggi.registro[3].testo,
               "L'angolo deve essere un numero: mezzo\nIl separatore decimale è la VIRGOLA.\n"
               "------------------------------\nThe angle must be a number.\n");
     EXPECT_EQ(f->AngoloRuota, 12.0f);
