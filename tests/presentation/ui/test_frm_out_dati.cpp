@@ -62,15 +62,6 @@ protected:
         f->ScorriArchivioCorrente = ScorriArchivio;
         return f;
     }
-    void Archivio(const std::vector<Tema>& temi) {
-        Database db;
-        db.Crea(fileDB);
-        db.Chiudi();
-        CreaArchivio(fileDB, "Amici");
-        for (const Tema& t : temi)
-            ASSERT_TRUE(Salvato(SalvaTema(fileDB, "Amici", t, messaggi, "prova")));
-        sessione.ArchivioCorrente = "Amici";
-    }
     static QString Cella(const frmOutDati& f, int riga, int colonna) {
         return f.MSFlexGrid1->item(riga - 1, colonna - 1)->text();
     }
@@ -187,9 +178,14 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
         EXPECT_FALSE(std::filesystem::exists(fileDB));
     }
     messaggi.registro.clear();
-    Archivio({Alle("Carla", 1970, 3, 1, 8, 0, 0), Alle("Anna", 1960, 1, 1, 12, 0, 0),
-              Alle("Bruno", 1965, 6, 15, 18, 30, 0)});
-
+    Database db;
+    db.Crea(fileDB);
+    db.Chiudi();
+    CreaArchivio(fileDB, "Amici");
+    for (const Tema& t : {Alle("Carla", 1970, 3, 1, 8, 0, 0), Alle("Anna", 1960, 1, 1, 12, 0, 0),
+                          Alle("Bruno", 1965, 6, 15, 18, 30, 0)})
+        ASSERT_TRUE(Salvato(SalvaTema(fileDB, "Amici", t, messaggi, "prova")));
+    sessione.ArchivioCorrente = "Amici";
     sessione.TemaX = Alle("Bruno", 1965, 6, 15, 18, 30, 0);
     auto f = Apri();
     f->show();
