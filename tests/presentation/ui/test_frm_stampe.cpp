@@ -62,11 +62,6 @@ protected:
         f.reset();
         QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     }
-    QAction* Voce(const char* nome) {
-        auto* a = f->findChild<QAction*>(nome);
-        EXPECT_NE(a, nullptr) << nome;
-        return a;
-    }
     std::vector<bool> Segni() {
         std::vector<bool> r;
         for (QAction* a : f->mnuFileStampeChe)
@@ -110,10 +105,11 @@ TEST_F(Stampe, CaricaLoSlotSceltoEDidascalie) {
         {"mnuFileStampePdf", "Salva PDF..."},
         {"nmuFileStampEsci", "&Esci"},
     };
-    for (const auto& [nome, testo] : voci)
-        if (QAction* a = Voce(nome)) {
-            EXPECT_EQ(a->text().toStdString(), testo) << nome;
-        }
+    for (const auto& [nome, testo] : voci) {
+        const QAction* a = f->findChild<QAction*>(nome);
+        ASSERT_NE(a, nullptr) << nome;
+        EXPECT_EQ(a->text().toStdString(), testo) << nome;
+    }
 
     // Another entry: it alone is checked and its slot is composed.
     f->mnuFileStampeChe[3]->trigger();
