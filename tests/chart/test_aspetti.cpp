@@ -112,6 +112,10 @@ TEST(Aspetti, AspettiDelleRuoteETestoDiAiuto) {
     a = AspettiDelTema(p, 0, 2.5);
     EXPECT_FALSE(trova(1, 11, 3));
     // The help text keeps its Windows line ends.
-    EXPECT_NE(TestoAiutoAspetti().find("è (-16g 46p) - (-16g 25p) = 0,4g arrotondando.\r\n"),
-              std::string::npos);
+    const std::string aiuto = TestoAiutoAspetti();
+    EXPECT_EQ(aiuto.rfind("           SELEZIONE ASPETTI e ORBITE  \r\n\r\n"
+                          "Ogni Aspetto occupa due caselle della griglia. \r\n\r\n",
+                          0),
+              0u);
+    EXPECT_NE(aiuto.find("è (-16g 46p) - (-16g 25p) = 0,4g arrotondando.\r\n"), std::string::npos);
 }

@@ -4,7 +4,6 @@
 #include <swephexp.h>
 
 #include <cmath>
-#include <cstdio>
 #include <tuple>
 
 #include "chart/CalcolaTema.h"
@@ -32,6 +31,16 @@ Tema Padova(double anno, double mese, double giorno, double ora) {
     t.Lat = GradiDecimali(45, 24, 0);
     t.Fuso = -1;
     return t;
+}
+
+// The houses, then the bodies from `scelto` (0 every one) as CalcolaTema takes it.
+Posizioni Calcola(const Tema& t, std::int16_t scelto = 0) {
+    Case c;
+    Posizioni p;
+    MessaggiRegistrati m;
+    CalcoloCase(t, c, p, 1, m);
+    CalcolaTema(t, c, p, 1, scelto, m, false);
+    return p;
 }
 
 } // namespace
@@ -71,8 +80,6 @@ TEST(CalcolaTema, OgniCorpoHaCasaECoordinate) {
 TEST(CalcolaTema, MotoRetrogradoComeLeEffemeridi) {
     // Over ten years, each planet's motion flag agrees with the sign of its speed in the Swiss
     // Ephemeris, except within a day of a station.
-    const int numeri[] = {NumMercurio, NumVenere, NumMarte,   NumGiove,
-                          NumSaturno,  NumUrano,  NumNettuno, NumPlutone};
     const int swe[] = {SE_MERCURY, SE_VENUS,  SE_MARS,    SE_JUPITER,
                        SE_SATURN,  SE_URANUS, SE_NEPTUNE, SE_PLUTO};
     const Posizione Posizioni::*campi[] = {
@@ -83,11 +90,7 @@ TEST(CalcolaTema, MotoRetrogradoComeLeEffemeridi) {
         Tema t = Padova(2000, 1, 1, 0);
         t.Day = std::floor(jd) + 0.5;
         t.OraL = 13;
-        Case c;
-        Posizioni p;
-        MessaggiRegistrati m;
-        CalcoloCase(t, c, p, 1, m);
-        CalcolaTema(t, c, p, 1, 0, m, false);
+        const Posizioni p = Calcola(t);
         for (int k = 0; k < 8; ++k) {
             double xx[6], xx1[6];
             char err[256];
@@ -95,7 +98,7 @@ TEST(CalcolaTema, MotoRetrogradoComeLeEffemeridi) {
             swe_calc(t.JD() + 1.5, swe[k], SEFLG_MOSEPH | SEFLG_SPEED, xx1, err);
             if ((xx[3] < 0) != (xx1[3] < 0)) continue; // a station nearby
             const Posizione& q = p.*campi[k];
-            EXPECT_EQ(q.Mv, xx[3] < 0 ? -1 : 0) << "pianeta " << numeri[k] << " jd " << t.JD();
+            EXPECT_EQ(q.Mv, xx[3] < 0 ? -1 : 0) << "pianeta " << k << " jd " << t.JD();
             retrogradi += q.Mv != 0;
         }
     }
@@ -141,22 +144,17 @@ TEST(CalcolaTema, MotoAttraversoZeroGradi) {
     // Days on which Mercury, Venus or Mars pass 0° Aries: forward they stay direct, and a body
     // going back across 0° is retrograde.
     int avanti = 0, indietro = 0;
+    const std::pair<std::int16_t, const Posizione Posizioni::*> corpi[] = {
+        {NumMercurio, &Posizioni::Mercurio},
+        {NumVenere, &Posizioni::Venere},
+        {NumMarte, &Posizioni::Marte}};
     for (double jd = 2440000.5; jd < 2455000.5 && (avanti < 3 || indietro < 1); jd += 1) {
-        for (int n : {NumMercurio, NumVenere, NumMarte}) {
-            Tema t = Padova(2000, 1, 1, 0);
+        for (const auto& [n, campo] : corpi) {
+            Tema t = Padova(2000, 1, 1, 1); // 0h at Greenwich
             t.Day = jd;
-            t.OraL = 1; // 0h at Greenwich
-            Case c;
-            Posizioni p, domani;
-            MessaggiRegistrati m;
-            CalcoloCase(t, c, p, 1, m);
-            CalcolaTema(t, c, p, 1, static_cast<std::int16_t>(n), m, false);
+            const Posizioni p = Calcola(t, n);
             t.Day += 1;
-            CalcolaTema(t, c, domani, 1, static_cast<std::int16_t>(n), m, false);
-            const Posizione Posizioni::*campo = n == NumMercurio ? &Posizioni::Mercurio
-                                                : n == NumVenere ? &Posizioni::Venere
-                                                                 : &Posizioni::Marte;
-            const double l0 = (p.*campo).Lo, l1 = (domani.*campo).Lo;
+            const double l0 = (p.*campo).Lo, l1 = (Calcola(t, n).*campo).Lo;
             const bool va = l0 >= 358 && l1 <= 2, torna = l0 <= 2 && l1 >= 358;
             if (va || torna) {
                 EXPECT_EQ((p.*campo).Mv, va ? 0 : -1) << "jd " << jd << " n " << n;

@@ -77,10 +77,10 @@ bool HaCerchio(const SuperficieRegistrata& s, Colore c, double raggio, double r,
 
 } // namespace
 
-TEST(RuotaAscensionale, CuspidiInBluNotteAlleAscensioniRette) {
-    OpzioniAscensionale o{.ModoAscens = 1, .AngoloAscens = 20};
+TEST(RuotaAscensionale, CuspidiCorpiEAspettiAlleAscensioniRette) {
+    OpzioniAscensionale o{.ModoAscens = 1, .AngoloAscens = 20, .DisegnaAspetti = true};
     SuperficieRegistrata s;
-    DisegnaRuotaAscensionale(s, TemaDiProva(), Tema45(), o);
+    auto r = DisegnaRuotaAscensionale(s, TemaDiProva(), Tema45(), o);
 
     // Every cusp from the ring to the circle of the ascensions, at 20 + 15 AR degrees.
     EXPECT_EQ(Raggi(s, BluNotte, RZF, RA).size(), 12u);
@@ -93,19 +93,12 @@ TEST(RuotaAscensionale, CuspidiInBluNotteAlleAscensioniRette) {
     EXPECT_EQ(Raggi(s, Nero, 500, RZ).size(), 8u);
     EXPECT_EQ(Raggi(s, Nero, 500, 2600).size(), 4u);
     EXPECT_TRUE(HaRaggio(s, Nero, 500, 2600, 10));
-
-    // Oblique ascensions: the same cusps at 15 AOb.
-    o.ModoAscens = 2;
-    SuperficieRegistrata obl;
-    DisegnaRuotaAscensionale(obl, TemaDiProva(), Tema45(), o);
-    for (double ore : OreCuspidi)
-        EXPECT_TRUE(HaRaggio(obl, BluNotte, RZF, RA, 20 + 15 * (ore + 0.1))) << ore;
-}
-
-TEST(RuotaAscensionale, CorpiRossiConAnelliASetteGradi) {
-    OpzioniAscensionale o{.ModoAscens = 1, .AngoloAscens = 20};
-    SuperficieRegistrata s;
-    auto r = DisegnaRuotaAscensionale(s, TemaDiProva(), Tema45(), o);
+    // Sole 50 and Venere 140 are square: a grey line on the zodiac's inner circle, and no grey
+    // line elsewhere.
+    EXPECT_TRUE(HaRaggio(s, Grigio, RZ, RZ, 50, 140));
+    for (const Figura& f : DelTipo(s.figure, Figura::Linea))
+        EXPECT_TRUE(f.colore != Grigio ||
+                    (SulCerchio(f.x1, f.y1, RZ) && SulCerchio(f.x2, f.y2, RZ)));
 
     struct Caso {
         std::size_t corpo;
@@ -131,6 +124,13 @@ TEST(RuotaAscensionale, CorpiRossiConAnelliASetteGradi) {
     EXPECT_NEAR(r.ascensionali[13].X, Px(CX, RA, 20 + 15 * 0.6), TolleranzaTwips);
     EXPECT_NEAR(r.ascensionali[14].Y, Py(CY, RA, 20 + 15 * 18.6), TolleranzaTwips);
     EXPECT_NEAR(r.zodiacali[13].X, Px(CX, RZ, 10), TolleranzaTwips);
+
+    // Oblique ascensions: the same cusps at 15 AOb.
+    o.ModoAscens = 2;
+    SuperficieRegistrata obl;
+    DisegnaRuotaAscensionale(obl, TemaDiProva(), Tema45(), o);
+    for (double ore : OreCuspidi)
+        EXPECT_TRUE(HaRaggio(obl, BluNotte, RZF, RA, 20 + 15 * (ore + 0.1))) << ore;
 }
 
 TEST(RuotaAscensionale, CuspidiSenzaAscensioneTralasciate) {
@@ -160,18 +160,6 @@ TEST(RuotaAscensionale, CuspidiSenzaAscensioneTralasciate) {
     EXPECT_EQ(r.ascensionali[3].Anello, 1);
     // The zodiacal half is whole.
     EXPECT_EQ(Raggi(obl, Nero, 500, RZ).size() + Raggi(obl, Nero, 500, 2600).size(), 12u);
-}
-
-TEST(RuotaAscensionale, AspettiGrigiTraIPuntiZodiacali) {
-    SuperficieRegistrata s;
-    DisegnaRuotaAscensionale(s, TemaDiProva(), Tema45(),
-                             OpzioniAscensionale{.DisegnaAspetti = true});
-    // Sole 50 and Venere 140 are square: a grey line on the zodiac's inner circle, and no grey
-    // line elsewhere.
-    EXPECT_TRUE(HaRaggio(s, Grigio, RZ, RZ, 50, 140));
-    for (const Figura& f : DelTipo(s.figure, Figura::Linea))
-        EXPECT_TRUE(f.colore != Grigio ||
-                    (SulCerchio(f.x1, f.y1, RZ) && SulCerchio(f.x2, f.y2, RZ)));
 }
 
 TEST(DoppiaAscensionale, EsternoRossoScuroFuoriEGiratoDallArco) {

@@ -103,22 +103,12 @@ TEST(PaginaStampa, TestiDelleDignita) {
         double lo;
         const char* testo;
     };
-    // One row for each text, the qualifiers by day (D) and night (N) on Mercury and Venus.
-    const Caso casi[] = {{3, 75, "Domicilio N"},
-                         {3, 255, "Esilio N"},
-                         {3, 165, "Dom D + Esa"},
-                         {3, 345, "Esilio D + Cad"},
-                         {3, 15, ""},
-                         {4, 195, "Domicilio D"},
-                         {4, 15, "Esilio D"},
-                         {4, 165, "Caduta"},
-                         {4, 345, "Esaltazione"},
-                         {1, 315, "Esilio"},
-                         {5, 285, "Esaltazione"},
-                         {7, 15, "Caduta"},
-                         {9, 345, "Domicilio"},
-                         {10, 45, "Esilio N"},
-                         {10, 225, "Domicilio N"}};
+    // One row for each text, the qualifiers by day (D) and night (N) on Mercury, Venus and
+    // Pluto; the plain words of the other bodies are read on the known chart above.
+    const Caso casi[] = {{3, 75, "Domicilio N"},     {3, 255, "Esilio N"}, {3, 165, "Dom D + Esa"},
+                         {3, 345, "Esilio D + Cad"}, {3, 15, ""},          {4, 195, "Domicilio D"},
+                         {4, 15, "Esilio D"},        {4, 165, "Caduta"},   {4, 345, "Esaltazione"},
+                         {10, 45, "Esilio N"}};
     for (const Caso& c : casi) {
         // Every other body in Gemelli at 65 degrees, where only Mercury and Jupiter have a word.
         std::array<double, 12> corpi;
@@ -131,11 +121,14 @@ TEST(PaginaStampa, TestiDelleDignita) {
     }
 }
 
-TEST(PaginaStampa, RetrogradiELunaNera) {
+TEST(PaginaStampa, RetrogradiLongitudiniECuspidi) {
     auto p = PosizioniDiProva(Dignitosi, CuspidiComuni);
     // The Sun, the Moon and the node never show the letter, even with the flag set.
     for (Posizione* x : {&p.Sole, &p.Luna, &p.Mercurio, &p.Saturno, &p.Plutone, &p.NodoLuna})
         x->Mv = -1;
+    p.Sole.Lo = 130 + 5.0 / 60 + 9.5 / 3600; // 10°05'09.5'' Leone: whole seconds
+    p.Asce.Lo = 10 + 3.0 / 60 + 31.0 / 3600; // 10°03'31'': to the nearest minute
+    p.MC.Lo = 280 + 59.0 / 60 + 45.0 / 3600; // 10°59'45'' Capricorno
     auto sup = Componi(p);
     auto riga = [&](int i) { return TestiDellaRiga(sup, Y0 + H * i, X0 + 1300, X0 + 1650); };
     const std::map<int, std::vector<std::string>> attese{
@@ -143,14 +136,6 @@ TEST(PaginaStampa, RetrogradiELunaNera) {
         {10, {"R"}}, {11, {}}, {12, {"-"}}, {13, {}}, {14, {}}};
     for (const auto& [i, testi] : attese)
         EXPECT_EQ(riga(i), testi) << "riga " << i;
-}
-
-TEST(PaginaStampa, LongitudiniNelSegnoECuspidi) {
-    auto p = PosizioniDiProva(Dignitosi, CuspidiComuni);
-    p.Sole.Lo = 130 + 5.0 / 60 + 9.5 / 3600; // 10°05'09.5'' Leone: whole seconds
-    p.Asce.Lo = 10 + 3.0 / 60 + 31.0 / 3600; // 10°03'31'': to the nearest minute
-    p.MC.Lo = 280 + 59.0 / 60 + 45.0 / 3600; // 10°59'45'' Capricorno
-    auto sup = Componi(p);
     EXPECT_EQ(Cella(sup, 1, 350), "10°05'09''");
     EXPECT_EQ(Cella(sup, 13, 0), "Asc");
     EXPECT_EQ(Cella(sup, 13, 350), "10°04'");
@@ -223,11 +208,8 @@ TEST(PaginaStampa, ElencoAspettiConESenzaDisegno) {
     EXPECT_TRUE(ListaAspetti(senza).empty());
     EXPECT_EQ(LineeAspetto(senza), 0);
 
-    // A narrower orb keeps the exact sextile alone; switched off, the sextiles go.
+    // Switched off, the sextiles go.
     o.DisegnaAspetti = true;
-    o.Aspetti.Orbita = 0.5f;
-    EXPECT_EQ(ListaAspetti(Componi(p, o)), (std::vector<std::vector<std::string>>{{" SESTILE "}}));
-    o.Aspetti.Orbita = 2.5f;
     o.Aspetti.AspettoAttivo[1] = 0;
     auto senzaSestili = Componi(p, o);
     EXPECT_EQ(ListaAspetti(senzaSestili),
@@ -324,17 +306,7 @@ TEST(PaginaStampa, RuotaInNeroSenzaRiempimenti) {
         Contiene(sup.figure, FigureDelGlifo(GlifoCorpo(RuotaSole), 350, PolareX(3700, r, a) - 175,
                                             PolareY(3650, r, a) - 175, Nero, 2)));
     // The Ascendant (318) at the left: its aspect point on the circle R2 left of the centre.
-    EXPECT_NEAR(punti[13].X, 3700 - 2450, 1e-6);
-    EXPECT_NEAR(punti[13].Y, 3650, 1e-6);
-    // The arrow head at the Ascendant and the Midheaven's circle stay.
-    int barbe = 0, cerchi = 0;
-    for (const Figura& f : sup.figure) {
-        barbe += f.tipo == Figura::Linea && Vicino(f.x1, 3700 - 3600) && Vicino(f.y1, 3650) &&
-                 Vicino(std::hypot(f.x2 - f.x1, f.y2 - f.y1), 300);
-        cerchi += f.tipo == Figura::Ellisse && Vicino(f.rx, 250) &&
-                  Vicino(std::hypot(f.x1 - 3700, f.y1 - 3650), 3100 + 280);
-    }
-    EXPECT_EQ(std::make_pair(barbe, cerchi), std::make_pair(2, 1));
+    EXPECT_TRUE(Vicino(punti[13].X, 3700 - 2450) && Vicino(punti[13].Y, 3650));
 }
 
 TEST(PaginaStampa, LeDueParti) {

@@ -1,5 +1,5 @@
-// The steps of the session's charts: the relocation of a revolution with its refusals and the
-// map's mark, and the transit's steps in time with their carries and borrows.
+// The relocation of a revolution with its refusals and the map's mark; the transit's steps in
+// time with their carries and borrows.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -175,7 +175,6 @@ TEST(PassoTempo, RiportiEPrestiti) {
         {UnitaTempo::Ore, -11, {10, 0, 0}, {23, 0, 0}, -1},
         {UnitaTempo::Ore, 1.5, {10, 0, 0}, {11, 30, 0}, 0},
         {UnitaTempo::Giorni, -1, {10, 0, 0}, {10, 0, 0}, -1},
-        {UnitaTempo::Giorni, 30, {10, 0, 0}, {10, 0, 0}, 30},
     };
     for (const Caso& c : casi) {
         SCOPED_TRACE(c.quanti);
@@ -215,4 +214,13 @@ TEST(PassoTempo, RiquadroEFrecce) {
         {"900", -1, 30}, {"uno", 1, 1},  {"1e300", 1, 1}};
     for (const auto& [testo, verso, atteso] : frecce)
         EXPECT_EQ(PassoConFrecce(testo, verso), atteso) << testo;
+    // The step typed: a number with the comma, or the user told.
+    MessaggiRegistrati m;
+    EXPECT_EQ(PassoDigitato("-1,5", m), -1.5);
+    EXPECT_FALSE(PassoDigitato("due", m).has_value());
+    ASSERT_EQ(m.registro.size(), 1u);
+    EXPECT_EQ(m.registro[0].titolo + " | " + m.registro[0].testo,
+              "Lyx - Passo del Transito | Il passo deve essere un numero: due\n"
+              "Il separatore decimale è la VIRGOLA.\n"
+              "------------------------------\nThe step must be a number.\n");
 }

