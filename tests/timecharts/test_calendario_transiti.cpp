@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <vector>
 
 #include "chart/Aspetti.h"
@@ -140,8 +139,6 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
             peggioreOrbita = std::max(peggioreOrbita, std::fabs(d - r.orbita));
         }
     }
-    std::printf("  worst aspect error %.2e deg, worst orb edge error %.2e deg over %zu hits\n",
-                peggiore, peggioreOrbita, transiti.size());
     EXPECT_LE(peggiore, TolleranzaGradi);
     EXPECT_LE(peggioreOrbita, TolleranzaGradi);
 
@@ -149,7 +146,6 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
     const double errore[] = {0, 0, 0, 0, 0, 0.05, 0.05, 0.1, 0.1};
     const double passo = 0.5;
     int abbinati = 0, scusati = 0;
-    double scartoOre = 0;
     for (int corpo : r.corpi) {
         std::vector<double> lon, vel;
         const double da = r.jdDa - 1;
@@ -195,8 +191,6 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
                             if (std::fabs(swe[migliore].jd - t.jd) <= tolleranza) {
                                 preso[migliore] = true;
                                 ++abbinati;
-                                scartoOre =
-                                    std::max(scartoOre, 24 * std::fabs(swe[migliore].jd - t.jd));
                                 continue;
                             }
                         }
@@ -216,9 +210,6 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
             }
         }
     }
-    std::printf("  %d hits matched with the reference (worst %.1f hours apart), %d within the "
-                "series' error of a station\n",
-                abbinati, scartoOre, scusati);
     EXPECT_GT(abbinati, 100);
     EXPECT_LE(scusati, 4);
 }
@@ -425,7 +416,6 @@ TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
           CelleTransito(righe[static_cast<std::size_t>(perPagina)])[0]})
         EXPECT_TRUE(cè(t)) << t;
     EXPECT_FALSE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina) - 1])[0]));
-    EXPECT_TRUE(cè(CelleTransito(righe[49])[0]));
 }
 
 // The topocentric Moon of the natal place: each hit exact in the chart cast with that Moon.

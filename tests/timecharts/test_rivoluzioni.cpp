@@ -19,6 +19,14 @@ constexpr double TolleranzaRitornoGiorni = 1e-7; // a lunar return, against its 
 constexpr double TolleranzaRicastoGradi = 1e-7;  // the body cast again, against the target
 constexpr double MinutoGiorni = 1.0 / 1440;      // published instants are given to the minute
 
+Posizioni Casta(const Tema& t, std::int16_t lunaGeo) {
+    Case c;
+    Posizioni p;
+    MessaggiRegistrati m;
+    CastaTema(t, c, p, lunaGeo, m);
+    return p;
+}
+
 // Prova's natal chart at Padova cast in a session, TemaX prepared for a revolution of `tipo`.
 Sessione Pronta(TipoRivoluzione tipo, std::int16_t lunaGeo = 1, const char* nome = "Prova") {
     Sessione s;
@@ -30,19 +38,9 @@ Sessione Pronta(TipoRivoluzione tipo, std::int16_t lunaGeo = 1, const char* nome
     s.TemaNat.Lon = -GradiDecimali(11, 53, 0) / 15;
     s.TemaNat.Lat = GradiDecimali(45, 24, 0);
     s.TemaNat.Fuso = -1;
-    Case c;
-    MessaggiRegistrati m;
-    CastaTema(s.TemaNat, c, s.PosNat, lunaGeo, m);
+    s.PosNat = Casta(s.TemaNat, lunaGeo);
     s.TemaX = PreparaTemaRivoluzione(s.TemaNat, tipo, lunaGeo);
     return s;
-}
-
-Posizioni Casta(const Tema& t, std::int16_t lunaGeo) {
-    Case c;
-    Posizioni p;
-    MessaggiRegistrati m;
-    CastaTema(t, c, p, lunaGeo, m);
-    return p;
 }
 
 double Fase(const Posizioni& p) {
@@ -69,8 +67,6 @@ TEST(RivoluzioneSolare, IlSoleTornaSulGradoNatale) {
         EXPECT_EQ(s.TemaX.Day, GiornoZero(e.jd));
         EXPECT_GT(e.jd, GiornoGiuliano(anno, 4, 1));
         EXPECT_LT(e.jd, GiornoGiuliano(anno, 4, 30));
-        EXPECT_EQ(e.label5, "ok! Trovato  JD. Calcolo  della  posizione");
-        EXPECT_EQ(e.command5, "");
     }
     EXPECT_TRUE(m.registro.empty());
     EXPECT_EQ(s.TemaX.Nome.str(), "Mario Rossi                RS ");
