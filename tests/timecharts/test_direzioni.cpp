@@ -46,10 +46,6 @@ TEST(DirezioniAnni, GiorniPerAnniEOraEstivaNellOra) {
               std::make_tuple(nat.Day, 9.5, 0.0, nat.JD(), std::string()));
     EXPECT_EQ(zero.Nome.str(), "Mario Rossi           P. 0,00 ");
 
-    Tema t = DirezionePerAnni(nat, 30.5f);
-    EXPECT_EQ(t.Day, nat.Day + 30.5);
-    EXPECT_EQ(t.Nome.str(), "Mario Rossi          P. 30,50 ");
-
     // Summer time pulling the hour below 0 moves the day back; the instant stays.
     Tema notte = Natale(1960, 7, 10, 0.5, 1);
     Tema n = DirezionePerAnni(notte, 2);
