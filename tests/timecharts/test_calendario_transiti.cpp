@@ -74,6 +74,14 @@ std::pair<double, double> Swe(int corpo, double jd) {
     return {x[0], x[3]};
 }
 
+// The longitudes that make aspect `k` with `lo`: one for the conjunction and the opposition.
+std::vector<double> Bersagli(double lo, int k) {
+    const double angolo = AngoliAspetti[static_cast<std::size_t>(k)];
+    std::vector<double> v{Norma360(lo + angolo, 1)};
+    if (k != 0 && k != 4) v.push_back(Norma360(lo - angolo, 1));
+    return v;
+}
+
 struct Passaggio {
     double jd;
     double bersaglio;
@@ -167,10 +175,7 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
         };
         for (std::size_t p = 0; p < r.punti.size(); ++p) {
             for (int k : r.aspetti) {
-                const double angolo = AngoliAspetti[static_cast<std::size_t>(k)];
-                std::vector<double> bersagli{Norma360(r.punti[p].Lo + angolo, 1)};
-                if (k != 0 && k != 4) bersagli.push_back(Norma360(r.punti[p].Lo - angolo, 1));
-                for (double b : bersagli) {
+                for (double b : Bersagli(r.punti[p].Lo, k)) {
                     auto swe = PassaggiSwe(corpo, b, r.jdDa, r.jdA, da, lon, passo);
                     std::vector<Transito> nostri;
                     for (const Transito& t : transiti)
@@ -305,18 +310,14 @@ TEST(CalendarioTransiti, UnGiornoComeUnaScansioneAlMinuto) {
         for (int i = 0; i <= 1440; ++i)
             lon.push_back(LongitudineTransito(corpo, r.jdDa + passo * i));
         for (const PuntoNatale& p : r.punti)
-            for (int k : r.aspetti) {
-                const double angolo = AngoliAspetti[static_cast<std::size_t>(k)];
-                std::vector<double> bersagli{Norma360(p.Lo + angolo, 1)};
-                if (k != 0 && k != 4) bersagli.push_back(Norma360(p.Lo - angolo, 1));
-                for (double b : bersagli)
+            for (int k : r.aspetti)
+                for (double b : Bersagli(p.Lo, k))
                     for (int i = 0; i < 1440; ++i) {
                         const double f0 = Scarto(lon[static_cast<std::size_t>(i)], b);
                         const double f1 = Scarto(lon[static_cast<std::size_t>(i) + 1], b);
                         if (std::fabs(f0 - f1) < 90 && (f0 < 0) != (f1 < 0))
                             scansione.push_back({r.jdDa + passo * (i + 0.5), corpo});
                     }
-            }
     }
     std::sort(scansione.begin(), scansione.end());
     ASSERT_GT(scansione.size(), 10u);

@@ -104,7 +104,6 @@ TEST_F(CalTransiti, UnAnnoInOraLocale) {
     for (QCheckBox* k : f->chkPianeta)
         if (k->isChecked()) pianeti << k->text();
     EXPECT_EQ(pianeti, (QStringList{"Giove", "Saturno", "Urano", "Nettuno", "Plutone"}));
-    EXPECT_FALSE(f->cmdStampa->isEnabled());
 
     Anno2026(f);
     f->cmdCerca->click();
@@ -113,7 +112,6 @@ TEST_F(CalTransiti, UnAnnoInOraLocale) {
     EXPECT_EQ(f->grdTransiti->rowCount(), static_cast<int>(righe.size()));
     EXPECT_EQ(f->barAvanzamento->value(), 1000);
     EXPECT_EQ(f->lblEsito->text(), QString("Transiti trovati: %1").arg(righe.size()));
-    EXPECT_TRUE(f->cmdStampa->isEnabled());
 
     // The same search on the chart's own points, from local midnight to local midnight.
     const RichiestaTransiti r{.jdDa = GiornoGiuliano(2026, 1, 1) - 1.0 / 24,
@@ -185,14 +183,12 @@ TEST_F(CalTransiti, RicercaFermata) {
     QTimer::singleShot(0, f->cmdFerma, [f] {
         EXPECT_TRUE(f->InRicerca());
         EXPECT_TRUE(f->cmdFerma->isEnabled());
-        EXPECT_FALSE(f->cmdCerca->isEnabled());
         f->cmdFerma->click();
     });
     f->cmdCerca->click();
     EXPECT_FALSE(f->InRicerca());
     EXPECT_TRUE(f->lblEsito->text().startsWith("Ricerca interrotta.  Transiti trovati: "));
     EXPECT_TRUE(f->cmdCerca->isEnabled());
-    EXPECT_FALSE(f->cmdFerma->isEnabled());
 }
 
 // The list printed, saved as PDF, CSV and text; a double click puts a row in the Transito slot.
