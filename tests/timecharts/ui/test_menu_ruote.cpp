@@ -63,14 +63,8 @@ protected:
         s.JDRivoluzione = s.TemaDelSlot(2).JD();
     }
     frmRuotaDoppia* Apri(const char* voce) {
-        f->findChild<QAction*>(voce)->trigger();
+        Voce(voce)->trigger();
         return StatoRuoteDelMenu(*f)->doppia;
-    }
-    using BancoMenu::Voce;
-    static QAction* Voce(QWidget* w, const char* nome) {
-        auto* a = w->findChild<QAction*>(nome);
-        EXPECT_NE(a, nullptr) << nome;
-        return a;
     }
     test::Cartella cartella;
 };
