@@ -18,7 +18,6 @@
 #include <QPlainTextEdit>
 #include <QPushButton>
 #include <QRadioButton>
-#include <QTemporaryDir>
 #include <QTest>
 #include <QToolBar>
 #include <functional>
@@ -45,6 +44,25 @@ namespace {
 
 class Menu : public vesmo::test::BancoMenu<> {
 protected:
+    void SetUp() override {
+        BancoMenu::SetUp();
+        Collega();
+    }
+    // The birth data form as the user fills it: `compila` changes TemaX, then Calcola; none is
+    // Annulla. The ingress search's temporary file in the test's folder.
+    void Collega() {
+        StatoTempo(*f)->cartellaIngressi = cartella.Percorso();
+        f->InputDati = [this](const RichiestaInputDati& r) {
+            richieste.push_back(r);
+            offerto = s.TemaX;
+            EsitoInputDati e;
+            if (!compila) return e;
+            compila(s.TemaX, e);
+            s.DatiOk = -1;
+            e.ok = true;
+            return e;
+        };
+    }
     // A places database with one empty archive, `nome`, the menu loaded on it.
     void ConArchivio(const char* nome) {
         percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
@@ -56,6 +74,9 @@ protected:
         CreaArchivio(percorsi.FileDB, nome);
     }
     vesmo::test::Cartella cartella;
+    std::vector<RichiestaInputDati> richieste;
+    Tema offerto;
+    std::function<void(Tema&, EsitoInputDati&)> compila;
 };
 
 // The visible top-level windows named `nome`.
@@ -84,28 +105,6 @@ QStringList VociMenu(QMenu* menu) {
         v << (a->isSeparator() ? QStringLiteral("-") : a->text());
     return v;
 }
-
-class MenuTempo : public vesmo::test::BancoMenu<> {
-protected:
-    void SetUp() override {
-        BancoMenu::SetUp();
-        ASSERT_TRUE(cartella.isValid());
-        StatoTempo(*f)->cartellaIngressi = cartella.path().toStdString();
-        // The birth data form as the user fills it: `compila` changes TemaX, then Calcola.
-        f->InputDati = [this](const RichiestaInputDati& r) {
-            richieste.push_back(r);
-            EsitoInputDati e;
-            if (!compila) return e;
-            compila(s.TemaX, e);
-            s.DatiOk = -1;
-            e.ok = true;
-            return e;
-        };
-    }
-    QTemporaryDir cartella;
-    std::vector<RichiestaInputDati> richieste;
-    std::function<void(Tema&, EsitoInputDati&)> compila;
-};
 
 } // namespace
 
@@ -138,16 +137,7 @@ TEST_F(Menu, IlTemaDiPartenzaDiventaNataleEVoci) {
 }
 
 TEST_F(Menu, TransitoDallInputELune) {
-    Tema offerto;
-    bool calcola = true; // the user changes the date, then Calcola; else Annulla
-    auto input = [&](const RichiestaInputDati&) {
-        offerto = s.TemaX;
-        if (!calcola) return EsitoInputDati{};
-        s.TemaX.Day = GiornoGiuliano(2000, 11, 8);
-        s.DatiOk = -1;
-        return EsitoInputDati{true};
-    };
-    f->InputDati = input;
+    compila = [](Tema& t, EsitoInputDati&) { t.Day = GiornoGiuliano(2000, 11, 8); };
     f->mnuTransitInput->trigger();
     // The first transit starts from the natal place, with " Tra" from the 25th character.
     EXPECT_EQ(offerto.Nome.str(), "Mario Rossi              Tra  ");
@@ -155,7 +145,7 @@ TEST_F(Menu, TransitoDallInputELune) {
     EXPECT_TRUE(f->riquadri[1].frame->isEnabled());
     EXPECT_FALSE(f->findChild<QPushButton*>("cmdAA_Tra")->isHidden());
     // A second transit starts from the first; cancelled, the slot stays.
-    calcola = false;
+    compila = nullptr;
     f->mnuTransitInput->trigger();
     EXPECT_EQ(offerto.Day, GiornoGiuliano(2000, 11, 8));
     EXPECT_EQ(s.TemaTra.Day, GiornoGiuliano(2000, 11, 8));
@@ -173,7 +163,7 @@ TEST_F(Menu, TransitoDallInputELune) {
     Tema lungo = vesmo::test::NataleDiProva();
     lungo.Nome = "Anna Maria Bianchi in Ferraris";
     Carica(lungo);
-    f->InputDati = input;
+    Collega();
     f->mnuTransitInput->trigger();
     EXPECT_EQ(offerto.Nome.str(), "Anna Maria Bianchi in Fe Trais");
 }
@@ -373,7 +363,7 @@ TEST_F(Menu, BarraDelTempoSoloSulTransito) {
 
 // The solar return: a cancelled input form leaves nothing to accept; then the natal Sun,
 // accepted into the Rivoluzione slot; Annulla leaves the slot as it was.
-TEST_F(MenuTempo, RivoluzioneSolareNelloSlot) {
+TEST_F(Menu, RivoluzioneSolareNelloSlot) {
     f->mnuFileSalvo[2]->setChecked(true);
     bool visto = false;
     AlModale("frmCheRivoluzione", [&](QWidget* w) {
@@ -410,7 +400,7 @@ TEST_F(MenuTempo, RivoluzioneSolareNelloSlot) {
 
 // The synodic form: giving the angle box the focus takes the natal tick away; an empty box
 // becomes 0; the tick clears the box.
-TEST_F(MenuTempo, SinodicaAngoloENascita) {
+TEST_F(Menu, SinodicaAngoloENascita) {
     bool visto = false;
     AlModale("frmCheRivoluzione", [&](QWidget* w) {
         visto = true;
@@ -433,7 +423,7 @@ TEST_F(MenuTempo, SinodicaAngoloENascita) {
 
 // frmDirezioni by years, refusing letters; by date with the fraction; the input form cancelled
 // and Annulla; the fraction of year after its explanation.
-TEST_F(MenuTempo, Direzioni) {
+TEST_F(Menu, Direzioni) {
     bool visto = false;
     AlModale("frmDirezioni", [&](QWidget* w) {
         visto = true;
@@ -499,7 +489,7 @@ TEST_F(MenuTempo, Direzioni) {
 
 // The help's example through frmInSegni, with its help and its refusals; opened again, the last
 // target and result come back and Annulla changes nothing.
-TEST_F(MenuTempo, IngressoDiMercurioComeTransito) {
+TEST_F(Menu, IngressoDiMercurioComeTransito) {
     f->mnuFileSalvo[1]->setChecked(true);
     QString giorno, aiuto;
     AlModale("frmInSegni", [&](QWidget* w) {
