@@ -312,6 +312,7 @@ TEST_F(Menu, ImportaInOgniSlot) {
         });
         voce->trigger();
         EXPECT_EQ(s.TemaDelSlot(slot), carta(nomi[slot], 10 + slot));
+        EXPECT_NEAR(s.PosDelSlot(slot).Sole.Lo, 22, 3); // cast: the Sun at 20-24 Aries
         auto& r = f->riquadri[static_cast<std::size_t>(slot)];
         EXPECT_EQ(r.nome->text().trimmed().toStdString(), nomi[slot]);
         EXPECT_TRUE(r.frame->isEnabled());
