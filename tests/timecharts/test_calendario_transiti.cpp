@@ -8,7 +8,6 @@
 
 #include <algorithm>
 #include <cmath>
-#include <cstdio>
 #include <vector>
 
 #include "chart/Aspetti.h"
@@ -73,6 +72,14 @@ std::pair<double, double> Swe(int corpo, double jd) {
     const int rc = swe_calc(jd, CorpoSwe[corpo], SEFLG_MOSEPH | SEFLG_SPEED, x, errore);
     EXPECT_GE(rc, 0) << errore;
     return {x[0], x[3]};
+}
+
+// The longitudes that make aspect `k` with `lo`: one for the conjunction and the opposition.
+std::vector<double> Bersagli(double lo, int k) {
+    const double angolo = AngoliAspetti[static_cast<std::size_t>(k)];
+    std::vector<double> v{Norma360(lo + angolo, 1)};
+    if (k != 0 && k != 4) v.push_back(Norma360(lo - angolo, 1));
+    return v;
 }
 
 struct Passaggio {
@@ -140,8 +147,6 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
             peggioreOrbita = std::max(peggioreOrbita, std::fabs(d - r.orbita));
         }
     }
-    std::printf("  worst aspect error %.2e deg, worst orb edge error %.2e deg over %zu hits\n",
-                peggiore, peggioreOrbita, transiti.size());
     EXPECT_LE(peggiore, TolleranzaGradi);
     EXPECT_LE(peggioreOrbita, TolleranzaGradi);
 
@@ -149,7 +154,6 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
     const double errore[] = {0, 0, 0, 0, 0, 0.05, 0.05, 0.1, 0.1};
     const double passo = 0.5;
     int abbinati = 0, scusati = 0;
-    double scartoOre = 0;
     for (int corpo : r.corpi) {
         std::vector<double> lon, vel;
         const double da = r.jdDa - 1;
@@ -171,10 +175,7 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
         };
         for (std::size_t p = 0; p < r.punti.size(); ++p) {
             for (int k : r.aspetti) {
-                const double angolo = AngoliAspetti[static_cast<std::size_t>(k)];
-                std::vector<double> bersagli{Norma360(r.punti[p].Lo + angolo, 1)};
-                if (k != 0 && k != 4) bersagli.push_back(Norma360(r.punti[p].Lo - angolo, 1));
-                for (double b : bersagli) {
+                for (double b : Bersagli(r.punti[p].Lo, k)) {
                     auto swe = PassaggiSwe(corpo, b, r.jdDa, r.jdA, da, lon, passo);
                     std::vector<Transito> nostri;
                     for (const Transito& t : transiti)
@@ -195,8 +196,6 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
                             if (std::fabs(swe[migliore].jd - t.jd) <= tolleranza) {
                                 preso[migliore] = true;
                                 ++abbinati;
-                                scartoOre =
-                                    std::max(scartoOre, 24 * std::fabs(swe[migliore].jd - t.jd));
                                 continue;
                             }
                         }
@@ -216,9 +215,6 @@ TEST(CalendarioTransiti, OgniColpoEsattoEComeLaSwissEphemeris) {
             }
         }
     }
-    std::printf("  %d hits matched with the reference (worst %.1f hours apart), %d within the "
-                "series' error of a station\n",
-                abbinati, scartoOre, scusati);
     EXPECT_GT(abbinati, 100);
     EXPECT_LE(scusati, 4);
 }
@@ -314,18 +310,14 @@ TEST(CalendarioTransiti, UnGiornoComeUnaScansioneAlMinuto) {
         for (int i = 0; i <= 1440; ++i)
             lon.push_back(LongitudineTransito(corpo, r.jdDa + passo * i));
         for (const PuntoNatale& p : r.punti)
-            for (int k : r.aspetti) {
-                const double angolo = AngoliAspetti[static_cast<std::size_t>(k)];
-                std::vector<double> bersagli{Norma360(p.Lo + angolo, 1)};
-                if (k != 0 && k != 4) bersagli.push_back(Norma360(p.Lo - angolo, 1));
-                for (double b : bersagli)
+            for (int k : r.aspetti)
+                for (double b : Bersagli(p.Lo, k))
                     for (int i = 0; i < 1440; ++i) {
                         const double f0 = Scarto(lon[static_cast<std::size_t>(i)], b);
                         const double f1 = Scarto(lon[static_cast<std::size_t>(i) + 1], b);
                         if (std::fabs(f0 - f1) < 90 && (f0 < 0) != (f1 < 0))
                             scansione.push_back({r.jdDa + passo * (i + 0.5), corpo});
                     }
-            }
     }
     std::sort(scansione.begin(), scansione.end());
     ASSERT_GT(scansione.size(), 10u);
@@ -425,7 +417,6 @@ TEST(CalendarioTransiti, RigheTestoCsvEPagine) {
           CelleTransito(righe[static_cast<std::size_t>(perPagina)])[0]})
         EXPECT_TRUE(cè(t)) << t;
     EXPECT_FALSE(cè(CelleTransito(righe[static_cast<std::size_t>(perPagina) - 1])[0]));
-    EXPECT_TRUE(cè(CelleTransito(righe[49])[0]));
 }
 
 // The topocentric Moon of the natal place: each hit exact in the chart cast with that Moon.

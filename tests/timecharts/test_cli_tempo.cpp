@@ -1,7 +1,7 @@
 // vesmo-cli rivoluzione, direzione, ingresso: table, JSON and one-line refusals.
 #include <gtest/gtest.h>
 
-#include <sstream>
+#include <algorithm>
 
 #include "cli/Comandi.h"
 #include "tests/cli/Lancia.h"
@@ -18,42 +18,46 @@ std::vector<std::string> Con(std::vector<std::string> comando) {
     return comando;
 }
 
-bool Contiene(const std::string& s, const std::string& t) {
-    return s.find(t) != std::string::npos;
-}
-
 } // namespace
 
-TEST(CliRivoluzione, SolareTropicaSinodica) {
-    Esito s = Lancia(Con({"rivoluzione", "--tipo", "solare", "--anno", "2024"}));
-    ASSERT_EQ(s.stato, 0) << s.err;
-    EXPECT_EQ(s.out.rfind("JDRisultato: 2460410.2", 0), 0u) << s.out;
-    EXPECT_TRUE(Contiene(s.out, "09/04/2024 17:3")) << s.out;
-    EXPECT_TRUE(Contiene(s.out, "\nProva                      RS\n")) << s.out;
-
-    Esito j = Lancia(Con({"rivoluzione", "--tipo", "solare", "--anno", "2024", "--json"}));
-    ASSERT_EQ(j.stato, 0);
-    EXPECT_EQ(j.out.rfind("{\"JDRisultato\": 2460410.2", 0), 0u) << j.out.substr(0, 80);
-    EXPECT_TRUE(Contiene(j.out, "\"Tema\": {"));
-    EXPECT_TRUE(Contiene(j.out, "\"Posizioni\": {"));
-
-    // Two returns in January 2020 for the degree the Moon holds on the 2nd.
-    Esito t = Lancia(Con({"rivoluzione", "--tipo", "tropica", "--anno", "2020", "--mese", "1",
-                          "--grado", "2.5", "--json"}));
-    ASSERT_EQ(t.stato, 0) << t.err;
-    EXPECT_TRUE(Contiene(t.out, "\"JDPrimoRitorno\": ")) << t.out.substr(0, 200);
-    Esito tt = Lancia(Con(
-        {"rivoluzione", "--tipo", "tropica", "--anno", "2020", "--mese", "1", "--grado", "2.5"}));
-    EXPECT_TRUE(Contiene(tt.out, "Due ritorni in questo mese:\nJDPrimoRitorno: ")) << tt.out;
-
-    Esito f = Lancia(Con(
-        {"rivoluzione", "--tipo", "sinodica", "--anno", "2020", "--mese", "3", "--angolo", "180"}));
-    ASSERT_EQ(f.stato, 0) << f.err;
-    EXPECT_TRUE(Contiene(f.out, "09/03/2020 17:4")) << f.out; // full moon 17:48 UT
-    EXPECT_TRUE(Contiene(f.out, "RL Sin G")) << f.out;
+// Each command's table and JSON: the result's first line, the chart's mark, the field names.
+TEST(CliTempo, TabelleEJson) {
+    const std::vector<std::string> solare{"rivoluzione", "--tipo", "solare", "--anno", "2024"};
+    const std::vector<std::string> tropica{"rivoluzione", "--tipo", "tropica", "--anno", "2020",
+                                           "--mese",      "1",      "--grado", "2.5"};
+    const std::pair<std::vector<std::string>, std::vector<std::string>> casi[] = {
+        {solare,
+         {"JDRisultato: 2460410.2", "09/04/2024 17:3", "\nProva                      RS\n"}},
+        {{"rivoluzione", "--tipo", "solare", "--anno", "2024", "--json"},
+         {"{\"JDRisultato\": 2460410.2", "\"Tema\": {", "\"Posizioni\": {"}},
+        // Two returns in January 2020 for the degree the Moon holds on the 2nd.
+        {tropica, {"Due ritorni in questo mese:\nJDPrimoRitorno: "}},
+        {{"rivoluzione", "--tipo", "tropica", "--anno", "2020", "--mese", "1", "--grado", "2.5",
+          "--json"},
+         {"\"JDPrimoRitorno\": "}},
+        {{"rivoluzione", "--tipo", "sinodica", "--anno", "2020", "--mese", "3", "--angolo", "180"},
+         {"RL Sin G"}},
+        {{"direzione", "--anni", "30.5"}, {"api: 30,50\n", "P. 30,50"}},
+        {{"direzione", "--data-direzione", "10/12/2017", "--frazione"}, {"api: 30,66\n"}},
+        {{"direzione", "--data-direzione", "10/12/2017", "--json"}, {"\"api\": 30,"}},
+        {{"ingresso", "--pianeta", "mercurio", "--bersaglio", "240", "--partenza", "2451113"},
+         {"01/11/1998 15:58", "Longitudine: 240,000000\n"}},
+        {{"ingresso", "--pianeta", "Giove", "--bersaglio", "5", "--partenza", "2455322", "--json"},
+         {"\"Stazione\": {\"Direzione\": \"RETROGRADO\", \"Estremo\": \"MASSIMO\", \"Label7\": "
+          "\"Attenzione, il movimento del Pianeta diventa  RETROGRADO\""}},
+    };
+    for (const auto& [parole, attesi] : casi) {
+        Esito e = Lancia(Con(parole));
+        SCOPED_TRACE(parole[0] + " " + parole[2]);
+        ASSERT_EQ(e.stato, 0) << e.err;
+        for (const std::string& a : attesi)
+            EXPECT_NE(e.out.find(a), std::string::npos) << a << "\n" << e.out.substr(0, 400);
+    }
+    // The result comes first.
+    EXPECT_EQ(Lancia(Con(solare)).out.rfind("JDRisultato: ", 0), 0u);
 }
 
-TEST(CliRivoluzione, ArgomentiSbagliati) {
+TEST(CliTempo, ArgomentiSbagliati) {
     for (const auto& parole :
          {Con({"rivoluzione", "--tipo", "lunare", "--anno", "2020"}),
           Con({"rivoluzione", "--tipo", "solare"}),
@@ -67,34 +71,4 @@ TEST(CliRivoluzione, ArgomentiSbagliati) {
         EXPECT_EQ(e.out, "");
         EXPECT_EQ(std::count(e.err.begin(), e.err.end(), '\n'), 1) << e.err;
     }
-}
-
-TEST(CliDirezione, AnniEData) {
-    Esito a = Lancia(Con({"direzione", "--anni", "30.5"}));
-    ASSERT_EQ(a.stato, 0) << a.err;
-    EXPECT_TRUE(Contiene(a.out, "api: 30,50\n")) << a.out;
-    EXPECT_TRUE(Contiene(a.out, "P. 30,50")) << a.out;
-    Esito d = Lancia(Con({"direzione", "--data-direzione", "10/12/2017", "--json"}));
-    ASSERT_EQ(d.stato, 0) << d.err;
-    EXPECT_TRUE(Contiene(d.out, "\"api\": 30,")) << d.out.substr(0, 100);
-    Esito f = Lancia(Con({"direzione", "--data-direzione", "10/12/2017", "--frazione"}));
-    EXPECT_TRUE(Contiene(f.out, "api: 30,66\n")) << f.out;
-}
-
-TEST(CliIngresso, EsempioEStazione) {
-    Esito e = Lancia(
-        Con({"ingresso", "--pianeta", "mercurio", "--bersaglio", "240", "--partenza", "2451113"}));
-    ASSERT_EQ(e.stato, 0) << e.err;
-    EXPECT_TRUE(Contiene(e.out, "01/11/1998 15:58")) << e.out;
-    EXPECT_TRUE(Contiene(e.out, "Longitudine: 240,000000\n")) << e.out;
-    Esito s = Lancia(Con(
-        {"ingresso", "--pianeta", "Giove", "--bersaglio", "5", "--partenza", "2455322", "--json"}));
-    ASSERT_EQ(s.stato, 0) << s.err;
-    EXPECT_TRUE(Contiene(s.out, "\"Stazione\": {\"Direzione\": \"RETROGRADO\", \"Estremo\": "
-                                "\"MASSIMO\", \"Label7\": \"Attenzione, il movimento del "
-                                "Pianeta diventa  RETROGRADO\""))
-        << s.out.substr(0, 300);
-    Esito n = Lancia(
-        Con({"ingresso", "--pianeta", "nodo", "--bersaglio", "126.04", "--partenza", "2451545"}));
-    EXPECT_EQ(n.stato, 0) << n.err;
 }

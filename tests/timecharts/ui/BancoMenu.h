@@ -45,8 +45,10 @@ protected:
         f->InstallaTema(slot);
         s.FlagDelSlot(slot) = -1;
     }
-    QAction* Voce(const char* nome) {
-        auto* a = f->findChild<QAction*>(nome);
+    // The action `nome` of the menu, or of window `w`.
+    QAction* Voce(const char* nome) { return Voce(f.get(), nome); }
+    static QAction* Voce(QWidget* w, const char* nome) {
+        auto* a = w->findChild<QAction*>(nome);
         EXPECT_NE(a, nullptr) << nome;
         return a;
     }
