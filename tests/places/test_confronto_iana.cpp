@@ -39,20 +39,6 @@ void ImpostaZona(const std::string& zona) {
     tzset();
 }
 
-// The record of the place under the cursors for a date and time typed in the form.
-Tema Risolvi(ModelloLuoghi& m, const std::string& g, const std::string& mese,
-             const std::string& anno, const std::string& h, const std::string& min) {
-    m.campi.Text3 = g;
-    m.campi.Text4 = mese;
-    m.campi.Text5 = anno;
-    m.campi.Text6 = h;
-    m.campi.Text7 = min;
-    m.campi.TagChkSolare.clear();
-    Tema tema;
-    m.ImportaCity(tema);
-    return tema;
-}
-
 // A database of the places named after the zones, each zone's lists built from its system file.
 Database DatabaseDiZone(const std::filesystem::path& file, const std::vector<std::string>& zone,
                         int fino) {
@@ -82,9 +68,9 @@ void Confronta(ModelloLuoghi& m, const std::string& zona, std::int64_t t, Conteg
     if (OffsetLibreriaC(t - 2 * 86400) != offset || OffsetLibreriaC(t + 2 * 86400) != offset)
         return;
     if (tm.tm_year + 1900 < 1900) return;
-    const Tema tema = Risolvi(m, std::to_string(tm.tm_mday), std::to_string(tm.tm_mon + 1),
-                              std::to_string(tm.tm_year + 1900), std::to_string(tm.tm_hour),
-                              std::to_string(tm.tm_min));
+    const Tema tema = test::Importa(m, std::to_string(tm.tm_mday), std::to_string(tm.tm_mon + 1),
+                                    std::to_string(tm.tm_year + 1900), std::to_string(tm.tm_hour),
+                                    std::to_string(tm.tm_min));
     ++c.casi;
     const double nostro = (tema.Fuso - tema.Estiva) * 3600;
     // Where the database says "LMT" the place keeps its own local mean time.
@@ -128,8 +114,7 @@ TEST(ConfrontoIana, ZonesBuiltHereAgreeWithTheCLibrary) {
     std::mt19937_64 rng(19000101);
     Conteggio c;
     for (const std::string& z : zone) {
-        m.Data1.Seek("=", z);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
+        test::SuLuogo(m, z);
         ImpostaZona(z);
         for (int k = 0; k < 300; ++k)
             Confronta(m, z, CasualeTra1900e2030(rng), c);
@@ -226,8 +211,8 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
         m.Data1.Seek("=", c.zona);
         if (m.Data1.NoMatch()) continue; // a zone this system's database lacks
         m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        const Tema tema = Risolvi(m, c.data.substr(0, 2), c.data.substr(3, 2), c.data.substr(6),
-                                  c.ora.substr(0, 2), c.ora.substr(3, 2));
+        const Tema tema = test::Importa(m, c.data.substr(0, 2), c.data.substr(3, 2),
+                                        c.data.substr(6), c.ora.substr(0, 2), c.ora.substr(3, 2));
         ++provati;
         nomi.insert(c.abbr);
         // The tables hold minutes: to the half minute.
@@ -269,9 +254,8 @@ TEST(ConfrontoIana, RomesMeanTimeHoldsAtBothEndsOfItaly) {
                           Caso{"Leuca", "31", "10", "1893", -50.0 / 60, false},
                           Caso{"Leuca", "01", "11", "1893", -1, false},
                           Caso{"Leuca", "01", "01", "1860", -18.3578 / 15, true}}) {
-        m.Data1.Seek("=", c.city);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        const Tema tema = Risolvi(m, c.giorno, c.mese, c.anno, "12", "00");
+        test::SuLuogo(m, c.city);
+        const Tema tema = test::Importa(m, c.giorno, c.mese, c.anno);
         EXPECT_NEAR(tema.Fuso, c.fuso, TolleranzaOre) << c.city << " " << c.anno;
         EXPECT_EQ(m.campi.TagChkSolare == "Ok", c.lmt) << c.city << " " << c.anno;
     }

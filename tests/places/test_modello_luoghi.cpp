@@ -42,31 +42,18 @@ protected:
                         {10000, 1, 1, 1900, 0, 0, 0, 0}});
         db.ConfermaTransazione();
     }
-
-    // Selects a place as the grids would (sorted by city), types date and time, and runs the
-    // steps of Command4.
     Tema Importa(ModelloLuoghi& m, const std::string& city, const std::string& g,
                  const std::string& mese, const std::string& a, const std::string& h = "12",
                  const std::string& min = "00") {
-        m.Data1.Seek("=", city);
-        EXPECT_FALSE(m.Data1.NoMatch()) << city;
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        m.segnalibroNazione = m.Data2.Bookmark();
-        m.campi.Text1 = "Mario Rossi";
-        m.campi.Text3 = g;
-        m.campi.Text4 = mese;
-        m.campi.Text5 = a;
-        m.campi.Text6 = h;
-        m.campi.Text7 = min;
-        Tema t;
-        m.ImportaCity(t);
-        return t;
+        test::SuLuogo(m, city);
+        return test::Importa(m, g, mese, a, h, min);
     }
 };
 
 TEST_F(Risoluzione, RowsFoundFillTheRecord) {
     ModelloLuoghi m(db, msg, 'C');
     m.campi.Pannello2 = "testo di prima";
+    m.campi.Text1 = "Mario Rossi";
     const Tema t = Importa(m, "Roma", "10", "7", "1971", "21", "30");
     EXPECT_EQ(std::tuple(t.Nome.Valore(), t.City.Valore(), t.Stato.Valore(), t.cNaz, t.cFusi,
                          t.cEst, m.campi.Pannello2, m.campi.TagChkSolare),
@@ -90,9 +77,7 @@ TEST_F(Risoluzione, TheRowsInForceAtADateAndTime) {
         // before ended in summer time.
         {"Roma", "1", "1", "1971", "0", "0", -1, 0, nullptr},
         {"Roma", "27", "3", "1971", "12", "00", -1, 0, nullptr},
-        {"Roma", "31", "12", "1971", "12", "00", -1, 0, nullptr},
         {"Sud", "5", "1", "1971", "12", "00", 4, 1, nullptr},
-        {"Sud", "19", "3", "1971", "23", "59", 4, 1, nullptr},
         {"Sud", "1", "6", "1971", "12", "00", 4, 0, nullptr},
         {"Sud", "31", "12", "1971", "12", "00", 4, 1, nullptr},
         // A change is in force from its minute.
@@ -105,7 +90,6 @@ TEST_F(Risoluzione, TheRowsInForceAtADateAndTime) {
         {"Roma", "14", "3", "1940", "23", "59", -1, 0, nullptr},
         {"Roma", "15", "3", "1940", "0", "0", -2, 0, nullptr},
         {"Roma", "2", "5", "1940", "12", "00", -2, 0, nullptr},
-        {"Roma", "31", "12", "1949", "12", "00", -2, 0, nullptr},
         {"Roma", "1", "1", "1950", "0", "0", -1, 0, nullptr},
         // Zone texts with minutes: "-" "30", "-1" "30", "1" "30".
         {"Mezzora", "1", "6", "1920", "12", "00", -0.5, 0, nullptr},
@@ -198,9 +182,7 @@ TEST_F(Risoluzione, NationCursorThatRanAwayFromThePlace) {
     m.Data2.Seek("=", 380);
     m.segnalibroNazione = m.Data2.Bookmark();
     m.Data2.Seek("=", 124);
-    m.campi.Text3 = "1", m.campi.Text4 = "6", m.campi.Text5 = "1980";
-    Tema t;
-    m.ImportaCity(t);
+    const Tema t = test::Importa(m, "1", "6", "1980");
     // The name was read before the cursor came back.
     EXPECT_EQ(std::tuple(t.cNaz, msg.registro.size(), t.Stato.Valore()),
               std::tuple(380, 0u, "Canada"));
@@ -218,9 +200,7 @@ TEST_F(Risoluzione, NationCursorThatRanAwayFromThePlace) {
         e.Data2.Index("IndCoNazi");
         e.Data2.Seek("=", 124);
         e.segnalibroNazione = e.Data2.Bookmark();
-        e.campi.Text3 = "1", e.campi.Text4 = "6", e.campi.Text5 = "1980";
-        Tema t2;
-        e.ImportaCity(t2);
+        const Tema t2 = test::Importa(e, "1", "6", "1980");
         ASSERT_EQ(errori.registro.size(), 1u);
         EXPECT_EQ(std::tuple(errori.registro[0].titolo, errori.registro[0].icona, t2.Fuso),
                   std::tuple("Vesmo - Errori", Icona::Critico, -1.0));

@@ -69,16 +69,8 @@ protected:
     Tema Importa(ModelloLuoghi& m, const std::string& city, const std::string& g,
                  const std::string& mese, const std::string& a, const std::string& h = "12",
                  const std::string& min = "00") {
-        m.Data1.Seek("=", city);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        m.campi.Text3 = g;
-        m.campi.Text4 = mese;
-        m.campi.Text5 = a;
-        m.campi.Text6 = h;
-        m.campi.Text7 = min;
-        Tema t;
-        m.ImportaCity(t);
-        return t;
+        test::SuLuogo(m, city);
+        return test::Importa(m, g, mese, a, h, min);
     }
     double Fuso(const std::string& city, const std::string& g, const std::string& mese,
                 const std::string& a, const std::string& h = "12") {
@@ -118,24 +110,20 @@ TEST_F(Uniti, ADateBeforeTheListIsLocalMeanTime) {
     EXPECT_DOUBLE_EQ(t.Fuso, 0); // the form shows 99, which reads back as the longitude
 }
 
-TEST_F(Uniti, ADateAfterTheListKeepsTheLastZoneAndSaysSo) {
-    ModelloLuoghi m(db, msg, 'C');
-    const Tema t = Importa(m, "Unita", "1", "1", "1960");
-    EXPECT_DOUBLE_EQ(t.Fuso, -1);
-    EXPECT_EQ(m.campi.Pannello2,
-              "Unita  -  Italy.  Ultimo dato in DB: 01/10/1950. [ Zona Oraria  - 01:00:00]  ");
-    EXPECT_EQ(m.campi.TagChkSolare, "");
-}
-
-TEST_F(Uniti, AListGoesOnInAnother) {
+TEST_F(Uniti, AListGoesOnInAnotherAndTheLastZoneHoldsAfterIt) {
     // 10003's row of 1955 doesn't count in 1957.
     for (auto [anno, fuso] : {std::pair{"1957", -1.0}, {"1962", -1.0}, {"1970", -2.0}})
         EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", anno), fuso) << anno;
-    ModelloLuoghi m(db, msg, 'C');
-    const Tema t = Importa(m, "Catena", "1", "6", "1980");
-    EXPECT_DOUBLE_EQ(t.Fuso, -1);
-    EXPECT_EQ(m.campi.Pannello2,
-              "Catena  -  Italy.  Ultimo dato in DB: 01/01/1975. [ Zona Oraria  - 01:00:00]  ");
+    for (auto [city, testo] :
+         {std::pair{"Unita", "Unita  -  Italy.  Ultimo dato in DB: 01/10/1950. [ Zona Oraria  - "
+                             "01:00:00]  "},
+          {"Catena", "Catena  -  Italy.  Ultimo dato in DB: 01/01/1975. [ Zona Oraria  - "
+                     "01:00:00]  "}}) {
+        ModelloLuoghi m(db, msg, 'C');
+        const Tema t = Importa(m, city, "1", "1", "1980");
+        EXPECT_EQ(std::tuple(t.Fuso, m.campi.Pannello2, m.campi.TagChkSolare),
+                  std::tuple(-1.0, testo, ""));
+    }
 }
 
 } // namespace
