@@ -211,12 +211,5 @@ TEST_F(Risoluzione, NationCursorThatRanAwayFromThePlace) {
     }
 }
 
-TEST(TestoDataOra, DatesAndTimesAsTheSystemWritesThem) {
-    EXPECT_EQ(TestoDataOra(0), "00:00:00");
-    EXPECT_EQ(TestoDataOra(1.0 / 24), "01:00:00");
-    EXPECT_EQ(TestoDataOra(18264), "01/01/1950"); // 2433282.5 - 2415018.5
-    EXPECT_EQ(TestoDataOra(18264 + 0.4375), "01/01/1950 10:30:00");
-}
-
 } // namespace
 } // namespace vesmo

@@ -85,7 +85,7 @@ protected:
     PercorsiVesmo percorsi;
 };
 
-TEST_F(FinestreDb, EditorTabsAndGridSwitch) {
+TEST_F(FinestreDb, EditorTabsGridSwitchAndANewNation) {
     frmDbEdit f(file.string(), messaggi);
     ASSERT_TRUE(f.Form_Load());
     f.show();
@@ -113,12 +113,6 @@ TEST_F(FinestreDb, EditorTabsAndGridSwitch) {
     EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Errore [frmDbEdit.DBGrid]");
     EXPECT_EQ(g3->data(g3->index(0, 5)).toString(), "30");
     EXPECT_EQ(Conta(file, "select count(*) from Fusi where fH_m = '30'"), 1);
-}
-
-TEST_F(FinestreDb, EditorAddsANation) {
-    frmDbEdit f(file.string(), messaggi);
-    ASSERT_TRUE(f.Form_Load());
-    f.show();
     // Typing a nation shows its code.
     test::Scrivi(&f, {{"Text19", "Can"}});
     test::Testi(&f, {{"Text21", "124"}});
@@ -135,7 +129,7 @@ TEST_F(FinestreDb, EditorAddsANation) {
                       {"Text15", "0"}});
     messaggi.risposte = {Risposta::Si};
     Clic(&f, "CmdAddNewCity");
-    EXPECT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro.size(), 2u);
     EXPECT_EQ(Conta(file, "select count(*) from AllCity where cCity = 4 and abs(Lon + 14.5 / 15) "
                           "< 1e-12 and abs(Lat - (46 + 3 / 60.0)) < 1e-12"),
               1);

@@ -115,20 +115,6 @@ TEST_F(Lanciatore, SiApreSulLuogoPredefinitoImportaESegueLaDigitazione) {
     EXPECT_EQ(CityDellaGriglia(d), "Vancouver BC");
 }
 
-TEST_F(Lanciatore, OrdinePerCityScrittoNelleImpostazioni) {
-    cfg.Ordinamento = "C";
-    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
-    f.Form_Load();
-    test::Testi(f.Dati, {{"Pannello1", " City "}});
-    EXPECT_FALSE(f.Dati->Text19->isEnabled());
-    // Choosing the other order writes it into the settings file and reopens the cursors.
-    f.mnuFilOrdN->trigger();
-    ConfigIni letto;
-    LeggiConfig(percorsi.FileIni, letto);
-    EXPECT_EQ(letto.Ordinamento.str(), "N");
-    test::Testi(f.Dati, {{"Pannello1", " Nazioni "}});
-}
-
 TEST_F(Lanciatore, DatabaseAssenteDettoAllUtente) {
     percorsi.FileDB = (cartella / "manca" / "Vesmodat.Mdb").string();
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
