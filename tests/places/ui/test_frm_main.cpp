@@ -182,18 +182,6 @@ TEST_F(Lanciatore, InputRifiutatoTieneApertoIlModulo) {
     }
 }
 
-// A revolution's year, month and day may hold fractions typed with the comma.
-TEST_F(Lanciatore, FrazioniDellaRivoluzione) {
-    sessione.TemaX = sessione.TemaCorrente;
-    frmInDatiLyx lun(sessione, percorsi.FileDB, 'C', messaggi);
-    lun.TagCommand4 = "daRivLun";
-    lun.Form_Load();
-    test::Scrivi(lun.Dati, {{"Text5", "2001,5"}, {"Text4", "6,5"}, {"Text3", "10,25"}});
-    lun.cmdCalcola->click();
-    EXPECT_EQ(std::tuple(lun.AnnoRiv, lun.MeseRiv, lun.GiornoRiv),
-              std::tuple(2001.5f, 6.5f, 10.25f));
-}
-
 // "&Default  Vesmo": opened again, the dialog shows what "&Ok" stored; the sort order in force
 // stays the menu's until its own entries change it.
 TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
