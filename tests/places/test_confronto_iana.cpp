@@ -190,13 +190,7 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
     for (std::string riga; std::getline(f, riga);) {
         std::istringstream r(riga);
         Caso c;
-        std::string offset;
-        std::getline(r, c.zona, '\t');
-        std::getline(r, c.data, '\t');
-        std::getline(r, c.ora, '\t');
-        std::getline(r, offset, '\t');
-        std::getline(r, c.abbr, '\t');
-        c.offset = std::stol(offset);
+        r >> c.zona >> c.data >> c.ora >> c.offset >> c.abbr;
         if (std::find(zone.begin(), zone.end(), c.zona) == zone.end()) zone.push_back(c.zona);
         casi.push_back(c);
     }
