@@ -1,5 +1,5 @@
 // The launcher and the chart half's input form driven as a user would: the default place
-// imported, the typing in the city and nation boxes and another name of a place, the sort order,
+// imported, the typing in the city and nation boxes and another name of a place,
 // the settings, and what the user is told when something is wrong.
 #include <gtest/gtest.h>
 
