@@ -14,22 +14,8 @@ namespace {
 using test::ScriviTzif;
 using test::Utc;
 
-const TipoOra Lmt{2996, false, "LMT"};
 const TipoOra Cet{3600, false, "CET"};
 const TipoOra Cest{7200, true, "CEST"};
-
-TEST(Tzif, ReadsTypesChangesAndFooter) {
-    const std::string file = ScriviTzif(
-        {Lmt, Cet, Cest},
-        {{Utc(1893, 10, 31, 23, 10), 1}, {Utc(1916, 6, 3, 22), 2}, {Utc(1916, 9, 30, 23), 1}},
-        "CET-1");
-    const ZonaTzif z = LeggiTzif(file, 2030);
-    ASSERT_EQ(z.periodi.size(), 4u);
-    EXPECT_EQ(std::tuple(z.periodi[0].inizio, z.periodi[1].inizio, z.regola),
-              std::tuple(Periodo::Sempre, Utc(1893, 10, 31, 23, 10), "CET-1"));
-    EXPECT_EQ((std::vector<TipoOra>{z.periodi[0].tipo, z.periodi[2].tipo, z.periodi[3].tipo}),
-              (std::vector<TipoOra>{Lmt, Cest, Cet}));
-}
 
 TEST(Tzif, MergesChangesThatKeepTheSameTime) {
     // A change of name only (RMT to CET at the same offset) is no change of the clock.
@@ -37,18 +23,6 @@ TEST(Tzif, MergesChangesThatKeepTheSameTime) {
     const ZonaTzif z = LeggiTzif(ScriviTzif({rmt, Cet}, {{Utc(1893, 11, 1), 1}}, "CET-1"), 2030);
     ASSERT_EQ(z.periodi.size(), 1u);
     EXPECT_EQ(z.periodi[0].tipo.abbr, "RMT");
-}
-
-TEST(Tzif, CarriesTheFooterRuleOnToTheLastYear) {
-    const std::string file =
-        ScriviTzif({Cet, Cest}, {{Utc(2000, 3, 26, 1), 1}, {Utc(2000, 10, 29, 1), 0}},
-                   "CET-1CEST,M3.5.0,M10.5.0/3");
-    const ZonaTzif z = LeggiTzif(file, 2002);
-    // Two changes of 2000 from the file, then two a year for 2001 and 2002.
-    ASSERT_EQ(z.periodi.size(), 7u);
-    EXPECT_EQ(std::tuple(z.periodi[3].inizio, z.periodi[4].inizio, z.periodi[6].inizio),
-              std::tuple(Utc(2001, 3, 25, 1), Utc(2001, 10, 28, 1), Utc(2002, 10, 27, 1)));
-    EXPECT_TRUE(z.periodi[3].tipo.isdst);
 }
 
 TEST(Tzif, RefusesVersionOneAndCutFiles) {
