@@ -137,24 +137,6 @@ TEST_F(FinestreDb, EditorTabsGridSwitchAndANewNation) {
               std::tuple(5, 3));
 }
 
-TEST_F(FinestreDb, CleaningFormDeletesWhatStaysSelected) {
-    bool tornato = false;
-    auto* p = new frmPulizia(file.string(), 1, messaggi);
-    p->setAttribute(Qt::WA_DeleteOnClose);
-    p->AlRitorno = [&] { tornato = true; };
-    p->Form_Load();
-    EXPECT_EQ(p->windowTitle(), "Vesmo - Pulizia Fusi");
-    EXPECT_EQ(test::Voci(p->List1), (QStringList{"7 ", "9 "}));
-    EXPECT_TRUE(p->List1->item(0)->isSelected());
-    p->List1->item(1)->setSelected(false);
-    QTest::mouseClick(p->Command1, Qt::LeftButton);
-    EXPECT_EQ(Conta(file, "select count(*) from Fusi where cFusi = 7"), 0);
-    EXPECT_EQ(Conta(file, "select count(*) from Fusi where cFusi = 9"), 1);
-    QTest::mouseClick(p->Command2, Qt::LeftButton);
-    EXPECT_TRUE(tornato);
-    EXPECT_FALSE(Database(file).EsisteIndice("AllCity", "IndFusi"));
-}
-
 TEST_F(FinestreDb, CleaningAndCompactionWaitForTheCopyBefore) {
     // The copy asked first; when it fails nothing is deleted or compacted.
     for (int modo : {1, 3}) {
@@ -174,7 +156,7 @@ TEST_F(FinestreDb, CleaningAndCompactionWaitForTheCopyBefore) {
     }
 }
 
-TEST_F(FinestreDb, LauncherEntries) {
+TEST_F(FinestreDb, LauncherEntriesAndTheCleaning) {
     auto f = Lanciatore("Aosta");
     f->Form_Load();
     f->show();
@@ -199,10 +181,18 @@ TEST_F(FinestreDb, LauncherEntries) {
     f->mnuFilDbPilFusi->trigger();
     EXPECT_FALSE(f->isVisible());
     EXPECT_EQ(f->findChild<frmDbEdit*>(), nullptr);
-    auto* pulizia = Aperta<frmPulizia>();
-    ASSERT_NE(pulizia, nullptr);
-    EXPECT_EQ(pulizia->List1->count(), 2);
-    QTest::mouseClick(pulizia->Command2, Qt::LeftButton);
+    // The cleaning deletes the codes that stay selected.
+    auto* p = Aperta<frmPulizia>();
+    ASSERT_NE(p, nullptr);
+    EXPECT_EQ(p->windowTitle(), "Vesmo - Pulizia Fusi");
+    EXPECT_EQ(test::Voci(p->List1), (QStringList{"7 ", "9 "}));
+    EXPECT_TRUE(p->List1->item(0)->isSelected());
+    p->List1->item(1)->setSelected(false);
+    QTest::mouseClick(p->Command1, Qt::LeftButton);
+    EXPECT_EQ(Conta(file, "select count(*) from Fusi where cFusi = 7"), 0);
+    EXPECT_EQ(Conta(file, "select count(*) from Fusi where cFusi = 9"), 1);
+    QTest::mouseClick(p->Command2, Qt::LeftButton);
+    EXPECT_FALSE(Database(file).EsisteIndice("AllCity", "IndFusi"));
     EXPECT_TRUE(f->isVisible());
     test::Testi(f->Dati, {{"Text2", "Aosta"}});
 }
