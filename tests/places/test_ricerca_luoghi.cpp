@@ -231,10 +231,6 @@ TEST_F(NomiDeiLuoghi, CercaListsOwnNamesThenOtherNamesMarked) {
         }
         EXPECT_EQ(k, c.inizi.size()) << out;
     }
-    ASSERT_EQ(Esegui({"cerca", "Parigi", "--json"}, file, out, err), 0);
-    EXPECT_EQ(std::count(out.begin(), out.end(), '{'), 2);
-    EXPECT_NE(out.find("\"City\": \"Paris\", \"Stato\": \"France\""), std::string::npos) << out;
-    EXPECT_NE(out.find("\"NomeAlt\": \"Parigi\"}"), std::string::npos) << out;
     EXPECT_EQ(Esegui({"cerca", "Xyz"}, file, out, err), 1);
     EXPECT_EQ(err, "vesmo-cli cerca: nessun luogo a partire da Xyz\n");
 }
