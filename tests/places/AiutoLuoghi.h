@@ -1,5 +1,4 @@
-// Helpers of the places tests: a temporary folder, a TZif file written from a few periods, and
-// a small places database filled row by row.
+// Helpers of the places tests: a temporary folder, a TZif file, small places databases.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -46,8 +45,7 @@ inline std::int64_t Utc(int anno, int mese, int giorno, int ora = 0, int minuto 
     return GiorniDaCivile(anno, mese, giorno) * 86400 + ora * 3600 + minuto * 60;
 }
 
-// The bytes of a TZif file of version 2: an empty 32-bit block, then the 64-bit data of the
-// given types and changes, then the footer rule.
+// A TZif file of version 2: an empty 32-bit block, the 64-bit data, the footer rule.
 inline std::string ScriviTzif(const std::vector<TipoOra>& tipi,
                               const std::vector<std::pair<std::int64_t, int>>& cambi,
                               const std::string& regola, char versione = '2') {

@@ -1,6 +1,4 @@
-// The resolution against the time-zone database itself: for random moments from 1900 to 2030,
-// away from clock changes, Fuso - Estiva must be minus the UTC offset that the C library gives
-// for the zone (to the half minute, as the tables hold minutes).
+// The resolution against the tz database: Fuso - Estiva is minus the UTC offset, to 30 s.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -98,10 +96,7 @@ void Riporta(const char* cosa, const Conteggio& c) {
 }
 
 TEST(ConfrontoIana, ZonesBuiltHereAgreeWithTheCLibrary) {
-    // Zones with the hard cases: negative summer time (Dublin, Windhoek, Casablanca), half
-    // hours (St John's, Lord Howe, Kolkata), quarter hours (Kathmandu, Chatham), a changing
-    // standard time (Lisbon, Moscow), the southern hemisphere (Sydney, Sao Paulo), and negative
-    // times of day in the rule (Nuuk).
+    // Negative summer time, half and quarter hours, changing standard time, south, Nuuk's rule.
     const std::vector<std::string> zone{
         "Europe/Rome",         "Europe/Dublin",     "America/New_York", "Australia/Sydney",
         "Asia/Kolkata",        "Europe/Lisbon",     "America/St_Johns", "Africa/Casablanca",
@@ -134,8 +129,7 @@ TEST(ConfrontoIana, TheBuiltDatabaseAgreesWithTheCLibrary) {
         !std::filesystem::exists(comuni))
         GTEST_SKIP() << "manca " << file << ", " << cities << " o " << comuni
                      << ": scripts/prepara-dati li prepara";
-    // The places of the dump, their names in the table and their zone codes, as the builder
-    // makes them.
+    // The dump's places with their names and zone codes, as the builder makes them.
     std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(cities.string());
     ApplicaComuni(luoghi, LeggiFileComuni(comuni));
     const std::vector<std::string> nomi = NomiLuoghi(luoghi);
@@ -177,8 +171,7 @@ TEST(ConfrontoIana, TheBuiltDatabaseAgreesWithTheCLibrary) {
 }
 
 TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
-    // The cases drawn by tests/data/places/tempi-medi.py: moments of every zone's named mean
-    // times (Rome's RMT, Paris's PMT, Dublin's DMT...) with the offset Python's zoneinfo gives.
+    // tests/data/places/tempi-medi.py: named mean times (RMT, PMT, DMT...) with zoneinfo's offset.
     std::ifstream f(std::string(VESMO_DATI_TEST) + "/places/tempi-medi.tsv");
     ASSERT_TRUE(f);
     struct Caso {
@@ -226,10 +219,7 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
 }
 
 TEST(ConfrontoIana, RomesMeanTimeHoldsAtBothEndsOfItaly) {
-    // Every town of Italy kept Rome's clock (+0:49:56) from 12 December 1866 to 31 October
-    // 1893: Aosta and Santa Maria di Leuca, far west and east of Rome, get 50 minutes east of
-    // Greenwich, not their own mean time (0:29:17 and 1:13:26); before and after, their own
-    // mean time and Central European Time.
+    // All Italy kept Rome's clock (+0:49:56) from 12/12/1866 to 31/10/1893, not its own mean time.
     test::CartellaLuoghi cartella;
     Database db = DatabaseDiZone(cartella / "Vesmodat.Mdb", {"Europe/Rome"}, 2030);
     test::Aggiungi(db, {{380, "Aosta", -7.3202 / 15, 45.7370, 1, 1},

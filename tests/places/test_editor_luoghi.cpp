@@ -1,6 +1,4 @@
-// The places editor and the cleaning on small databases: new nations and places, the three
-// questions of a delete, free codes, new rows of the dated lists and their copy, the scan and
-// delete of unused codes, the compaction and its failure, the lists beside the entry form.
+// The places editor, the cleaning and the compaction, and the lists beside the entry form.
 #include <gtest/gtest.h>
 
 #include <fstream>

@@ -1,5 +1,4 @@
-// The raw data of the places: GeoNames lines, the names the table gives them, the ISO nation
-// names, and the province marks that the entry form explains.
+// The places' sources: GeoNames lines, the names in the table, ISO nations, province marks.
 #include <gtest/gtest.h>
 
 #include <map>

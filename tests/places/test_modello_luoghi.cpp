@@ -1,5 +1,4 @@
-// The zone and summer-time resolution of the entry forms on a small database: the four
-// states, the status texts and the question, and the edge cases of the dated lists.
+// The entry forms' zone and summer-time resolution: its states, texts and question, edges.
 #include <gtest/gtest.h>
 
 #include "places/ModelloLuoghi.h"
@@ -73,8 +72,7 @@ TEST_F(Risoluzione, TheRowsInForceAtADateAndTime) {
         const char* pannello;
     };
     const Caso casi[] = {
-        // January before the spring row takes the year before; south of the equator the year
-        // before ended in summer time.
+        // January takes the year before; south of the equator that ended in summer time.
         {"Roma", "1", "1", "1971", "0", "0", -1, 0, nullptr},
         {"Roma", "27", "3", "1971", "12", "00", -1, 0, nullptr},
         {"Sud", "5", "1", "1971", "12", "00", 4, 1, nullptr},
@@ -85,8 +83,7 @@ TEST_F(Risoluzione, TheRowsInForceAtADateAndTime) {
         {"Roma", "28", "3", "1971", "2", "00", -1, 1, nullptr},
         {"Roma", "26", "9", "1971", "2", "59", -1, 1, nullptr},
         {"Roma", "26", "9", "1971", "3", "00", -1, 0, nullptr},
-        // A zone row holds from midnight of its day; a row of the wanted year in an earlier
-        // month is used without comparing days.
+        // A zone row holds from midnight; one of that year in an earlier month, whatever the day.
         {"Roma", "14", "3", "1940", "23", "59", -1, 0, nullptr},
         {"Roma", "15", "3", "1940", "0", "0", -2, 0, nullptr},
         {"Roma", "2", "5", "1940", "12", "00", -2, 0, nullptr},
@@ -137,16 +134,14 @@ TEST_F(Risoluzione, NoZoneListAsksAndSetsLocalMeanTime) {
 }
 
 TEST_F(Risoluzione, DatesBeforeAZoneList) {
-    // Before the first list of the table: the seek finds nothing, the first row is later; no
-    // question. Before a later list: the seek lands on the list before it, so the question comes.
+    // Before the table's first list no question; before a later one the seek asks it.
     struct Caso {
         const char *city, *g, *m, *a;
         double fuso;
         const char* lmt;
         std::size_t domande;
     };
-    // In the month of the first row but before its day: the month is earlier than the row's
-    // in the seek, and the row holds.
+    // In the first row's month but before its day, the row holds.
     for (const Caso& c : {Caso{"Roma", "1", "6", "1880", -0.8322, "Ok", 0},
                           Caso{"Mezzora", "1", "6", "1890", -0.5, "Ok", 1},
                           Caso{"Roma", "31", "10", "1893", -1, "", 0},
@@ -175,8 +170,7 @@ TEST_F(Risoluzione, CodesAboveTenThousandThatDifferUseTheOrdinaryTables) {
 }
 
 TEST_F(Risoluzione, NationCursorThatRanAwayFromThePlace) {
-    // The nation cursor stands on Canada while the place is Italian: the kept bookmark of the
-    // nation brings it back.
+    // The nation cursor on Canada, the place Italian: the kept bookmark brings it back.
     ModelloLuoghi m(db, msg, 'C');
     m.Data1.Seek("=", "Roma");
     m.Data2.Seek("=", 380);
@@ -186,8 +180,7 @@ TEST_F(Risoluzione, NationCursorThatRanAwayFromThePlace) {
     // The name was read before the cursor came back.
     EXPECT_EQ(std::tuple(t.cNaz, msg.registro.size(), t.Stato.Valore()),
               std::tuple(380, 0u, "Canada"));
-    // Without a bookmark that helps: the error box of the sort order; the record keeps what
-    // was filled in.
+    // With no bookmark that helps: the sort order's error box, the record kept.
     const std::string perNazioni =
         "Errore Importa Città\n\nCNaz <> cCity\n\nOrdinamento per Nazioni\nImpostare PRIMA la "
         "Nazione\n--------------------------\nError: Import City\n\nCNaz <> cCity\n\nSet Order "

@@ -1,5 +1,4 @@
-// The birth data form's boxes: a chart shown and read back, the unit lists, local mean time,
-// and the messages for a missing city, a non-positive day or month and a box with no number.
+// The birth data form's boxes: shown and read back, units, local mean time, its messages.
 #include <gtest/gtest.h>
 
 #include "core/Aritmetica.h"

