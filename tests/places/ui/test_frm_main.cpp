@@ -215,10 +215,6 @@ TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
     f.Form_Load();
     test::Testi(f.Dati, {{"Text19", "Austria"}, {"Text2", "Wien"}});
     EXPECT_EQ(sessione.TemaCorrente, prima);
-    sessione.TemaX = sessione.TemaCorrente;
-    frmInDatiLyx g(sessione, percorsi.FileDB, 'N', messaggi);
-    g.Form_Load();
-    test::Testi(g.Dati, {{"Text2", "Wien"}});
     EXPECT_TRUE(messaggi.registro.empty());
 }
 
