@@ -40,22 +40,14 @@ class Lanciatore : public ::testing::Test {
 protected:
     void SetUp() override {
         {
-            Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-            db.IniziaTransazione();
+            Database db = test::DatabasePadova(cartella / "Vesmodat.Mdb");
             // A list of another code before Padova's, as in the real tables.
             test::Aggiungi(db,
-                           {{380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1},
-                            {380, "Padula", -1.0, 40.3, 1, 1},
+                           {{380, "Padula", -1.0, 40.3, 1, 1},
                             {380, "Roma", -0.8322, 41.9, 1, 1},
                             {124, "Vancouver BC", 8.2, 49.25, 2, 2}},
-                           {{0, 1, 1, 1900, "0", "00"},
-                            {1, 1, 1, 1900, "-1", "00"},
-                            {2, 1, 1, 1900, "8", "00"}},
-                           {{1, 1, 1, 1900, 0, 0, 0, 0},
-                            {1, 29, 3, 1987, 2, 0, 1, 0},
-                            {1, 27, 9, 1987, 3, 0, 0, 0},
-                            {2, 1, 1, 1900, 0, 0, 0, 0}});
-            db.ConfermaTransazione();
+                           {{0, 1, 1, 1900, "0", "00"}, {2, 1, 1, 1900, "8", "00"}},
+                           {{2, 1, 1, 1900, 0, 0, 0, 0}});
         }
         percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
         percorsi.FileIni = (cartella / "Vesmodat.ini").string();
