@@ -10,8 +10,7 @@
 
 namespace vesmo::test {
 
-// Runs `parole` with --db `db`; returns the exit status and leaves what was written in `out`
-// and `err`.
+// Runs `parole` with --db `db`: the exit status, and what was written in `out` and `err`.
 inline int EseguiSuDatabase(std::vector<std::string> parole, const std::filesystem::path& db,
                             std::string& out, std::string& err) {
     parole.push_back("--db");

@@ -1,5 +1,4 @@
-// Helpers of the places tests: a temporary folder, a TZif file written from a few periods, and
-// a small places database filled row by row.
+// Helpers of the places tests: a temporary folder, a TZif file, small places databases.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -15,6 +14,7 @@
 #include "core/Messaggi.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
+#include "places/ModelloLuoghi.h"
 #include "places/Schema.h"
 #include "places/Tzif.h"
 
@@ -45,8 +45,7 @@ inline std::int64_t Utc(int anno, int mese, int giorno, int ora = 0, int minuto 
     return GiorniDaCivile(anno, mese, giorno) * 86400 + ora * 3600 + minuto * 60;
 }
 
-// The bytes of a TZif file of version 2: an empty 32-bit block, then the 64-bit data of the
-// given types and changes, then the footer rule.
+// A TZif file of version 2: an empty 32-bit block, the 64-bit data, the footer rule.
 inline std::string ScriviTzif(const std::vector<TipoOra>& tipi,
                               const std::vector<std::pair<std::int64_t, int>>& cambi,
                               const std::string& regola, char versione = '2') {
@@ -212,6 +211,29 @@ inline void DatabasePadovaERoma(const std::filesystem::path& file) {
     AggiungiFuso(db, 1, 1, 1, 1900, "-1", "00");
     AggiungiEstiva(db, 1, 1, 1, 1900, 0, 0, 0, 0);
     db.ConfermaTransazione();
+}
+
+// Puts the model's cursors (sorted by city) on `city` and its nation, as the grids would.
+inline void SuLuogo(ModelloLuoghi& m, const std::string& city) {
+    m.Data1.Seek("=", city);
+    EXPECT_FALSE(m.Data1.NoMatch()) << city;
+    m.Data2.Seek("=", m.Data1.Campo("cCity"));
+    m.segnalibroNazione = m.Data2.Bookmark();
+}
+
+// Types a date and time into the form and imports the place under the cursors (Command4).
+inline Tema Importa(ModelloLuoghi& m, const std::string& g, const std::string& mese,
+                    const std::string& a, const std::string& h = "12",
+                    const std::string& min = "00") {
+    m.campi.Text3 = g;
+    m.campi.Text4 = mese;
+    m.campi.Text5 = a;
+    m.campi.Text6 = h;
+    m.campi.Text7 = min;
+    m.campi.TagChkSolare.clear();
+    Tema t;
+    m.ImportaCity(t);
+    return t;
 }
 
 } // namespace vesmo::test

@@ -1,6 +1,4 @@
-// The nearest towns on a small places database: a row close enough taken at once by every
-// value of n, the walk's five returns to the best distance, the end at the first row of the
-// index, the check of every 32nd step, and the index iLonLat built once when it is missing.
+// The nearest towns: the walk's branches and the index iLonLat built once when missing.
 #include <gtest/gtest.h>
 
 #include "AiutoLuoghi.h"
@@ -49,14 +47,12 @@ TEST_F(CittaVicine, IlPercorsoDellaRicerca) {
     const std::vector<Caso> casi{
         // Fiume is within 0.1 of both coordinates of the first row found for every n.
         {"subito", 1.52, 20.02, Ripetuta("Fiume - Italy - 23W15   20N03", 11)},
-        // From Cresta the walk goes down to Bravia (1 degree off), then swings between Bravia
-        // and Cresta, both 1 degree off, until the fifth return: Bravia, the first best.
+        // Bravia and Cresta both 1 degree off: the fifth return gives Bravia, the first best.
         {"pari", 0.30, 45, Ripetuta("Bravia - Italy - 3W00   46N00", 11)},
         // Every seek lands on the first row of the index: the step back reaches BOF.
         {"inizio", 0.05, 80, {}},
-        // Down the slope one town a step: the check at the 32nd step of the search stops the
-        // walk of n = 0; later walks are stopped by every second check, so n = 1, 3, 5, 7, 9
-        // reach Pendio39, which is exactly on the latitude, and return to it five times.
+        // Down the slope: the 32nd-step checks stop the walks; odd n reach Pendio39 on the
+        // latitude.
         {"32 passi", 1.95, 40.5, Ripetuta("Pendio39 - Italy - 30W35   40N30", 5)},
     };
     for (const Caso& c : casi) {

@@ -1,5 +1,4 @@
-// Italian comuni under their Italian names, and the other names of places: the JSON of the
-// comuni, the seat of a comune, the province letters, the alternate names GeoNames gives.
+// Italian comuni under their Italian names, their seats, province letters and other names.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -10,8 +9,7 @@
 namespace vesmo {
 namespace {
 
-// One GeoNames line: id, name, alternate names, coordinates, nation, admin1 to admin3,
-// population and zone; the other fields as GeoNames leaves them empty or zero.
+// One GeoNames line, with the fields GeoNames leaves blank empty or zero.
 std::string Riga(int id, const std::string& nome, const std::string& alternativi, double lat,
                  double lon, const std::string& paese, const std::string& admin1,
                  const std::string& admin2, const std::string& admin3, long popolazione,
@@ -64,8 +62,7 @@ TEST(Comuni, AlternateNamesAreLatinScriptOnceEachWithoutCodes) {
     ASSERT_EQ(luoghi.size(), 1u);
     const LuogoGeo& l = luoghi[0];
     EXPECT_EQ(std::tuple(l.admin3, l.popolazione), std::tuple("058091", 2318895));
-    // Not the own name again ("rome", "Romë"), not the airport codes, not other scripts, and
-    // "Roma" once ("Róma" is the same name, accents ignored).
+    // Not the own name, airport codes, other scripts; "Roma" once ("Róma" is the same).
     EXPECT_EQ(l.alternativi,
               (std::vector<std::string>{"An Ròimh", "Roma", "Rom", "Rím", "Urbs", "Roomà"}));
 }

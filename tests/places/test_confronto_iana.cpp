@@ -1,6 +1,4 @@
-// The resolution against the time-zone database itself: for random moments from 1900 to 2030,
-// away from clock changes, Fuso - Estiva must be minus the UTC offset that the C library gives
-// for the zone (to the half minute, as the tables hold minutes).
+// The resolution against the tz database: Fuso - Estiva is minus the UTC offset, to 30 s.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -39,20 +37,6 @@ void ImpostaZona(const std::string& zona) {
     tzset();
 }
 
-// The record of the place under the cursors for a date and time typed in the form.
-Tema Risolvi(ModelloLuoghi& m, const std::string& g, const std::string& mese,
-             const std::string& anno, const std::string& h, const std::string& min) {
-    m.campi.Text3 = g;
-    m.campi.Text4 = mese;
-    m.campi.Text5 = anno;
-    m.campi.Text6 = h;
-    m.campi.Text7 = min;
-    m.campi.TagChkSolare.clear();
-    Tema tema;
-    m.ImportaCity(tema);
-    return tema;
-}
-
 // A database of the places named after the zones, each zone's lists built from its system file.
 Database DatabaseDiZone(const std::filesystem::path& file, const std::vector<std::string>& zone,
                         int fino) {
@@ -82,9 +66,9 @@ void Confronta(ModelloLuoghi& m, const std::string& zona, std::int64_t t, Conteg
     if (OffsetLibreriaC(t - 2 * 86400) != offset || OffsetLibreriaC(t + 2 * 86400) != offset)
         return;
     if (tm.tm_year + 1900 < 1900) return;
-    const Tema tema = Risolvi(m, std::to_string(tm.tm_mday), std::to_string(tm.tm_mon + 1),
-                              std::to_string(tm.tm_year + 1900), std::to_string(tm.tm_hour),
-                              std::to_string(tm.tm_min));
+    const Tema tema = test::Importa(m, std::to_string(tm.tm_mday), std::to_string(tm.tm_mon + 1),
+                                    std::to_string(tm.tm_year + 1900), std::to_string(tm.tm_hour),
+                                    std::to_string(tm.tm_min));
     ++c.casi;
     const double nostro = (tema.Fuso - tema.Estiva) * 3600;
     // Where the database says "LMT" the place keeps its own local mean time.
@@ -112,10 +96,7 @@ void Riporta(const char* cosa, const Conteggio& c) {
 }
 
 TEST(ConfrontoIana, ZonesBuiltHereAgreeWithTheCLibrary) {
-    // Zones with the hard cases: negative summer time (Dublin, Windhoek, Casablanca), half
-    // hours (St John's, Lord Howe, Kolkata), quarter hours (Kathmandu, Chatham), a changing
-    // standard time (Lisbon, Moscow), the southern hemisphere (Sydney, Sao Paulo), and negative
-    // times of day in the rule (Nuuk).
+    // Negative summer time, half and quarter hours, changing standard time, south, Nuuk's rule.
     const std::vector<std::string> zone{
         "Europe/Rome",         "Europe/Dublin",     "America/New_York", "Australia/Sydney",
         "Asia/Kolkata",        "Europe/Lisbon",     "America/St_Johns", "Africa/Casablanca",
@@ -128,8 +109,7 @@ TEST(ConfrontoIana, ZonesBuiltHereAgreeWithTheCLibrary) {
     std::mt19937_64 rng(19000101);
     Conteggio c;
     for (const std::string& z : zone) {
-        m.Data1.Seek("=", z);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
+        test::SuLuogo(m, z);
         ImpostaZona(z);
         for (int k = 0; k < 300; ++k)
             Confronta(m, z, CasualeTra1900e2030(rng), c);
@@ -149,8 +129,7 @@ TEST(ConfrontoIana, TheBuiltDatabaseAgreesWithTheCLibrary) {
         !std::filesystem::exists(comuni))
         GTEST_SKIP() << "manca " << file << ", " << cities << " o " << comuni
                      << ": scripts/prepara-dati li prepara";
-    // The places of the dump, their names in the table and their zone codes, as the builder
-    // makes them.
+    // The dump's places with their names and zone codes, as the builder makes them.
     std::vector<LuogoGeo> luoghi = LeggiFileLuoghiGeo(cities.string());
     ApplicaComuni(luoghi, LeggiFileComuni(comuni));
     const std::vector<std::string> nomi = NomiLuoghi(luoghi);
@@ -192,8 +171,7 @@ TEST(ConfrontoIana, TheBuiltDatabaseAgreesWithTheCLibrary) {
 }
 
 TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
-    // The cases drawn by tests/data/places/tempi-medi.py: moments of every zone's named mean
-    // times (Rome's RMT, Paris's PMT, Dublin's DMT...) with the offset Python's zoneinfo gives.
+    // tests/data/places/tempi-medi.py: named mean times (RMT, PMT, DMT...) with zoneinfo's offset.
     std::ifstream f(std::string(VESMO_DATI_TEST) + "/places/tempi-medi.tsv");
     ASSERT_TRUE(f);
     struct Caso {
@@ -205,13 +183,7 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
     for (std::string riga; std::getline(f, riga);) {
         std::istringstream r(riga);
         Caso c;
-        std::string offset;
-        std::getline(r, c.zona, '\t');
-        std::getline(r, c.data, '\t');
-        std::getline(r, c.ora, '\t');
-        std::getline(r, offset, '\t');
-        std::getline(r, c.abbr, '\t');
-        c.offset = std::stol(offset);
+        r >> c.zona >> c.data >> c.ora >> c.offset >> c.abbr;
         if (std::find(zone.begin(), zone.end(), c.zona) == zone.end()) zone.push_back(c.zona);
         casi.push_back(c);
     }
@@ -226,8 +198,8 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
         m.Data1.Seek("=", c.zona);
         if (m.Data1.NoMatch()) continue; // a zone this system's database lacks
         m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        const Tema tema = Risolvi(m, c.data.substr(0, 2), c.data.substr(3, 2), c.data.substr(6),
-                                  c.ora.substr(0, 2), c.ora.substr(3, 2));
+        const Tema tema = test::Importa(m, c.data.substr(0, 2), c.data.substr(3, 2),
+                                        c.data.substr(6), c.ora.substr(0, 2), c.ora.substr(3, 2));
         ++provati;
         nomi.insert(c.abbr);
         // The tables hold minutes: to the half minute.
@@ -247,10 +219,7 @@ TEST(ConfrontoIana, NamedMeanTimesOfEveryZoneAgreeWithPythonsZoneinfo) {
 }
 
 TEST(ConfrontoIana, RomesMeanTimeHoldsAtBothEndsOfItaly) {
-    // Every town of Italy kept Rome's clock (+0:49:56) from 12 December 1866 to 31 October
-    // 1893: Aosta and Santa Maria di Leuca, far west and east of Rome, get 50 minutes east of
-    // Greenwich, not their own mean time (0:29:17 and 1:13:26); before and after, their own
-    // mean time and Central European Time.
+    // All Italy kept Rome's clock (+0:49:56) from 12/12/1866 to 31/10/1893, not its own mean time.
     test::CartellaLuoghi cartella;
     Database db = DatabaseDiZone(cartella / "Vesmodat.Mdb", {"Europe/Rome"}, 2030);
     test::Aggiungi(db, {{380, "Aosta", -7.3202 / 15, 45.7370, 1, 1},
@@ -269,9 +238,8 @@ TEST(ConfrontoIana, RomesMeanTimeHoldsAtBothEndsOfItaly) {
                           Caso{"Leuca", "31", "10", "1893", -50.0 / 60, false},
                           Caso{"Leuca", "01", "11", "1893", -1, false},
                           Caso{"Leuca", "01", "01", "1860", -18.3578 / 15, true}}) {
-        m.Data1.Seek("=", c.city);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        const Tema tema = Risolvi(m, c.giorno, c.mese, c.anno, "12", "00");
+        test::SuLuogo(m, c.city);
+        const Tema tema = test::Importa(m, c.giorno, c.mese, c.anno);
         EXPECT_NEAR(tema.Fuso, c.fuso, TolleranzaOre) << c.city << " " << c.anno;
         EXPECT_EQ(m.campi.TagChkSolare == "Ok", c.lmt) << c.city << " " << c.anno;
     }

