@@ -1,4 +1,4 @@
-// The management form driven by its controls: the transport, the birthdays import and the help
+// The management form driven by its controls: the birthdays import, the transport and the help
 // forms.
 #include <gtest/gtest.h>
 
@@ -27,31 +27,10 @@ protected:
 
 } // namespace
 
-// The transport shows its list on demand; into another archive, then into itself.
-TEST_F(Gestione, Trasporta) {
-    Riempi("Amici", {"Bruno", "Anna"});
-    Riempi("Famiglia", {"Anna"});
-    frmGesArchivi f(sessione, fileDB, messaggi);
-    f.show();
-    EXPECT_EQ(f.Frame3->title(), "Trasporta  Archivi");
-    EXPECT_FALSE(f.List1->isVisible() || f.cmdOkTrasporta->isVisible() || f.Command1->isVisible());
-    for (int verso : {1, 0}) {
-        f.cmdTrasporta->click();
-        EXPECT_EQ(f.cmdOkTrasporta->text(), "Ok   --->");
-        EXPECT_EQ(test::Voci(f.List1), (QStringList{"Amici", "Famiglia"}));
-        f.lstArchivi->setCurrentRow(0);
-        f.List1->setCurrentRow(verso);
-        f.cmdOkTrasporta->click();
-        EXPECT_FALSE(f.List1->isVisible());
-    }
-    EXPECT_EQ(Nomi("Famiglia"), (V{"Anna", "Anna", "Bruno"}));
-    EXPECT_EQ(Nomi("Amici"), (V{"Anna", "Anna", "Bruno", "Bruno"}));
-    EXPECT_TRUE(messaggi.registro.empty());
-    EXPECT_FALSE(messaggi.occupato);
-}
-
-// The birthdays' frame shows only beside the side database; its button imports and counts.
-TEST_F(Gestione, Compleanni) {
+// The birthdays' frame shows only beside the side database and its button imports and counts;
+// the transport shows its list on demand and copies into another archive, then into itself; each
+// half has its help.
+TEST_F(Gestione, TrasportaCompleanniEAiuti) {
     {
         frmGesArchivi f(sessione, fileDB, messaggi, nullptr, cartella.Percorso().string());
         f.show();
@@ -67,22 +46,30 @@ TEST_F(Gestione, Compleanni) {
     for (const char* n : {"Ugo", "Ada"})
         ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", TemaDiProva(n), messaggi, "prova"),
                   EsitoSalvataggio::Aggiunto);
+    Riempi("Amici", {"Bruno", "Anna"});
     frmGesArchivi f(sessione, fileDB, messaggi, nullptr, cartella.Percorso().string());
     f.show();
-    EXPECT_TRUE(f.Frame4->isVisible());
     EXPECT_EQ(f.Frame4->title(), "Importa Compleanni  da AstDbTmp.mdb");
-    EXPECT_EQ(f.Command2->text(), "Importa");
     f.Command2->click();
     EXPECT_EQ(f.Command2->text(), "2  Importati");
-    EXPECT_EQ(test::Voci(f.lstArchivi), QStringList{"Compleanni"});
+    EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Compleanni"}));
     EXPECT_EQ(Nomi("Compleanni"), (V{"Ada", "Ugo"}));
+
+    EXPECT_EQ(f.Frame3->title(), "Trasporta  Archivi");
+    EXPECT_FALSE(f.List1->isVisible());
+    for (int verso : {1, 0}) {
+        f.cmdTrasporta->click();
+        EXPECT_EQ(f.cmdOkTrasporta->text(), "Ok   --->");
+        f.lstArchivi->setCurrentRow(0);
+        f.List1->setCurrentRow(verso);
+        f.cmdOkTrasporta->click();
+        EXPECT_FALSE(f.List1->isVisible());
+    }
+    EXPECT_EQ(Nomi("Compleanni"), (V{"Ada", "Anna", "Bruno", "Ugo"}));
+    EXPECT_EQ(Nomi("Amici"), (V{"Anna", "Anna", "Bruno", "Bruno"}));
     EXPECT_TRUE(messaggi.registro.empty());
     EXPECT_FALSE(messaggi.occupato);
-}
 
-TEST_F(Gestione, Aiuti) {
-    frmGesArchivi f(sessione, fileDB, messaggi, nullptr, cartella.Percorso().string());
-    f.show();
     struct Aiuto {
         QPushButton* pulsante;
         const char* titolo;
