@@ -1,10 +1,10 @@
-// Whole archives and the charts inside them: the transport (by value, from an empty archive),
-// the birthdays import with its numbered names, the wider search with quotes and wildcards in the
-// text, deleting a chart, and a picked chart put into each slot.
+// Whole archives and the charts inside them: the transport, the birthdays import, the wider
+// search, deleting a chart, the questions around them, and a picked chart put into each slot.
 #include <gtest/gtest.h>
 
 #include "archives/Archivi.h"
 #include "archives/Gestione.h"
+#include "archives/Selezione.h"
 #include "core/Aritmetica.h"
 #include "tests/archives/AiutoArchivi.h"
 
@@ -124,6 +124,30 @@ TEST_F(Gestione, EliminaTemaERestaVicino) {
     EXPECT_TRUE(rs.BOF());
     EXPECT_EQ(rs.RecordCount(), 0);
     EXPECT_THROW(rs.Campo("Nome"), ErroreDB);
+}
+
+// The questions and reports around deleting and moving charts, names as the archive pads them.
+TEST(TestiGestione, DomandeEAvvisi) {
+    const std::string bruno = "Bruno" + std::string(25, ' ');
+    const std::pair<std::string, std::string> casi[] = {
+        {TestoEliminaArchivio("Famiglia"),
+         "L' Archivio  Famiglia\n\nSarà eliminato senza possibilità di recupero.\n\nContinuo?\n"},
+        {TestoEliminaTema("Anna" + std::string(26, ' ')),
+         "Anna                          \n\nSarà Eliminato senza possibilità di recupero\n\n"},
+        {TestoArchiviUguali("Amici", "Amici"),
+         "Archivio sorgente  Amici\nUGUALE \nArchivio destinazione  Amici\n\n"
+         "Selezionare un altro Archivio sulla lista a scomparsa"},
+        {TestoTrasferire(bruno, "Padova" + std::string(24, ' '), "Amici", "Famiglia"),
+         "Bruno                         \nPadova                        \n\n"
+         "Trasferire da  Amici  a  Famiglia ?\n"},
+        {TestoTrasferito(bruno, "Amici", "Famiglia"),
+         "Bruno   Trasferito\n\ndall' Archivio   Amici\nall' Archivio     Famiglia"},
+        {TestoEliminaTemi(2, "Clienti"), "Eliminare i 2 temi selezionati dall'Archivio Clienti?"},
+        {TestoTrasferireTemi(2, "Altri", "Amici"),
+         "Trasferire i 2 temi selezionati\ndall' Archivio   Altri\nall' Archivio     Amici ?"},
+    };
+    for (const auto& [testo, atteso] : casi)
+        EXPECT_EQ(testo, atteso);
 }
 
 TEST(ImportaInSlot, OgniSlotConISuoiSegni) {

@@ -1,7 +1,6 @@
 // The text import of Solar Fire chart files and the text export of an archive, on hand-made
-// files. Julian days come from the proleptic calendar (Python's datetime counting days from
-// 2000-01-01 = JD 2451544.5); the Ascendants of the export from Meeus' sidereal time and mean
-// obliquity, chosen where a nutation-sized change of the sidereal time keeps the same minute.
+// files. Julian days from Python's datetime (2000-01-01 = JD 2451544.5); the export's Ascendants
+// from Meeus' sidereal time and mean obliquity, where nutation keeps the same minute.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -212,23 +211,19 @@ TEST_F(Importazione, FileSenzaErroriNonLasciaLogENonToccaQuelloVecchio) {
 }
 
 TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
-    const std::string file =
-        File("misti.txt",
-             // over two lines
-             "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
-             "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n" +
-                 RigaSF("Due", "12 mar 1960") + RigaSF("Tre", "12 Mar 1960", "1030") +
-                 RigaSF("Quattro", "12 Mar 1960", "10:30", "-0100") +
-                 RigaSF("Cinque", "12 Mar 1960", "10:30", "-01:00", "PM") +
-                 // the file ends inside a record
-                 "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
+    const std::string file = File("misti.txt",
+                                  // over two lines
+                                  "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\n"
+                                  "\"-01:00\",\"Padova\",\"Italia\",\"45N26\",\"12E30\"\n" +
+                                      RigaSF("Due", "12 mar 1960") +
+                                      RigaSF("Cinque", "12 Mar 1960", "10:30", "-01:00", "PM") +
+                                      // the file ends inside a record
+                                      "\"Sei\",\"12 Mar 1960\",\"10:30\"\n");
     auto esito = ImportaArchivioSF(fileDB, file, {}, cartella.Percorso().string(), messaggi);
     ASSERT_TRUE(esito);
     const std::string log = (cartella / "mistitxt.log").string();
-    EXPECT_EQ(std::tuple(esito->Importati, esito->Scartati, esito->Log), std::tuple(2, 4, log));
+    EXPECT_EQ(std::tuple(esito->Importati, esito->Scartati, esito->Log), std::tuple(2, 2, log));
     EXPECT_EQ(Leggi(log), "  [Errore  Mese SF: 12 mar 1960 ]\n"
-                          "  [Errore  Ora SF: 1030 ]\n"
-                          "  [Errore  TimeZone SF: -0100 ]\n"
                           "  [Errore  Campo SF: Sei,12 Mar 1960,10:30 ]\n");
     ASSERT_EQ(messaggi.registro.size(), 1u);
     const auto& v = messaggi.registro[0];
@@ -265,17 +260,45 @@ TEST_F(Importazione, ImportInterrottoDaUnErroreDelDatabaseNonLasciaRighe) {
     EXPECT_TRUE(ElencoArchivi(fileDB).empty());
 }
 
+// A folder or a device is not a log, and a name the rule refuses is told: nothing is imported or
+// written. A database that cannot be opened is told in the menu entry's box.
+TEST_F(Importazione, LogOArchivioRifiutatiNonScrivonoNulla) {
+    const std::string buono = File("buono.txt", RigaSF("Rossi, Mario"));
+    std::filesystem::create_directories(cartella / "vuota");
+    for (const std::string& log : {(cartella / "vuota").string(), std::string("/dev/null")}) {
+        if (log == "/dev/null" && !std::filesystem::exists(log)) continue;
+        EXPECT_THROW(ImportaSF(fileDB, "Tre", buono, log), std::runtime_error) << log;
+        EXPECT_TRUE(ElencoArchivi(fileDB).empty()) << log;
+    }
+    EXPECT_TRUE(std::filesystem::is_directory(cartella / "vuota"));
+
+    const std::string cattivo = File("a..b.txt", RigaSF("Rossi, Mario"));
+    const std::string dir = cartella.Percorso().string();
+    EXPECT_EQ(ImportaArchivioSF(fileDB, cattivo, {}, dir, messaggi), std::nullopt);
+    EXPECT_EQ(
+        Mostrati(messaggi),
+        (Riquadri{{"Vesmo - frmGesArchivi.mnFileImpSFtxt: Nome Non Valido",
+                   "Il nome  a.b.txt  non vale per un Archivio:\n" +
+                       *ErroreNomeArchivio("a.b.txt") + "\nFile non importato:\n" + cattivo}}));
+    EXPECT_TRUE(ElencoArchivi(fileDB).empty());
+
+    messaggi.registro.clear();
+    EXPECT_EQ(ImportaArchivioSF((cartella / "manca.Mdb").string(), buono, {}, dir, messaggi),
+              std::nullopt);
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - frmGesArchivi.mnFileImpSFtxt");
+    EXPECT_EQ(messaggi.registro[0].testo.substr(0, 11), "Errore 3024");
+}
+
 // Randomised files: cut records, stray quotes, huge fields, binary bytes, invalid UTF-8 and a
 // 10 MB line. Nothing crashes, the archive holds exactly the charts counted as imported, and
 // each refused record is one line of the log in one of the four forms.
 TEST_F(Importazione, FileCasualiNonRomponoNulla) {
-    auto forma = [](const std::string& riga) {
-        for (const char* cosa : {"Mese", "Ora", "TimeZone", "Campo"}) {
-            const std::string inizio = std::string("  [Errore  ") + cosa + " SF: ";
-            if (riga.rfind(inizio, 0) == 0 && riga.size() >= inizio.size() + 2 &&
-                riga.compare(riga.size() - 2, 2, " ]") == 0)
+    const auto forma = [](const std::string& r) {
+        for (const char* cosa : {"Mese", "Ora", "TimeZone", "Campo"})
+            if (const std::string i = std::string("  [Errore  ") + cosa + " SF: ";
+                r.starts_with(i) && r.size() >= i.size() + 2 && r.ends_with(" ]"))
                 return true;
-        }
         return false;
     };
     const std::string buono = RigaSF("Nome", "12 Mar 1960", "10:30", "-01:00", "PM");
