@@ -3,6 +3,7 @@
 // read back in index order.
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -42,6 +43,20 @@ inline Tema TemaDiProva(const std::string& nome, double ora = 19.5) {
     t.Estiva = 1;
     t.Cmto = "nota " + nome;
     return t;
+}
+
+// A side database holding the table "Compleanni", with its index, and a chart of each name.
+inline void CreaCompleanni(const std::filesystem::path& file,
+                           const std::vector<std::string>& nomi) {
+    {
+        Database d;
+        d.Crea(file);
+        d.CreaTabella("Compleanni", CampiArchivio(),
+                      {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
+    }
+    MessaggiRegistrati m;
+    for (const std::string& n : nomi)
+        SalvaTema(file.string(), "Compleanni", TemaDiProva(n), m, "prova");
 }
 
 class ConArchivi : public ::testing::Test {

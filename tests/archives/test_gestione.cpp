@@ -35,17 +35,8 @@ TEST_F(Gestione, TrasportoPerValoreEDaArchivioVuoto) {
 }
 
 TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
-    // The side database: a table "Compleanni" of three charts with its index.
     const auto laterale = cartella / FileCompleanni;
-    {
-        Database d;
-        d.Crea(laterale);
-        d.CreaTabella("Compleanni", CampiArchivio(),
-                      {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
-    }
-    for (const char* n : {"Zeno", "Ada", "Ugo"})
-        ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", TemaDiProva(n), messaggi, "prova"),
-                  EsitoSalvataggio::Aggiunto);
+    test::CreaCompleanni(laterale, {"Zeno", "Ada", "Ugo"});
 
     EsitoCompleanni e = ImportaCompleanni(fileDB, laterale, messaggi);
     EXPECT_EQ(std::tuple(e.tabella, e.importati, DidascaliaImportati(e.importati)),

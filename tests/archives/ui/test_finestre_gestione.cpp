@@ -36,16 +36,7 @@ TEST_F(Gestione, TrasportaCompleanniEAiuti) {
         f.show();
         EXPECT_FALSE(f.Frame4->isVisible());
     }
-    const auto laterale = cartella / "AstDbTmp.mdb";
-    {
-        Database d;
-        d.Crea(laterale);
-        d.CreaTabella("Compleanni", CampiArchivio(),
-                      {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
-    }
-    for (const char* n : {"Ugo", "Ada"})
-        ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", TemaDiProva(n), messaggi, "prova"),
-                  EsitoSalvataggio::Aggiunto);
+    test::CreaCompleanni(cartella / "AstDbTmp.mdb", {"Ugo", "Ada"});
     Riempi("Amici", {"Bruno", "Anna"});
     frmGesArchivi f(sessione, fileDB, messaggi, nullptr, cartella.Percorso().string());
     f.show();

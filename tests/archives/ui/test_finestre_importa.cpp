@@ -57,15 +57,14 @@ TEST_F(Importa, ApreSulNomeDelNataleOppureDopo) {
     for (const Caso& c : casi) {
         sessione.TemaNat.Nome = c.natale;
         frmImpTnLyx f(sessione, fileDB, messaggi);
-        EXPECT_EQ(Corrente(f), c.atteso) << c.natale;
         // The record under the cursor is read and cast, and shown.
-        EXPECT_EQ(SenzaSpaziDestra(sessione.TemaX.Nome.str()), c.atteso);
-        EXPECT_EQ(f.txtCmto->toPlainText().toStdString(), "nota " + c.atteso);
+        EXPECT_EQ(std::tuple(Corrente(f), SenzaSpaziDestra(sessione.TemaX.Nome.str()),
+                             SS(f.txtCmto->toPlainText()), SS(f.DidascaliaGriglia->text()),
+                             SS(f.windowTitle())),
+                  std::tuple(c.atteso, c.atteso, "nota " + c.atteso, "Amici  3",
+                             "Lyx - Importa Temi da Archivio"));
         EXPECT_FALSE(f.Anteprima->Vuota());
     }
-    frmImpTnLyx f(sessione, fileDB, messaggi);
-    EXPECT_EQ(f.windowTitle(), "Lyx - Importa Temi da Archivio");
-    EXPECT_EQ(f.DidascaliaGriglia->text(), "Amici  3");
     EXPECT_TRUE(messaggi.registro.empty());
 }
 
@@ -86,9 +85,8 @@ TEST_F(Importa, SenzaOpzioneNienteImporta) {
     f.ImportaNelMenu = [&](int slot) { preso = slot; };
     f.Option4->setChecked(true);
     emit f.DBGrid1->doubleClicked(riga);
-    EXPECT_EQ(preso, 3);
-    EXPECT_EQ(sessione.DirezioneCalcolata, -1);
-    EXPECT_EQ(SenzaSpaziDestra(sessione.TemaDir.Nome.str()), "Anna");
+    EXPECT_EQ(std::tuple(preso, SenzaSpaziDestra(sessione.TemaDir.Nome.str())),
+              std::tuple(3, "Anna"));
     EXPECT_FALSE(f.isVisible());
 }
 
