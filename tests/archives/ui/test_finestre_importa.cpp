@@ -1,9 +1,11 @@
-// The picking forms driven by their controls: where frmImpTnLyx opens, the option, moving a chart
-// to another archive, the editable grid, and frmImpTVesmo's import into the entry chart; no
-// archive or an empty one.
+// The picking forms frmImpTnLyx and frmImpTVesmo driven by their controls: where they open, the
+// option, moving and deleting charts, the grid's cells, sorting, search and writing, the import
+// into the entry chart, and no archive or an empty one.
 #include <gtest/gtest.h>
 
 #include <QComboBox>
+#include <QHeaderView>
+#include <QItemSelectionModel>
 #include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
@@ -14,6 +16,7 @@
 #include <QTest>
 
 #include "archives/Archivi.h"
+#include "archives/Sicurezza.h"
 #include "archives/ui/ModelloArchivio.h"
 #include "archives/ui/WidgetAnteprima.h"
 #include "archives/ui/frmImpTVesmo.h"
@@ -31,11 +34,40 @@ namespace {
 
 class Importa : public vesmo::test::ConArchivi {
 protected:
+    // Three charts: born in different years and places.
+    void TreTemi() {
+        Tema a = TemaDiProva("Anna Rossi"), b = TemaDiProva("Bruno Neri"),
+             c = TemaDiProva("Carla Bianchi");
+        b.Day = GiornoGiuliano(1960, 3, 12);
+        b.City = "Roma";
+        b.OraL = 7.25;
+        c.Day = GiornoGiuliano(2001, 12, 31);
+        c.City = "Forlì";
+        c.Cmto = "cliente dal 2010";
+        RiempiTemi("Clienti", {a, b, c});
+    }
     // The name in the grid's current row.
     static std::string Corrente(FinestraImporta& f) {
         QModelIndex i = f.DBGrid1->currentIndex();
         if (!i.isValid()) return "(nessuno)";
         return SenzaSpaziDestra(SS(f.DBGrid1->model()->index(i.row(), 0).data().toString()));
+    }
+    static std::vector<std::string> Colonna(QTableView* g, int colonna) {
+        std::vector<std::string> r;
+        for (int i = 0; i < g->model()->rowCount(); ++i)
+            r.push_back(SS(g->model()->index(i, colonna).data().toString()));
+        return r;
+    }
+    static void ClicTestata(QTableView* g, int colonna) {
+        QHeaderView* h = g->horizontalHeader();
+        QTest::mouseClick(h->viewport(), Qt::LeftButton, {},
+                          QPoint(h->sectionViewportPosition(colonna) + 4, h->height() / 2));
+    }
+    static void Seleziona(QTableView* g, std::initializer_list<int> righe) {
+        g->clearSelection();
+        for (int r : righe)
+            g->selectionModel()->select(g->model()->index(r, 0),
+                                        QItemSelectionModel::Select | QItemSelectionModel::Rows);
     }
     using V = std::vector<std::string>;
     Sessione sessione;
@@ -159,21 +191,6 @@ TEST_F(Importa, GrigliaEditabileECambioArchivio) {
     EXPECT_EQ(g.DidascaliaGriglia->text(), "Famiglia  2");
 }
 
-TEST_F(Importa, VesmoImportaNelTemaCorrente) {
-    Riempi("Amici", {"Bruno", "Anna"});
-    sessione.TemaNat.Nome = "Bruno"; // not looked at here
-    frmImpTVesmo f(sessione, fileDB, messaggi);
-    f.show();
-    EXPECT_EQ(f.windowTitle(), "Vesmo - Importa Temi da Archivio");
-    EXPECT_EQ(f.findChild<QWidget*>("Frame3")->property("title").toString(), "Cerca >>");
-    EXPECT_EQ(Corrente(f), "Anna"); // the first record
-    QTest::keyClicks(f.Text1, "B");
-    f.cmdImporta->click();
-    EXPECT_EQ(sessione.TemaCorrente, TemaDiProva("Bruno"));
-    EXPECT_FALSE(f.isVisible());
-    EXPECT_TRUE(messaggi.registro.empty());
-}
-
 // No archive at all: the buttons do nothing. Nothing to import or delete: told under each half's
 // title, and the charts stay.
 TEST_F(Importa, NessunArchivioOArchivioVuoto) {
@@ -210,4 +227,123 @@ TEST_F(Importa, NessunArchivioOArchivioVuoto) {
     EXPECT_EQ(messaggi.registro[0].titolo, "Lyx - Info Archivi");
     EXPECT_EQ(std::tuple(sessione.TemaDir, sessione.DirezioneCalcolata),
               std::tuple(TemaDiProva("Direzione"), 0));
+}
+
+TEST_F(Importa, VesmoImportaNelTemaCorrente) {
+    Riempi("Amici", {"Bruno", "Anna"});
+    sessione.TemaNat.Nome = "Bruno"; // not looked at here
+    frmImpTVesmo f(sessione, fileDB, messaggi);
+    f.show();
+    EXPECT_EQ(f.windowTitle(), "Vesmo - Importa Temi da Archivio");
+    EXPECT_EQ(f.findChild<QWidget*>("Frame3")->property("title").toString(), "Cerca >>");
+    EXPECT_EQ(Corrente(f), "Anna"); // the first record
+    QTest::keyClicks(f.Text1, "B");
+    f.cmdImporta->click();
+    EXPECT_EQ(sessione.TemaCorrente, TemaDiProva("Bruno"));
+    EXPECT_FALSE(f.isVisible());
+    EXPECT_TRUE(messaggi.registro.empty());
+}
+
+TEST_F(Importa, GrigliaLeggibileOrdinataECercata) {
+    TreTemi();
+    frmImpTVesmo f(sessione, fileDB, messaggi);
+    f.show();
+    QTableView* g = f.DBGrid1;
+    QStringList titoli;
+    for (int i = 0; i < g->model()->columnCount(); ++i)
+        titoli << g->model()->headerData(i, Qt::Horizontal).toString();
+    EXPECT_EQ(titoli, (QStringList{"Nome", "City", "Nazione", "Data", "Ora", "Lon", "Lat", "Fuso",
+                                   "Estiva", "Commento"}));
+    EXPECT_EQ(Colonna(g, 0), (V{"Anna Rossi", "Bruno Neri", "Carla Bianchi"}));
+    EXPECT_EQ(Colonna(g, 3), (V{"10/04/1987", "12/03/1960", "31/12/2001"}));
+    EXPECT_EQ(Colonna(g, 4), (V{"19:30", "07:15", "19:30"}));
+    EXPECT_EQ(std::tuple(Colonna(g, 5)[0], Colonna(g, 6)[0], Colonna(g, 9)[2]),
+              std::tuple("11E53", "45N24", "cliente dal 2010"));
+
+    // A click on "Data" sorts by date, a second click the other way; on "City" by place.
+    ClicTestata(g, 3);
+    EXPECT_EQ(Colonna(g, 0), (V{"Bruno Neri", "Anna Rossi", "Carla Bianchi"}));
+    ClicTestata(g, 3);
+    EXPECT_EQ(Colonna(g, 0), (V{"Carla Bianchi", "Anna Rossi", "Bruno Neri"}));
+    ClicTestata(g, 1);
+    EXPECT_EQ(Colonna(g, 1), (V{"Forlì", "Padova", "Roma"}));
+
+    // The search: words of the name, dates, place and comment together; accents ignored.
+    struct Caso {
+        const char* testo;
+        V nomi;
+        const char* etichetta;
+    } casi[] = {
+        {"rossi", {"Padova"}, "1 trovati"},
+        {"dal:1980", {"Forlì", "Padova"}, "2 trovati"},
+        {"dal:1980 al:31/12/2000", {"Padova"}, "1 trovati"},
+        {"luogo:forli commento:CLIENTE", {"Forlì"}, "1 trovati"},
+        {"luogo:italy", {"Forlì", "Padova", "Roma"}, "3 trovati"},
+        {"", {"Forlì", "Padova", "Roma"}, ""},
+    };
+    for (const Caso& c : casi) {
+        f.txtCerca->setText(QString::fromUtf8(c.testo));
+        EXPECT_EQ(Colonna(g, 1), c.nomi) << c.testo;
+        EXPECT_EQ(f.lbCerca->text(), QString::fromUtf8(c.etichetta)) << c.testo;
+    }
+    // A fault is told beside the box while typing, never by a message box.
+    f.txtCerca->setText("dal:1980 al:31/02");
+    EXPECT_EQ(f.lbCerca->text(), "data non valida: 31/02");
+    f.txtCerca->setText("peso:3");
+    EXPECT_EQ(f.lbCerca->text(), "campo sconosciuto (nome, dal, al, luogo, commento): peso");
+    EXPECT_TRUE(messaggi.registro.empty());
+
+    // A date and a time written into the updatable grid; a date that is not one is refused.
+    f.txtCerca->clear();
+    f.Command1->click();
+    QAbstractItemModel* m = f.DBGrid1->model();
+    const QModelIndex anna =
+        m->index(m->match(m->index(0, 0), Qt::DisplayRole, "Anna Rossi")[0].row(), 3);
+    ASSERT_TRUE(m->setData(anna, "11/04/1987"));
+    ASSERT_TRUE(m->setData(anna.siblingAtColumn(4), "20:45"));
+    EXPECT_FALSE(m->setData(anna, "31/02/1987"));
+    EXPECT_EQ(std::tuple(Temi("Clienti")[0].Day, Temi("Clienti")[0].OraL),
+              std::tuple(GiornoGiuliano(1987, 4, 11), 20.75));
+    ASSERT_EQ(messaggi.registro.size(), 1u);
+    EXPECT_NE(messaggi.registro[0].testo.find("Valore non valido per Data: 31/02/1987"),
+              std::string::npos);
+}
+
+TEST_F(Importa, PiuTemiEliminatiOSpostatiConUnaDomanda) {
+    TreTemi();
+    Riempi("Amici", {});
+    sessione.CartellaCopie = (cartella / "copie").string();
+    sessione.ArchivioIndice = 1; // Amici, Clienti
+    {
+        frmImpTVesmo f(sessione, fileDB, messaggi);
+        f.show();
+        Seleziona(f.DBGrid1, {0, 2});
+        messaggi.risposte = {Risposta::Annulla};
+        f.cmdElimina->click();
+        ASSERT_EQ(messaggi.registro.size(), 1u);
+        EXPECT_EQ(messaggi.registro[0].titolo, "Vesmo - Elimina Temi");
+        EXPECT_EQ(Nomi("Clienti").size(), 3u);
+        messaggi.risposte = {Risposta::Ok};
+        f.cmdElimina->click();
+        EXPECT_EQ(Nomi("Clienti"), (V{"Bruno Neri"}));
+        EXPECT_EQ(Colonna(f.DBGrid1, 0), (V{"Bruno Neri"}));
+        // The copy made before keeps the three.
+        const auto copie = CopieAutomatiche(sessione.CartellaCopie);
+        ASSERT_EQ(copie.size(), 1u);
+        EXPECT_EQ(vesmo::test::TemiArchivio(copie[0].string(), "Clienti").size(), 3u);
+    }
+    Riempi("Altri", {"Dario", "Elsa", "Franco"});
+    sessione.ArchivioIndice = 0; // Altri, Amici, Clienti
+    messaggi.registro.clear();
+    frmImpTnLyx f(sessione, fileDB, messaggi);
+    f.show();
+    Seleziona(f.DBGrid1, {0, 1});
+    f.cmbCambiaA->setCurrentText("Amici");
+    messaggi.risposte = {Risposta::Si, Risposta::Ok};
+    f.cmdCambiaA->click();
+    ASSERT_EQ(messaggi.registro.size(), 2u);
+    EXPECT_EQ(messaggi.registro[1].testo,
+              "2 temi   Trasferiti\n\ndall' Archivio   Altri\nall' Archivio     Amici");
+    EXPECT_EQ(Nomi("Altri"), (V{"Franco"}));
+    EXPECT_EQ(Nomi("Amici"), (V{"Dario", "Elsa"}));
 }
