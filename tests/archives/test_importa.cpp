@@ -9,7 +9,10 @@
 #include <sstream>
 
 #include "archives/Archivi.h"
+#include "archives/FormatoAAF.h"
+#include "archives/FormatoCSV.h"
 #include "archives/ImportaEsporta.h"
+#include "archives/Scambio.h"
 #include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
 #include "tests/archives/AiutoArchivi.h"
@@ -290,10 +293,11 @@ TEST_F(Importazione, LogOArchivioRifiutatiNonScrivonoNulla) {
     EXPECT_EQ(messaggi.registro[0].testo.substr(0, 11), "Errore 3024");
 }
 
-// Randomised files: cut records, stray quotes, huge fields, binary bytes, invalid UTF-8 and a
-// 10 MB line. Nothing crashes, the archive holds exactly the charts counted as imported, and
-// each refused record is one line of the log in one of the four forms.
-TEST_F(Importazione, FileCasualiNonRomponoNulla) {
+// Hostile files through the three readers: cut records, stray quotes, binary bytes, invalid
+// UTF-8, huge fields and 10 MB lines. Nothing throws; a text import's archive holds exactly the
+// charts counted and each refused record is one log line of the four forms; an exchange import
+// logs by line, and what it took reads back with finite numbers and writes out again.
+TEST_F(Importazione, FileOstiliNonRomponoNulla) {
     const auto forma = [](const std::string& r) {
         for (const char* cosa : {"Mese", "Ora", "TimeZone", "Campo"})
             if (const std::string i = std::string("  [Errore  ") + cosa + " SF: ";
@@ -301,9 +305,29 @@ TEST_F(Importazione, FileCasualiNonRomponoNulla) {
                 return true;
         return false;
     };
+    std::vector<std::string> file = {
+        "",
+        "\xEF\xBB\xBF",
+        "#A93:",
+        "#A93:,,,,,,,,,,,,,,,,,,,,\n#B93:,,,,,,,,,,\n#VESMO:,,,,,,,,\n",
+        "#A93:a,b,c,99999999999999999999.1.1,1:1,x,y\n#B93:1e308,9999n99,1e9e1,1he99999,nan\n",
+        "#A93:a,*,*,1.1.2000,12:00,x,I\n#VESMO:2451544.5,12,nan,inf,1e308,-1e308,%,%2,%25%\n",
+        "#A93:a,*,*,1.1.2000,12:00,x,I\n#B93:-1e300,90n00,180e00,24he00,3\n",
+        std::string(200000, '#') + ":\n" + std::string(300000, ','),
+        "\"" + std::string(100000, 'x'),
+        "Nome,Day,OraL,Lon,Lat,Fuso\n" + std::string(5000, ',') + "\n\"\"\"\n",
+        "Nome,Day,OraL,Lon,Lat,Fuso\nx,1e400,-0,nan,inf,-inf\nx,2451544.5,23.9999999999,12,90,24\n",
+        "Nome,Data,Ora\nx,-4712-01-01,00:00\nx,31/12/9999,23:59:59.999\nx,1/1/-99999999999,1:1\n",
+        std::string("a\0b,c\0\n\0", 8),
+    };
+    std::mt19937 g(2);
+    std::string caso(4096, ' ');
+    for (char& c : caso)
+        c = static_cast<char>(g() % 256);
+    file.insert(file.end(), {caso, "#A93:" + caso});
     const std::string buono = RigaSF("Nome", "12 Mar 1960", "10:30", "-01:00", "PM");
     for (unsigned seme = 1; seme <= 12; ++seme) {
-        std::mt19937 g(seme);
+        g.seed(seme);
         std::string testo;
         int pezzi = 30 + static_cast<int>(g() % 40);
         for (int k = 0; k < pezzi; ++k) {
@@ -332,21 +356,35 @@ TEST_F(Importazione, FileCasualiNonRomponoNulla) {
         }
         if (seme == 6) testo += std::string(10'000'000, 'Z') + "\n";
         if (seme == 11) testo += "\"" + std::string(10'000'000, ',') + "\n";
-        std::string nome = "caso" + std::to_string(seme);
-        std::string file = File(nome + ".txt", testo);
-        std::string log = (cartella / (nome + ".log")).string();
+        file.push_back(testo);
+    }
+    OpzioniImportScambio o;
+    o.completa = [](Tema&) { throw std::runtime_error("nessun luogo"); };
+    for (std::size_t n = 0; n < file.size(); ++n) {
+        SCOPED_TRACE(n);
+        const std::string nome = "caso" + std::to_string(n);
+        const std::string p = File(nome + ".txt", file[n]), log = p + ".log";
         EsitoImport esito;
-        ASSERT_NO_THROW(esito = ImportaSF(fileDB, nome, file, log)) << seme;
-        EXPECT_EQ(static_cast<std::int64_t>(Temi(nome).size()), esito.Importati) << seme;
+        ASSERT_NO_THROW(esito = ImportaSF(fileDB, nome, p, log));
+        EXPECT_EQ(static_cast<std::int64_t>(Temi(nome).size()), esito.Importati);
         std::vector<std::string> righe;
-        if (esito.Scartati) {
-            std::ifstream in(log, std::ios::binary);
-            for (std::string riga; std::getline(in, riga);)
-                righe.push_back(riga);
-        }
-        EXPECT_EQ(static_cast<std::int64_t>(righe.size()), esito.Scartati) << seme;
+        std::ifstream in(log, std::ios::binary);
+        for (std::string riga; esito.Scartati && std::getline(in, riga);)
+            righe.push_back(riga);
+        EXPECT_EQ(static_cast<std::int64_t>(righe.size()), esito.Scartati);
         for (const std::string& riga : righe)
-            EXPECT_TRUE(forma(riga)) << seme << ": " << riga.substr(0, 80);
+            EXPECT_TRUE(forma(riga)) << riga.substr(0, 80);
+        for (FormatoScambio f : {FormatoScambio::AAF, FormatoScambio::CSV})
+            EXPECT_NO_THROW({
+                for (const std::string& r : ImportaScambio(fileDB, "Ostile", p, f, o).Log)
+                    EXPECT_EQ(r.rfind("Riga ", 0), 0u);
+            });
+    }
+    for (const Tema& t : Temi("Ostile")) {
+        EXPECT_TRUE(std::isfinite(t.Day) && std::isfinite(t.OraL) && std::isfinite(t.Lon) &&
+                    std::isfinite(t.Lat) && std::isfinite(t.Fuso) && std::isfinite(t.Estiva));
+        RecordAAF(t);
+        RigaCSV(t);
     }
 }
 

@@ -1,6 +1,6 @@
 // The exchange formats AAF and CSV: round trips of seeded random charts, AAF records written by
 // hand from the format's published definition (its examples of Ferber, Cezanne and Garms), files
-// as Italian spreadsheets write them, and hostile files. Julian days from Python's datetime.
+// as Italian spreadsheets write them. Julian days from Python's datetime.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -291,50 +291,6 @@ TEST(RigaCSV, TestiTraVirgoletteEValoriEsatti) {
     EXPECT_EQ(RigaCSV(t), "\"Rossi, \"\"Mario\"\"\",10/04/1987,19:30:00,Padova,Italy,"
                           "-0.79222222222222216,45.399999999999999,-1,1,2446895.5,19.5,"
                           "\"riga uno\nriga due\"\r\n");
-}
-
-TEST_F(Scambio, FileOstiliNonFannoDanni) {
-    std::mt19937 g(2);
-    std::vector<std::string> file = {
-        "",
-        "\xEF\xBB\xBF",
-        "#A93:",
-        "#A93:,,,,,,,,,,,,,,,,,,,,\n#B93:,,,,,,,,,,\n#VESMO:,,,,,,,,\n",
-        "#A93:a,b,c,99999999999999999999.1.1,1:1,x,y\n#B93:1e308,9999n99,1e9e1,1he99999,nan\n",
-        "#A93:a,*,*,1.1.2000,12:00,x,I\n#VESMO:2451544.5,12,nan,inf,1e308,-1e308,%,%2,%25%\n",
-        "#A93:a,*,*,1.1.2000,12:00,x,I\n#B93:-1e300,90n00,180e00,24he00,3\n",
-        std::string(200000, '#') + ":\n" + std::string(300000, ','),
-        "\"" + std::string(100000, 'x'),
-        "Nome,Day,OraL,Lon,Lat,Fuso\n" + std::string(5000, ',') + "\n\"\"\"\n",
-        "Nome,Day,OraL,Lon,Lat,Fuso\nx,1e400,-0,nan,inf,-inf\nx,2451544.5,23.9999999999,12,90,24\n",
-        "Nome,Data,Ora\nx,-4712-01-01,00:00\nx,31/12/9999,23:59:59.999\nx,1/1/-99999999999,1:1\n",
-        std::string("a\0b,c\0\n\0", 8),
-    };
-    std::string caso(4096, ' ');
-    for (char& c : caso)
-        c = static_cast<char>(g() % 256);
-    file.push_back(caso);
-    file.push_back("#A93:" + caso);
-    int n = 0;
-    for (const std::string& testo : file) {
-        for (FormatoScambio f : {FormatoScambio::AAF, FormatoScambio::CSV}) {
-            const std::string p = File("ostile" + std::to_string(n++), testo);
-            OpzioniImportScambio o;
-            o.completa = [](Tema&) { throw std::runtime_error("nessun luogo"); };
-            EXPECT_NO_THROW({
-                const EsitoImportScambio e = ImportaScambio(fileDB, "Ostile", p, f, o);
-                for (const std::string& r : e.Log)
-                    EXPECT_EQ(r.rfind("Riga ", 0), 0u);
-            });
-        }
-    }
-    // What was imported reads back and writes out again.
-    for (const Tema& t : Temi("Ostile")) {
-        EXPECT_TRUE(std::isfinite(t.Day) && std::isfinite(t.OraL) && std::isfinite(t.Lon) &&
-                    std::isfinite(t.Lat) && std::isfinite(t.Fuso) && std::isfinite(t.Estiva));
-        RecordAAF(t);
-        RigaCSV(t);
-    }
 }
 
 TEST(SiglaAAF, NazioniDelleSigleEDaCapo) {
