@@ -439,16 +439,13 @@ TEST(RigaEsportazione, MinutiArrotondatiSenzaRiportoAnnoSenzaFormato) {
 }
 
 TEST(RigaEsportazione, FusoConSecondi) {
-    const double fuso = -GradiDecimali(12, 29, 30) / 15; // 0h 49m 58s east
+    // 0h 49m 58s east, as the longitude: "LMT" and no warning; a zone with seconds that is not
+    // the longitude is warned of by the export of an archive below.
+    const double fuso = -GradiDecimali(12, 29, 30) / 15;
     std::optional<double> avviso;
-    // As the longitude: "LMT" and no warning.
     Tema lmt = TemaEsportato("A", 1900, 1, 1, 12, fuso, 45, fuso, 0, "X", "Y");
     EXPECT_NE(RigaEsportazione(lmt, avviso).find(", LMT, -00:49, "), std::string::npos);
     EXPECT_FALSE(avviso);
-    Tema altro = TemaEsportato("B", 1900, 1, 1, 12, -0.8, 45, fuso, 0, "X", "Y");
-    EXPECT_NE(RigaEsportazione(altro, avviso).find(",  , -00:49, "), std::string::npos);
-    ASSERT_TRUE(avviso);
-    EXPECT_NEAR(std::fabs(*avviso), 58, 1e-6);
 }
 
 // An archive written out, with the warning of a zone with seconds; Cancel writes nothing, and an

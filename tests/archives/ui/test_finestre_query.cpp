@@ -54,32 +54,26 @@ TEST_F(FinestraQuery, ControlliAlCaricamento) {
     Riempi("Q_Vecchia", 1);
     frmQuery f(sessione, fileDB, messaggi);
     f.show();
-    struct Caso {
-        QString attuale, atteso;
-    } casi[] = {
-        {f.windowTitle(), "Vesmo - Query Astrologiche"},
-        {f.Frame1->title(), ">>     Query Options   >> "},
-        {f.Frame2->title(), "Archivi DataBase"},
-        {f.FrLuna->title(), "Calcolo della Luna "},
-        {f.OpLuogo->text(), "Luogo                           (Segno, Casa)"},
-        {f.OpAngolo->text(),
-         "Angolo                          (Aspetti,                     Orbita)"},
-        {f.OpVerso->text(), "Verso"},
-        {f.OpGeo->text(), "Luna Geocentrica"},
-        {f.OpTopo->text(), "Luna Topocentrica"},
-        {f.CmdAvvio->text(), "&Avvio Query"},
-        {f.cmdEsci->text(), "&Esci"},
-        {f.CmdHelp->text(), "&?"},
-        {f.cmdFerma->text(), "&Ferma"},
-        {f.TxOrbita->text(), "2,5"},
-        {f.LstFrom->currentItem()->text(), "Sole"},
-        {f.LstTo->currentItem()->text(), "Ariete"},
-        {f.CmbAspetti->currentText(), "CONGIUNZIONE  0°"},
-        {f.CmbTbFrom->currentText(), "Miei"},
-        {f.LstVerso->item(1)->text(), "Retrogrado"},
-    };
-    for (const Caso& c : casi)
-        EXPECT_EQ(c.attuale, c.atteso);
+    EXPECT_EQ(f.windowTitle(), "Vesmo - Query Astrologiche");
+    test::Testi(
+        &f, {{"Frame1", ">>     Query Options   >> "},
+             {"Frame2", "Archivi DataBase"},
+             {"FrLuna", "Calcolo della Luna "},
+             {"OpLuogo", "Luogo                           (Segno, Casa)"},
+             {"OpAngolo", "Angolo                          (Aspetti,                     Orbita)"},
+             {"OpVerso", "Verso"},
+             {"OpGeo", "Luna Geocentrica"},
+             {"OpTopo", "Luna Topocentrica"},
+             {"CmdAvvio", "&Avvio Query"},
+             {"cmdEsci", "&Esci"},
+             {"CmdHelp", "&?"},
+             {"cmdFerma", "&Ferma"},
+             {"TxOrbita", "2,5"},
+             {"CmbAspetti", "CONGIUNZIONE  0°"},
+             {"CmbTbFrom", "Miei"}});
+    EXPECT_EQ((QStringList{f.LstFrom->currentItem()->text(), f.LstTo->currentItem()->text(),
+                           f.LstVerso->item(1)->text()}),
+              (QStringList{"Sole", "Ariete", "Retrogrado"}));
     // Every archive is a source; only the results are offered as a result.
     EXPECT_EQ(std::tuple(f.CmbTbFrom->count(), f.CmbTbTo->count()), std::tuple(2, 1));
     // The orb is read by the window: a word is refused before any run.
