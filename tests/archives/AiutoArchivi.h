@@ -1,6 +1,4 @@
-// What the archive tests share: a database file with the place tables in the test's own folder,
-// a chart to store, an archive filled with charts of given names, and the charts of an archive
-// read back in index order.
+// What the archive tests share: a database in the test's folder, charts, filled archives.
 #pragma once
 
 #include <filesystem>
@@ -28,8 +26,7 @@ inline std::vector<Tema> TemiArchivio(const std::string& fileDB, const std::stri
     return r;
 }
 
-// A chart born in Padova on 10 April 1987 at 19:30 local time (zone -1, summer time 1), with
-// the comment "nota " and its name.
+// Born in Padova on 10 April 1987 at 19:30 (zone -1, summer time 1), comment "nota <name>".
 inline Tema TemaDiProva(const std::string& nome, double ora = 19.5) {
     Tema t;
     t.Nome = nome;

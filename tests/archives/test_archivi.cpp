@@ -1,5 +1,4 @@
-// Chart archives: which tables are archives, saving with the three answers to "Tema Doppio", the
-// names of archives and of their files, a database that cannot be written, reading rows.
+// Chart archives: which tables they are, saving, their names and files, an unwritable database.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -22,8 +21,7 @@ const std::string Trattini(30, '-');
 
 } // namespace
 
-// The place tables and every name holding "MSys" are left out, whatever the case of the name;
-// a places table is never dropped, an archive only by its exact name.
+// Place tables and "MSys" names in any case are no archives; only an archive's exact name drops.
 TEST_F(ArchiviTest, QualiTabelleSonoArchivi) {
     CreaArchivio(fileDB, "Famiglia");
     {
@@ -143,8 +141,7 @@ TEST_F(ArchiviTest, NomeDoppioChiedeUnAltroNome) {
     EXPECT_EQ(NomeNuovoArchivio("foo", elenco, messaggi), "alfa");
 }
 
-// One rule for every name of an archive: what a file name and a table name can both hold, at most
-// 64 characters, no places table and no name the engine keeps.
+// One rule for an archive's name: a file's and a table's, at most 64 characters, none reserved.
 TEST_F(ArchiviTest, UnaRegolaPerINomiDegliArchivi) {
     const std::string carattere = "il nome dell'archivio non può contenere il carattere ";
     const std::string controllo = "il nome dell'archivio non può contenere caratteri di controllo";
@@ -270,8 +267,7 @@ TEST_F(ArchiviTest, DatabaseCheNonSiPuoScrivere) {
     EXPECT_EQ(Leggi(fileDB), prima);
 }
 
-// The read step meets a row deleted meanwhile: the first field read it, the rest come from the
-// first row.
+// A row deleted meanwhile: the first field read it, the rest come from the first row.
 TEST_F(ArchiviTest, LetturaDiUnaRigaEliminata) {
     RiempiTemi("Famiglia", {TemaDiProva("Anna"), TemaDiProva("Bruno")});
     Database db(fileDB);

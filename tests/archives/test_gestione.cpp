@@ -1,6 +1,4 @@
-// Whole archives and the charts inside them: the transport, the birthdays import, the wider
-// search, deleting a chart, the questions around them, a picked chart put into each slot, and
-// the copies that keep the archives safe.
+// Whole archives and their charts: transport, birthdays, search, delete, slots and safe copies.
 #include <gtest/gtest.h>
 
 #include <csignal>

@@ -1,6 +1,5 @@
-// The text import of Solar Fire chart files and the text export of an archive, on hand-made
-// files. Julian days from Python's datetime (2000-01-01 = JD 2451544.5); the export's Ascendants
-// from Meeus' sidereal time and mean obliquity, where nutation keeps the same minute.
+// Solar Fire text import and text export. Julian days from Python's datetime (2000-01-01 = JD
+// 2451544.5); the export's Ascendants from Meeus' sidereal time and mean obliquity.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -189,9 +188,7 @@ std::string RigaSF(const std::string& nome, const std::string& data = "12 Mar 19
 
 using Importazione = ConArchivi;
 
-// The log of an earlier import of the same name is not the program's to remove: it stays as it
-// was, and a file with nothing refused adds nothing to it. A second import of the file asks for
-// another name; cancelled, it imports nothing.
+// An older log of the same name stays untouched; a second import asks another name or stops.
 TEST_F(Importazione, FileSenzaErroriNonLasciaLogENonToccaQuelloVecchio) {
     const std::string file =
         File("temi.txt", RigaSF("Rossi, Mario") + RigaSF("Bianchi", "2 Jun 1946"));
@@ -241,8 +238,7 @@ TEST_F(Importazione, RecordSuDueRigheERecordErratiNelLog) {
     EXPECT_NEAR(temi[1].Fuso, -1, TolleranzaOreGradi);
 }
 
-// A reader holding the file while the import commits: the engine refuses the commit, and the
-// import leaves nothing of the new archive behind.
+// A reader makes the engine refuse the import's commit: nothing of the new archive remains.
 TEST_F(Importazione, ImportInterrottoDaUnErroreDelDatabaseNonLasciaRighe) {
     std::string testo;
     for (int i = 0; i < 50; ++i)
@@ -263,8 +259,7 @@ TEST_F(Importazione, ImportInterrottoDaUnErroreDelDatabaseNonLasciaRighe) {
     EXPECT_TRUE(ElencoArchivi(fileDB).empty());
 }
 
-// A folder or a device is not a log, and a name the rule refuses is told: nothing is imported or
-// written. A database that cannot be opened is told in the menu entry's box.
+// A folder or device as log, a refused name or a missing database: told, nothing written.
 TEST_F(Importazione, LogOArchivioRifiutatiNonScrivonoNulla) {
     const std::string buono = File("buono.txt", RigaSF("Rossi, Mario"));
     std::filesystem::create_directories(cartella / "vuota");
@@ -293,10 +288,7 @@ TEST_F(Importazione, LogOArchivioRifiutatiNonScrivonoNulla) {
     EXPECT_EQ(messaggi.registro[0].testo.substr(0, 11), "Errore 3024");
 }
 
-// Hostile files through the three readers: cut records, stray quotes, binary bytes, invalid
-// UTF-8, huge fields and 10 MB lines. Nothing throws; a text import's archive holds exactly the
-// charts counted and each refused record is one log line of the four forms; an exchange import
-// logs by line, and what it took reads back with finite numbers and writes out again.
+// Hostile files through the three readers: counts and logs stay true, numbers stay finite.
 TEST_F(Importazione, FileOstiliNonRomponoNulla) {
     const auto forma = [](const std::string& r) {
         for (const char* cosa : {"Mese", "Ora", "TimeZone", "Campo"})
@@ -448,8 +440,7 @@ TEST(RigaEsportazione, FusoConSecondi) {
     EXPECT_FALSE(avviso);
 }
 
-// An archive written out, with the warning of a zone with seconds; Cancel writes nothing, and an
-// empty archive gives an empty file.
+// An archive written out, warning of a zone with seconds; Cancel writes nothing; empty is empty.
 TEST_F(Importazione, EsportazioneDiUnArchivio) {
     const double fuso = -GradiDecimali(12, 29, 30) / 15;
     RiempiTemi("Mio", {TemaEsportato("Zeta", 1960, 3, 12, 10.25, -12.5 / 15, 45 + 26.0 / 60, -1, 0,

@@ -1,5 +1,4 @@
-// The chart query: the validity rules and the tests of the form, and the run over an archive. The
-// help's two-step example is checked against the Swiss Ephemeris (Moshier).
+// The chart query; the help's two-step example is checked against the Swiss Ephemeris (Moshier).
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -157,8 +156,7 @@ protected:
     }
 };
 
-// The run on two threads, casting only the points a condition reads, finds in index order the
-// charts that a whole casting of each chart passes, for every kind of test and both Moons.
+// The run's partial casting finds what a whole casting passes, for every test and both Moons.
 TEST_F(QueryArchivio, EsecuzioneUgualeAlTemaInteroPerOgniTipoDiProva) {
     std::mt19937 g(77);
     std::vector<Tema> temi;
@@ -188,8 +186,7 @@ TEST_F(QueryArchivio, EsecuzioneUgualeAlTemaInteroPerOgniTipoDiProva) {
     }
 }
 
-// The help's example in two steps, against the Swiss Ephemeris: charts within 0.05° of a limit
-// are left out of the archive so that the small differences of two ephemerides do not count.
+// Charts within 0.05° of a limit are left out: two ephemerides may differ by that much.
 TEST_F(QueryArchivio, EsempioDellAiutoInDuePassi) {
     std::mt19937 g(5);
     std::vector<Tema> temi;
@@ -257,8 +254,7 @@ TEST_F(QueryArchivio, MessaggiDelPulsante) {
     EXPECT_FALSE(db.EsisteTabella("Q_X"));
 }
 
-// A result that stands, under its name with or without the prefix and in other letters, takes
-// the new hits after its rows; the source as its own result tests each starting chart once.
+// A standing result, however named, takes new hits after its rows; itself as source tests once.
 TEST_F(QueryArchivio, SecondaEsecuzioneAggiungeDoppioniEStessaTabella) {
     std::mt19937 g(3);
     std::vector<Tema> temi;

@@ -1,6 +1,5 @@
-// The exchange formats AAF and CSV: round trips of seeded random charts, AAF records written by
-// hand from the format's published definition (its examples of Ferber, Cezanne and Garms), files
-// as Italian spreadsheets write them. Julian days from Python's datetime.
+// AAF and CSV; AAF records by hand from the format's published definition (its examples of
+// Ferber, Cezanne and Garms). Julian days from Python's datetime.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -20,9 +19,7 @@ namespace {
 
 constexpr double TolleranzaOreGradi = 1e-9; // hours and degrees
 
-// A chart drawn from the generator: every third one on local mean time, every other one in
-// summer time, places all round the globe (south and west included), names with accents,
-// apostrophes and commas, times with seconds.
+// Local mean time, summer time, all four quadrants, accents, quotes and commas, seconds.
 Tema TemaEstratto(std::mt19937& g, int i) {
     static const char* const nomi[] = {
         "Rossi, Mario",      "D'Annunzio Gabriele", "Nicolò Brambilla",

@@ -1,6 +1,4 @@
-// The management form frmGesArchivi and frmSalvoLyx driven by their controls: creating, moving,
-// renaming and deleting archives, the birthdays import, the AAF import dialog and the CSV export,
-// the backup and the restore, the save mode, and the session's remembered archive.
+// frmGesArchivi and frmSalvoLyx driven by their controls, dialogs and file choosers included.
 #include <gtest/gtest.h>
 
 #include <QCheckBox>
@@ -53,8 +51,7 @@ TEST_F(FinestreArchivi, GestioneCreaArchivi) {
     EXPECT_EQ(test::Voci(f.lstArchivi), (QStringList{"Amici", "Colleghi", "Famiglia"}));
 }
 
-// The birthdays' frame shows only beside the side database, its button imports and counts; the
-// transport shows its list on demand; each half has its help.
+// The birthdays' frame only beside the side database; the transport's list on demand; helps.
 TEST_F(FinestreArchivi, TrasportaCompleanniEAiuti) {
     {
         frmGesArchivi f(sessione, fileDB, messaggi, nullptr, cartella.Percorso().string());
@@ -232,8 +229,7 @@ TEST_F(FinestreArchivi, CopiaDiSicurezzaCopiaAutomaticaERipristino) {
     EXPECT_EQ(f.lstArchivi->count(), 2);
 }
 
-// The save mode: only the list and Salva; with no archive it says to make one, else it saves into
-// the chosen archive and remembers it. The double click saves as well, also when managing.
+// Saving: no archive asks for one, else into the chosen one, remembered; a double click too.
 TEST_F(FinestreArchivi, ModoSalvo) {
     sessione.TemaCorrente = TemaDiProva("Anna Bianchi");
     {

@@ -1,6 +1,4 @@
-// The picking forms frmImpTnLyx and frmImpTVesmo driven by their controls: where they open, the
-// option, moving and deleting charts, the grid's cells, sorting, search and writing, the import
-// into the entry chart, and no archive or an empty one.
+// The picking forms frmImpTnLyx and frmImpTVesmo driven by their controls.
 #include <gtest/gtest.h>
 
 #include <QComboBox>
@@ -154,8 +152,7 @@ TEST_F(Importa, SpostaInUnAltroArchivioEdElimina) {
     EXPECT_TRUE(f.Anteprima->Vuota());
 }
 
-// The grid's updating switched by its button; it stays on when another archive is clicked, and
-// the next opening starts on the archive last used.
+// The grid's updating stays on when another archive is clicked, which the next opening shows.
 TEST_F(Importa, GrigliaEditabileECambioArchivio) {
     Riempi("Amici", {"Anna"});
     Riempi("Famiglia", {"Bruno", "Carla"});
@@ -191,8 +188,7 @@ TEST_F(Importa, GrigliaEditabileECambioArchivio) {
     EXPECT_EQ(g.DidascaliaGriglia->text(), "Famiglia  2");
 }
 
-// No archive at all: the buttons do nothing. Nothing to import or delete: told under each half's
-// title, and the charts stay.
+// No archive: the buttons do nothing; an empty one is told under each half's title.
 TEST_F(Importa, NessunArchivioOArchivioVuoto) {
     {
         frmImpTnLyx f(sessione, fileDB, messaggi);

@@ -1,5 +1,4 @@
-// The query window driven by its controls, and the text import and export entries of the
-// archive management menu.
+// The query window, and the management menu's text import and export entries.
 #include <gtest/gtest.h>
 
 #include <QComboBox>
