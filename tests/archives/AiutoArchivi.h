@@ -4,6 +4,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -40,6 +41,20 @@ inline Tema TemaDiProva(const std::string& nome, double ora = 19.5) {
     t.Estiva = 1;
     t.Cmto = "nota " + nome;
     return t;
+}
+
+// The rows of a reference file under tests/data: fields split at '|', '#' notes left out.
+inline std::vector<std::vector<std::string>> RigheDati(const std::string& file) {
+    std::ifstream in(std::string(VESMO_DATI_TEST) + "/" + file);
+    std::vector<std::vector<std::string>> r;
+    for (std::string riga; std::getline(in, riga);) {
+        if (riga.empty() || riga[0] == '#') continue;
+        auto& campi = r.emplace_back();
+        std::istringstream s(riga);
+        for (std::string c; std::getline(s, c, '|');)
+            campi.push_back(c);
+    }
+    return r;
 }
 
 // A side database holding the table "Compleanni", with its index, and a chart of each name.

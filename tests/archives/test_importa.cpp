@@ -74,36 +74,18 @@ RecordSF Record(const std::string& nome, const std::string& data, const std::str
 }
 
 TEST(TemaDaRecordSF, DataOraFusoECoordinate) {
-    struct Caso {
-        RecordSF record;
-        double day, oraL, fuso, lat, lonOre;
-    } casi[] = {
-        {Record("A", "12 Mar 1960", "10:30", "AM", "-01:00"), 2437005.5, 10.5, -1, 45 + 26.0 / 60,
-         -12.5 / 15},
-        // "PM" adds 12 below noon only: 12:05 stays five past twelve.
-        {Record("B", "12 Mar 1960", "12:05", "PM", "-01:00"), 2437005.5, 12 + 5.0 / 60, -1,
-         45 + 26.0 / 60, -12.5 / 15},
-        {Record("C", "12 Mar 1960", "01:15", "PM", "-01:00"), 2437005.5, 13.25, -1, 45 + 26.0 / 60,
-         -12.5 / 15},
-        {Record("D", "12 Mar 1960", "12:30", "AM", "05:00"), 2437005.5, 12.5, 5, 45 + 26.0 / 60,
-         -12.5 / 15},
-        // Seconds behind a second colon; an offset of -00:30 carries no sign into the hours.
-        {Record("E", "1 Jan 2000", "10:30:36", "", "-00:30", "33S52", "151E13"), 2451544.5, 10.51,
-         0.5, -(33 + 52.0 / 60), -(151 + 13.0 / 60) / 15},
-        {Record("F", "2 Jun 1946", "07:00", "AM", "05:00:00", "40N42", "74W00"), 2431973.5, 7, 5,
-         40.7, 74.0 / 15},
-    };
-    for (const Caso& c : casi) {
+    const auto righe = RigheDati("archives/record-sf.txt");
+    ASSERT_EQ(righe.size(), 6u);
+    for (const auto& r : righe) {
+        SCOPED_TRACE(r[0]);
         Tema t;
-        auto errore = TemaDaRecordSF(c.record, t);
+        auto errore = TemaDaRecordSF(Record(r[0], r[1], r[2], r[3], r[4], r[5], r[6]), t);
         ASSERT_FALSE(errore) << *errore;
-        SCOPED_TRACE(c.record[0]);
         EXPECT_EQ(
             std::tuple(t.Day, t.Estiva, t.ZonaSF.str(), t.City.Valore(), t.Stato.Valore(), t.Cmto),
-            std::tuple(c.day, 0.0, "CET    ", "Padova", "Italia", ""));
-        for (auto [letto, atteso] :
-             {std::pair{t.OraL, c.oraL}, {t.Fuso, c.fuso}, {t.Lat, c.lat}, {t.Lon, c.lonOre}})
-            EXPECT_NEAR(letto, atteso, TolleranzaOreGradi);
+            std::tuple(std::stod(r[7]), 0.0, "CET    ", "Padova", "Italia", ""));
+        for (auto [letto, i] : {std::pair{t.OraL, 8}, {t.Fuso, 9}, {t.Lat, 10}, {t.Lon, 11}})
+            EXPECT_NEAR(letto, std::stod(r[static_cast<std::size_t>(i)]), TolleranzaOreGradi);
     }
 }
 

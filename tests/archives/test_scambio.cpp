@@ -129,40 +129,22 @@ TEST_F(Scambio, AafSenzaIlBloccoPropioTieneSecondiEPrimiDArco) {
 
 TEST_F(Scambio, RecordAafScrittiAMano) {
     const std::string aaf = Leggi(std::string(VESMO_DATI_TEST) + "/archives/esempi.aaf");
-    const double g = 1.0 / 60;
-    struct Atteso {
-        const char* nome;
-        double day, oraL, lonGradiEst, lat, fuso, estiva;
-        const char* city;
-        const char* stato;
-    } attesi[] = {
-        {"Ferber, Tobias", 2440856.5, 11 + 4 * g, 8 + 11 * g, 49 + 5 * g, -1, 0, "Kandel/Pfalz",
-         "Germany"},
-        {"Cezanne, Paul", 2392758.5, 1, 5 + 27 * g, 43 + 31 * g, -(5 + 27 * g) / 15, 0,
-         "Aix-En-Provence", "France"},
-        {"Garms, Martin", 2436487.5, 1 + 10 * g, 9 + 35 * g, 51 + 21 * g, -1, 0, "Brilon-Wald",
-         "Germany"},
-        // The Julian day holds: 13h UT is 14h at one hour east.
-        {"Orario", 2451544.5, 14, 12 + 29 * g, 41 + 54 * g, -1, 0, "Roma", "Italy"},
-        // No zone: the Julian day gives it.
-        {"Fuso", 2451544.5, 13, 12 + 29 * g, 41 + 54 * g, -1, 0, "Roma", "Italy"},
-        {"Ovest", 2437005.5, 23 + 15 * g + 30 * g * g, -(74 + 21 * g * g), 40 + 42 * g + 51 * g * g,
-         5, 1, "New York", "United States"},
-    };
+    const auto attesi = RigheDati("archives/esempi-attesi.txt");
+    ASSERT_EQ(attesi.size(), 6u);
     std::vector<VoceScambio> voci = LeggiAAF(aaf, {});
     ASSERT_EQ(voci.size(), 9u);
     voci.erase(voci.begin() + 2); // the first Garms record has six fields only: in the log below
-    for (std::size_t i = 0; i < std::size(attesi); ++i) {
-        const Atteso& a = attesi[i];
+    for (std::size_t i = 0; i < attesi.size(); ++i) {
+        const auto& a = attesi[i];
         const Tema& t = voci[i].tema;
-        SCOPED_TRACE(a.nome);
+        SCOPED_TRACE(a[0]);
         EXPECT_EQ(std::tuple(voci[i].errore, t.Nome.Valore(), t.Day, t.Estiva, t.City.Valore(),
                              t.Stato.Valore()),
-                  std::tuple("", a.nome, a.day, a.estiva, a.city, a.stato));
-        for (auto [letto, atteso] : {std::pair{t.OraL, a.oraL},
-                                     {t.Lon, -a.lonGradiEst / 15},
-                                     {t.Lat, a.lat},
-                                     {t.Fuso, a.fuso}})
+                  std::tuple("", a[0], std::stod(a[1]), std::stod(a[6]), a[7], a[8]));
+        for (auto [letto, atteso] : {std::pair{t.OraL, std::stod(a[2])},
+                                     {t.Lon, -std::stod(a[3]) / 15},
+                                     {t.Lat, std::stod(a[4])},
+                                     {t.Fuso, std::stod(a[5])}})
             EXPECT_NEAR(letto, atteso, TolleranzaOreGradi);
     }
     EXPECT_EQ(voci[0].tema.Cmto, "Programmierer");
@@ -224,31 +206,14 @@ TEST_F(Scambio, AafSenzaB93CompletatoDalDatabaseDeiLuoghi) {
 }
 
 TEST(ZonaAAF, LeFormeDelFuso) {
-    const double g = 1.0 / 60;
-    struct Caso {
-        const char* testo;
-        std::optional<double> ore;
-    } casi[] = {
-        {"1he00", 1},
-        {"1he", 1},
-        {"1h00e", 1},
-        {"0e21:48", 21.8 * g},
-        {"5hw00", -5},
-        {"3hw30", -3.5},
-        {"1", 1},
-        {"-5", -5},
-        {"0he49:32", 49 * g + 32 * g * g},
-        {"x", std::nullopt},
-        {"1he99", std::nullopt},
-        {"", std::nullopt},
-        {"99he", std::nullopt},
-    };
-    for (const Caso& c : casi) {
-        SCOPED_TRACE(c.testo);
-        auto z = ZonaAAF(c.testo);
-        ASSERT_EQ(z.has_value(), c.ore.has_value());
+    const auto righe = RigheDati("archives/zone-aaf.txt");
+    ASSERT_EQ(righe.size(), 13u);
+    for (const auto& r : righe) {
+        SCOPED_TRACE(r[0]);
+        const auto z = ZonaAAF(r[0]);
+        ASSERT_EQ(z.has_value(), r[1] != "-");
         if (z) {
-            EXPECT_NEAR(*z, *c.ore, TolleranzaOreGradi);
+            EXPECT_NEAR(*z, std::stod(r[1]), TolleranzaOreGradi);
         }
     }
 }
