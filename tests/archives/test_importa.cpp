@@ -1,5 +1,4 @@
-// Solar Fire text import and text export. Julian days from Python's datetime (2000-01-01 = JD
-// 2451544.5); the export's Ascendants from Meeus' sidereal time and mean obliquity.
+// Solar Fire text import and text export; reference values in tests/data/archives with sources.
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -379,27 +378,16 @@ Tema TemaEsportato(const char* nome, int anno, int mese, int giorno, double ora,
 }
 
 TEST(RigaEsportazione, Casi) {
-    struct Caso {
-        Tema tema;
-        const char* riga;
-    } casi[] = {
-        {TemaEsportato("Mario Rossi", 1960, 3, 12, 10.25, -12.5 / 15, 45 + 26.0 / 60, -1, 0,
-                       "Padova", "Italia"),
-         "* Mario Rossi, 12/03/1960, 10:15,  , -01:00, Padova, Italia, 012E30 45N26, 17Gem42"},
-        // Fuso -1 with summer time 1: the offset is -02:00.
-        {TemaEsportato("Summer", 1987, 4, 10, 19.5, -(11 + 53.0 / 60) / 15, 45.4, -1, 1, "Verona",
-                       "Italia"),
-         "* Summer, 10/04/1987, 19:30,  , -02:00, Verona, Italia, 011E53 45N24, 17Bil14"},
-        {TemaEsportato("West", 1946, 6, 2, 7, 74.0 / 15, 40.7, 5, 0, "New York", "USA"),
-         "* West, 02/06/1946, 07:00,  , +05:00, New York, USA, 074W00 40N42, 15Can53"},
-        // Zone equal to the longitude: "LMT".
-        {TemaEsportato("Lmt", 1900, 1, 1, 0, 0, 51.5, 0, 0, "London", "UK"),
-         "* Lmt, 01/01/1900, 00:00, LMT, +00:00, London, UK, 000W00 51N30, 07Bil11"},
-    };
-    for (const Caso& c : casi) {
+    const auto righe = RigheDati("archives/riga-esportazione.txt");
+    ASSERT_EQ(righe.size(), 4u);
+    for (const auto& r : righe) {
+        const auto n = [&](std::size_t i) { return std::stod(r[i]); };
+        const Tema t =
+            TemaEsportato(r[0].c_str(), std::stoi(r[1]), std::stoi(r[2]), std::stoi(r[3]), n(4),
+                          n(5), n(6), n(7), n(8), r[9].c_str(), r[10].c_str());
         std::optional<double> avviso;
-        EXPECT_EQ(RigaEsportazione(c.tema, avviso), c.riga);
-        EXPECT_FALSE(avviso) << c.riga;
+        EXPECT_EQ(RigaEsportazione(t, avviso), r[11]);
+        EXPECT_FALSE(avviso) << r[11];
     }
 }
 
