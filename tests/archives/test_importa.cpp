@@ -32,7 +32,7 @@ std::vector<std::string> Campi(const std::string& testo) {
     return r;
 }
 
-TEST(LettoreCampiSF, SeparatoriVirgoletteEFineRiga) {
+TEST(LettoreCampiSF, SeparatoriVirgoletteFineRigaECampoEnorme) {
     struct Caso {
         const char* testo;
         std::vector<std::string> campi;
@@ -55,9 +55,7 @@ TEST(LettoreCampiSF, SeparatoriVirgoletteEFineRiga) {
     };
     for (const Caso& c : casi)
         EXPECT_EQ(Campi(c.testo), c.campi) << c.testo;
-}
-
-TEST(LettoreCampiSF, CampoEnormeTenutoAllaLunghezzaMassima) {
+    // A huge field is kept to the longest length.
     std::string testo(3'000'000, 'x');
     testo += ",fine\n";
     auto campi = Campi(testo);
@@ -391,20 +389,18 @@ TEST(RigaEsportazione, Casi) {
     }
 }
 
-TEST(RigaEsportazione, MinutiArrotondatiSenzaRiportoAnnoSenzaFormato) {
+TEST(RigaEsportazione, MinutiSenzaRiportoAnnoSenzaFormatoFusoConSecondi) {
     Tema t =
         TemaEsportato("  Spazi  ", 800, 3, 15, GradiDecimali(10, 59, 30), 0, 0, 0, 0, " Qui ", "");
     std::optional<double> avviso;
     std::string riga = RigaEsportazione(t, avviso);
     EXPECT_EQ(riga.substr(0, 36), "* Spazi, 15/03/800, 10:60, LMT, +00:");
     EXPECT_NE(riga.find(", Qui, , "), std::string::npos) << riga;
-}
 
-TEST(RigaEsportazione, FusoConSecondi) {
     // 0h 49m 58s east, as the longitude: "LMT" and no warning; a zone with seconds that is not
     // the longitude is warned of by the export of an archive below.
     const double fuso = -GradiDecimali(12, 29, 30) / 15;
-    std::optional<double> avviso;
+    avviso.reset();
     Tema lmt = TemaEsportato("A", 1900, 1, 1, 12, fuso, 45, fuso, 0, "X", "Y");
     EXPECT_NE(RigaEsportazione(lmt, avviso).find(", LMT, -00:49, "), std::string::npos);
     EXPECT_FALSE(avviso);
