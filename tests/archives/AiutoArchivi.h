@@ -1,10 +1,10 @@
-// What the archive tests share: a database file with the place tables in the test's own folder,
-// a chart to store, an archive filled with charts of given names, and the charts of an archive
-// read back in index order.
+// What the archive tests share: a database in the test's folder, charts, filled archives.
 #pragma once
 
+#include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <sstream>
 #include <string>
 #include <vector>
 
@@ -27,8 +27,7 @@ inline std::vector<Tema> TemiArchivio(const std::string& fileDB, const std::stri
     return r;
 }
 
-// A chart born in Padova on 10 April 1987 at 19:30 local time (zone -1, summer time 1), with
-// the comment "nota " and its name.
+// Born in Padova on 10 April 1987 at 19:30 (zone -1, summer time 1), comment "nota <name>".
 inline Tema TemaDiProva(const std::string& nome, double ora = 19.5) {
     Tema t;
     t.Nome = nome;
@@ -42,6 +41,34 @@ inline Tema TemaDiProva(const std::string& nome, double ora = 19.5) {
     t.Estiva = 1;
     t.Cmto = "nota " + nome;
     return t;
+}
+
+// The rows of a reference file under tests/data: fields split at '|', '#' notes left out.
+inline std::vector<std::vector<std::string>> RigheDati(const std::string& file) {
+    std::ifstream in(std::string(VESMO_DATI_TEST) + "/" + file);
+    std::vector<std::vector<std::string>> r;
+    for (std::string riga; std::getline(in, riga);) {
+        if (riga.empty() || riga[0] == '#') continue;
+        auto& campi = r.emplace_back();
+        std::istringstream s(riga);
+        for (std::string c; std::getline(s, c, '|');)
+            campi.push_back(c);
+    }
+    return r;
+}
+
+// A side database holding the table "Compleanni", with its index, and a chart of each name.
+inline void CreaCompleanni(const std::filesystem::path& file,
+                           const std::vector<std::string>& nomi) {
+    {
+        Database d;
+        d.Crea(file);
+        d.CreaTabella("Compleanni", CampiArchivio(),
+                      {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
+    }
+    MessaggiRegistrati m;
+    for (const std::string& n : nomi)
+        SalvaTema(file.string(), "Compleanni", TemaDiProva(n), m, "prova");
 }
 
 class ConArchivi : public ::testing::Test {

@@ -1,10 +1,15 @@
-// Whole archives and the charts inside them: the transport (by value, from an empty archive),
-// the birthdays import with its numbered names, the wider search with quotes and wildcards in the
-// text, deleting a chart, and a picked chart put into each slot.
+// Whole archives and their charts: transport, birthdays, search, delete, slots and safe copies.
 #include <gtest/gtest.h>
+
+#include <csignal>
+#include <set>
+#include <sys/wait.h>
+#include <unistd.h>
 
 #include "archives/Archivi.h"
 #include "archives/Gestione.h"
+#include "archives/Selezione.h"
+#include "archives/Sicurezza.h"
 #include "core/Aritmetica.h"
 #include "tests/archives/AiutoArchivi.h"
 
@@ -20,7 +25,7 @@ protected:
 
 } // namespace
 
-TEST_F(Gestione, TrasportoPerValoreEDaArchivioVuoto) {
+TEST_F(Gestione, TrasportoPerValoreDaArchivioVuotoEInSeStesso) {
     Riempi("Amici", {"Carla", "Bruno"});
     Riempi("Famiglia", {"Bruno"});
     CreaArchivio(fileDB, "Vuoto");
@@ -31,21 +36,14 @@ TEST_F(Gestione, TrasportoPerValoreEDaArchivioVuoto) {
     EXPECT_EQ(Nomi("Amici"), (V{"Bruno", "Carla"}));
     // An empty source copies nothing, without complaint.
     EXPECT_EQ(TrasportaArchivio(fileDB, "Vuoto", "Amici"), 0);
-    EXPECT_EQ(Nomi("Amici").size(), 2u);
+    // Into itself: the rows read first, the archive doubles and the copy ends.
+    EXPECT_EQ(TrasportaArchivio(fileDB, "Amici", "Amici"), 2);
+    EXPECT_EQ(Nomi("Amici"), (V{"Bruno", "Bruno", "Carla", "Carla"}));
 }
 
 TEST_F(Gestione, CompleanniImportatiConNomiNumerati) {
-    // The side database: a table "Compleanni" of three charts with its index.
     const auto laterale = cartella / FileCompleanni;
-    {
-        Database d;
-        d.Crea(laterale);
-        d.CreaTabella("Compleanni", CampiArchivio(),
-                      {DefIndice{IndiceArchivio, {"Nome"}, false, false}});
-    }
-    for (const char* n : {"Zeno", "Ada", "Ugo"})
-        ASSERT_EQ(SalvaTema(laterale.string(), "Compleanni", TemaDiProva(n), messaggi, "prova"),
-                  EsitoSalvataggio::Aggiunto);
+    test::CreaCompleanni(laterale, {"Zeno", "Ada", "Ugo"});
 
     EsitoCompleanni e = ImportaCompleanni(fileDB, laterale, messaggi);
     EXPECT_EQ(std::tuple(e.tabella, e.importati, DidascaliaImportati(e.importati)),
@@ -126,6 +124,30 @@ TEST_F(Gestione, EliminaTemaERestaVicino) {
     EXPECT_THROW(rs.Campo("Nome"), ErroreDB);
 }
 
+// The questions and reports around deleting and moving charts, names as the archive pads them.
+TEST(TestiGestione, DomandeEAvvisi) {
+    const std::string bruno = "Bruno" + std::string(25, ' ');
+    const std::pair<std::string, std::string> casi[] = {
+        {TestoEliminaArchivio("Famiglia"),
+         "L' Archivio  Famiglia\n\nSarà eliminato senza possibilità di recupero.\n\nContinuo?\n"},
+        {TestoEliminaTema("Anna" + std::string(26, ' ')),
+         "Anna                          \n\nSarà Eliminato senza possibilità di recupero\n\n"},
+        {TestoArchiviUguali("Amici", "Amici"),
+         "Archivio sorgente  Amici\nUGUALE \nArchivio destinazione  Amici\n\n"
+         "Selezionare un altro Archivio sulla lista a scomparsa"},
+        {TestoTrasferire(bruno, "Padova" + std::string(24, ' '), "Amici", "Famiglia"),
+         "Bruno                         \nPadova                        \n\n"
+         "Trasferire da  Amici  a  Famiglia ?\n"},
+        {TestoTrasferito(bruno, "Amici", "Famiglia"),
+         "Bruno   Trasferito\n\ndall' Archivio   Amici\nall' Archivio     Famiglia"},
+        {TestoEliminaTemi(2, "Clienti"), "Eliminare i 2 temi selezionati dall'Archivio Clienti?"},
+        {TestoTrasferireTemi(2, "Altri", "Amici"),
+         "Trasferire i 2 temi selezionati\ndall' Archivio   Altri\nall' Archivio     Amici ?"},
+    };
+    for (const auto& [testo, atteso] : casi)
+        EXPECT_EQ(testo, atteso);
+}
+
 TEST(ImportaInSlot, OgniSlotConISuoiSegni) {
     Sessione s;
     s.TemaX = TemaDiProva("Anna", 19.5);
@@ -142,4 +164,78 @@ TEST(ImportaInSlot, OgniSlotConISuoiSegni) {
     // TU, 17.5 / 24 of a day later.
     constexpr double TolleranzaGiorni = 1e-9; // days
     EXPECT_NEAR(s.JDRivoluzione, 2446895.5 + 17.5 / 24, TolleranzaGiorni);
+}
+
+// The online copy of the whole file while another process saves charts.
+TEST_F(Gestione, CopiaMentreUnAltroProcessoSalva) {
+    CreaArchivio(fileDB, "Clienti");
+    int tubo[2];
+    ASSERT_EQ(::pipe(tubo), 0);
+    const pid_t figlio = ::fork();
+    ASSERT_GE(figlio, 0);
+    if (figlio == 0) {
+        // The other process: one chart a statement, each told once it is in the file.
+        ::close(tubo[0]);
+        try {
+            Database db(fileDB);
+            Cursore rs(db, "Clienti");
+            for (int i = 0; i < 100000; ++i) {
+                std::int16_t aggiungi = -1, modifica = 0;
+                ScriviTema(rs, TemaDiProva("T" + std::to_string(i)), aggiungi, modifica);
+                if (::write(tubo[1], &i, sizeof i) != sizeof i) break;
+            }
+        } catch (...) {
+        }
+        ::_exit(0);
+    }
+    ::close(tubo[1]);
+    int salvati = -1, i;
+    while (salvati < 200 && ::read(tubo[0], &i, sizeof i) == sizeof i)
+        salvati = i;
+    const std::string copia = (cartella / "copia.Mdb").string();
+    CopiaDiSicurezza(fileDB, copia);
+    // The other process is still saving.
+    ASSERT_EQ(::read(tubo[0], &i, sizeof i), static_cast<ssize_t>(sizeof i));
+    ::kill(figlio, SIGKILL);
+    ::waitpid(figlio, nullptr, 0);
+    ::close(tubo[0]);
+
+    Database db(copia);
+    Cursore controllo = Cursore::Sql(db, "PRAGMA integrity_check");
+    EXPECT_EQ(controllo.Campo("integrity_check").Testo(), "ok");
+    std::vector<std::string> nomi;
+    for (const Tema& t : vesmo::test::TemiArchivio(copia, "Clienti"))
+        nomi.push_back(t.Nome.Valore());
+    EXPECT_GE(nomi.size(), static_cast<std::size_t>(salvati + 1));
+    std::set<std::string> presenti(nomi.begin(), nomi.end());
+    for (int k = 0; k <= salvati; ++k)
+        EXPECT_TRUE(presenti.count("T" + std::to_string(k))) << k;
+    EXPECT_FALSE(std::filesystem::exists(copia + ".copia-" + std::to_string(::getpid())));
+}
+
+// The automatic copies keep the last seven; an archive comes back beside what stands.
+TEST_F(Gestione, CopieAutomaticheUltimeSetteERipristino) {
+    Riempi("Clienti", {"Anna", "Bruno"});
+    Riempi("Amici", {"Carla"});
+    const auto cartellaCopie = cartella / CartellaCopie;
+    std::vector<std::filesystem::path> fatte;
+    for (int n = 1; n <= 9; ++n)
+        fatte.push_back(CopiaAutomaticaArchivi(fileDB, cartellaCopie));
+    const auto tenute = CopieAutomatiche(cartellaCopie);
+    ASSERT_EQ(tenute.size(), 7u);
+    EXPECT_EQ(
+        std::tuple(fatte.front().filename(), fatte.back().filename(), tenute.front().filename()),
+        std::tuple("Archivi-000001.Mdb", "Archivi-000009.Mdb", "Archivi-000003.Mdb"));
+    // Only archives go into the copy.
+    EXPECT_EQ(ArchiviDellaCopia(tenute.back().string()),
+              (std::vector<std::string>{"Amici", "Clienti"}));
+
+    // Deleted, then brought back; brought back again beside the one that stands.
+    Database(fileDB).EliminaTabella("Clienti");
+    for (const char* nome : {"Clienti", "Clienti_1"}) {
+        EXPECT_EQ(RipristinaArchivio(fileDB, tenute.back().string(), "Clienti"), nome);
+        EXPECT_EQ(Nomi(nome), (std::vector<std::string>{"Anna", "Bruno"}));
+    }
+    EXPECT_TRUE(Database(fileDB).EsisteIndice("Clienti_1", IndiceArchivio));
+    EXPECT_THROW(RipristinaArchivio(fileDB, tenute.back().string(), "Nessuno"), ErroreDB);
 }

