@@ -50,8 +50,8 @@ protected:
 
 } // namespace
 
-// A name the rule refuses (ArchiviTest.UnaRegolaPerINomiDegliArchivi has them all) writes
-// nothing; a file whose title gives no valid name asks for --archivio.
+// A name the archive rule refuses writes nothing; a file whose title gives no valid name asks
+// for --archivio.
 TEST_F(CliFile, NomiDArchivioCheSarebberoPercorsi) {
     const std::string txt = File("a.b.c.txt", UnTema);
     const std::string prima = Leggi(fileDB);
@@ -65,23 +65,6 @@ TEST_F(CliFile, NomiDArchivioCheSarebberoPercorsi) {
     EXPECT_NE(e.err.find("(--archivio NOME ne dà un altro)"), std::string::npos) << e.err;
     EXPECT_EQ(Leggi(fileDB), prima);
     EXPECT_EQ(Lancia({"importa", txt, "--archivio", "Abc"}).stato, 0);
-}
-
-// --log names a file that is only ever appended to: a document stays, and without a refused
-// record nothing is written at all.
-TEST_F(CliFile, IlLogNonCancellaNulla) {
-    const std::string buono = File("buono.txt", UnTema);
-    const std::string misto = File("misto.txt", UnTema + "\"Due\",\"2 jun 1946\",\"07:00\",\"AM\","
-                                                         "\"EST\",\"05:00\",\"New York\",\"USA\","
-                                                         "\"40N42\",\"74W00\"\n");
-    const std::string documento = File("tesi.odt", "il mio lavoro");
-    Esito e = Lancia({"importa", buono, "--log", documento});
-    EXPECT_EQ(e.stato, 0) << e.err;
-    EXPECT_EQ(Leggi(documento), "il mio lavoro");
-    e = Lancia({"importa", misto, "--log", documento});
-    EXPECT_EQ(e.stato, 0) << e.err;
-    EXPECT_EQ(Leggi(documento), "il mio lavoro  [Errore  Mese SF: 2 jun 1946 ]\n");
-    EXPECT_EQ(Lancia({"archivi"}).out, "buonotxt  1\nmistotxt  1\n");
 }
 
 // A file that cannot be written is a failure (status 1) that says so; a damaged one is refused
@@ -189,9 +172,6 @@ TEST_F(CliFile, AiutoDiOgniComandoEParoleInPiu) {
 
     for (const std::vector<std::string>& parole :
          {std::vector<std::string>{"deltat", "--data", "01/01/2000", "extra"},
-          {"eqt", "--data", "01/01/2000", "--ora", "12:00", "extra"},
-          {"eclequ", "--data", "01/01/2000", "--ora", "12:00", "--ar", "6 0 0", "extra"},
-          {"formati", "--gradi", "1 2 3", "extra"},
           {"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
            "--fuso", "-1", "extra"}}) {
         vesmo::test::Rifiuta(parole, "argomento inatteso: extra");
