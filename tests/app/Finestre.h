@@ -34,6 +34,7 @@
 #include "presentation/ui/frmOutDati.h"
 #include "presentation/ui/frmRuotaDoppia.h"
 #include "presentation/ui/frmStampe.h"
+#include "tests/places/AiutoLuoghi.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/MenuTempo.h"
 #include "timecharts/ui/frmCalTransiti.h"
@@ -74,12 +75,7 @@ public:
             Database db;
             db.Crea(fileDB);
             CreaSchemaLuoghi(db);
-            Cursore n(db, "Nazioni");
-            n.AddNew();
-            n.Imposta("cNaz", 380);
-            n.Imposta("Nazione", "Italy");
-            n.Imposta("Spec", " ");
-            n.Update();
+            AggiungiNazione(db, 380, "Italy");
         }
         percorsi.FileDB = fileDB;
         percorsi.FileIni = (cartella / "Vesmodat.ini").string();

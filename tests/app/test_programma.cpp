@@ -65,15 +65,11 @@ protected:
     std::size_t fatti = 0;
 };
 
-QString Cartella(const test::CartellaLuoghi& c) {
-    return QString::fromStdString((c / "").string());
-}
-
 } // namespace
 
 TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
     Programma p(messaggi);
-    ASSERT_TRUE(p.Avvia(Cartella(cartella), [](frmInputIni&) {
+    ASSERT_TRUE(p.Avvia(QString::fromStdString((cartella / "").string()), [](frmInputIni&) {
         ADD_FAILURE() << "il dialogo della prima volta si è aperto";
         return false;
     }));
@@ -173,8 +169,7 @@ TEST(Messaggi, IBoxStannoSopraLaFinestraCheLiSolleva) {
     menu.setObjectName("frmMenu");
     MessaggiQt messaggi(&menu);
     Sessione s;
-    TabellaAspetti& aspetti = s.Aspetti;
-    aspetti.EntraInLyx();
+    s.Aspetti.EntraInLyx();
     StatoRuote& stato = s.Ruote;
 
     frmOutDati pos(s, "", messaggi);
@@ -200,17 +195,12 @@ TEST(Messaggi, IBoxStannoSopraLaFinestraCheLiSolleva) {
 TEST(Messaggi, PulsantiInItaliano) {
     ASSERT_TRUE(CaricaTraduzioniQt(*qApp)) << "mancano le traduzioni di Qt (qt6-translations-l10n)";
     MessaggiQt messaggi;
-    // The question of a name already in the archive: its text names the buttons it shows.
-    const Box b = PrimoBox([&] {
-        messaggi.Mostra("Tema Doppio",
-                        "Prova\n\nè GIA' PRESENTE nel DataBase\n\nSì =          Sovrascrivo\n"
-                        "No =         Aggiungo senza sovrascrivere\n"
-                        "Annulla =  Nessun salvataggio\n\n",
-                        Pulsanti::SiNoAnnulla, Icona::Domanda);
-    });
-    EXPECT_TRUE(b.pulsanti.contains("Sì")) << b.pulsanti.join(",").toStdString();
-    EXPECT_TRUE(b.pulsanti.contains("No"));
-    EXPECT_TRUE(b.pulsanti.contains("Annulla"));
+    // The question of a name already in the archive names its buttons in its text.
+    const Box b = PrimoBox(
+        [&] { messaggi.Mostra("Tema Doppio", "Prova", Pulsanti::SiNoAnnulla, Icona::Domanda); });
+    for (const char* p : {"Sì", "No", "Annulla"})
+        EXPECT_TRUE(b.pulsanti.contains(QString::fromUtf8(p)))
+            << b.pulsanti.join(",").toStdString();
     QDialogButtonBox apri(QDialogButtonBox::Open | QDialogButtonBox::Cancel);
     EXPECT_EQ(apri.button(QDialogButtonBox::Open)->text().remove('&'), "Apri");
     EXPECT_EQ(apri.button(QDialogButtonBox::Cancel)->text().remove('&'), "Annulla");

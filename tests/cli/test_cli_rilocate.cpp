@@ -13,9 +13,6 @@
 
 using namespace vesmo;
 using namespace vesmo::test;
-using vesmo::test::Con;
-using vesmo::test::Esito;
-using vesmo::test::Lancia;
 
 namespace {
 
@@ -40,10 +37,8 @@ TEST(CliVicine, CittaDelDatabase) {
         Database db = DatabaseLuoghi(file);
         Aggiungi(db, {{380, "Padova", -0.7925, 45.4, 1, 1}, {380, "Trento", -0.7475, 46.07, 1, 1}});
     }
-    // The point is 11E53 = -0.79222 hours, a little west of Padova (-0.7925). For n = 0 the seek
-    // passes Padova and stands on Trento, 0.67 degrees off in latitude and last in the index:
-    // its walk ends at EOF. From n = 1 (one minute east) the seek stands on Padova, within 0.1
-    // of the point: ten rows.
+    // 11E53 is a little west of Padova: the first seek stands on Trento, last in the index, and
+    // its walk ends; the next ones, a minute east each, stand on Padova: ten rows.
     Esito e = Lancia({"vicine", "--lon", "11E53", "--lat", "45N24", "--db", file});
     EXPECT_EQ(e.stato, 0) << e.err;
     std::string righe;
@@ -54,20 +49,15 @@ TEST(CliVicine, CittaDelDatabase) {
     EXPECT_EQ(e.out.substr(0, 70),
               R"([{"City": "Padova", "Nazione": "Italy", "Lon": -0.7925, "Lat": 45.4}, )");
 
-    struct Caso {
-        std::vector<std::string> parole;
-        int stato;
+    const std::pair<std::vector<std::string>, int> casi[] = {
+        {{"--lon", "11E53", "--db", file}, 2},
+        {{"--lon", "11E53", "--lat", "45N24", "--db", file + ".no"}, 1},
+        // West of every town of the table the walk ends at its first row.
+        {{"--lon", "9E00", "--lat", "80N00", "--db", file}, 1},
     };
-    for (const Caso& c : std::vector<Caso>{
-             {{"vicine", "--lon", "11E53", "--db", file}, 2},
-             {{"vicine", "--lon", "11X53", "--lat", "45N24", "--db", file}, 2},
-             {{"vicine", "--lon", "11E53", "--lat", "45N24", "--db", file + ".no"}, 1},
-             // West of every town of the table the walk ends at its first row.
-             {{"vicine", "--lon", "9E00", "--lat", "80N00", "--db", file}, 1},
-         }) {
-        Esito r = Lancia(c.parole);
-        EXPECT_EQ(r.stato, c.stato) << c.parole[2];
-        EXPECT_EQ(std::count(r.err.begin(), r.err.end(), '\n'), 1) << r.err;
+    for (const auto& [opzioni, stato] : casi) {
+        Esito r = Lancia(Con({"vicine"}, opzioni));
+        EXPECT_EQ(std::tuple(r.stato, Righe(r.err)), std::tuple(stato, 1)) << opzioni[1] << r.err;
     }
 }
 
