@@ -69,7 +69,7 @@ TEST(CliCalendario, ArgomentiSbagliati) {
     EXPECT_NE(vuoto.err.find("uso: vesmo-cli"), std::string::npos);
 }
 
-TEST(CliTema, TabellaEJson) {
+TEST(CliTema, TabellaJsonELuogoDalDatabase) {
     const std::vector<std::string> padova{
         "tema",  "--data", "10/04/1987", "--ora",    "19:30", "--lon",  "11E53",       "--lat",
         "45N24", "--fuso", "-1",         "--estiva", "1",     "--nome", "Prova Padova"};
@@ -92,6 +92,23 @@ TEST(CliTema, TabellaEJson) {
     decimali[8] = "45.4N";
     Esito d = Lancia(decimali);
     EXPECT_EQ(d.out.substr(d.out.find("\nSole")), e.out.substr(e.out.find("\nSole")));
+
+    // The zone and the summer time of the places database: the same chart as typed by hand.
+    test::CartellaLuoghi cartella;
+    const std::string db = (cartella / "Vesmodat.Mdb").string();
+    test::DatabasePadova(db);
+    const std::vector<std::string> padova2{"tema",   "--data", "10/04/1987", "--ora", "19:30",
+                                           "--city", "Padova", "--db",       db};
+    Esito c = Lancia(Con(padova2, {"--nazione", "Italy", "--nome", "Prova Padova", "--json"}));
+    ASSERT_EQ(c.stato, 0) << c.err;
+    EXPECT_NE(c.out.find("\"City\": \"Padova\""), std::string::npos) << c.out;
+    EXPECT_NE(c.out.find("\"Fuso\": -1, \"Estiva\": 1"), std::string::npos) << c.out;
+    EXPECT_EQ(c.out.substr(c.out.find("\"TU\"")), j.out.substr(j.out.find("\"TU\"")));
+    Esito ignoto =
+        Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Zzz", "--db", db});
+    EXPECT_EQ(std::tuple(ignoto.stato, ignoto.err),
+              std::tuple(1, "vesmo-cli tema: luogo sconosciuto: Zzz\n"));
+    Rifiuta(Con(padova2, {"--lon", "11E53"}), "--lon non va con --city");
 }
 
 TEST(CliTema, ArgomentiSbagliati) {
@@ -121,31 +138,6 @@ TEST(CliTema, ArgomentiSbagliati) {
     }
     Rifiuta({"tema", "--data", "21/12/2001", "--ora", "12:00"}, "manca l'opzione --lon");
     Rifiuta(Con(base, {"--luna", "marte"}), "luna non valida: 'marte' (geo o topo)");
-}
-
-TEST(CliTema, LuogoDalDatabase) {
-    test::CartellaLuoghi cartella;
-    test::DatabasePadova(cartella / "Vesmodat.Mdb");
-    const std::string db = (cartella / "Vesmodat.Mdb").string();
-    Esito e = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
-                      "--nazione", "Italy", "--db", db, "--json"});
-    ASSERT_EQ(e.stato, 0) << e.err;
-    // The zone and the summer time of the database: the same chart as typed by hand.
-    for (const char* pezzo :
-         {"\"City\": \"Padova\"", "\"Fuso\": -1, \"Estiva\": 1", "\"TU\": 17.5"})
-        EXPECT_NE(e.out.find(pezzo), std::string::npos) << pezzo << " in " << e.out;
-    Esito mano = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53",
-                         "--lat", "45N24", "--fuso", "-1", "--estiva", "1", "--json"});
-    EXPECT_EQ(e.out.substr(e.out.find("\"Posizioni\"")),
-              mano.out.substr(mano.out.find("\"Posizioni\"")));
-
-    Esito ignoto =
-        Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Zzz", "--db", db});
-    EXPECT_EQ(std::tuple(ignoto.stato, ignoto.err),
-              std::tuple(1, "vesmo-cli tema: luogo sconosciuto: Zzz\n"));
-    Rifiutato({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova", "--lon",
-               "11E53", "--db", db},
-              "vesmo-cli tema: --lon non va con --city\n");
 }
 
 namespace {

@@ -68,18 +68,13 @@ TEST(CliRivoluzione, RilocataSulTempoMedioLocale) {
     Esito la =
         Lancia(Con(base, {"--rilocata", "--lon-rilocata", "74W00", "--lat-rilocata", "40N43"}));
     ASSERT_EQ(la.stato, 0) << la.err;
-    // The same instant; the place New York's, on its local mean time.
+    // The same instant, at the place of the relocation on its local mean time.
     for (const auto& [campo, atteso] : {std::pair{"JDRisultato", CampoJson(qui.out, "JDRisultato")},
                                         {"City", "\"Jolly\""},
-                                        {"Stato", "\"Jolly\""},
-                                        {"Fuso", CampoJson(la.out, "Lon")},
-                                        {"Estiva", "0"}})
+                                        {"Fuso", CampoJson(la.out, "Lon")}})
         EXPECT_EQ(CampoJson(la.out, campo), atteso) << campo;
-    constexpr double TolleranzaOre = 1e-12;   // hours
-    constexpr double TolleranzaGiorni = 1e-8; // days
+    constexpr double TolleranzaOre = 1e-12; // hours
     EXPECT_NEAR(std::stod(CampoJson(la.out, "Lon")), 74.0 / 15, TolleranzaOre);
-    EXPECT_NEAR(std::stod(CampoJson(la.out, "JD")), std::stod(CampoJson(qui.out, "JDRisultato")),
-                TolleranzaGiorni);
 
     for (const auto& parole :
          {Con(base, {"--lon-rilocata", "74W00", "--lat-rilocata", "40N43"}),

@@ -42,17 +42,6 @@ TEST_F(CliScambio, AafCompletatoEsportatoInCsvEReimportato) {
     EXPECT_EQ(i.out, "Archivio   clienti (nuovo)\nFormato    aaf\nImportati  2\nCompletati 1\n"
                      "Doppi      0\nScartati   1\nLog        " +
                          log + "\n");
-    std::ifstream in(log);
-    std::string r1, r2;
-    std::getline(in, r1);
-    std::getline(in, r2);
-    EXPECT_EQ(r1, "Riga 1, Rossi, Mario: completato dal database dei luoghi: Padova, Italy, "
-                  "11E53 45N24, fuso -1, estiva 1");
-    EXPECT_EQ(r2.rfind("Riga 4, Nessuno: luogo non trovato nel database dei luoghi: luogo "
-                       "sconosciuto: Atlantide",
-                       0),
-              0u)
-        << r2;
 
     const std::string csv = (cartella / "clienti.csv").string();
     Esito e = Cli({"esporta", "clienti", "--formato", "csv", "--out", csv, "--json"});
@@ -69,13 +58,11 @@ TEST_F(CliScambio, AafCompletatoEsportatoInCsvEReimportato) {
         {"importa", csv, "--formato", "csv", "--archivio", "clienti", "--doppi", "--log", log2});
     EXPECT_NE(d2.out.find("Importati  2\n"), std::string::npos) << d2.out;
 
-    // The search.
+    // The search: one of the two, then none.
     Esito c = Cli({"archivio", "clienti", "--cerca", "dal:1980 luogo:padova", "--json"});
-    EXPECT_EQ(c.stato, 0);
-    EXPECT_EQ(c.out.find("Ferber"), std::string::npos);
+    EXPECT_EQ(std::tuple(c.stato, c.out.find("Ferber")), std::tuple(0, std::string::npos));
     EXPECT_NE(c.out.find("Rossi, Mario"), std::string::npos);
-    Esito niente = Cli({"archivio", "clienti", "--cerca", "commento:nulla"});
-    EXPECT_EQ(niente.stato, 1);
+    EXPECT_EQ(Cli({"archivio", "clienti", "--cerca", "commento:nulla"}).stato, 1);
     Rifiutato(Con({"archivio", "clienti", "--cerca", "dal:31/02/1980"}, {"--db", db}),
               "vesmo-cli archivio: --cerca: data non valida: 31/02/1980\n");
     Rifiutato(Con({"importa", csv, "--formato", "xls"}, {"--db", db}),
