@@ -77,12 +77,7 @@ TEST_F(CliImportaQuery, ImportaEsportaEQuery) {
                       "i casa", "--json"});
     EXPECT_EQ(c.err, "");
     EXPECT_EQ(c.out.substr(0, 28), "{\"Tabella\": \"Q_Case\", \"Esami");
-    // The help's two steps as one command: nothing here has Venus in Taurus.
-    Esito due = Lancia({"query", "--da", "temitxt", "--a", "SolCngMerVenToro", "--punto", "Sole",
-                        "--angolo", "Mercurio", "--aspetto", "congiunzione", "--orbita", "30",
-                        "--condizione", "--punto Venere --luogo Toro"});
-    EXPECT_EQ(due.stato, 1);
-    EXPECT_EQ(due.out, "Tabella    Q_SolCngMerVenToro\nEsaminati  2\nTrovati    0\n");
+    // Two conditions in one pass.
     Esito acquario =
         Lancia({"query", "--da", "temitxt", "--a", "VenAq", "--condizione",
                 "--punto Venere --luogo acquario", "--condizione", "--punto Sole --luogo Pesci"});
