@@ -15,7 +15,6 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
-#include <functional>
 #include <map>
 #include <memory>
 #include <set>

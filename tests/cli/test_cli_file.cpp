@@ -2,8 +2,6 @@
 // command keeps: its own --help, stray words refused, one line for a refusal, JSON in UTF-8.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <sstream>
 #include <sys/wait.h>

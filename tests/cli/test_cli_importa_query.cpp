@@ -3,7 +3,6 @@
 
 #include <filesystem>
 #include <fstream>
-#include <sstream>
 
 #include "cli/Comandi.h"
 #include "core/store/Database.h"

@@ -5,7 +5,6 @@
 
 #include <cstdlib>
 #include <filesystem>
-#include <sstream>
 
 #include "cli/Comandi.h"
 #include "tests/cli/Lancia.h"

@@ -3,7 +3,6 @@
 // 27 September 3:00, as the IANA database has it for Europe/Rome).
 #include <gtest/gtest.h>
 
-#include <filesystem>
 #include <fstream>
 
 #include "core/Aritmetica.h"

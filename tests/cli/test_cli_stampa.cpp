@@ -8,7 +8,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 
 #include "cli/Comandi.h"
 #include "tests/cli/Lancia.h"
