@@ -58,7 +58,6 @@ TEST(CliCalendario, ArgomentiSbagliati) {
         {{"jd", "01/01/2000", "--xml"}, "opzione sconosciuta: --xml"},
         {{"data", "abc"}, "giorno giuliano non valido: 'abc'"},
         {{"data", "2451545,5"}, "giorno giuliano non valido: '2451545,5'"},
-        {{"data", "1e300"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: 1e300"},
     };
     for (const auto& [parole, messaggio] : casi)
         Rifiuta(parole, messaggio);
@@ -175,8 +174,6 @@ TEST(CliArgomenti, LimitiDelCalendario) {
         {{"jd", "15/5/-4998"}, "data non valida: '15/5/-4998' (anno fuori da -4712..9999)"},
         {{"data", "-0.5"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: -0.5"},
         {{"data", "5373484.5"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: 5373484.5"},
-        {{"effemeridi", "--jd", "5373485"},
-         "giorno giuliano fuori dall'intervallo 0-5373484.5: 5373485"},
         {natale(Con(tropica, {"--mese", "13"})), "mese fuori da 1..12: 13"},
         {natale(Con(tropica, {"--mese", "0.5"})), "mese fuori da 1..12: 0.5"},
         {natale(Con(tropica, {"--giorno", "32"})), "giorno fuori da 1..31: 32"},
