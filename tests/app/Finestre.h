@@ -1,6 +1,5 @@
-// Every window of the workstation, made as the program makes it, on a session with a natal
-// chart and the three other slots filled, and a small places database in `cartella`. The
-// screen tests and the showcase that takes their screenshots share it.
+// Every window of the workstation made as the program makes it, on a session with its four slots
+// filled and a small places database: for the screen tests and the showcase.
 #pragma once
 
 #include <QCoreApplication>

@@ -1,7 +1,5 @@
-// Every window of the workstation on a laptop's screen of 1366 x 768: opened as the program
-// opens it, with its frame it fits the screen and lies inside it, it can be made as small as
-// 1280 x 720 with its frame, and it follows a resize. The positions window keeps its whole table
-// beside the wheel, and the wheel takes the room that is left.
+// Every window of the workstation on a laptop's screen of 1366 x 768, and at the keyboard; the
+// positions window keeps its whole table beside the wheel; windows and dialogs on their screen.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -83,9 +81,8 @@ QChar Sottolineata(const QString& testo) {
 // own default button, and Esc closes dialogs and the tool windows.
 void Tastiera(QWidget* w, const std::string& nome,
               std::set<std::pair<std::string, std::string>>& condivise) {
-    // The button Enter presses in each dialog: its action, never its way out, except where the
-    // way out is the only button; none where the buttons are peers (the calculators' two
-    // directions, the days of the Julian day calculator) or there is no button at all.
+    // The button Enter presses: the dialog's action, never its way out unless it is the only
+    // button; none where the buttons are peers or there is none.
     static const std::map<std::string, std::string> predefiniti = {
         {"frmInputIni", "CmdOk"},       {"frmHelp", "Command1"},
         {"frmInDatiLyx", "cmdCalcola"}, {"frmZoomN", "Command1"},

@@ -1,6 +1,5 @@
-// The launcher as the program composes it: each menu entry opens its form, the Astrolog frame
-// reads the entry form and tells what it did, and a chart imported from an archive lands in
-// the entry form.
+// The launcher as the program composes it: its menu entries, the Astrolog frame, and a chart
+// imported from an archive landing in the entry form.
 #include <gtest/gtest.h>
 
 #include <QAction>

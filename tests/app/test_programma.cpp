@@ -41,9 +41,8 @@ protected:
         ScriviConfig((cartella / "Vesmodat.ini").string(), cfg);
     }
 
-    // Runs the steps one after another from the event loop, as the user's clicks would come,
-    // and ends the loop with status 7 after the last; a program that quits on its own ends it
-    // earlier with its own status.
+    // Runs the steps from the event loop as the user's clicks would come; status 7 after the
+    // last, unless the program quits earlier on its own.
     int Esegui(std::vector<std::function<void()>> passi) {
         fatti = 0;
         auto prossimo = std::make_shared<std::function<void(std::size_t)>>();

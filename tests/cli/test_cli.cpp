@@ -290,9 +290,8 @@ TEST(CliAspetti, GrigliaEJson) {
         Rifiuta(Con(tema, aggiunte), messaggio);
 }
 
-// With --city the second chart takes the zone and the summer time of its own date from the
-// places database: 10 April 1987 19:30 is summer time in Padova (TU 17:30), 1 January 1987 12:00
-// is not (TU 11:00).
+// With --city the second chart takes the summer time of its own date from the places database:
+// 10 April 1987 19:30 in Padova is TU 17:30, 1 January 1987 12:00 is TU 11:00.
 TEST(CliAspetti, SecondoTemaDalDatabase) {
     test::CartellaLuoghi cartella;
     test::DatabasePadova(cartella / "Vesmodat.Mdb");

@@ -1,6 +1,5 @@
-// vesmo-cli salva, archivi and archivio on a database file: a chart stored into a new archive,
-// the two answers of --doppio, the charts listed in index order, and the statuses of refusals and
-// of what is not there.
+// vesmo-cli salva, archivi and archivio: a new archive, --doppio, the charts in index order, and
+// the statuses of refusals and of what is not there.
 #include <gtest/gtest.h>
 
 #include "cli/Comandi.h"

@@ -177,8 +177,7 @@ TEST_F(CliFile, AiutoDiOgniComandoEParoleInPiu) {
 }
 
 // A refused argument is one line even where the chart at an extreme latitude has a notice to
-// give (the notice goes nowhere then); a taken one gives its notice after the answer. Whatever
-// reaches the process's stderr by any way is counted.
+// give; a taken one gives it after the answer. Whatever reaches the process's stderr counts.
 TEST_F(CliFile, UnaRigaPerUnRifiuto) {
     auto Esegui = [](const std::vector<std::string>& parole) {
         std::ostringstream cerr;

@@ -1,6 +1,5 @@
-// vesmo-cli for the wheel interactions: the nearest towns of a small database, the relocated
-// revolution (same instant, local mean time, "Jolly"), and the wheel options that draw the
-// ascensional wheels, turn the outer chart by the solar arc and add the map.
+// vesmo-cli vicine, the relocated revolution, and the wheel's ascensional, solar arc and map
+// options.
 #include <gtest/gtest.h>
 
 #include <cstdlib>

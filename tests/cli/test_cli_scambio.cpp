@@ -1,6 +1,5 @@
-// vesmo-cli with the exchange formats, the search and the copies, on a places database of the
-// test's own folder that knows Padova with the Italian summer time of 1987 (from 29 March 2:00 to
-// 27 September 3:00, as the IANA database has it for Europe/Rome).
+// vesmo-cli with the exchange formats, the search and the copies, on a places database that
+// knows Padova with the Italian summer time of 1987.
 #include <gtest/gtest.h>
 
 #include <fstream>

@@ -1,6 +1,5 @@
-// vesmo-cli stampa: the page of a chart as an A4 PDF or a PNG of the sheet, the two bitmaps in a
-// folder, the list of the files written (a table, or JSON), and one line on stderr with status 2
-// for each bad argument.
+// vesmo-cli stampa: the page of a chart as an A4 PDF or a PNG, the two bitmaps in a folder, the
+// files written as a table or JSON, and the refusals.
 #include <gtest/gtest.h>
 
 #include <QImage>

@@ -1,6 +1,5 @@
-// vesmo-cli transiti: the records of --json in their order and with their fields, the local
-// date and time of each across the start of summer time at a place of the places database,
-// the table, and the one-line refusals.
+// vesmo-cli transiti: the JSON records in local time across the start of summer time at a place
+// of the places database, the table, and the refusals.
 #include <gtest/gtest.h>
 
 #include <cmath>
