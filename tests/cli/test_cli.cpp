@@ -68,9 +68,7 @@ TEST(CliCalendario, ArgomentiSbagliati) {
 }
 
 TEST(CliTema, TabellaJsonELuogoDalDatabase) {
-    const std::vector<std::string> padova{
-        "tema",  "--data", "10/04/1987", "--ora",    "19:30", "--lon",  "11E53",       "--lat",
-        "45N24", "--fuso", "-1",         "--estiva", "1",     "--nome", "Prova Padova"};
+    const auto padova = Con(Con({"tema"}, test::Natale), {"--nome", "Prova Padova"});
     Esito e = Lancia(padova);
     ASSERT_EQ(e.stato, 0) << e.err;
     EXPECT_EQ(e.out.rfind("Prova Padova\n10/4/1987", 0), 0u);

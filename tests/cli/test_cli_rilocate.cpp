@@ -14,10 +14,6 @@ using namespace vesmo::test;
 
 namespace {
 
-const std::vector<std::string> Natale{"--data", "10/04/1987", "--ora",    "19:30",
-                                      "--lon",  "11E53",      "--lat",    "45N24",
-                                      "--fuso", "-1",         "--estiva", "1"};
-
 // The text after `campo` up to the next comma.
 std::string CampoJson(const std::string& json, const std::string& campo) {
     auto i = json.find("\"" + campo + "\": ");

@@ -19,10 +19,8 @@ using vesmo::test::Rifiutato;
 namespace {
 
 std::vector<std::string> Tema(const std::vector<std::string>& altre) {
-    return vesmo::test::Con({"stampa", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53",
-                             "--lat", "45N24", "--fuso", "-1", "--estiva", "1", "--nome",
-                             "Mario Rossi"},
-                            altre);
+    return vesmo::test::Con(
+        vesmo::test::Con({"stampa", "--nome", "Mario Rossi"}, vesmo::test::Natale), altre);
 }
 
 std::string Contenuto(const std::filesystem::path& file) {

@@ -13,6 +13,7 @@
 using namespace vesmo;
 using vesmo::test::Con;
 using vesmo::test::Lancia;
+using vesmo::test::Natale;
 using vesmo::test::Rifiutato;
 
 namespace {
@@ -28,10 +29,6 @@ std::pair<std::string, std::string> Locale(double jd, int ore) {
     std::strftime(o, sizeof o, "%H:%M:%S", &tm);
     return {d, o};
 }
-
-const std::vector<std::string> Natale{"--data", "10/04/1987", "--ora",    "19:30",
-                                      "--lon",  "11E53",      "--lat",    "45N24",
-                                      "--fuso", "-1",         "--estiva", "1"};
 
 } // namespace
 
