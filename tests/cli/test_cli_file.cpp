@@ -27,10 +27,6 @@ const std::string UnTema = "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-
 
 class CliFile : public vesmo::test::ConArchivi {
 protected:
-    void SetUp() override {
-        ConArchivi::SetUp();
-        Database(fileDB).CreaTabella("NomiAlternativi", {{"x", TipoCampo::Intero32}});
-    }
     Esito Lancia(std::vector<std::string> parole) {
         return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", fileDB}));
     }
@@ -47,23 +43,6 @@ protected:
 };
 
 } // namespace
-
-// A name the archive rule refuses writes nothing; a file whose title gives no valid name asks
-// for --archivio.
-TEST_F(CliFile, NomiDArchivioCheSarebberoPercorsi) {
-    const std::string txt = File("a.b.c.txt", UnTema);
-    const std::string prima = Leggi(fileDB);
-    for (const std::string& nome : {std::string("../../x"), std::string("a\nb"),
-                                    std::string(65, 'n'), std::string("NomiAlternativi")}) {
-        EXPECT_EQ(Lancia(Salva("Ugo", nome)).stato, 2) << nome;
-        EXPECT_EQ(Lancia({"importa", txt, "--archivio", nome}).stato, 2) << nome;
-    }
-    Esito e = Lancia({"importa", txt});
-    EXPECT_EQ(e.stato, 2);
-    EXPECT_NE(e.err.find("(--archivio NOME ne dà un altro)"), std::string::npos) << e.err;
-    EXPECT_EQ(Leggi(fileDB), prima);
-    EXPECT_EQ(Lancia({"importa", txt, "--archivio", "Abc"}).stato, 0);
-}
 
 // A file that cannot be written is a failure (status 1) that says so; a damaged one is refused
 // before anything is written; listing the cleaning's codes writes nothing, even on such files.

@@ -91,6 +91,8 @@ TEST_F(CliImportaQuery, ArgomentiSbagliati) {
     } casi[] = {
         {{"importa"}, "uso: vesmo-cli importa FILE"},
         {{"importa", "/nessun/file.txt"}, "file non trovato: /nessun/file.txt"},
+        // A file whose title gives no valid name.
+        {{"importa", File("a.b.c.txt", "")}, "(--archivio NOME ne dà un altro)"},
         {{"query", "--da", "temitxt", "--a", "X", "--punto", "Sole", "--verso", "diretto"},
          "Selezione  NON  valida!"},
         {{"query", "--da", "temitxt", "--a", "X", "--punto", "Cerere", "--luogo", "Toro"},
