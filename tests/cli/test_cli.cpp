@@ -47,7 +47,7 @@ TEST(CliCalendario, GiornoGiulianoEData) {
     }
 }
 
-TEST(CliCalendario, ArgomentiSbagliati) {
+TEST(CliCalendario, ArgomentiSbagliatiEAiuto) {
     const std::pair<std::vector<std::string>, std::string> casi[] = {
         {{"jd", "29/02/1900"}, "data non valida: '29/02/1900' (giorno inesistente nel mese)"},
         {{"jd", "1/13/2000"}, "data non valida: '1/13/2000' (mese fuori da 1-12)"},
@@ -58,6 +58,7 @@ TEST(CliCalendario, ArgomentiSbagliati) {
         {{"jd", "01/01/2000", "--xml"}, "opzione sconosciuta: --xml"},
         {{"data", "abc"}, "giorno giuliano non valido: 'abc'"},
         {{"data", "2451545,5"}, "giorno giuliano non valido: '2451545,5'"},
+        {{"deltat", "--data", "01/01/2000", "extra"}, "argomento inatteso: extra"},
     };
     for (const auto& [parole, messaggio] : casi)
         Rifiuta(parole, messaggio);
@@ -65,6 +66,12 @@ TEST(CliCalendario, ArgomentiSbagliati) {
     Esito vuoto = Lancia({});
     EXPECT_EQ(vuoto.stato, 2);
     EXPECT_NE(vuoto.err.find("uso: vesmo-cli"), std::string::npos);
+    // Help last on the line; a command told on several lines of the usage gets them all.
+    EXPECT_EQ(Lancia({"tema", "--json", "--help"}).stato, 0);
+    const std::string db = Lancia({"db", "-h"}).out;
+    for (const char* riga :
+         {"uso: vesmo-cli db pulizia", "\n  db compatta", "\n  db copia", "\n  db zona CODICE"})
+        EXPECT_NE(db.find(riga), std::string::npos) << riga << " in " << db;
 }
 
 TEST(CliTema, TabellaJsonELuogoDalDatabase) {
@@ -134,6 +141,7 @@ TEST(CliTema, ArgomentiSbagliati) {
     }
     Rifiuta({"tema", "--data", "21/12/2001", "--ora", "12:00"}, "manca l'opzione --lon");
     Rifiuta(Con(base, {"--luna", "marte"}), "luna non valida: 'marte' (geo o topo)");
+    Rifiuta(Con(base, {"extra"}), "argomento inatteso: extra");
 }
 
 namespace {

@@ -138,23 +138,6 @@ TEST_F(CliFile, QuattroProcessiSalvanoInUnArchivioNuovo) {
     EXPECT_EQ(Cursore(db, "Insieme").RecordCount(), Processi * Temi);
 }
 
-// A command told on several lines of the usage gets them all; stray words after the options
-// are refused.
-TEST_F(CliFile, AiutoDiOgniComandoEParoleInPiu) {
-    EXPECT_EQ(vesmo::test::Lancia({"tema", "--json", "--help"}).stato, 0);
-    const std::string db = vesmo::test::Lancia({"db", "-h"}).out;
-    for (const char* riga :
-         {"uso: vesmo-cli db pulizia", "\n  db compatta", "\n  db copia", "\n  db zona CODICE"})
-        EXPECT_NE(db.find(riga), std::string::npos) << riga << " in " << db;
-
-    for (const std::vector<std::string>& parole :
-         {std::vector<std::string>{"deltat", "--data", "01/01/2000", "extra"},
-          {"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-           "--fuso", "-1", "extra"}}) {
-        vesmo::test::Rifiuta(parole, "argomento inatteso: extra");
-    }
-}
-
 // A refused argument is one line even where the chart at an extreme latitude has a notice to
 // give; a taken one gives it after the answer. Whatever reaches the process's stderr counts.
 TEST_F(CliFile, UnaRigaPerUnRifiuto) {
