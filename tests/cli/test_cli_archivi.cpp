@@ -3,6 +3,7 @@
 #include <gtest/gtest.h>
 
 #include "cli/Comandi.h"
+#include "core/Testo.h"
 #include "tests/archives/AiutoArchivi.h"
 #include "tests/cli/Lancia.h"
 
@@ -105,12 +106,20 @@ TEST_F(CliArchivi, ArgomentiSbagliatiENomiRifiutati) {
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
 }
 
-// Quotes and statement words in the names: stored as typed, and escaped in JSON.
-TEST_F(CliArchivi, NomiOstili) {
+// Quotes, statement words and bytes that are no UTF-8 in the names: stored as typed; the JSON is
+// valid UTF-8 with the quotes escaped and U+FFFD for each bad byte, stored or typed.
+TEST_F(CliArchivi, NomiOstiliNelJson) {
     const std::string nome = "O'Brien (x) ; drop --";
-    EXPECT_EQ(Salva("D'Annunzio \"Vate\"", nome).stato, 0);
-    Esito l = Lancia({"archivio", nome, "--json"});
-    EXPECT_EQ(l.stato, 0) << l.err;
-    EXPECT_NE(l.out.find("D'Annunzio \\\"Vate\\\""), std::string::npos) << l.out;
+    EXPECT_EQ(Salva("D'Annunzio \"Vate\" Ro\xffssi \xc3(", nome).stato, 0);
     EXPECT_EQ(Lancia({"archivi"}).out, nome + "  1\n");
+    for (const auto& parole :
+         {std::vector<std::string>{"archivio", nome, "--json"},
+          Con(Con({"tema"}, vesmo::test::Natale), {"--nome", "a\xff\xfe", "--json"})}) {
+        Esito j = Lancia(parole);
+        ASSERT_EQ(j.stato, 0) << j.err;
+        EXPECT_TRUE(TestoUtf8Valido(j.out)) << j.out;
+        EXPECT_NE(j.out.find("\xef\xbf\xbd"), std::string::npos) << j.out;
+    }
+    EXPECT_NE(Lancia({"archivio", nome, "--json"}).out.find("D'Annunzio \\\"Vate\\\""),
+              std::string::npos);
 }

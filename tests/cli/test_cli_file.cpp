@@ -9,7 +9,6 @@
 
 #include "archives/Archivi.h"
 #include "cli/Comandi.h"
-#include "core/Testo.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
 #include "tests/archives/AiutoArchivi.h"
@@ -170,20 +169,4 @@ TEST_F(CliFile, UnaRigaPerUnRifiuto) {
     Esito buono = Esegui(con({"tema"}, {}));
     EXPECT_EQ(buono.stato, 0);
     EXPECT_EQ(buono.err, "Lyx - Info Case: Latitudine estrema. Case di Placido non definite\n");
-}
-
-// JSON is valid UTF-8 whatever bytes a name holds: the bad ones become U+FFFD.
-TEST_F(CliFile, JsonSempreUtf8) {
-    Esito e = Lancia(Salva("Ro\xffssi \xc3(", "Amici"));
-    ASSERT_EQ(e.stato, 0) << e.err;
-    for (const auto& parole :
-         {std::vector<std::string>{"archivio", "Amici", "--json"},
-          std::vector<std::string>{"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon",
-                                   "11E53", "--lat", "45N24", "--fuso", "-1", "--nome", "a\xff\xfe",
-                                   "--json"}}) {
-        Esito j = Lancia(parole);
-        ASSERT_EQ(j.stato, 0) << j.err;
-        EXPECT_TRUE(TestoUtf8Valido(j.out)) << j.out;
-        EXPECT_NE(j.out.find("\xef\xbf\xbd"), std::string::npos) << j.out;
-    }
 }
