@@ -30,7 +30,7 @@ std::string Contenuto(const std::filesystem::path& file) {
 
 } // namespace
 
-TEST(CliStampa, PaginaInPdfEPng) {
+TEST(CliStampa, PaginaInPdfPngEBitmap) {
     vesmo::test::Cartella c;
     const std::string pdf = (c / "pagina.pdf").string();
     Esito e = Lancia(Tema({"--out", pdf, "--aspetti", "--slot", "transito"}));
@@ -54,12 +54,10 @@ TEST(CliStampa, PaginaInPdfEPng) {
     ASSERT_FALSE(im.isNull());
     constexpr double TolleranzaRapporto = 0.01; // of the height-to-width ratio
     EXPECT_NEAR(static_cast<double>(im.height()) / im.width(), 297.0 / 210.0, TolleranzaRapporto);
-}
 
-TEST(CliStampa, DueBitmapNellaCartella) {
-    vesmo::test::Cartella c;
+    // The two bitmaps in a folder, listed in JSON.
     const std::string dir = c.Percorso().string();
-    Esito e = Lancia(Tema({"--bmp", "Mario", "--dir", dir, "--json"}));
+    e = Lancia(Tema({"--bmp", "Mario", "--dir", dir, "--json"}));
     EXPECT_EQ(e.stato, 0) << e.err;
     const std::string primo = dir + "/Mario_1.bmp", secondo = dir + "/Mario_2.bmp";
     EXPECT_EQ(e.out, "{\"File\": [\"" + primo + "\", \"" + secondo + "\"]}\n");
