@@ -33,12 +33,6 @@ protected:
         return {"salva", "--data", "10/04/1987", "--ora",  "19:30", "--lon",      "11E53", "--lat",
                 "45N24", "--fuso", "-1",         "--nome", nome,    "--archivio", archivio};
     }
-    void Zavorra() {
-        Database db(fileDB);
-        db.CreaTabella("Zavorra", {{"t", TipoCampo::Memo, 0, true}});
-        for (int i = 0; i < 100; ++i)
-            db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(500, 'z') + "')");
-    }
 };
 
 } // namespace
@@ -70,7 +64,12 @@ TEST_F(CliFile, DatabaseDiSolaLetturaODanneggiato) {
     EXPECT_EQ(Leggi(fileDB), prima);
     EXPECT_FALSE(Database(fileDB).EsisteIndice("AllCity", "IndFusi"));
 
-    Zavorra();
+    {
+        Database db(fileDB);
+        db.CreaTabella("Zavorra", {{"t", TipoCampo::Memo, 0, true}});
+        for (int i = 0; i < 100; ++i)
+            db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(500, 'z') + "')");
+    }
     vesmo::test::DanneggiaUltimaPagina(fileDB);
     const std::string danneggiato = Leggi(fileDB);
     const std::string txt = File("temi.txt", UnTema);

@@ -2,31 +2,23 @@
 // knows Padova with the Italian summer time of 1987.
 #include <gtest/gtest.h>
 
-#include <fstream>
-
 #include "core/Aritmetica.h"
+#include "tests/archives/AiutoArchivi.h"
 #include "tests/cli/Lancia.h"
 #include "tests/places/AiutoLuoghi.h"
 
 namespace vesmo::test {
 namespace {
 
-class CliScambio : public ::testing::Test {
+class CliScambio : public ConArchivi {
 protected:
     void SetUp() override {
-        db = (cartella / "Vesmodat.Mdb").string();
-        DatabasePadova(db);
+        fileDB = (cartella / "Vesmodat.Mdb").string();
+        DatabasePadova(fileDB);
     }
     Esito Cli(std::vector<std::string> parole) {
-        return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", db}));
+        return Lancia(Con(std::move(parole), {"--db", fileDB}));
     }
-    std::string File(const std::string& nome, const std::string& testo) {
-        const std::string p = (cartella / nome).string();
-        std::ofstream(p, std::ios::binary) << testo;
-        return p;
-    }
-    CartellaLuoghi cartella;
-    std::string db;
 };
 
 TEST_F(CliScambio, AafCompletatoEsportatoInCsvEReimportato) {
@@ -61,9 +53,9 @@ TEST_F(CliScambio, AafCompletatoEsportatoInCsvEReimportato) {
     EXPECT_EQ(std::tuple(c.stato, c.out.find("Ferber")), std::tuple(0, std::string::npos));
     EXPECT_NE(c.out.find("Rossi, Mario"), std::string::npos);
     EXPECT_EQ(Cli({"archivio", "clienti", "--cerca", "commento:nulla"}).stato, 1);
-    Rifiutato(Con({"archivio", "clienti", "--cerca", "dal:31/02/1980"}, {"--db", db}),
+    Rifiutato(Con({"archivio", "clienti", "--cerca", "dal:31/02/1980"}, {"--db", fileDB}),
               "vesmo-cli archivio: --cerca: data non valida: 31/02/1980\n");
-    Rifiutato(Con({"importa", csv, "--formato", "xls"}, {"--db", db}),
+    Rifiutato(Con({"importa", csv, "--formato", "xls"}, {"--db", fileDB}),
               "vesmo-cli importa: formato sconosciuto (sf, aaf o csv): xls\n");
 }
 
