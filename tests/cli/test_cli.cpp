@@ -5,7 +5,6 @@
 #include <algorithm>
 #include <filesystem>
 #include <sstream>
-#include <unistd.h>
 
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
@@ -153,16 +152,10 @@ TEST(CliTema, ArgomentiSbagliati) {
     Rifiuta(Con(base, {"extra"}), "argomento inatteso: extra");
 }
 
-namespace {
-const std::vector<std::string> Greenwich{"--lon", "0E00", "--lat", "51N29", "--fuso", "0"};
-} // namespace
-
 // The calendar runs from 1 January -4712 to 31 December 9999; anything outside, and numbers that
 // would overflow once converted, are bad arguments.
 TEST(CliArgomenti, LimitiDelCalendario) {
-    const auto natale = [](std::vector<std::string> comando) {
-        return Con(Con(comando, {"--data", "10/04/1987", "--ora", "19:30"}), Greenwich);
-    };
+    const auto natale = [](const std::vector<std::string>& c) { return Con(c, test::Natale); };
     const std::vector<std::string> tropica{"rivoluzione", "--tipo", "tropica", "--anno", "2000"};
     const std::string oltre = "anni fuori dal calendario: la data diretta cade oltre -4712..9999: ";
     const std::pair<std::vector<std::string>, std::string> casi[] = {
@@ -206,20 +199,16 @@ TEST(CliArgomenti, DataEOraDelTransito) {
 
 #ifdef VESMO_CON_QT
 TEST(CliRuota, TransitoConSpazioFinale) {
-    const auto file = std::filesystem::temp_directory_path() /
-                      ("vesmo_ruota_" + std::to_string(::getpid()) + ".png");
-    auto base = Con(
-        {"ruota", "--data", "10/04/1987", "--ora", "19:30", "--out", file.string(), "--size", "64"},
-        Greenwich);
+    test::CartellaLuoghi cartella;
+    const std::string file = (cartella / "ruota.png").string();
+    const auto base = Con({"ruota", "--out", file, "--size", "64"}, test::Natale);
     Esito e = Lancia(Con(base, {"--transito", "1/1/2026 ", "12:00"}));
     EXPECT_EQ(e.stato, 0) << e.err;
     EXPECT_TRUE(std::filesystem::exists(file));
-    std::filesystem::remove(file);
     // Every command takes --json: the wheel tells the file it wrote, as the printed page does.
     Esito json = Lancia(Con(base, {"--json"}));
     EXPECT_EQ(json.stato, 0) << json.err;
-    EXPECT_EQ(json.out, "{\"File\": [\"" + file.string() + "\"]}\n");
-    std::filesystem::remove(file);
+    EXPECT_EQ(json.out, "{\"File\": [\"" + file + "\"]}\n");
     Rifiutato(Con(base, {"--transito", "1/1/2026 "}),
               "vesmo-cli ruota: --transito vuole data e ora: GG/MM/AAAA HH:MM\n");
     Rifiutato(Con(base, {"--transito", "1/1/2026 12:00", "--estiva-transito", "4"}),
