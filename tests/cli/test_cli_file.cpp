@@ -30,8 +30,8 @@ protected:
         return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", fileDB}));
     }
     std::vector<std::string> Salva(const std::string& nome, const std::string& archivio) {
-        return {"salva", "--data", "10/04/1987", "--ora",  "19:30", "--lon",      "11E53", "--lat",
-                "45N24", "--fuso", "-1",         "--nome", nome,    "--archivio", archivio};
+        return vesmo::test::Con(vesmo::test::Con({"salva"}, vesmo::test::Natale),
+                                {"--nome", nome, "--archivio", archivio});
     }
 };
 

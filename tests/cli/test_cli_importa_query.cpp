@@ -85,10 +85,7 @@ TEST_F(CliImportaQuery, ImportaEsportaEQuery) {
 
 TEST_F(CliImportaQuery, ArgomentiSbagliati) {
     Lancia({"importa", file, "--log", (cartella / "x.log").string()});
-    struct Caso {
-        std::vector<std::string> parole;
-        std::string err;
-    } casi[] = {
+    const std::pair<std::vector<std::string>, std::string> casi[] = {
         {{"importa"}, "uso: vesmo-cli importa FILE"},
         {{"importa", "/nessun/file.txt"}, "file non trovato: /nessun/file.txt"},
         // A file whose title gives no valid name.
@@ -114,10 +111,10 @@ TEST_F(CliImportaQuery, ArgomentiSbagliati) {
           "marte"},
          "--luna geo o topo"},
     };
-    for (const Caso& c : casi) {
-        Esito e = Lancia(c.parole);
-        EXPECT_EQ(std::tuple(e.stato, e.out), std::tuple(2, "")) << c.err << " / " << e.err;
-        EXPECT_NE(e.err.find(c.err), std::string::npos) << e.err;
+    for (const auto& [parole, err] : casi) {
+        Esito e = Lancia(parole);
+        EXPECT_EQ(std::tuple(e.stato, e.out), std::tuple(2, "")) << err << " / " << e.err;
+        EXPECT_NE(e.err.find(err), std::string::npos) << e.err;
     }
 }
 

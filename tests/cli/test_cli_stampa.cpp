@@ -70,11 +70,7 @@ TEST(CliStampa, PaginaInPdfPngEBitmap) {
 TEST(CliStampa, ArgomentiSbagliati) {
     vesmo::test::Cartella c;
     const std::string dir = c.Percorso().string();
-    struct Caso {
-        std::vector<std::string> altre;
-        std::string err;
-    };
-    const Caso casi[] = {
+    const std::pair<std::vector<std::string>, std::string> casi[] = {
         {{}, "manca --out FILE.pdf|.png (o --bmp NOME)"},
         {{"--out", "x.svg"}, "--out vuole un file .pdf o .png: x.svg"},
         {{"--out", "x.pdf", "--slot", "luna"},
@@ -88,9 +84,8 @@ TEST(CliStampa, ArgomentiSbagliati) {
         {{"--out", "x.pdf", "avanzo"}, "argomento inatteso: avanzo"},
         {{"--out", "x.pdf", "--colori"}, "opzione sconosciuta: --colori"},
     };
-    for (const Caso& k : casi) {
-        Rifiutato(Tema(k.altre), "vesmo-cli stampa: " + k.err + "\n");
-    }
+    for (const auto& [altre, err] : casi)
+        Rifiutato(Tema(altre), "vesmo-cli stampa: " + err + "\n");
     // A file that cannot be written: status 1, the reason on stderr.
     Esito e = Lancia(Tema({"--out", dir + "/manca/x.pdf"}));
     EXPECT_EQ(e.stato, 1);
