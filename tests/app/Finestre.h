@@ -1,6 +1,5 @@
-// Every window of the workstation, made as the program makes it, on a session with a natal
-// chart and the three other slots filled, and a small places database in `cartella`. The
-// screen tests and the showcase that takes their screenshots share it.
+// Every window of the workstation made as the program makes it, on a session with its four slots
+// filled and a small places database: for the screen tests and the showcase.
 #pragma once
 
 #include <QCoreApplication>
@@ -34,6 +33,7 @@
 #include "presentation/ui/frmOutDati.h"
 #include "presentation/ui/frmRuotaDoppia.h"
 #include "presentation/ui/frmStampe.h"
+#include "tests/places/AiutoLuoghi.h"
 #include "timecharts/ui/MenuRuote.h"
 #include "timecharts/ui/MenuTempo.h"
 #include "timecharts/ui/frmCalTransiti.h"
@@ -74,12 +74,7 @@ public:
             Database db;
             db.Crea(fileDB);
             CreaSchemaLuoghi(db);
-            Cursore n(db, "Nazioni");
-            n.AddNew();
-            n.Imposta("cNaz", 380);
-            n.Imposta("Nazione", "Italy");
-            n.Imposta("Spec", " ");
-            n.Update();
+            AggiungiNazione(db, 380, "Italy");
         }
         percorsi.FileDB = fileDB;
         percorsi.FileIni = (cartella / "Vesmodat.ini").string();

@@ -1,7 +1,5 @@
-// Every window of the workstation on a laptop's screen of 1366 x 768: opened as the program
-// opens it, with its frame it fits the screen and lies inside it, it can be made as small as
-// 1280 x 720 with its frame, and it follows a resize. The positions window keeps its whole table
-// beside the wheel, and the wheel takes the room that is left.
+// Every window of the workstation on a laptop's screen of 1366 x 768, and at the keyboard; the
+// positions window keeps its whole table beside the wheel; windows and dialogs on their screen.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -15,7 +13,6 @@
 #include <QTableWidget>
 #include <QTemporaryDir>
 #include <QTest>
-#include <functional>
 #include <map>
 #include <memory>
 #include <set>
@@ -66,6 +63,79 @@ std::vector<QWidget*> CatenaTab(QWidget* finestra) {
     return r;
 }
 
+// The underlined letter of a caption, lower case; 0 without one.
+QChar Sottolineata(const QString& testo) {
+    for (int i = 0; i + 1 < testo.size(); ++i) {
+        if (testo[i] != '&') continue;
+        if (testo[i + 1] == '&') {
+            ++i;
+            continue;
+        }
+        return testo[i + 1].toLower();
+    }
+    return QChar();
+}
+
+// The keyboard in a window: each menu of its menu bar opens with Alt and its own underlined
+// letter; the letters two entries of a menu share go to `condivise`; Enter presses the dialog's
+// own default button, and Esc closes dialogs and the tool windows.
+void Tastiera(QWidget* w, const std::string& nome,
+              std::set<std::pair<std::string, std::string>>& condivise) {
+    // The button Enter presses: the dialog's action, never its way out unless it is the only
+    // button; none where the buttons are peers or there is none.
+    static const std::map<std::string, std::string> predefiniti = {
+        {"frmInputIni", "CmdOk"},       {"frmHelp", "Command1"},
+        {"frmInDatiLyx", "cmdCalcola"}, {"frmZoomN", "Command1"},
+        {"frmGesArchivi", "cmdCrea"},   {"frmSalvoLyx", "cmdSalva"},
+        {"frmQuery", "CmdAvvio"},       {"frmImpTVesmo", "cmdImporta"},
+        {"frmImpTnLyx", "cmdImporta"},  {"frmCheStampe", "cmdTN"},
+        {"frmInSegni", "Command1"},     {"frmCheRivoluzione", "Command2"},
+        {"frmDirezioni", "Command1"},   {"frmElaJD", ""},
+        {"frmTE_TU_Lyx", "CommandOK"},  {"frmEqT_Lyx", "CommandOK"},
+        {"frmEclEqu_Lyx", ""},          {"frmFormatiNum", "CommandOK"},
+        {"frmColoriRuota", "Command2"}, {"frmLunaImg", ""}};
+    QApplication::setActiveWindow(w);
+    QCoreApplication::processEvents();
+    if (auto* barra = w->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly)) {
+        std::set<QChar> lettere;
+        for (QAction* a : barra->actions()) {
+            if (!a->isVisible() || a->isSeparator()) continue;
+            const QChar c = Sottolineata(a->text());
+            EXPECT_FALSE(c.isNull()) << a->text().toStdString();
+            EXPECT_TRUE(lettere.insert(c).second) << a->text().toStdString();
+            if (!a->menu() || c.isNull()) continue;
+            QTest::keyClick(w, c.toLatin1(), Qt::AltModifier);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(QApplication::activePopupWidget(), a->menu()) << a->text().toStdString();
+            if (QWidget* aperto = QApplication::activePopupWidget()) aperto->close();
+            QCoreApplication::processEvents();
+        }
+    }
+    for (QMenu* menu : w->findChildren<QMenu*>()) {
+        std::map<QChar, QStringList> voci;
+        for (QAction* a : menu->actions())
+            if (!a->isSeparator() && !Sottolineata(a->text()).isNull())
+                voci[Sottolineata(a->text())] << a->text();
+        for (const auto& [c, testi] : voci)
+            if (testi.size() > 1)
+                condivise.insert({nome + "/" + menu->title().toStdString(),
+                                  QString(c).toStdString() + ": " +
+                                      testi.join(QStringLiteral(" | ")).toStdString()});
+    }
+    if (auto* d = qobject_cast<QDialog*>(w)) {
+        QString predefinito;
+        for (QPushButton* b : d->findChildren<QPushButton*>())
+            if (b->isDefault() && b->isVisible()) predefinito = b->objectName();
+        EXPECT_EQ(predefinito.toStdString(), predefiniti.at(nome));
+    }
+    if (qobject_cast<QDialog*>(w) || nome == "frmSelAspetti" || nome == "frmDomicili" ||
+        nome == "frmMemo") {
+        QTest::keyClick(w, Qt::Key_Escape);
+        QCoreApplication::processEvents();
+        EXPECT_FALSE(w->isVisible()) << "Esc";
+    }
+}
+
 class FinestreSulloSchermo : public ::testing::Test {
 protected:
     void SetUp() override { SorvegliaFinestre(); }
@@ -75,8 +145,14 @@ protected:
 
 // Shown on the screen of 1366 x 768, then made as small as a screen of 1280 x 720 allows: each
 // window follows, and its frame stays on the screen. Tab follows what the eye reads: within one
-// column of controls (overlapping horizontal spans) it never goes back up.
-TEST_F(FinestreSulloSchermo, OgniFinestraStaNelloSchermoEdECambiaMisura) {
+// column of controls (overlapping horizontal spans) it never goes back up. Within a menu, the
+// only letters that two entries share are those that the captions themselves share.
+TEST_F(FinestreSulloSchermo, OgniFinestraSulloSchermoEAllaTastiera) {
+    const std::set<std::pair<std::string, std::string>> condivise = {
+        {"frmMainVesmo/&File", "l: Avvia &Lyx | Sa&lva  Tema"},
+        {"frmMenu/S&alvo", "r: T&ransito | &Rivoluzione"},
+    };
+    std::set<std::pair<std::string, std::string>> trovate;
     const QRect schermo = Schermo("Portatile");
     ASSERT_EQ(schermo.size(), QSize(1366, 768));
     const QSize piccolo(1280, 720);
@@ -101,19 +177,20 @@ TEST_F(FinestreSulloSchermo, OgniFinestraStaNelloSchermoEdECambiaMisura) {
         const QSize minima = ConCornice(w, w->minimumSizeHint().expandedTo(w->minimumSize()));
         EXPECT_LE(minima.width(), piccolo.width());
         EXPECT_LE(minima.height(), piccolo.height());
-        if (w->minimumSize() == w->maximumSize()) {
-            // A fixed window (the splash) is small enough as it is.
-            w->close();
-            continue;
+        // A fixed window (the splash) is small enough as it is.
+        if (w->minimumSize() != w->maximumSize()) {
+            const QMargins c = CorniceDi(w);
+            const QSize dentroPiccolo(piccolo.width() - c.left() - c.right(),
+                                      piccolo.height() - c.top() - c.bottom());
+            w->resize(dentroPiccolo);
+            QCoreApplication::processEvents();
+            EXPECT_EQ(w->size(), dentroPiccolo);
         }
-        const QMargins c = CorniceDi(w);
-        const QSize dentroPiccolo(piccolo.width() - c.left() - c.right(),
-                                  piccolo.height() - c.top() - c.bottom());
-        w->resize(dentroPiccolo);
-        QCoreApplication::processEvents();
-        EXPECT_EQ(w->size(), dentroPiccolo);
+        Tastiera(w, nome, trovate);
         w->close();
+        QCoreApplication::processEvents();
     }
+    EXPECT_EQ(trovate, condivise);
 }
 
 // The positions window on the laptop's screen: the table shows every column without a scroll
@@ -186,98 +263,4 @@ int main(int argc, char** argv) {
     QApplication app(argc, argv);
     ::testing::InitGoogleTest(&argc, argv);
     return RUN_ALL_TESTS();
-}
-
-namespace {
-
-// The underlined letter of a caption, lower case; 0 without one.
-QChar Sottolineata(const QString& testo) {
-    for (int i = 0; i + 1 < testo.size(); ++i) {
-        if (testo[i] != '&') continue;
-        if (testo[i + 1] == '&') {
-            ++i;
-            continue;
-        }
-        return testo[i + 1].toLower();
-    }
-    return QChar();
-}
-
-} // namespace
-
-// The keyboard in every window: each menu of a menu bar opens with Alt and its own underlined
-// letter; within a menu, the only letters that two entries share are those that the captions
-// themselves share; Enter presses each dialog's own default button, and Esc closes dialogs and
-// the tool windows.
-TEST_F(FinestreSulloSchermo, TastieraMenuInvioEdEsc) {
-    // Menu, letter: entries whose captions share it.
-    const std::set<std::pair<std::string, std::string>> condivise = {
-        {"frmMainVesmo/&File", "l: Avvia &Lyx | Sa&lva  Tema"},
-        {"frmMenu/S&alvo", "r: T&ransito | &Rivoluzione"},
-    };
-    std::set<std::pair<std::string, std::string>> trovate;
-    // The button Enter presses in each dialog: its action, never its way out, except where the
-    // way out is the only button; none where the buttons are peers (the calculators' two
-    // directions, the days of the Julian day calculator) or there is no button at all.
-    const std::map<std::string, std::string> predefiniti = {
-        {"frmInputIni", "CmdOk"},       {"frmHelp", "Command1"},
-        {"frmInDatiLyx", "cmdCalcola"}, {"frmZoomN", "Command1"},
-        {"frmGesArchivi", "cmdCrea"},   {"frmSalvoLyx", "cmdSalva"},
-        {"frmQuery", "CmdAvvio"},       {"frmImpTVesmo", "cmdImporta"},
-        {"frmImpTnLyx", "cmdImporta"},  {"frmCheStampe", "cmdTN"},
-        {"frmInSegni", "Command1"},     {"frmCheRivoluzione", "Command2"},
-        {"frmDirezioni", "Command1"},   {"frmElaJD", ""},
-        {"frmTE_TU_Lyx", "CommandOK"},  {"frmEqT_Lyx", "CommandOK"},
-        {"frmEclEqu_Lyx", ""},          {"frmFormatiNum", "CommandOK"},
-        {"frmColoriRuota", "Command2"}, {"frmLunaImg", ""}};
-    // The tool windows that Esc closes as it closes a dialog.
-    const std::set<std::string> chiusiConEsc = {"frmSelAspetti", "frmDomicili", "frmMemo"};
-    for (auto& [nome, crea] : banco.Finestre()) {
-        SCOPED_TRACE(nome);
-        std::unique_ptr<QWidget> proprio = crea();
-        QWidget* w = proprio ? proprio.get() : banco.menu.get();
-        w->show();
-        QApplication::setActiveWindow(w);
-        QCoreApplication::processEvents();
-        if (auto* barra = w->findChild<QMenuBar*>(QString(), Qt::FindDirectChildrenOnly)) {
-            std::set<QChar> lettere;
-            for (QAction* a : barra->actions()) {
-                if (!a->isVisible() || a->isSeparator()) continue;
-                const QChar c = Sottolineata(a->text());
-                EXPECT_FALSE(c.isNull()) << a->text().toStdString();
-                EXPECT_TRUE(lettere.insert(c).second) << a->text().toStdString();
-                if (!a->menu() || c.isNull()) continue;
-                QTest::keyClick(w, c.toLatin1(), Qt::AltModifier);
-                QCoreApplication::processEvents();
-                EXPECT_EQ(QApplication::activePopupWidget(), a->menu()) << a->text().toStdString();
-                if (QWidget* aperto = QApplication::activePopupWidget()) aperto->close();
-                QCoreApplication::processEvents();
-            }
-        }
-        for (QMenu* menu : w->findChildren<QMenu*>()) {
-            std::map<QChar, QStringList> voci;
-            for (QAction* a : menu->actions())
-                if (!a->isSeparator() && !Sottolineata(a->text()).isNull())
-                    voci[Sottolineata(a->text())] << a->text();
-            for (const auto& [c, testi] : voci)
-                if (testi.size() > 1)
-                    trovate.insert({std::string(nome) + "/" + menu->title().toStdString(),
-                                    QString(c).toStdString() + ": " +
-                                        testi.join(QStringLiteral(" | ")).toStdString()});
-        }
-        if (auto* d = qobject_cast<QDialog*>(w)) {
-            QString predefinito;
-            for (QPushButton* b : d->findChildren<QPushButton*>())
-                if (b->isDefault() && b->isVisible()) predefinito = b->objectName();
-            EXPECT_EQ(predefinito.toStdString(), predefiniti.at(nome));
-        }
-        if (qobject_cast<QDialog*>(w) || chiusiConEsc.count(nome)) {
-            QTest::keyClick(w, Qt::Key_Escape);
-            QCoreApplication::processEvents();
-            EXPECT_FALSE(w->isVisible()) << "Esc";
-        }
-        w->close();
-        QCoreApplication::processEvents();
-    }
-    EXPECT_EQ(trovate, condivise);
 }

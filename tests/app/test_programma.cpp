@@ -41,9 +41,8 @@ protected:
         ScriviConfig((cartella / "Vesmodat.ini").string(), cfg);
     }
 
-    // Runs the steps one after another from the event loop, as the user's clicks would come,
-    // and ends the loop with status 7 after the last; a program that quits on its own ends it
-    // earlier with its own status.
+    // Runs the steps from the event loop as the user's clicks would come; status 7 after the
+    // last, unless the program quits earlier on its own.
     int Esegui(std::vector<std::function<void()>> passi) {
         fatti = 0;
         auto prossimo = std::make_shared<std::function<void(std::size_t)>>();
@@ -65,15 +64,11 @@ protected:
     std::size_t fatti = 0;
 };
 
-QString Cartella(const test::CartellaLuoghi& c) {
-    return QString::fromStdString((c / "").string());
-}
-
 } // namespace
 
 TEST_F(ProgrammaTest, LyxEVesmoAvantiEIndietroDueVolte) {
     Programma p(messaggi);
-    ASSERT_TRUE(p.Avvia(Cartella(cartella), [](frmInputIni&) {
+    ASSERT_TRUE(p.Avvia(QString::fromStdString((cartella / "").string()), [](frmInputIni&) {
         ADD_FAILURE() << "il dialogo della prima volta si è aperto";
         return false;
     }));
@@ -173,8 +168,7 @@ TEST(Messaggi, IBoxStannoSopraLaFinestraCheLiSolleva) {
     menu.setObjectName("frmMenu");
     MessaggiQt messaggi(&menu);
     Sessione s;
-    TabellaAspetti& aspetti = s.Aspetti;
-    aspetti.EntraInLyx();
+    s.Aspetti.EntraInLyx();
     StatoRuote& stato = s.Ruote;
 
     frmOutDati pos(s, "", messaggi);
@@ -200,17 +194,12 @@ TEST(Messaggi, IBoxStannoSopraLaFinestraCheLiSolleva) {
 TEST(Messaggi, PulsantiInItaliano) {
     ASSERT_TRUE(CaricaTraduzioniQt(*qApp)) << "mancano le traduzioni di Qt (qt6-translations-l10n)";
     MessaggiQt messaggi;
-    // The question of a name already in the archive: its text names the buttons it shows.
-    const Box b = PrimoBox([&] {
-        messaggi.Mostra("Tema Doppio",
-                        "Prova\n\nè GIA' PRESENTE nel DataBase\n\nSì =          Sovrascrivo\n"
-                        "No =         Aggiungo senza sovrascrivere\n"
-                        "Annulla =  Nessun salvataggio\n\n",
-                        Pulsanti::SiNoAnnulla, Icona::Domanda);
-    });
-    EXPECT_TRUE(b.pulsanti.contains("Sì")) << b.pulsanti.join(",").toStdString();
-    EXPECT_TRUE(b.pulsanti.contains("No"));
-    EXPECT_TRUE(b.pulsanti.contains("Annulla"));
+    // The question of a name already in the archive names its buttons in its text.
+    const Box b = PrimoBox(
+        [&] { messaggi.Mostra("Tema Doppio", "Prova", Pulsanti::SiNoAnnulla, Icona::Domanda); });
+    for (const char* p : {"Sì", "No", "Annulla"})
+        EXPECT_TRUE(b.pulsanti.contains(QString::fromUtf8(p)))
+            << b.pulsanti.join(",").toStdString();
     QDialogButtonBox apri(QDialogButtonBox::Open | QDialogButtonBox::Cancel);
     EXPECT_EQ(apri.button(QDialogButtonBox::Open)->text().remove('&'), "Apri");
     EXPECT_EQ(apri.button(QDialogButtonBox::Cancel)->text().remove('&'), "Annulla");

@@ -1,7 +1,5 @@
-// vesmo-vetrina: shows the windows of the workstation one after the other on the real display,
-// as the program makes them, and takes a screenshot of the whole screen for each with
-// ImageMagick's `import`. Usage: vesmo-vetrina FOLDER [WINDOW...]; no window names: all of them.
-// Run under Xvfb at the screen sizes to be looked at.
+// vesmo-vetrina FOLDER [WINDOW...]: shows each window (all without names) on the display and
+// takes a screenshot of the screen with ImageMagick's `import`. Run under Xvfb.
 #include <QApplication>
 #include <QDir>
 #include <QElapsedTimer>

@@ -42,6 +42,11 @@ inline std::vector<std::string> Con(std::vector<std::string> a, const std::vecto
     return a;
 }
 
+// The chart of 10 April 1987 at 19:30 in Padova, zone -1 with summer time.
+inline const std::vector<std::string> Natale{"--data", "10/04/1987", "--ora",    "19:30",
+                                             "--lon",  "11E53",      "--lat",    "45N24",
+                                             "--fuso", "-1",         "--estiva", "1"};
+
 inline int Righe(const std::string& s) {
     return static_cast<int>(std::count(s.begin(), s.end(), '\n'));
 }

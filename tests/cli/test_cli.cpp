@@ -2,10 +2,9 @@
 // arguments.
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <algorithm>
 #include <filesystem>
 #include <sstream>
-#include <unistd.h>
 
 #include "cli/Argomenti.h"
 #include "cli/Comandi.h"
@@ -21,23 +20,23 @@ using vesmo::test::Lancia;
 using vesmo::test::Rifiuta;
 using vesmo::test::Rifiutato;
 
-// Julian days of the proleptic calendars, the Gregorian reform and the two ends of the calendar.
+// Julian days of the proleptic calendars, the Gregorian reform and the two ends of the calendar;
+// valid numbers and times of any length are read as such.
 TEST(CliCalendario, GiornoGiulianoEData) {
+    const std::string zeri(30000, '0');
     const std::pair<std::vector<std::string>, std::string> casi[] = {
-        {{"jd", "15/10/1582"}, "2299160.500000\n"},
+        {{"data", "0." + zeri + "1"}, "01/01/-4712 12:00:00\n"},
+        {{"data", "2451545." + zeri}, "01/01/2000 12:00:00\n"},
+        {{"jd", "01/01/2000", "12:00:00." + zeri}, "2451545.000000\n"},
         {{"jd", "4/10/1582"}, "2299159.500000\n"},
         {{"jd", "29/02/1500"}, "2268991.500000\n"}, // Julian leap year (Meeus 7.1)
-        {{"jd", "01/01/2000", "12:00"}, "2451545.000000\n"},
         {{"jd", "01/01/2000", "18:00:00"}, "2451545.250000\n"},
-        {{"jd", "01/01/-4712", "12:00"}, "0.000000\n"},
         {{"jd", "01/01/-4712"}, "-0.500000\n"},
         {{"jd", "31/12/9999"}, "5373483.500000\n"},
         {{"jd", "01/01/2000", "12:00", "--json"},
          "{\"Data\": \"01/01/2000\", \"Ora\": \"12:00:00\", \"JD\": 2451545}\n"},
         {{"data", "2451545"}, "01/01/2000 12:00:00\n"},
-        {{"data", "2299160.5"}, "15/10/1582 00:00:00\n"},
         {{"data", "2299160.49999"}, "04/10/1582 23:59:59\n"},
-        {{"data", "2436116.31"}, "04/10/1957 19:26:24\n"},
         // A whole second just before midnight does not round into the next day's date.
         {{"data", "2451545.4999942"}, "01/01/2000 23:59:59\n"},
         {{"data", "0"}, "01/01/-4712 12:00:00\n"},
@@ -48,13 +47,13 @@ TEST(CliCalendario, GiornoGiulianoEData) {
     };
     for (const auto& [parole, out] : casi) {
         const Esito e = Lancia(parole);
-        EXPECT_EQ(std::tuple(e.stato, e.out, e.err), std::tuple(0, out, "")) << parole[1];
+        EXPECT_EQ(std::tuple(e.stato, e.out, e.err), std::tuple(0, out, ""))
+            << parole[1].substr(0, 20);
     }
 }
 
-TEST(CliCalendario, ArgomentiSbagliati) {
+TEST(CliCalendario, ArgomentiSbagliatiEAiuto) {
     const std::pair<std::vector<std::string>, std::string> casi[] = {
-        {{"jd", "31/02/2000"}, "data non valida: '31/02/2000' (giorno inesistente nel mese)"},
         {{"jd", "29/02/1900"}, "data non valida: '29/02/1900' (giorno inesistente nel mese)"},
         {{"jd", "1/13/2000"}, "data non valida: '1/13/2000' (mese fuori da 1-12)"},
         {{"jd", "2000-01-01"}, "data non valida: '2000-01-01' (atteso GG/MM/AAAA)"},
@@ -64,7 +63,7 @@ TEST(CliCalendario, ArgomentiSbagliati) {
         {{"jd", "01/01/2000", "--xml"}, "opzione sconosciuta: --xml"},
         {{"data", "abc"}, "giorno giuliano non valido: 'abc'"},
         {{"data", "2451545,5"}, "giorno giuliano non valido: '2451545,5'"},
-        {{"data", "1e300"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: 1e300"},
+        {{"deltat", "--data", "01/01/2000", "extra"}, "argomento inatteso: extra"},
     };
     for (const auto& [parole, messaggio] : casi)
         Rifiuta(parole, messaggio);
@@ -72,12 +71,16 @@ TEST(CliCalendario, ArgomentiSbagliati) {
     Esito vuoto = Lancia({});
     EXPECT_EQ(vuoto.stato, 2);
     EXPECT_NE(vuoto.err.find("uso: vesmo-cli"), std::string::npos);
+    // Help last on the line; a command told on several lines of the usage gets them all.
+    EXPECT_EQ(Lancia({"tema", "--json", "--help"}).stato, 0);
+    const std::string db = Lancia({"db", "-h"}).out;
+    for (const char* riga :
+         {"uso: vesmo-cli db pulizia", "\n  db compatta", "\n  db copia", "\n  db zona CODICE"})
+        EXPECT_NE(db.find(riga), std::string::npos) << riga << " in " << db;
 }
 
-TEST(CliTema, TabellaEJson) {
-    const std::vector<std::string> padova{
-        "tema",  "--data", "10/04/1987", "--ora",    "19:30", "--lon",  "11E53",       "--lat",
-        "45N24", "--fuso", "-1",         "--estiva", "1",     "--nome", "Prova Padova"};
+TEST(CliTema, TabellaJsonELuogoDalDatabase) {
+    const auto padova = Con(Con({"tema"}, test::Natale), {"--nome", "Prova Padova"});
     Esito e = Lancia(padova);
     ASSERT_EQ(e.stato, 0) << e.err;
     EXPECT_EQ(e.out.rfind("Prova Padova\n10/4/1987", 0), 0u);
@@ -97,6 +100,26 @@ TEST(CliTema, TabellaEJson) {
     decimali[8] = "45.4N";
     Esito d = Lancia(decimali);
     EXPECT_EQ(d.out.substr(d.out.find("\nSole")), e.out.substr(e.out.find("\nSole")));
+    decimali[8] = "45." + std::string(30000, '9') + "N";
+    const Esito lunga = Lancia(decimali);
+    EXPECT_EQ(std::tuple(lunga.stato, lunga.err), std::tuple(0, ""));
+
+    // The zone and the summer time of the places database: the same chart as typed by hand.
+    test::CartellaLuoghi cartella;
+    const std::string db = (cartella / "Vesmodat.Mdb").string();
+    test::DatabasePadova(db);
+    const std::vector<std::string> padova2{"tema",   "--data", "10/04/1987", "--ora", "19:30",
+                                           "--city", "Padova", "--db",       db};
+    Esito c = Lancia(Con(padova2, {"--nazione", "Italy", "--nome", "Prova Padova", "--json"}));
+    ASSERT_EQ(c.stato, 0) << c.err;
+    EXPECT_NE(c.out.find("\"City\": \"Padova\""), std::string::npos) << c.out;
+    EXPECT_NE(c.out.find("\"Fuso\": -1, \"Estiva\": 1"), std::string::npos) << c.out;
+    EXPECT_EQ(c.out.substr(c.out.find("\"TU\"")), j.out.substr(j.out.find("\"TU\"")));
+    Esito ignoto =
+        Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Zzz", "--db", db});
+    EXPECT_EQ(std::tuple(ignoto.stato, ignoto.err),
+              std::tuple(1, "vesmo-cli tema: luogo sconosciuto: Zzz\n"));
+    Rifiuta(Con(padova2, {"--lon", "11E53"}), "--lon non va con --city");
 }
 
 TEST(CliTema, ArgomentiSbagliati) {
@@ -126,61 +149,13 @@ TEST(CliTema, ArgomentiSbagliati) {
     }
     Rifiuta({"tema", "--data", "21/12/2001", "--ora", "12:00"}, "manca l'opzione --lon");
     Rifiuta(Con(base, {"--luna", "marte"}), "luna non valida: 'marte' (geo o topo)");
-}
-
-TEST(CliTema, LuogoDalDatabase) {
-    test::CartellaLuoghi cartella;
-    test::DatabasePadova(cartella / "Vesmodat.Mdb");
-    const std::string db = (cartella / "Vesmodat.Mdb").string();
-    Esito e = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova",
-                      "--nazione", "Italy", "--db", db, "--json"});
-    ASSERT_EQ(e.stato, 0) << e.err;
-    // The zone and the summer time of the database: the same chart as typed by hand.
-    for (const char* pezzo :
-         {"\"City\": \"Padova\"", "\"Fuso\": -1, \"Estiva\": 1", "\"TU\": 17.5"})
-        EXPECT_NE(e.out.find(pezzo), std::string::npos) << pezzo << " in " << e.out;
-    Esito mano = Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53",
-                         "--lat", "45N24", "--fuso", "-1", "--estiva", "1", "--json"});
-    EXPECT_EQ(e.out.substr(e.out.find("\"Posizioni\"")),
-              mano.out.substr(mano.out.find("\"Posizioni\"")));
-
-    Esito ignoto =
-        Lancia({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Zzz", "--db", db});
-    EXPECT_EQ(std::tuple(ignoto.stato, ignoto.err),
-              std::tuple(1, "vesmo-cli tema: luogo sconosciuto: Zzz\n"));
-    Rifiutato({"tema", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova", "--lon",
-               "11E53", "--db", db},
-              "vesmo-cli tema: --lon non va con --city\n");
-}
-
-namespace {
-const std::vector<std::string> Greenwich{"--lon", "0E00", "--lat", "51N29", "--fuso", "0"};
-} // namespace
-
-// Numbers, times and coordinates of any length that are valid are read as such (their refusals
-// are the hostile-input test's).
-TEST(CliArgomenti, TestiLunghissimiValidi) {
-    const std::string zeri(30000, '0');
-    const std::pair<std::vector<std::string>, std::string> presi[] = {
-        {{"data", "0." + zeri + "1"}, "01/01/-4712 12:00:00\n"},
-        {{"data", "2451545." + zeri}, "01/01/2000 12:00:00\n"},
-        {{"jd", "01/01/2000", "12:00:00." + zeri}, "2451545.000000\n"},
-    };
-    for (const auto& [parole, out] : presi) {
-        const Esito e = Lancia(parole);
-        EXPECT_EQ(std::tuple(e.stato, e.out, e.err), std::tuple(0, out, "")) << parole[0];
-    }
-    const Esito lat = Lancia({"tema", "--data", "01/01/2000", "--ora", "12:00", "--lon", "0E00",
-                              "--lat", "45." + std::string(30000, '9') + "N", "--fuso", "0"});
-    EXPECT_EQ(std::tuple(lat.stato, lat.err), std::tuple(0, ""));
+    Rifiuta(Con(base, {"extra"}), "argomento inatteso: extra");
 }
 
 // The calendar runs from 1 January -4712 to 31 December 9999; anything outside, and numbers that
 // would overflow once converted, are bad arguments.
 TEST(CliArgomenti, LimitiDelCalendario) {
-    const auto natale = [](std::vector<std::string> comando) {
-        return Con(Con(comando, {"--data", "10/04/1987", "--ora", "19:30"}), Greenwich);
-    };
+    const auto natale = [](const std::vector<std::string>& c) { return Con(c, test::Natale); };
     const std::vector<std::string> tropica{"rivoluzione", "--tipo", "tropica", "--anno", "2000"};
     const std::string oltre = "anni fuori dal calendario: la data diretta cade oltre -4712..9999: ";
     const std::pair<std::vector<std::string>, std::string> casi[] = {
@@ -189,8 +164,6 @@ TEST(CliArgomenti, LimitiDelCalendario) {
         {{"jd", "15/5/-4998"}, "data non valida: '15/5/-4998' (anno fuori da -4712..9999)"},
         {{"data", "-0.5"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: -0.5"},
         {{"data", "5373484.5"}, "giorno giuliano fuori dall'intervallo 0-5373484.5: 5373484.5"},
-        {{"effemeridi", "--jd", "5373485"},
-         "giorno giuliano fuori dall'intervallo 0-5373484.5: 5373485"},
         {natale(Con(tropica, {"--mese", "13"})), "mese fuori da 1..12: 13"},
         {natale(Con(tropica, {"--mese", "0.5"})), "mese fuori da 1..12: 0.5"},
         {natale(Con(tropica, {"--giorno", "32"})), "giorno fuori da 1..31: 32"},
@@ -218,8 +191,6 @@ TEST(CliArgomenti, DataEOraDelTransito) {
         {"1/1/2026 ", {"1/1/2026", ""}},
         {"  1/1/2026   12:00  ", {"1/1/2026", "12:00"}},
         {"1/1/2026\t12:00", {"1/1/2026", "12:00"}},
-        {"1/1/2026", {"1/1/2026", ""}},
-        {"", {"", ""}},
         {"   ", {"", ""}},
     };
     for (const auto& [testo, atteso] : casi)
@@ -228,20 +199,16 @@ TEST(CliArgomenti, DataEOraDelTransito) {
 
 #ifdef VESMO_CON_QT
 TEST(CliRuota, TransitoConSpazioFinale) {
-    const auto file = std::filesystem::temp_directory_path() /
-                      ("vesmo_ruota_" + std::to_string(::getpid()) + ".png");
-    auto base = Con(
-        {"ruota", "--data", "10/04/1987", "--ora", "19:30", "--out", file.string(), "--size", "64"},
-        Greenwich);
+    test::CartellaLuoghi cartella;
+    const std::string file = (cartella / "ruota.png").string();
+    const auto base = Con({"ruota", "--out", file, "--size", "64"}, test::Natale);
     Esito e = Lancia(Con(base, {"--transito", "1/1/2026 ", "12:00"}));
     EXPECT_EQ(e.stato, 0) << e.err;
     EXPECT_TRUE(std::filesystem::exists(file));
-    std::filesystem::remove(file);
     // Every command takes --json: the wheel tells the file it wrote, as the printed page does.
     Esito json = Lancia(Con(base, {"--json"}));
     EXPECT_EQ(json.stato, 0) << json.err;
-    EXPECT_EQ(json.out, "{\"File\": [\"" + file.string() + "\"]}\n");
-    std::filesystem::remove(file);
+    EXPECT_EQ(json.out, "{\"File\": [\"" + file + "\"]}\n");
     Rifiutato(Con(base, {"--transito", "1/1/2026 "}),
               "vesmo-cli ruota: --transito vuole data e ora: GG/MM/AAAA HH:MM\n");
     Rifiutato(Con(base, {"--transito", "1/1/2026 12:00", "--estiva-transito", "4"}),
@@ -249,10 +216,9 @@ TEST(CliRuota, TransitoConSpazioFinale) {
 }
 #endif
 
-// The aspect grid of 8 November 2000, the day of the selection's help text. The reference is the
-// Swiss Ephemeris (Moshier) at 18:00 UT: Sun 226.6395, Uranus 316.9687, a square 0.329 short
-// of exact; declinations -16.810 and -16.422, 0.39 apart on the same side: parallel.
-TEST(CliAspetti, GrigliaDelTemaConSeStesso) {
+// The aspect grid of 8 November 2000 at 18:00 UT. By the Swiss Ephemeris (Moshier): Sun
+// 226.6395, Uranus 316.9687, a square 0.329 short; declinations 0.39 apart on one side: parallel.
+TEST(CliAspetti, GrigliaEJson) {
     const auto tema = Con({"aspetti", "--data", "08/11/2000", "--ora", "18:00"},
                           {"--lon", "0E00", "--lat", "0N00", "--fuso", "0"});
     Esito e = Lancia(tema);
@@ -263,25 +229,18 @@ TEST(CliAspetti, GrigliaDelTemaConSeStesso) {
         linee.push_back(l);
     ASSERT_EQ(linee.size(), 4u + 31u);
     EXPECT_EQ(linee[2], "Orbita   2,5°");
-    // Column heads, then the two rows of the Sun: 11 characters of row head, 19 a column.
-    const std::string& testa = linee[4];
-    EXPECT_EQ(testa.substr(11, 19), "Sole               ");
-    EXPECT_EQ(testa.substr(11 + 7 * 19, 19), "Urano              ");
+    // 11 characters of row head, 19 a column; Uranus is the seventh column after the Sun.
     const std::size_t urano = 11 + 7 * 19;
+    EXPECT_EQ(linee[4].substr(urano, 19), "Urano              ");
     EXPECT_EQ(linee[5].substr(0, 11), "Sole       ");
     EXPECT_EQ(linee[5].substr(urano, 18), "QUADRATURA        ");
     // The cells before it hold degree signs: columns are counted in characters.
-    const auto caratteri = [](const std::string& s) {
-        std::size_t n = 0;
-        for (unsigned char c : s)
-            n += (c & 0xC0) != 0x80;
-        return n;
-    };
     const auto colonna = linee[6].find("0,3°  0,4°P ");
     ASSERT_NE(colonna, std::string::npos) << linee[6];
-    EXPECT_EQ(caratteri(linee[6].substr(0, colonna)), urano);
-    // The diagonal stays empty, though a point is in conjunction with itself.
-    EXPECT_EQ(linee[5].substr(11, 19), std::string(19, ' '));
+    const std::string prima = linee[6].substr(0, colonna);
+    EXPECT_EQ(std::count_if(prima.begin(), prima.end(),
+                            [](unsigned char c) { return (c & 0xC0) != 0x80; }),
+              static_cast<std::ptrdiff_t>(urano));
 
     Esito j = Lancia(Con(tema, {"--json"}));
     ASSERT_EQ(j.stato, 0) << j.err;
@@ -290,32 +249,18 @@ TEST(CliAspetti, GrigliaDelTemaConSeStesso) {
                               "\"QUADRATURA       \", \"Angolo\": 90, \"Mancano\": ";
     const auto dove = j.out.find(cella);
     ASSERT_NE(dove, std::string::npos) << j.out.substr(0, 400);
-    const double mancano = std::strtod(j.out.c_str() + dove + cella.size(), nullptr);
-    EXPECT_NEAR(mancano, 0.329, 0.05);
+    constexpr double TolleranzaGradi = 0.05; // degrees
+    EXPECT_NEAR(std::strtod(j.out.c_str() + dove + cella.size(), nullptr), 0.329, TolleranzaGradi);
     EXPECT_NE(j.out.find("\"Marca\": \"P\"}", dove), std::string::npos);
-    EXPECT_EQ(j.out.find("{\"Riga\": \"Sole\", \"Colonna\": \"Sole\""), std::string::npos);
-}
 
-TEST(CliAspetti, DueTemi) {
-    const auto tema = Con({"aspetti", "--data", "08/11/2000", "--ora", "18:00", "--orbita", "0.5"},
-                          {"--lon", "0E00", "--lat", "0N00", "--fuso", "0"});
-    // The same instant on both sides: every point meets itself on the diagonal, exactly.
-    Esito e = Lancia(Con(tema, {"--con-data", "08/11/2000", "--con-ora", "18:00", "--json"}));
-    ASSERT_EQ(e.stato, 0) << e.err;
-    EXPECT_NE(e.out.find("\"AspettiComparati\": true, \"Orbita\": 0.5"), std::string::npos);
-    for (const char* punto : {"Sole", "Luna", "LilithVera", "MC"}) {
-        const std::string cella = std::string("{\"Riga\": \"") + punto + "\", \"Colonna\": \"" +
-                                  punto + "\", \"Nome\": \"CONGIUNZIONE      \", \"Angolo\": 0, " +
-                                  "\"Mancano\": 0, \"Declinazione\": 0, \"Marca\": \"";
-        EXPECT_NE(e.out.find(cella), std::string::npos) << punto;
-    }
-    // Twelve hours later the Moon has moved on by about six degrees: no longer on itself.
-    Esito dopo = Lancia(Con(tema, {"--con-data", "09/11/2000", "--con-ora", "06:00", "--json"}));
-    ASSERT_EQ(dopo.stato, 0) << dopo.err;
-    EXPECT_EQ(dopo.out.find("{\"Riga\": \"Luna\", \"Colonna\": \"Luna\""), std::string::npos);
-    EXPECT_NE(dopo.out.find("{\"Riga\": \"Plutone\", \"Colonna\": \"Plutone\", \"Nome\": "
-                            "\"CONGIUNZIONE      \""),
+    // A second chart twelve hours later: Pluto still meets itself, the Moon has moved on.
+    Esito d = Lancia(Con(tema, {"--con-data", "09/11/2000", "--con-ora", "06:00", "--json"}));
+    ASSERT_EQ(d.stato, 0) << d.err;
+    EXPECT_NE(d.out.find("\"AspettiComparati\": true"), std::string::npos);
+    EXPECT_NE(d.out.find("{\"Riga\": \"Plutone\", \"Colonna\": \"Plutone\", \"Nome\": "
+                         "\"CONGIUNZIONE      \""),
               std::string::npos);
+    EXPECT_EQ(d.out.find("{\"Riga\": \"Luna\", \"Colonna\": \"Luna\""), std::string::npos);
 
     const std::pair<std::vector<std::string>, std::string> casi[] = {
         {{"--con-data", "09/11/2000"}, "manca l'opzione --con-ora"},
@@ -331,9 +276,8 @@ TEST(CliAspetti, DueTemi) {
         Rifiuta(Con(tema, aggiunte), messaggio);
 }
 
-// With --city the second chart takes the zone and the summer time of its own date from the
-// places database: 10 April 1987 19:30 is summer time in Padova (TU 17:30), 1 January 1987 12:00
-// is not (TU 11:00).
+// With --city the second chart takes the summer time of its own date from the places database:
+// 10 April 1987 19:30 in Padova is TU 17:30, 1 January 1987 12:00 is TU 11:00.
 TEST(CliAspetti, SecondoTemaDalDatabase) {
     test::CartellaLuoghi cartella;
     test::DatabasePadova(cartella / "Vesmodat.Mdb");
@@ -349,8 +293,9 @@ TEST(CliAspetti, SecondoTemaDalDatabase) {
                    ? 0.0
                    : std::strtod(e.out.c_str() + dove + chiave.size(), nullptr);
     };
-    EXPECT_NEAR(jd("Righe"), 2446895.5 + 17.5 / 24, 1e-9);
-    EXPECT_NEAR(jd("Colonne"), 2446796.5 + 11.0 / 24, 1e-9);
+    constexpr double TolleranzaGiorni = 1e-9; // days
+    EXPECT_NEAR(jd("Righe"), 2446895.5 + 17.5 / 24, TolleranzaGiorni);
+    EXPECT_NEAR(jd("Colonne"), 2446796.5 + 11.0 / 24, TolleranzaGiorni);
     Rifiutato({"aspetti", "--data", "10/04/1987", "--ora", "19:30", "--city", "Padova", "--db",
                (cartella / "Vesmodat.Mdb").string(), "--con-data", "01/01/1987", "--con-ora",
                "12:00", "--con-estiva", "1"},

@@ -1,16 +1,14 @@
-// vesmo-cli salva, archivi and archivio on a database file: a chart stored into a new archive,
-// the refusal of a second chart of the same name and the two answers of --doppio, the checks of
-// a new archive's name, the charts listed in index order, and the statuses of what is not there.
+// vesmo-cli salva, archivi and archivio: a new archive, --doppio, the charts in index order, and
+// the statuses of refusals and of what is not there.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <sstream>
-
 #include "cli/Comandi.h"
+#include "core/Testo.h"
 #include "tests/archives/AiutoArchivi.h"
 #include "tests/cli/Lancia.h"
 
 using namespace vesmo;
+using vesmo::test::Con;
 using vesmo::test::Esito;
 using vesmo::test::Righe;
 
@@ -19,16 +17,18 @@ namespace {
 class CliArchivi : public vesmo::test::ConArchivi {
 protected:
     Esito Lancia(std::vector<std::string> parole) {
-        return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", fileDB}));
+        return vesmo::test::Lancia(Con(std::move(parole), {"--db", fileDB}));
+    }
+    // The words of `salva` for a chart of 10 April 1987 at `ora` in Padova, then `altro`.
+    static std::vector<std::string> Tema(const std::vector<std::string>& altro,
+                                         const char* ora = "19:30") {
+        return Con({"salva", "--data", "10/04/1987", "--ora", ora, "--lon", "11E53", "--lat",
+                    "45N24", "--fuso", "-1", "--estiva", "1"},
+                   altro);
     }
     Esito Salva(const std::string& nome, const std::string& archivio,
-                std::vector<std::string> altro = {}) {
-        std::vector<std::string> p = {"salva",      "--data",   "10/04/1987", "--ora",  "19:30",
-                                      "--lon",      "11E53",    "--lat",      "45N24",  "--fuso",
-                                      "-1",         "--estiva", "1",          "--nome", nome,
-                                      "--archivio", archivio};
-        p.insert(p.end(), altro.begin(), altro.end());
-        return Lancia(p);
+                const std::vector<std::string>& altro = {}) {
+        return Lancia(Tema(Con({"--nome", nome, "--archivio", archivio}, altro)));
     }
 };
 
@@ -55,9 +55,8 @@ TEST_F(CliArchivi, SalvaInUnArchivioNuovoELoElenca) {
     // 11°53' east is 0.79222 hours east (negative), 45°24' north 45.4 degrees.
     Esito j = Lancia({"archivio", "Amici", "--json"});
     EXPECT_EQ(j.stato, 0);
-    const std::string anna = "{\"Nome\": \"Anna                          \", \"City\": \"";
-    EXPECT_EQ(j.out.rfind("[" + anna, 0), 0u) << j.out;
-    EXPECT_LT(j.out.find("Anna "), j.out.find("Bruno "));
+    EXPECT_EQ(j.out.rfind("[{\"Nome\": \"Anna                          \", \"City\": \"", 0), 0u)
+        << j.out;
     EXPECT_LT(j.out.find("Bruno "), j.out.find("Carla "));
     EXPECT_NE(j.out.find("\"Day\": 2446895.5, \"OraL\": 19.5, \"Lon\": -0.79222222222222"),
               std::string::npos)
@@ -78,59 +77,49 @@ TEST_F(CliArchivi, NomeDoppio) {
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
 
     EXPECT_EQ(Salva("Anna", "Amici", {"--doppio", "aggiungi"}).stato, 0);
-    EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
-    EXPECT_EQ(Lancia({"salva", "--data", "10/04/1987", "--ora", "08:00", "--lon", "11E53", "--lat",
-                      "45N24", "--fuso", "-1", "--nome", "Anna", "--archivio", "Amici", "--doppio",
-                      "sovrascrivi"})
-                  .stato,
-              0);
-    Esito j = Lancia({"archivio", "Amici", "--json"});
+    EXPECT_EQ(
+        Lancia(Tema({"--nome", "Anna", "--archivio", "Amici", "--doppio", "sovrascrivi"}, "08:00"))
+            .stato,
+        0);
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  2\n");
     // The first of the two is rewritten, the second stays.
+    Esito j = Lancia({"archivio", "Amici", "--json"});
     EXPECT_LT(j.out.find("\"OraL\": 8,"), j.out.find("\"OraL\": 19.5,")) << j.out;
 }
 
 TEST_F(CliArchivi, ArgomentiSbagliatiENomiRifiutati) {
     ASSERT_EQ(Salva("Anna", "Amici").stato, 0);
-    auto salva = [](std::vector<std::string> altro, const char* data = "10/04/1987") {
-        std::vector<std::string> p = {"salva", "--data", data,    "--ora",  "19:30", "--lon",
-                                      "11E53", "--lat",  "45N24", "--fuso", "-1"};
-        p.insert(p.end(), altro.begin(), altro.end());
-        return p;
-    };
-    struct Caso {
-        std::vector<std::string> parole;
-        int stato;
-    };
-    const std::vector<Caso> casi = {
-        {salva({"--nome", "Ugo", "--archivio", "AMICI"}), 2},   // equal but for case to an archive
-        {salva({"--nome", "Ugo", "--archivio", "Nazioni"}), 2}, // a place table
-        {salva({"--nome", "Ugo", "--archivio", "   "}), 2},
-        {salva({"--nome", "Ugo", "--archivio", "Amici", "--doppio", "forse"}), 2},
-        {salva({"--archivio", "Amici"}, "31/02/1987"), 2},
-        {salva({}), 2}, // no archive
+    const std::pair<std::vector<std::string>, int> casi[] = {
+        {Tema({"--nome", "Ugo", "--archivio", "AMICI"}), 2}, // equal but for case to an archive
+        {Tema({"--nome", "Ugo", "--archivio", "Amici", "--doppio", "forse"}), 2},
+        {Tema({}), 2}, // no archive
         {{"archivio"}, 2},
         {{"archivio", "Nessuno"}, 1},
-        {{"archivio", "Nazioni"}, 1}, // not an archive
-        {{"archivio", "AllCity"}, 1},
+        {{"archivio", "Nazioni"}, 1}, // a places table, not an archive
         {{"archivi", "extra"}, 2},
     };
-    for (const Caso& c : casi) {
-        Esito e = Lancia(c.parole);
-        EXPECT_EQ(e.stato, c.stato) << c.parole.back() << ": " << e.err;
-        EXPECT_EQ(Righe(e.err), 1) << e.err;
+    for (const auto& [parole, stato] : casi) {
+        Esito e = Lancia(parole);
+        EXPECT_EQ(std::tuple(e.stato, Righe(e.err)), std::tuple(stato, 1))
+            << parole.back() << ": " << e.err;
     }
     EXPECT_EQ(Lancia({"archivi"}).out, "Amici  1\n");
 }
 
-TEST_F(CliArchivi, NomiOstili) {
-    for (const char* nome : {"Quote's ; drop", "O'Brien (x) --"}) {
-        Esito e = Salva("D'Annunzio \"Vate\"", nome, {"--json"});
-        EXPECT_EQ(e.stato, 0) << e.err;
-        Esito l = Lancia({"archivio", nome, "--json"});
-        EXPECT_EQ(l.stato, 0) << l.err;
-        EXPECT_NE(l.out.find("D'Annunzio \\\"Vate\\\""), std::string::npos) << l.out;
+// Quotes, statement words and bytes that are no UTF-8 in the names: stored as typed; the JSON is
+// valid UTF-8 with the quotes escaped and U+FFFD for each bad byte, stored or typed.
+TEST_F(CliArchivi, NomiOstiliNelJson) {
+    const std::string nome = "O'Brien (x) ; drop --";
+    EXPECT_EQ(Salva("D'Annunzio \"Vate\" Ro\xffssi \xc3(", nome).stato, 0);
+    EXPECT_EQ(Lancia({"archivi"}).out, nome + "  1\n");
+    for (const auto& parole :
+         {std::vector<std::string>{"archivio", nome, "--json"},
+          Con(Con({"tema"}, vesmo::test::Natale), {"--nome", "a\xff\xfe", "--json"})}) {
+        Esito j = Lancia(parole);
+        ASSERT_EQ(j.stato, 0) << j.err;
+        EXPECT_TRUE(TestoUtf8Valido(j.out)) << j.out;
+        EXPECT_NE(j.out.find("\xef\xbf\xbd"), std::string::npos) << j.out;
     }
-    Esito a = Lancia({"archivi"});
-    EXPECT_NE(a.out.find("Quote's ; drop  1\n"), std::string::npos) << a.out;
+    EXPECT_NE(Lancia({"archivio", nome, "--json"}).out.find("D'Annunzio \\\"Vate\\\""),
+              std::string::npos);
 }

@@ -2,8 +2,6 @@
 // command keeps: its own --help, stray words refused, one line for a refusal, JSON in UTF-8.
 #include <gtest/gtest.h>
 
-#include <algorithm>
-#include <filesystem>
 #include <iostream>
 #include <sstream>
 #include <sys/wait.h>
@@ -11,7 +9,6 @@
 
 #include "archives/Archivi.h"
 #include "cli/Comandi.h"
-#include "core/Testo.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
 #include "tests/archives/AiutoArchivi.h"
@@ -29,60 +26,16 @@ const std::string UnTema = "\"Uno\",\"12 Mar 1960\",\"10:30\",\"AM\",\"CET\",\"-
 
 class CliFile : public vesmo::test::ConArchivi {
 protected:
-    void SetUp() override {
-        ConArchivi::SetUp();
-        Database(fileDB).CreaTabella("NomiAlternativi", {{"x", TipoCampo::Intero32}});
-    }
     Esito Lancia(std::vector<std::string> parole) {
         return vesmo::test::Lancia(vesmo::test::Con(std::move(parole), {"--db", fileDB}));
     }
     std::vector<std::string> Salva(const std::string& nome, const std::string& archivio) {
-        return {"salva", "--data", "10/04/1987", "--ora",  "19:30", "--lon",      "11E53", "--lat",
-                "45N24", "--fuso", "-1",         "--nome", nome,    "--archivio", archivio};
-    }
-    void Zavorra() {
-        Database db(fileDB);
-        db.CreaTabella("Zavorra", {{"t", TipoCampo::Memo, 0, true}});
-        for (int i = 0; i < 100; ++i)
-            db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(500, 'z') + "')");
+        return vesmo::test::Con(vesmo::test::Con({"salva"}, vesmo::test::Natale),
+                                {"--nome", nome, "--archivio", archivio});
     }
 };
 
 } // namespace
-
-// A name the rule refuses (ArchiviTest.UnaRegolaPerINomiDegliArchivi has them all) writes
-// nothing; a file whose title gives no valid name asks for --archivio.
-TEST_F(CliFile, NomiDArchivioCheSarebberoPercorsi) {
-    const std::string txt = File("a.b.c.txt", UnTema);
-    const std::string prima = Leggi(fileDB);
-    for (const std::string& nome : {std::string("../../x"), std::string("a\nb"),
-                                    std::string(65, 'n'), std::string("NomiAlternativi")}) {
-        EXPECT_EQ(Lancia(Salva("Ugo", nome)).stato, 2) << nome;
-        EXPECT_EQ(Lancia({"importa", txt, "--archivio", nome}).stato, 2) << nome;
-    }
-    Esito e = Lancia({"importa", txt});
-    EXPECT_EQ(e.stato, 2);
-    EXPECT_NE(e.err.find("(--archivio NOME ne dà un altro)"), std::string::npos) << e.err;
-    EXPECT_EQ(Leggi(fileDB), prima);
-    EXPECT_EQ(Lancia({"importa", txt, "--archivio", "Abc"}).stato, 0);
-}
-
-// --log names a file that is only ever appended to: a document stays, and without a refused
-// record nothing is written at all.
-TEST_F(CliFile, IlLogNonCancellaNulla) {
-    const std::string buono = File("buono.txt", UnTema);
-    const std::string misto = File("misto.txt", UnTema + "\"Due\",\"2 jun 1946\",\"07:00\",\"AM\","
-                                                         "\"EST\",\"05:00\",\"New York\",\"USA\","
-                                                         "\"40N42\",\"74W00\"\n");
-    const std::string documento = File("tesi.odt", "il mio lavoro");
-    Esito e = Lancia({"importa", buono, "--log", documento});
-    EXPECT_EQ(e.stato, 0) << e.err;
-    EXPECT_EQ(Leggi(documento), "il mio lavoro");
-    e = Lancia({"importa", misto, "--log", documento});
-    EXPECT_EQ(e.stato, 0) << e.err;
-    EXPECT_EQ(Leggi(documento), "il mio lavoro  [Errore  Mese SF: 2 jun 1946 ]\n");
-    EXPECT_EQ(Lancia({"archivi"}).out, "buonotxt  1\nmistotxt  1\n");
-}
 
 // A file that cannot be written is a failure (status 1) that says so; a damaged one is refused
 // before anything is written; listing the cleaning's codes writes nothing, even on such files.
@@ -111,7 +64,12 @@ TEST_F(CliFile, DatabaseDiSolaLetturaODanneggiato) {
     EXPECT_EQ(Leggi(fileDB), prima);
     EXPECT_FALSE(Database(fileDB).EsisteIndice("AllCity", "IndFusi"));
 
-    Zavorra();
+    {
+        Database db(fileDB);
+        db.CreaTabella("Zavorra", {{"t", TipoCampo::Memo, 0, true}});
+        for (int i = 0; i < 100; ++i)
+            db.Esegui("INSERT INTO Zavorra (t) VALUES ('" + std::string(500, 'z') + "')");
+    }
     vesmo::test::DanneggiaUltimaPagina(fileDB);
     const std::string danneggiato = Leggi(fileDB);
     const std::string txt = File("temi.txt", UnTema);
@@ -178,29 +136,8 @@ TEST_F(CliFile, QuattroProcessiSalvanoInUnArchivioNuovo) {
     EXPECT_EQ(Cursore(db, "Insieme").RecordCount(), Processi * Temi);
 }
 
-// A command told on several lines of the usage gets them all; stray words after the options
-// are refused.
-TEST_F(CliFile, AiutoDiOgniComandoEParoleInPiu) {
-    EXPECT_EQ(vesmo::test::Lancia({"tema", "--json", "--help"}).stato, 0);
-    const std::string db = vesmo::test::Lancia({"db", "-h"}).out;
-    for (const char* riga :
-         {"uso: vesmo-cli db pulizia", "\n  db compatta", "\n  db copia", "\n  db zona CODICE"})
-        EXPECT_NE(db.find(riga), std::string::npos) << riga << " in " << db;
-
-    for (const std::vector<std::string>& parole :
-         {std::vector<std::string>{"deltat", "--data", "01/01/2000", "extra"},
-          {"eqt", "--data", "01/01/2000", "--ora", "12:00", "extra"},
-          {"eclequ", "--data", "01/01/2000", "--ora", "12:00", "--ar", "6 0 0", "extra"},
-          {"formati", "--gradi", "1 2 3", "extra"},
-          {"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53", "--lat", "45N24",
-           "--fuso", "-1", "extra"}}) {
-        vesmo::test::Rifiuta(parole, "argomento inatteso: extra");
-    }
-}
-
 // A refused argument is one line even where the chart at an extreme latitude has a notice to
-// give (the notice goes nowhere then); a taken one gives its notice after the answer. Whatever
-// reaches the process's stderr by any way is counted.
+// give; a taken one gives it after the answer. Whatever reaches the process's stderr counts.
 TEST_F(CliFile, UnaRigaPerUnRifiuto) {
     auto Esegui = [](const std::vector<std::string>& parole) {
         std::ostringstream cerr;
@@ -231,20 +168,4 @@ TEST_F(CliFile, UnaRigaPerUnRifiuto) {
     Esito buono = Esegui(con({"tema"}, {}));
     EXPECT_EQ(buono.stato, 0);
     EXPECT_EQ(buono.err, "Lyx - Info Case: Latitudine estrema. Case di Placido non definite\n");
-}
-
-// JSON is valid UTF-8 whatever bytes a name holds: the bad ones become U+FFFD.
-TEST_F(CliFile, JsonSempreUtf8) {
-    Esito e = Lancia(Salva("Ro\xffssi \xc3(", "Amici"));
-    ASSERT_EQ(e.stato, 0) << e.err;
-    for (const auto& parole :
-         {std::vector<std::string>{"archivio", "Amici", "--json"},
-          std::vector<std::string>{"tema", "--data", "10/04/1987", "--ora", "19:30", "--lon",
-                                   "11E53", "--lat", "45N24", "--fuso", "-1", "--nome", "a\xff\xfe",
-                                   "--json"}}) {
-        Esito j = Lancia(parole);
-        ASSERT_EQ(j.stato, 0) << j.err;
-        EXPECT_TRUE(TestoUtf8Valido(j.out)) << j.out;
-        EXPECT_NE(j.out.find("\xef\xbf\xbd"), std::string::npos) << j.out;
-    }
 }

@@ -1,8 +1,7 @@
-// Every subcommand of vesmo-cli, as `vesmo-cli --comandi` lists them, fed hostile values in every
-// option it does not call unknown; the other options a run needs are those its own messages ask
-// for, so a subcommand added later is covered as it is. Each run ends with status 0, 1 or 2; a
-// refusal is one line on stderr and nothing on stdout; a value no option can take is refused
-// wherever a typed value is checked, and not found wherever a name is looked up.
+// Every subcommand that `vesmo-cli --comandi` lists, fed hostile values in every option it takes;
+// the other options a run needs are those its own messages ask for. Status 0, 1 or 2; a refusal
+// is one line on stderr and nothing on stdout; a value no option can take is refused where a
+// value is checked, and not found where a name is looked up.
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -154,8 +153,7 @@ protected:
     fs::path cartellaDiPrima = fs::current_path();
 
     void SetUp() override {
-        // The ingress search writes its scratch table to the temporary folder at every run: on
-        // a memory file system the waits on the disk do not add up over hundreds of runs.
+        // The ingress search writes a scratch table at every run: on memory, not on the disk.
         std::error_code ec;
         if (fs::is_directory("/dev/shm", ec)) ::setenv("TMPDIR", "/dev/shm", 1);
         // Images named by a relative path land in the test's own folder.
@@ -267,9 +265,8 @@ TEST_F(CliOstile, OgniComandoOgniOpzione) {
             }
         base = Completa(comando, posizionali, base, accettate, {"db"});
 
-        // Each option in turn takes every value, the others as the base needs them. A command
-        // that takes a value runs whole (a search, a page drawn): past a budget of such runs,
-        // only the values that must be refused go on.
+        // Each option in turn takes every value, the others as the base needs them; past a
+        // budget of whole runs, only the values that must be refused go on.
         int opzioniProvate = 0, presi = 0;
         for (const auto& o : accettate) {
             auto conValido = base;
@@ -278,11 +275,8 @@ TEST_F(CliOstile, OgniComandoOgniOpzione) {
             auto opzioni = Completa(comando, posizionali, conValido, accettate, {o, "db"});
             std::erase_if(opzioni, [&](const auto& p) { return p.first == o; });
             const Parole parole = Riga(comando, posizionali, opzioni);
-            // What the option is: checked (a stray word is refused, plain or not), looked up (a
-            // plain word is not found), or free text (a plain word is taken, as a file name).
-            // Every option takes all the values that none may take; the others go round the
-            // options of the command, a smaller share to free text and lookups, which run the
-            // whole command for most values.
+            // Checked (any stray word refused), looked up (a plain word not found) or free text
+            // (taken): all get the values none may take, a share of the others.
             const int sbagliato = Lancia(Con(parole, {"--" + o, "zz\xc2\xa7"})).stato;
             const int parola = Lancia(Con(parole, {"--" + o, "zz"})).stato;
             const int tipo = sbagliato == 2 && parola == 2 ? 2 : (parola == 1 ? 1 : 0);
@@ -317,9 +311,8 @@ TEST_F(CliOstile, OgniComandoOgniOpzione) {
               << " of them taken\n";
 }
 
-// Names of archives that would be paths or break a file name, log paths that are not logs, and
-// every command's own help: refused in one line or taken, and no file that is not the program's
-// own is touched (the user's documents, the program's folder).
+// Archive names that would be paths or break a file name, logs that are not logs, and every
+// command's help: refused in one line or taken, and no file but the program's own is touched.
 TEST_F(CliOstile, NomiDArchivioPercorsiDiLogEAiuto) {
     const fs::path lavoro = cartella / "lavoro";
     fs::create_directories(lavoro / "vuota");
@@ -387,9 +380,8 @@ TEST_F(CliOstile, NomiDArchivioPercorsiDiLogEAiuto) {
                 Fallisce({c, aiuto}, e, "no usage of its own");
         }
 
-    // What changed: only the database, the document the import was told to log into (appended
-    // to), and the program's own logs and exports named after valid archives in its folder (the
-    // current folder when the program has none).
+    // Changed: the database, the document logged into (appended to), and the program's own logs
+    // and exports named after valid archives in its folder.
     fs::current_path(cartella / ".");
     std::ifstream in(tesi);
     EXPECT_EQ(std::string(std::istreambuf_iterator<char>(in), {}).rfind("il mio lavoro", 0), 0u);

@@ -1,6 +1,5 @@
-// vesmo-cli stampa: the page of a chart as an A4 PDF or a PNG of the sheet, the two bitmaps in a
-// folder, the list of the files written (a table, or JSON), and one line on stderr with status 2
-// for each bad argument.
+// vesmo-cli stampa: the page of a chart as an A4 PDF or a PNG, the two bitmaps in a folder, the
+// files written as a table or JSON, and the refusals.
 #include <gtest/gtest.h>
 
 #include <QImage>
@@ -8,7 +7,6 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
-#include <sstream>
 
 #include "cli/Comandi.h"
 #include "tests/cli/Lancia.h"
@@ -21,10 +19,8 @@ using vesmo::test::Rifiutato;
 namespace {
 
 std::vector<std::string> Tema(const std::vector<std::string>& altre) {
-    return vesmo::test::Con({"stampa", "--data", "10/04/1987", "--ora", "19:30", "--lon", "11E53",
-                             "--lat", "45N24", "--fuso", "-1", "--estiva", "1", "--nome",
-                             "Mario Rossi"},
-                            altre);
+    return vesmo::test::Con(
+        vesmo::test::Con({"stampa", "--nome", "Mario Rossi"}, vesmo::test::Natale), altre);
 }
 
 std::string Contenuto(const std::filesystem::path& file) {
@@ -34,7 +30,7 @@ std::string Contenuto(const std::filesystem::path& file) {
 
 } // namespace
 
-TEST(CliStampa, PaginaInPdfEPng) {
+TEST(CliStampa, PaginaInPdfPngEBitmap) {
     vesmo::test::Cartella c;
     const std::string pdf = (c / "pagina.pdf").string();
     Esito e = Lancia(Tema({"--out", pdf, "--aspetti", "--slot", "transito"}));
@@ -58,12 +54,10 @@ TEST(CliStampa, PaginaInPdfEPng) {
     ASSERT_FALSE(im.isNull());
     constexpr double TolleranzaRapporto = 0.01; // of the height-to-width ratio
     EXPECT_NEAR(static_cast<double>(im.height()) / im.width(), 297.0 / 210.0, TolleranzaRapporto);
-}
 
-TEST(CliStampa, DueBitmapNellaCartella) {
-    vesmo::test::Cartella c;
+    // The two bitmaps in a folder, listed in JSON.
     const std::string dir = c.Percorso().string();
-    Esito e = Lancia(Tema({"--bmp", "Mario", "--dir", dir, "--json"}));
+    e = Lancia(Tema({"--bmp", "Mario", "--dir", dir, "--json"}));
     EXPECT_EQ(e.stato, 0) << e.err;
     const std::string primo = dir + "/Mario_1.bmp", secondo = dir + "/Mario_2.bmp";
     EXPECT_EQ(e.out, "{\"File\": [\"" + primo + "\", \"" + secondo + "\"]}\n");
@@ -76,11 +70,7 @@ TEST(CliStampa, DueBitmapNellaCartella) {
 TEST(CliStampa, ArgomentiSbagliati) {
     vesmo::test::Cartella c;
     const std::string dir = c.Percorso().string();
-    struct Caso {
-        std::vector<std::string> altre;
-        std::string err;
-    };
-    const Caso casi[] = {
+    const std::pair<std::vector<std::string>, std::string> casi[] = {
         {{}, "manca --out FILE.pdf|.png (o --bmp NOME)"},
         {{"--out", "x.svg"}, "--out vuole un file .pdf o .png: x.svg"},
         {{"--out", "x.pdf", "--slot", "luna"},
@@ -94,9 +84,8 @@ TEST(CliStampa, ArgomentiSbagliati) {
         {{"--out", "x.pdf", "avanzo"}, "argomento inatteso: avanzo"},
         {{"--out", "x.pdf", "--colori"}, "opzione sconosciuta: --colori"},
     };
-    for (const Caso& k : casi) {
-        Rifiutato(Tema(k.altre), "vesmo-cli stampa: " + k.err + "\n");
-    }
+    for (const auto& [altre, err] : casi)
+        Rifiutato(Tema(altre), "vesmo-cli stampa: " + err + "\n");
     // A file that cannot be written: status 1, the reason on stderr.
     Esito e = Lancia(Tema({"--out", dir + "/manca/x.pdf"}));
     EXPECT_EQ(e.stato, 1);
