@@ -4,6 +4,7 @@
 #include <csignal>
 #include <set>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 #include "archives/Archivi.h"
@@ -174,7 +175,9 @@ TEST_F(Gestione, CopiaMentreUnAltroProcessoSalva) {
     const pid_t figlio = ::fork();
     ASSERT_GE(figlio, 0);
     if (figlio == 0) {
-        // The other process: one chart a statement, each told once it is in the file.
+        // The other process: one chart a statement, each told once it is in the file, a few
+        // milliseconds apart as a program in use saves them (a writer that never pauses keeps
+        // every reader out, and the copy gives up after its wait with "Database bloccato").
         ::close(tubo[0]);
         try {
             Database db(fileDB);
@@ -183,6 +186,7 @@ TEST_F(Gestione, CopiaMentreUnAltroProcessoSalva) {
                 std::int16_t aggiungi = -1, modifica = 0;
                 ScriviTema(rs, TemaDiProva("T" + std::to_string(i)), aggiungi, modifica);
                 if (::write(tubo[1], &i, sizeof i) != sizeof i) break;
+                std::this_thread::sleep_for(std::chrono::milliseconds(2));
             }
         } catch (...) {
         }
