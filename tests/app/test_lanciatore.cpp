@@ -28,13 +28,7 @@ class LanciatoreComposto : public ::testing::Test {
 protected:
     void SetUp() override {
         test::DatabasePadovaERoma(cartella / "Vesmodat.Mdb");
-        percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
-        percorsi.FileIni = (cartella / "Vesmodat.ini").string();
-        cfg.NazioneDefault = "Italy";
-        cfg.CityDefault = "Padova";
-        cfg.Ordinamento = "N";
-        ScriviConfig(percorsi.FileIni, cfg);
-        PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+        test::AvvioSu(cartella / "Vesmodat.Mdb", "Padova", percorsi, cfg, sessione);
         CreaArchivio(percorsi.FileDB, "Amici");
         f = std::make_unique<frmMainVesmo>(sessione, cfg, percorsi, messaggi);
         astro = ComponiLanciatore(*f, sessione, percorsi, messaggi);

@@ -12,6 +12,7 @@
 #include "core/Aritmetica.h"
 #include "core/Testo.h"
 #include "places/Schema.h"
+#include "tests/core/Padova.h"
 #include "tests/core/store/Cartella.h"
 
 namespace vesmo::test {
@@ -29,16 +30,8 @@ inline std::vector<Tema> TemiArchivio(const std::string& fileDB, const std::stri
 
 // Born in Padova on 10 April 1987 at 19:30 (zone -1, summer time 1), comment "nota <name>".
 inline Tema TemaDiProva(const std::string& nome, double ora = 19.5) {
-    Tema t;
-    t.Nome = nome;
-    t.City = "Padova";
+    Tema t = NatoAPadova(nome, 1987, 4, 10, ora, 1);
     t.Stato = "Italy";
-    t.Day = GiornoGiuliano(1987, 4, 10);
-    t.OraL = ora;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = GradiDecimali(45, 24, 0);
-    t.Fuso = -1;
-    t.Estiva = 1;
     t.Cmto = "nota " + nome;
     return t;
 }

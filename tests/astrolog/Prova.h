@@ -3,19 +3,12 @@
 
 #include "core/Aritmetica.h"
 #include "core/Tema.h"
+#include "tests/core/Padova.h"
 
 namespace vesmo::test {
 
 inline Tema Prova() {
-    Tema t;
-    t.Nome = "Prova";
-    t.City = "Padova";
-    t.Day = GiornoGiuliano(1980, 1, 15);
-    t.OraL = GradiDecimali(15, 5, 0);
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = GradiDecimali(45, 24, 0);
-    t.Fuso = -1;
-    return t;
+    return NatoAPadova("Prova", 1980, 1, 15, GradiDecimali(15, 5, 0));
 }
 
 } // namespace vesmo::test

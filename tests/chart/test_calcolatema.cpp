@@ -9,6 +9,7 @@
 #include "chart/CalcolaTema.h"
 #include "chart/Case.h"
 #include "core/Aritmetica.h"
+#include "tests/core/Padova.h"
 
 using namespace vesmo;
 
@@ -23,14 +24,7 @@ double Scarto(double a, double b) {
 }
 
 Tema Padova(double anno, double mese, double giorno, double ora) {
-    Tema t;
-    t.Nome = "Prova";
-    t.Day = GiornoGiuliano(anno, mese, giorno);
-    t.OraL = ora;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = GradiDecimali(45, 24, 0);
-    t.Fuso = -1;
-    return t;
+    return test::NatoAPadova("Prova", anno, mese, giorno, ora);
 }
 
 // The houses, then the bodies from `scelto` (0 every one) as CalcolaTema takes it.

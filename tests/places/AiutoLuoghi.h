@@ -11,6 +11,7 @@
 #include <vector>
 
 #include "core/Aritmetica.h"
+#include "core/Config.h"
 #include "core/Messaggi.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
@@ -234,6 +235,19 @@ inline Tema Importa(ModelloLuoghi& m, const std::string& g, const std::string& m
     Tema t;
     m.ImportaCity(t);
     return t;
+}
+
+// The settings of a launcher on `fileDB`: the default place `city` in Italy, the grid sorted by
+// nation, written to Vesmodat.ini beside it; the chart half's chart of 10 April 1987 at 19:30.
+inline void AvvioSu(const std::filesystem::path& fileDB, const std::string& city,
+                    PercorsiVesmo& percorsi, ConfigIni& cfg, Sessione& sessione) {
+    percorsi.FileDB = fileDB.string();
+    percorsi.FileIni = (fileDB.parent_path() / "Vesmodat.ini").string();
+    cfg.NazioneDefault = "Italy";
+    cfg.CityDefault = city;
+    cfg.Ordinamento = "N";
+    ScriviConfig(percorsi.FileIni, cfg);
+    PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
 }
 
 } // namespace vesmo::test

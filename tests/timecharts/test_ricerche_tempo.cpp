@@ -18,6 +18,7 @@
 #include "core/Aritmetica.h"
 #include "core/store/Cursore.h"
 #include "core/store/Database.h"
+#include "tests/core/Padova.h"
 #include "tests/core/store/Cartella.h"
 #include "timecharts/Direzioni.h"
 #include "timecharts/Ingressi.h"
@@ -35,15 +36,7 @@ constexpr double TolleranzaGradi = 1e-9;         // an ingress's longitude, agai
 constexpr double Tolleranza = 1e-9;              // days, hours and years alike: only rounding
 
 Tema Natale(double anno, double mese, double giorno, double ora, double estiva = 0) {
-    Tema t;
-    t.Nome = "Mario Rossi";
-    t.City = "Padova";
-    t.Day = GiornoGiuliano(anno, mese, giorno);
-    t.OraL = ora;
-    t.Lon = -GradiDecimali(11, 53, 0) / 15;
-    t.Lat = GradiDecimali(45, 24, 0);
-    t.Fuso = -1;
-    t.Estiva = estiva;
+    Tema t = test::NatoAPadova("Mario Rossi", anno, mese, giorno, ora, estiva);
     t.Cmto = "commento";
     return t;
 }

@@ -60,13 +60,7 @@ protected:
     void Clic(QWidget* f, const char* nome) { test::Figlio<QAbstractButton>(f, nome)->click(); }
     // The launcher on this database, sorted by nation, the default place in Italy.
     std::unique_ptr<frmMainVesmo> Lanciatore(const char* city) {
-        percorsi.FileDB = file.string();
-        percorsi.FileIni = (cartella / "Vesmodat.ini").string();
-        cfg.NazioneDefault = "Italy";
-        cfg.CityDefault = city;
-        cfg.Ordinamento = "N";
-        ScriviConfig(percorsi.FileIni, cfg);
-        PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+        test::AvvioSu(file, city, percorsi, cfg, sessione);
         return std::make_unique<frmMainVesmo>(sessione, cfg, percorsi, messaggi);
     }
     // The pop-up window of `T` standing on its own (the launcher opens them without a parent).

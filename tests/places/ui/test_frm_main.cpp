@@ -49,13 +49,7 @@ protected:
                            {{0, 1, 1, 1900, "0", "00"}, {2, 1, 1, 1900, "8", "00"}},
                            {{2, 1, 1, 1900, 0, 0, 0, 0}});
         }
-        percorsi.FileDB = (cartella / "Vesmodat.Mdb").string();
-        percorsi.FileIni = (cartella / "Vesmodat.ini").string();
-        cfg.NazioneDefault = "Italy";
-        cfg.CityDefault = "Padova";
-        cfg.Ordinamento = "N";
-        ScriviConfig(percorsi.FileIni, cfg);
-        PresetTemaCorrente(sessione, cfg, 1987, 4, 10, 19, 30, 0);
+        test::AvvioSu(cartella / "Vesmodat.Mdb", "Padova", percorsi, cfg, sessione);
     }
     test::CartellaLuoghi cartella;
     Sessione sessione;
